@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace refhost
+{
+
+/// The kinds of object that the model holds, named as the export wizard lists them.
+enum class ObjectType {
+    Pins,
+    Polygons,
+    Polylines,
+    Posts,
+    Wells,
+    FractureSets,
+    Images,
+    Labels,
+    StratigraphyColumn,
+    VertexClouds,
+    GridSurfaces,
+    MeshSurfaces,
+    GeoCellularVolumes,
+    TetraVolumes,
+    CrossSections
+};
+
+/// Stable key of a type, such as "grid_surface": used by model files, the command line and the savers' type sets.
+std::string typeKey(ObjectType type);
+/// The type with that key, if there is one.
+std::optional<ObjectType> typeFromKey(const std::string& key);
+/// Name shown to the user, such as "Grid Surfaces".
+QString typeName(ObjectType type);
+/// Every type, in the order of the enumeration.
+const std::vector<ObjectType>& allObjectTypes();
+
+} // namespace refhost
