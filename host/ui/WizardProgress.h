@@ -38,6 +38,9 @@ public:
 public Q_SLOTS:
     void cancel();
 
+Q_SIGNALS:
+    void runningChanged(bool running);
+
 private:
     void breathe() const;
 
