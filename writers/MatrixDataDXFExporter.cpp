@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "writers/MatrixDataDXFExporter.h"
+
+#include "host/data/kpProductInfo.h"
+#include "writers/DxfFrame.h"
+#include "writers/VertexCheck.h"
+
+namespace kpBaseExport
+{
+
+MatrixDataDXFExporter::MatrixDataDXFExporter(const QString& file)
+    : MatrixDataExporter(file)
+{
+}
+
+void MatrixDataDXFExporter::writeGeo(const GeoObject* object)
+{
+    requireVertexData(*object);
+}
+
+bool MatrixDataDXFExporter::fileOpen()
+{
+    if (!MatrixDataExporter::fileOpen())
+        return false;
+    stream << DxfFrame::beforeProduct << kpProductInfo::instance().product_name() << DxfFrame::afterProduct;
+    return true;
+}
+
+void MatrixDataDXFExporter::fileClose()
+{
+    stream << DxfFrame::epilogue;
+    MatrixDataExporter::fileClose();
+}
+
+} // namespace kpBaseExport

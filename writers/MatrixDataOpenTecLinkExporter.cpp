@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "writers/MatrixDataOpenTecLinkExporter.h"
+
+#include "core/GeoObject.h"
+#include "host/data/MatrixData.h"
+#include "writers/StreamNumber.h"
+
+#include <vector>
+
+namespace kpBaseExport
+{
+
+namespace
+{
+
+constexpr std::size_t blockSize = 256 * 1024;
+
+/// Reads a column of a matrix from memory where the matrix offers that, else value by value.
+class ColumnReader
+{
+public:
+    ColumnReader(const kpBase::MatrixData& matrix, int column)
+        : m_matrix(matrix)
+        , m_column(column)
+        , m_block(matrix.valueType == kpBase::MatrixData::Double ? matrix.doubleColumn(column) : kpBase::DoubleColumn())
+    {
+    }
+
+    double operator[](int row) const
+    {
+        if (!m_block.values)
+            return m_matrix.value(row, m_column).toDouble();
+        // A missing value reads as 0, like a null variant.
+        return m_block.missing && m_block.missing[row] ? 0.0 : m_block.values[row];
+    }
+
+private:
+    const kpBase::MatrixData& m_matrix;
+    int m_column;
+    kpBase::DoubleColumn m_block;
+};
+
+} // namespace
+
+MatrixDataOpenTecLinkExporter::MatrixDataOpenTecLinkExporter(const QString& file)
+    : MatrixDataExporter(file)
+{
+}
+
+MatrixDataOpenTecLinkExporter::~MatrixDataOpenTecLinkExporter()
+{
+    delete sectionPositions;
+}
+
+void MatrixDataOpenTecLinkExporter::writeHeader(const GeoObject*)
+{
+    m_block += "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n";
+    if (sectionPositions && sectionPositions->rowCount() > 0) {
+        m_block += "xy_section_position\n";
+        const ColumnReader x(*sectionPositions, 0);
+        const ColumnReader y(*sectionPositions, 1);
+        for (int row = 0; row < sectionPositions->rowCount(); ++row) {
+            appendRow("xy ", {x[row], y[row]});
+            m_block += " \n";
+            flushBlock(blockSize);
+        }
+        m_block += "xy_section_position-end\n\n";
+    }
+    flushBlock(0);
+}
+
+void MatrixDataOpenTecLinkExporter::writeGeo(const GeoObject* object)
+{
+    if (object->sectionData().empty())
+        return;
+    m_block += "open_tec_link_section " + sectionName.toStdString() + "\n\nsection_age ";
+    appendStreamFixed(m_block, sectionAge, precision);
+    m_block += "\n\n";
+    for (const kpBase::MatrixData* segment : object->sectionData()) {
+        m_block += "segment\nname " + segment->name().toStdString();
+        m_block += "\ncolor_rgb " + segment->colorHexaString().toStdString();
+        m_block += "\ntype " + segment->geoType().toStdString();
+        m_block += "\npoints\n";
+        const ColumnReader x(*segment, 0);
+        const ColumnReader y(*segment, 1);
+        const ColumnReader z(*segment, 2);
+        const int rows = segment->rowCount();
+        for (int row = 0; row < rows; ++row) {
+            appendRow("xyz ", {x[row], y[row], -z[row]});
+            m_block += '\n';
+            flushBlock(blockSize);
+        }
+        m_block += "points-end\nsegment-end\n\n";
+    }
+    m_block += "open_tec_link_section-end\n\n";
+    flushBlock(0);
+}
+
+void MatrixDataOpenTecLinkExporter::appendRow(const char* keyword, std::initializer_list<double> numbers)
+{
+    m_block += keyword;
+    bool first = true;
+    for (const double number : numbers) {
+        if (!first)
+            m_block += ' ';
+        first = false;
+        appendStreamFixed(m_block, number, precision);
+    }
+}
+
+void MatrixDataOpenTecLinkExporter::flushBlock(std::size_t limit)
+{
+    if (m_block.size() <= limit)
+        return;
+    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+    m_block.clear();
+}
+
+} // namespace kpBaseExport
