@@ -10,4 +10,4 @@ endforeach()
 target_include_directories(kpBaseExport PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kpBaseExport>)
 target_link_libraries(kpBaseExport PRIVATE kpCommon
-    PUBLIC kpHostData kpHostUi Qt5::Core Qt5::Gui Qt5::Widgets Boost::headers PRIVATE GDAL::GDAL)
+    PUBLIC kpHostData kpHostUi Qt5::Core Qt5::Gui Qt5::Widgets Boost::headers GDAL::GDAL)

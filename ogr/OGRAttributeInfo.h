@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/kpBaseExportExport.h"
+
+#include <QString>
+
+#include <ogr_core.h>
+
+namespace kpBaseExport
+{
+
+/// One attribute column of a layer. The writer handles OFTInteger, OFTReal, OFTString and OFTStringList.
+class KPBASEEXPORT_EXPORT OGRAttributeInfo
+{
+public:
+    OGRAttributeInfo() = default;
+    OGRAttributeInfo(const QString& name, OGRFieldType type, int index);
+
+    QString name() const;
+    OGRFieldType attribute_type() const;
+    void attribute_type(OGRFieldType type);
+    /// The caller's own index; not used by the writer.
+    int index() const;
+
+    /// Width and decimals of the field, 0 for the driver's own. Used when OGRExporterOptions::fieldSizes is on.
+    int width() const;
+    int decimals() const;
+    void size(int width, int decimals);
+
+private:
+    QString m_name;
+    OGRFieldType m_type = OFTString;
+    int m_index = -1;
+    int m_width = 0;
+    int m_decimals = 0;
+};
+
+} // namespace kpBaseExport

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "ogr/OGRFeatureDetails.h"
+
+namespace kpBaseExport
+{
+
+OGRFeatureDetails::OGRFeatureDetails(OGRwkbGeometryType type, int length)
+    : m_type(type)
+    , m_length(length)
+{
+}
+
+OGRwkbGeometryType OGRFeatureDetails::feature_type() const
+{
+    return m_type;
+}
+
+void OGRFeatureDetails::feature_type(OGRwkbGeometryType type)
+{
+    m_type = type;
+}
+
+int OGRFeatureDetails::length() const
+{
+    return m_length;
+}
+
+QVector<OGRPoint> OGRFeatureDetails::points() const
+{
+    return m_points;
+}
+
+void OGRFeatureDetails::points(const QVector<OGRPoint>& points)
+{
+    m_points = points;
+}
+
+QVector<unsigned long long> OGRFeatureDetails::start_polygon_indices() const
+{
+    return m_partEnds;
+}
+
+void OGRFeatureDetails::start_polygon_indices(const QVector<unsigned long long>& indices)
+{
+    m_partEnds = indices;
+}
+
+QVector<bool> OGRFeatureDetails::holes() const
+{
+    return m_holes;
+}
+
+void OGRFeatureDetails::holes(const QVector<bool>& flags)
+{
+    m_holes = flags;
+}
+
+QVector<QVariant> OGRFeatureDetails::object_attributes() const
+{
+    return m_objectAttributes;
+}
+
+void OGRFeatureDetails::append_object_attribute(const QVariant& value)
+{
+    m_objectAttributes.append(value);
+}
+
+QVector<QVector<QVariant>> OGRFeatureDetails::vertex_attributes() const
+{
+    return m_vertexAttributes;
+}
+
+void OGRFeatureDetails::append_vertex_attributes(const QVector<QVariant>& values)
+{
+    m_vertexAttributes.append(values);
+}
+
+} // namespace kpBaseExport
