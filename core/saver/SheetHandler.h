@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/kpBaseExportExport.h"
+
+namespace kpBase
+{
+class AbstractSheetHandler;
+class Wizard;
+}
+
+namespace kpBaseExport
+{
+
+class QExportWizard;
+
+/// The export wizard as the handler of its sheets; null for null. Defined beside the wizard, whose class is not
+/// complete here.
+KPBASEEXPORT_EXPORT kpBase::AbstractSheetHandler* sheetHandler(QExportWizard* wizard);
+
+} // namespace kpBaseExport
