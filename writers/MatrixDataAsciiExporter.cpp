@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: MIT
+#include "writers/MatrixDataAsciiExporter.h"
+
+#include "host/data/AbstractProgress.h"
+#include "writers/FixedNumber.h"
+#include "writers/VertexCheck.h"
+
+#include <algorithm>
+
+namespace kpBaseExport
+{
+
+namespace
+{
+
+constexpr std::size_t blockSize = 256 * 1024;
+constexpr int rowsBetweenReports = 4096;
+
+struct PresetHeader
+{
+    const char* name;
+    const char* fixedText; ///< covers the first three fields
+    const char* before;    ///< before each further field
+    const char* after;
+    bool dashForBlank;
+    int separator;
+};
+
+constexpr PresetHeader presetHeaders[] = {
+    {"Surfer XYZ", "Xdata Ydata Z1data", ",", "", true, 2},
+    {"GS+ XYZ", "m east, m north,", ", ", "", false, 1},
+    {"ArcView XYZ", "X data,Y data,Z1 data", ";\"", "\"", false, 2},
+};
+constexpr std::size_t fieldsInFixedText = 3;
+
+int widthOf(const MatrixDataExporter::FieldInfo& field)
+{
+    return field.end - field.start + 1;
+}
+
+/// \a text right-aligned in \a width characters; what is longer loses its end to a "*".
+QString fitted(const QString& text, int width)
+{
+    if (text.size() > width)
+        return width > 0 ? text.left(width - 1) + QLatin1Char('*') : QString();
+    return text.rightJustified(width);
+}
+
+const kpBase::MatrixData* vertexMatrix(const GeoObject::MatrixList& vertices, std::size_t index)
+{
+    return index < vertices.size() ? vertices[index] : nullptr;
+}
+
+} // namespace
+
+MatrixDataAsciiExporter::MatrixDataAsciiExporter(const QString& file, kpBase::AbstractProgress* reporter)
+    : MatrixDataExporter(file, reporter)
+{
+}
+
+bool MatrixDataAsciiExporter::cancelled() const
+{
+    return m_cancelled;
+}
+
+GeoObject::MatrixList MatrixDataAsciiExporter::conformUnits(GeoObject::MatrixList vertices) const
+{
+    return vertices;
+}
+
+MatrixDataAsciiExporter::Source MatrixDataAsciiExporter::sourceOf(const FieldInfo& field,
+                                                                  const kpBase::MatrixData* matrix) const
+{
+    Source source;
+    source.matrix = matrix;
+    if (matrix && matrix->valueType == kpBase::MatrixData::Double)
+        source.block = matrix->doubleColumn(0);
+    source.negated = !zIsElevation && field.name.compare(QLatin1String("z"), Qt::CaseInsensitive) == 0;
+    return source;
+}
+
+void MatrixDataAsciiExporter::buildFieldData(const GeoObject* object)
+{
+    m_fieldData.clear();
+    const GeoObject::MatrixList vertices = conformUnits(object->vertexData());
+    for (const FieldInfo& field : fields) {
+        const kpBase::MatrixData* matrix = nullptr;
+        if (field.name == QLatin1String("x")) {
+            matrix = vertexMatrix(vertices, 1);
+        } else if (field.name == QLatin1String("y")) {
+            matrix = vertexMatrix(vertices, 2);
+        } else if (field.name == QLatin1String("z")) {
+            matrix = vertexMatrix(vertices, 3);
+        } else {
+            const GeoObject::MatrixList& attributes = object->vertexAttributeData();
+            const auto found =
+                std::find_if(attributes.begin(), attributes.end(),
+                             [&field](const kpBase::MatrixData* candidate) { return candidate->name() == field.name; });
+            if (found != attributes.end())
+                matrix = *found;
+        }
+        m_fieldData.push_back(sourceOf(field, matrix));
+    }
+}
+
+void MatrixDataAsciiExporter::resolve(const GeoObject* object)
+{
+    if (m_fieldData.empty())
+        buildFieldData(object);
+}
+
+QString MatrixDataAsciiExporter::headerName(std::size_t field) const
+{
+    const kpBase::MatrixData* matrix = m_fieldData[field].matrix;
+    return matrix ? matrix->name() : fields[field].name;
+}
+
+std::string MatrixDataAsciiExporter::separatorText() const
+{
+    switch (separator) {
+    case 0:
+        return " ";
+    case 1:
+        return "\t";
+    case 2:
+        return ",";
+    case 3:
+        return ";";
+    case 4:
+        return customSeparator.toStdString();
+    default:
+        return {};
+    }
+}
+
+void MatrixDataAsciiExporter::writeHeader(const GeoObject* object)
+{
+    if (!headerPending)
+        return;
+    headerPending = false;
+    resolve(object);
+    if (mode == ColumnBased) {
+        int position = 1;
+        for (std::size_t index = 0; index < fields.size(); ++index) {
+            for (; position < fields[index].start; ++position)
+                m_block += ' ';
+            const int width = widthOf(fields[index]);
+            m_block += fitted(headerName(index), width).toStdString();
+            position += width;
+        }
+    } else if (mode == FieldBased) {
+        const std::string between = separatorText();
+        for (std::size_t index = 0; index < fields.size(); ++index) {
+            if (index > 0)
+                m_block += between;
+            m_block += headerName(index).toStdString();
+        }
+    }
+    m_block += '\n';
+    flushBlock(0);
+}
+
+void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const QString& preset)
+{
+    const auto header =
+        std::find_if(std::begin(presetHeaders), std::end(presetHeaders),
+                     [&preset](const PresetHeader& candidate) { return preset == QLatin1String(candidate.name); });
+    if (header == std::end(presetHeaders)) {
+        writeHeader(object);
+        return;
+    }
+    if (!headerPending)
+        return;
+    headerPending = false;
+    resolve(object);
+    m_block += header->fixedText;
+    for (std::size_t index = fieldsInFixedText; index < fields.size(); ++index) {
+        QString name = headerName(index);
+        if (header->dashForBlank)
+            name.replace(QLatin1Char(' '), QLatin1Char('-'));
+        m_block += header->before + name.toStdString() + header->after;
+    }
+    m_block += '\n';
+    separator = header->separator;
+    flushBlock(0);
+}
+
+void MatrixDataAsciiExporter::writeGeo(const GeoObject* object)
+{
+    const bool named = insertLineBreaks && !object->name.empty();
+    if (named)
+        m_block += object->name + '\n';
+    flushBlock(0);
+    resolve(object);
+    requireVertexData(*object);
+    appendRows(*object);
+    m_fieldData.clear();
+    if (insertLineBreaks)
+        m_block += '\n';
+    flushBlock(0);
+}
+
+void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
+{
+    if (mode != ColumnBased && mode != FieldBased)
+        return;
+    const int rows = object.vertexData().front()->rowCount();
+    const std::string between = separatorText();
+    m_lastPercent = 0;
+    for (int row = 0; row < rows; ++row) {
+        if (progress && row % rowsBetweenReports == 0 && !reportRow(row, rows))
+            return;
+        appendRow(row, between);
+        flushBlock(blockSize);
+    }
+}
+
+void MatrixDataAsciiExporter::appendRow(int row, const std::string& separatorChars)
+{
+    if (mode == ColumnBased) {
+        int position = 1;
+        for (std::size_t index = 0; index < fields.size(); ++index) {
+            for (; position < fields[index].start; ++position)
+                m_block += ' ';
+            position += appendValue(fields[index], m_fieldData[index], row);
+        }
+    } else {
+        for (std::size_t index = 0; index < fields.size(); ++index) {
+            if (index > 0)
+                m_block += separatorChars;
+            appendValue(fields[index], m_fieldData[index], row);
+        }
+    }
+    m_block += '\n';
+}
+
+bool MatrixDataAsciiExporter::reportRow(int row, int rows)
+{
+    const auto percent = static_cast<int>(100LL * row / rows);
+    if (percent != m_lastPercent) {
+        m_lastPercent = percent;
+        progress->progressChanged(percent);
+    }
+    m_cancelled = progress->isCancelled();
+    return !m_cancelled;
+}
+
+int MatrixDataAsciiExporter::writeValue(const FieldInfo& field, const kpBase::MatrixData* source, int row)
+{
+    const int length = appendValue(field, sourceOf(field, source), row);
+    flushBlock(0);
+    return length;
+}
+
+int MatrixDataAsciiExporter::appendValue(const FieldInfo& field, const Source& source, int row)
+{
+    if (source.matrix && source.matrix->valueType == kpBase::MatrixData::Double) {
+        bool missing = false;
+        double number = 0.0;
+        if (source.block.values) {
+            missing = source.block.missing && source.block.missing[row] != 0;
+            number = missing ? 0.0 : source.block.values[row];
+        } else {
+            const QVariant cell = source.matrix->value(row, 0);
+            missing = cell.isNull();
+            number = cell.toDouble();
+        }
+        if (!(missing && writeNullValue)) {
+            const std::size_t start = m_block.size();
+            appendFixed(m_block, source.negated ? -number : number, field.precision);
+            return finishAscii(field, start);
+        }
+    }
+    QString text;
+    appendText(source, row, text);
+    return finish(field, text);
+}
+
+/// Everything but a number that is there.
+void MatrixDataAsciiExporter::appendText(const Source& source, int row, QString& text) const
+{
+    if (!source.matrix) {
+        if (writeNullValue)
+            text = nullValue;
+        return;
+    }
+    const QVariant cell = source.matrix->value(row, 0);
+    switch (source.matrix->valueType) {
+    case kpBase::MatrixData::Int:
+        text = QString::number(cell.toInt());
+        if (cell.isNull() && writeNullValue)
+            text = nullValue;
+        break;
+    case kpBase::MatrixData::Double:
+        text = nullValue;
+        break;
+    case kpBase::MatrixData::String:
+        text = cell.toString();
+        break;
+    case kpBase::MatrixData::Color:
+        text = source.matrix->colorHexaString(row, 0);
+        break;
+    default:
+        break;
+    }
+}
+
+int MatrixDataAsciiExporter::finish(const FieldInfo& field, const QString& text)
+{
+    if (mode == ColumnBased) {
+        const int width = widthOf(field);
+        m_block += fitted(text, width).toStdString();
+        return std::max(width, 0);
+    }
+    if (mode == FieldBased)
+        m_block += text.toStdString();
+    return text.size();
+}
+
+/// The same for a text of ASCII characters that stands at the end of the block already.
+int MatrixDataAsciiExporter::finishAscii(const FieldInfo& field, std::size_t start)
+{
+    const auto length = static_cast<int>(m_block.size() - start);
+    if (mode == FieldBased)
+        return length;
+    if (mode != ColumnBased) {
+        m_block.resize(start);
+        return length;
+    }
+    const int width = std::max(widthOf(field), 0);
+    if (length > width) {
+        m_block.resize(start + static_cast<std::size_t>(std::max(width - 1, 0)));
+        if (width > 0)
+            m_block += '*';
+    } else {
+        m_block.insert(start, static_cast<std::size_t>(width - length), ' ');
+    }
+    return width;
+}
+
+void MatrixDataAsciiExporter::flushBlock(std::size_t limit)
+{
+    if (m_block.size() <= limit)
+        return;
+    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+    m_block.clear();
+}
+
+} // namespace kpBaseExport
