@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/model/Model.h"
+#include "app/readers/LoadOptions.h"
+
+namespace refhost
+{
+
+/// Reads a model file: a JSON object {"version": 1, "objects": [{"file": ..., ...}, ...]}, where each entry names a
+/// file, relative to the model file, and how to load it. The keys are the members of LoadOptions. docs/model-file.md
+/// describes them.
+/// \throws LoadError naming the line or the entry
+LoadNotes readModelFile(Model& model, const QString& path);
+
+} // namespace refhost

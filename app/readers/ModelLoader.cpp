@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "app/readers/ModelLoader.h"
+
+#include "app/readers/CoordinateSystems.h"
+#include "app/readers/GridReader.h"
+#include "app/readers/LoadError.h"
+#include "app/readers/ModelFile.h"
+#include "app/readers/VectorReader.h"
+#include "app/readers/WellReader.h"
+
+#include <QFileInfo>
+
+namespace refhost
+{
+
+LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options)
+{
+    static const QStringList rasters{QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("asc"),
+                                     QStringLiteral("grd"), QStringLiteral("img"), QStringLiteral("vrt"),
+                                     QStringLiteral("zmap"), QStringLiteral("dem")};
+    if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
+        throw LoadError(path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(options.crs),
+                        QStringLiteral("give one like EPSG:28350"));
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("kpmodel"))
+        return readModelFile(model, path);
+    if (!options.survey.isEmpty())
+        return readWells(model, path, options);
+    if (rasters.contains(suffix))
+        return readGrid(model, path, options);
+    return readVectors(model, path, options);
+}
+
+} // namespace refhost

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/model/Model.h"
+#include "app/readers/LoadOptions.h"
+
+namespace refhost
+{
+
+/// Loads a file into the model: a model file (*.kpmodel), a raster as grid surface, a table of collars when
+/// LoadOptions::survey is set, else whatever OGR reads.
+/// \returns notes on what was passed over
+/// \throws LoadError
+LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options = LoadOptions());
+
+} // namespace refhost
