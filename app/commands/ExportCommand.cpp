@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "app/commands/ExportCommand.h"
+
+#include "app/commands/CommandLine.h"
+#include "app/commands/TerminalProgress.h"
+#include "app/jobs/ExportRun.h"
+#include "app/readers/LoadError.h"
+#include "app/readers/ModelLoader.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace refhost
+{
+
+namespace
+{
+
+bool matchesAny(const QString& name, const QStringList& patterns)
+{
+    return std::any_of(patterns.begin(), patterns.end(), [&name](const QString& pattern) {
+        if (name == pattern)
+            return true;
+        // A glob spans "/" in a name, which is no path.
+        QString text = QRegularExpression::escape(pattern);
+        text.replace(QLatin1String("\\*"), QLatin1String(".*")).replace(QLatin1String("\\?"), QLatin1String("."));
+        return QRegularExpression(QRegularExpression::anchoredPattern(text), QRegularExpression::DotMatchesEverythingOption)
+            .match(name)
+            .hasMatch();
+    });
+}
+
+std::unique_ptr<ExportFormat> findFormat(const QString& key)
+{
+    QStringList keys;
+    for (auto& format : makeFormats()) {
+        if (format->info().key == key)
+            return std::move(format);
+        keys.append(format->info().key);
+    }
+    printError(QStringLiteral("%1: there is no such format (formats: %2)").arg(key, keys.join(QStringLiteral(", "))));
+    return nullptr;
+}
+
+/// The objects that the request names and the format takes; notes those that it does not take.
+std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& request, const FormatInfo& info,
+                                       ExportReport& report)
+{
+    std::vector<const ModelObject*> chosen;
+    qint64 refused = 0;
+    QString example;
+    for (const ModelObject& object : model.objects()) {
+        if (!request.objects.isEmpty() && !matchesAny(object.name, request.objects))
+            continue;
+        if (!request.types.isEmpty() && !request.types.contains(QString::fromStdString(typeKey(object.type))))
+            continue;
+        if (std::find(info.types.begin(), info.types.end(), object.type) == info.types.end()) {
+            if (refused++ == 0)
+                example = object.name;
+            continue;
+        }
+        chosen.push_back(&object);
+    }
+    report.note(QStringLiteral("object of a type that the format does not take"), QString(), refused,
+                QStringLiteral("first %1").arg(example));
+    return chosen;
+}
+
+bool checkRequest(const ExportRequest& request)
+{
+    if (request.models.isEmpty())
+        printError(QStringLiteral("export: no file to export is named (give one or more)"));
+    else if (request.format.isEmpty())
+        printError(QStringLiteral("export: no format is given (add --format KEY)"));
+    else if (request.output.isEmpty())
+        printError(QStringLiteral("export: no output is given (add --output PATH)"));
+    else {
+        for (const QString& type : request.types) {
+            if (!typeFromKey(type.toStdString())) {
+                printError(QStringLiteral("%1: there is no such type (see kpexport formats)").arg(type));
+                return false;
+            }
+        }
+        return true;
+    }
+    return false;
+}
+
+bool writeReport(const ExportReport& report, const ExportRequest& request)
+{
+    if (request.report.isEmpty())
+        return true;
+    QSaveFile file(request.report);
+    const QByteArray text = QJsonDocument(report.toJson(request.format)).toJson();
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+        return true;
+    printError(QStringLiteral("%1: the report could not be written: %2 (check the directory)").arg(request.report, file.errorString()));
+    return false;
+}
+
+int exitCode(const ExportReport& report, const ExportRequest& request)
+{
+    if (report.cancelled) {
+        printError(QStringLiteral("%1: the export was cancelled; earlier files are as they were (start it again)").arg(request.output));
+        return Cancelled;
+    }
+    for (const FileOutcome& file : report.files()) {
+        if (!file.written())
+            printError(QStringLiteral("%1: %2").arg(file.path, file.error));
+        else if (!request.quiet)
+            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes));
+    }
+    if (!request.quiet) {
+        for (const QString& line : report.findingLines())
+            std::fprintf(stderr, "kpexport: note: %s\n", line.toUtf8().constData());
+    }
+    if (report.anyFailed())
+        return NotAllWritten;
+    return request.strict && !report.findings().empty() ? SomethingLost : AllWritten;
+}
+
+} // namespace
+
+int runRequest(const ExportRequest& request)
+{
+    if (!checkRequest(request))
+        return WrongUse;
+    const std::unique_ptr<ExportFormat> format = findFormat(request.format);
+    if (!format)
+        return WrongUse;
+    try {
+        SettingsMap settings = format->settings();
+        for (const auto& setting : request.settings)
+            settings.set(setting.first, setting.second);
+    } catch (const SettingsError& error) {
+        printError(QString::fromUtf8(error.what()));
+        return WrongUse;
+    }
+
+    TerminalProgress progress(request.quiet);
+    Model model;
+    LoadNotes notes;
+    try {
+        for (const QString& path : request.models)
+            notes += loadInto(model, path);
+    } catch (const LoadError& error) {
+        printError(QString::fromUtf8(error.what()));
+        return NotAllWritten;
+    }
+    ExportReport report;
+    for (const QString& note : qAsConst(notes))
+        report.note(QStringLiteral("left out on loading"), QString(), 1, note);
+    ExportSelection selection;
+    selection.objects = choose(model, request, format->info(), report);
+    selection.path = request.output;
+    if (!request.attributes.isEmpty())
+        selection.attributes = request.attributes;
+    if (selection.objects.empty()) {
+        printError(QStringLiteral("no object matches (kpexport inspect lists the names and types)"));
+        return NothingMatched;
+    }
+
+    const std::vector<PlannedFile> files = format->plan(selection);
+    if (!request.overwrite) {
+        for (const PlannedFile& file : files) {
+            if (QFileInfo(file.path).isFile()) {
+                printError(QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(file.path));
+                return NotAllWritten;
+            }
+        }
+    }
+    runExport(*format, selection, files, &progress, report);
+    progress.progressFinished();
+    const bool reported = writeReport(report, request);
+    const int code = exitCode(report, request);
+    return code == AllWritten && !reported ? NotAllWritten : code;
+}
+
+int exportCommand(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    const auto value = [&parser](const char* name) {
+        parser.addOption({QString::fromLatin1(name), QString(), QStringLiteral("value")});
+    };
+    for (const char* name : {"format", "output", "object", "type", "attribute", "set", "report"})
+        value(name);
+    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet"})
+        parser.addOption({QString::fromLatin1(name), QString()});
+    if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)) {
+        printError(parser.errorText() + QStringLiteral(" (see kpexport --help)"));
+        return WrongUse;
+    }
+    ExportRequest request;
+    request.models = parser.positionalArguments();
+    request.format = parser.value(QStringLiteral("format"));
+    request.output = parser.value(QStringLiteral("output"));
+    request.objects = parser.values(QStringLiteral("object"));
+    request.types = parser.values(QStringLiteral("type"));
+    request.attributes = parser.values(QStringLiteral("attribute"));
+    request.report = parser.value(QStringLiteral("report"));
+    request.strict = parser.isSet(QStringLiteral("strict"));
+    request.quiet = parser.isSet(QStringLiteral("quiet"));
+    request.overwrite = parser.isSet(QStringLiteral("overwrite"));
+    if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite"))) {
+        printError(QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
+        return WrongUse;
+    }
+    for (const QString& setting : parser.values(QStringLiteral("set"))) {
+        const int equals = setting.indexOf(QLatin1Char('='));
+        if (equals < 1) {
+            printError(QStringLiteral("--set %1: this is no setting (write KEY=VALUE)").arg(setting));
+            return WrongUse;
+        }
+        request.settings.append({setting.left(equals), setting.mid(equals + 1)});
+    }
+    return runRequest(request);
+}
+
+} // namespace refhost

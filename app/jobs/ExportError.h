@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+namespace refhost
+{
+
+/// An output that could not be written. what() is "FILE: what is wrong (what to do)".
+class ExportError : public std::runtime_error
+{
+public:
+    ExportError(const QString& file, const QString& cause, const QString& cure);
+
+    const QString& file() const { return m_file; }
+    /// Cause and cure without the file.
+    const QString& reason() const { return m_reason; }
+
+private:
+    QString m_file;
+    QString m_reason;
+};
+
+} // namespace refhost

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "app/jobs/ExportReport.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace refhost
+{
+
+void ExportReport::note(const QString& kind, const QString& object, qint64 count, const QString& example)
+{
+    if (count <= 0)
+        return;
+    const auto found = std::find_if(m_findings.begin(), m_findings.end(), [&](const Finding& finding) {
+        return finding.kind == kind && finding.object == object;
+    });
+    if (found == m_findings.end())
+        m_findings.push_back({kind, object, count, example});
+    else
+        found->count += count;
+}
+
+bool ExportReport::anyFailed() const
+{
+    return std::any_of(m_files.begin(), m_files.end(), [](const FileOutcome& file) { return !file.written(); });
+}
+
+QJsonObject ExportReport::toJson(const QString& formatKey) const
+{
+    QJsonArray files;
+    for (const FileOutcome& file : m_files) {
+        QJsonObject entry{{QStringLiteral("path"), file.path},
+                          {QStringLiteral("objects"), QJsonArray::fromStringList(file.objects)},
+                          {QStringLiteral("outcome"), file.written() ? QStringLiteral("written") : QStringLiteral("failed")},
+                          {QStringLiteral("rows"), file.rows},
+                          {QStringLiteral("bytes"), file.bytes}};
+        if (!file.written())
+            entry.insert(QStringLiteral("error"), file.error);
+        files.append(entry);
+    }
+    QJsonArray findings;
+    for (const Finding& finding : m_findings) {
+        findings.append(QJsonObject{{QStringLiteral("kind"), finding.kind},
+                                    {QStringLiteral("object"), finding.object},
+                                    {QStringLiteral("count"), finding.count},
+                                    {QStringLiteral("example"), finding.example}});
+    }
+    return {{QStringLiteral("format"), formatKey},
+            {QStringLiteral("cancelled"), cancelled},
+            {QStringLiteral("files"), files},
+            {QStringLiteral("findings"), findings}};
+}
+
+QStringList ExportReport::findingLines() const
+{
+    // A user of a thousand objects wants to know what happened, not a thousand times that it did.
+    struct Summary
+    {
+        const Finding* first;
+        qint64 count = 0;
+        int objects = 0;
+    };
+    std::vector<Summary> summaries;
+    for (const Finding& finding : m_findings) {
+        auto summary = std::find_if(summaries.begin(), summaries.end(),
+                                    [&finding](const Summary& entry) { return entry.first->kind == finding.kind; });
+        if (summary == summaries.end())
+            summary = summaries.insert(summaries.end(), {&finding});
+        summary->count += finding.count;
+        ++summary->objects;
+    }
+    QStringList lines;
+    for (const Summary& summary : summaries) {
+        QString line = QStringLiteral("%1: %2").arg(summary.first->kind).arg(summary.count);
+        if (summary.objects > 1)
+            line += QStringLiteral(" in %1 objects").arg(summary.objects);
+        if (!summary.first->object.isEmpty())
+            line += QStringLiteral(", first in %1").arg(summary.first->object);
+        lines.append(line + QStringLiteral(" (%1)").arg(summary.first->example));
+    }
+    return lines;
+}
+
+QString ExportReport::findingsHtml() const
+{
+    if (m_findings.empty())
+        return {};
+    QString html = QStringLiteral("<b>Please note:</b><ul>");
+    for (const QString& line : findingLines())
+        html += QStringLiteral("<li>") + line.toHtmlEscaped() + QStringLiteral("</li>");
+    return html + QStringLiteral("</ul>");
+}
+
+} // namespace refhost

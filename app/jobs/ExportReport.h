@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace refhost
+{
+
+/// Something that was lost or changed on the way to a file, counted.
+struct Finding
+{
+    QString kind;    ///< "missing attribute", "renamed", "ambiguous text" ...
+    QString object;  ///< name of the object, or empty
+    qint64 count = 0;
+    QString example; ///< the first case in words
+};
+
+/// What became of one output file.
+struct FileOutcome
+{
+    QString path;
+    QStringList objects;
+    qint64 rows = 0;
+    qint64 bytes = 0;
+    QString error; ///< cause and cure; empty when the file was written
+
+    bool written() const { return error.isEmpty(); }
+};
+
+/// The record of one run.
+class ExportReport
+{
+public:
+    /// Adds to the finding of that kind and object; the first example stays.
+    void note(const QString& kind, const QString& object, qint64 count, const QString& example);
+    void add(const FileOutcome& outcome) { m_files.push_back(outcome); }
+
+    const std::vector<Finding>& findings() const { return m_findings; }
+    const std::vector<FileOutcome>& files() const { return m_files; }
+    std::vector<FileOutcome>& files() { return m_files; }
+    bool anyFailed() const;
+
+    bool cancelled = false;
+
+    QJsonObject toJson(const QString& formatKey) const;
+    /// The findings as HTML for the wizard's report; empty when there are none.
+    QString findingsHtml() const;
+    /// One line per kind of finding, with its first example.
+    QStringList findingLines() const;
+
+private:
+    std::vector<Finding> m_findings;
+    std::vector<FileOutcome> m_files;
+};
+
+} // namespace refhost

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportReport.h"
+#include "app/model/ModelObject.h"
+#include "app/savers/AsciiExportSettings.h"
+#include "core/GeoObject.h"
+#include "core/MatrixDataExporter.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace refhost
+{
+
+/// The columns of a table of several objects: X, Y, Z, then every attribute in the order first met.
+/// An attribute named like a coordinate field gets another name.
+struct AsciiTable
+{
+    std::vector<kpBaseExport::MatrixDataExporter::FieldInfo> fields;
+    QStringList attributes; ///< names in the model, in the order of the fields after the third
+};
+
+/// \a chosen limits the attributes; names that no object has are noted in the report.
+AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std::optional<QStringList>& chosen,
+                      int decimals, ExportReport& report);
+
+/// Gives each field the columns that its longest value needs, with one blank between.
+void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
+                   const AsciiExportSettings& settings);
+
+/// Fills \a record with the object's matrices, shared with the model, and notes what the table cannot carry.
+void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
+                const AsciiExportSettings& settings, const QString& separator, ExportReport& report);
+
+} // namespace refhost

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "app/savers/HostSaver.h"
+
+#include "app/jobs/ExportRun.h"
+#include "wizard/QExportWizard.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace refhost
+{
+
+HostSaver::HostSaver(ExportFormat& format, const Model& model)
+    : AbstractSaver(format.info().key.toStdString())
+    , m_format(format)
+    , m_model(model)
+{
+    const FormatInfo info = format.info();
+    m_currentFileFormatName = info.fileFormatName;
+    m_currentDefaultFileFormatExt = info.defaultExtension;
+    m_currentAllFileFormatExt = info.patterns;
+    m_formatDisplay = info.displayName;
+    m_supportsAttributes = info.supportsAttributes;
+    for (const ObjectType type : info.types)
+        m_supportedTypes.insert(typeKey(type));
+}
+
+void HostSaver::set_selection(const QString& path, const std::vector<int>& geoIds, const std::vector<std::string>&,
+                              const std::vector<std::string>& attributeNames)
+{
+    m_selection = ExportSelection();
+    m_selection.path = path;
+    for (const int id : geoIds) {
+        if (const ModelObject* object = m_model.find(id))
+            m_selection.objects.push_back(object);
+    }
+    QStringList attributes;
+    for (const std::string& name : attributeNames)
+        attributes.append(QString::fromStdString(name));
+    m_selection.attributes = attributes;
+    m_plan = m_format.plan(m_selection);
+}
+
+void HostSaver::generateFileNames(const QString&, const std::vector<int>&, const std::vector<std::string>&,
+                                  const std::vector<std::string>&, QStringList& geoAttributeFiles, QStringList&,
+                                  QStringList&)
+{
+    for (const PlannedFile& file : m_plan)
+        geoAttributeFiles.append(file.path);
+}
+
+bool HostSaver::save(const std::vector<QString>& acceptedFiles, kpBase::AbstractProgress* progress)
+{
+    std::vector<PlannedFile> files;
+    for (const PlannedFile& file : m_plan) {
+        if (std::find(acceptedFiles.begin(), acceptedFiles.end(), file.path) != acceptedFiles.end())
+            files.push_back(file);
+    }
+    ExportReport report;
+    const bool written = runExport(m_format, m_selection, files, progress, report);
+    for (const PlannedFile& file : files) {
+        const QFileInfo info(file.path);
+        const auto outcome = std::find_if(report.files().begin(), report.files().end(),
+                                          [&file](const FileOutcome& entry) { return entry.path == file.path; });
+        const bool filled = !report.cancelled && outcome != report.files().end() && outcome->written();
+        if (!filled && info.isFile() && info.size() == 0)
+            QFile::remove(file.path);
+    }
+    reportTo(report);
+    return written;
+}
+
+void HostSaver::reportTo(const ExportReport& report)
+{
+    QString rows;
+    for (const FileOutcome& file : report.files()) {
+        if (file.written() && !report.cancelled)
+            rows += QStringLiteral("<br>%1: %2 rows, %3 bytes")
+                        .arg(QFileInfo(file.path).fileName().toHtmlEscaped())
+                        .arg(file.rows)
+                        .arg(file.bytes);
+    }
+    m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br>");
+    m_warnings += report.findingsHtml();
+    auto* wizard = dynamic_cast<kpBaseExport::QExportWizard*>(get_wizard());
+    if (!wizard)
+        return;
+    // What an earlier run of this dialog failed at is no longer of interest.
+    wizard->clearErrorList();
+    wizard->setWarnings(m_warnings);
+    for (const FileOutcome& file : report.files()) {
+        if (!file.written())
+            wizard->setErrorMessage(file.path, file.error.toHtmlEscaped());
+    }
+}
+
+HostSaverFactory::HostSaverFactory(ExportFormat& format, const Model& model)
+    : AbstractSaverFactory(format.info().key.toStdString(), false)
+    , m_format(format)
+    , m_model(model)
+{
+}
+
+boost::shared_ptr<kpBaseExport::AbstractSaver> HostSaverFactory::create_product()
+{
+    return boost::shared_ptr<kpBaseExport::AbstractSaver>(create_product_unmanaged());
+}
+
+kpBaseExport::AbstractSaver* HostSaverFactory::create_product_unmanaged()
+{
+    return new HostSaver(m_format, m_model);
+}
+
+} // namespace refhost

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "app/ui/HostContext.h"
+
+#include "app/savers/HostSaver.h"
+#include "app/ui/ObjectSelectionSheet.h"
+#include "app/ui/SettingsSheet.h"
+#include "core/saver/QExportAbstractSheetFactory.h"
+
+#include <functional>
+#include <utility>
+
+namespace refhost
+{
+
+namespace
+{
+
+/// Makes sheets by calling a function.
+class SheetFactory : public kpBaseExport::QExportAbstractSheetFactory
+{
+public:
+    using Make = std::function<kpBaseExport::QExportAbstractSheet*()>;
+
+    SheetFactory(const std::string& key, Make make)
+        : QExportAbstractSheetFactory(key, false)
+        , m_make(std::move(make))
+    {
+    }
+
+    boost::shared_ptr<kpBaseExport::QExportAbstractSheet> create_product() override
+    {
+        return boost::shared_ptr<kpBaseExport::QExportAbstractSheet>(m_make());
+    }
+    kpBaseExport::QExportAbstractSheet* create_product_unmanaged() override { return m_make(); }
+
+private:
+    Make m_make;
+};
+
+} // namespace
+
+HostContext::HostContext()
+    : m_formats(makeFormats())
+{
+    for (const auto& format : m_formats) {
+        ExportFormat* const registered = format.get();
+        m_savers.push_back(std::make_unique<HostSaverFactory>(*registered, model));
+        m_sheets.push_back(std::make_unique<SheetFactory>(registered->info().key.toStdString(),
+                                                          [registered] { return new SettingsSheet(*registered); }));
+    }
+    m_sheets.push_back(std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl",
+                                                      [this] { return new ObjectSelectionSheet(*this); }));
+}
+
+HostContext::~HostContext() = default;
+
+ExportFormat* HostContext::format(const std::string& key) const
+{
+    for (const auto& format : m_formats) {
+        if (format->info().key.toStdString() == key)
+            return format.get();
+    }
+    return nullptr;
+}
+
+} // namespace refhost

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/model/Model.h"
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace kpBaseExport
+{
+class AbstractSaverFactory;
+class QExportAbstractSheetFactory;
+}
+
+namespace refhost
+{
+
+/// What the wizard's pages know of the program: the model, the selection in its views, the formats. Constructing it
+/// registers every saver and sheet; it is made once and outlives every wizard.
+class HostContext
+{
+public:
+    HostContext();
+    ~HostContext();
+
+    Model model;
+    std::set<int> selectedIds; ///< objects selected in the program's views
+
+    const std::vector<std::unique_ptr<ExportFormat>>& formats() const { return m_formats; }
+    ExportFormat* format(const std::string& key) const;
+
+private:
+    std::vector<std::unique_ptr<ExportFormat>> m_formats;
+    std::vector<std::unique_ptr<kpBaseExport::AbstractSaverFactory>> m_savers;
+    std::vector<std::unique_ptr<kpBaseExport::QExportAbstractSheetFactory>> m_sheets;
+};
+
+} // namespace refhost

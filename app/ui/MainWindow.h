@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/readers/LoadOptions.h"
+#include "app/ui/HostContext.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace refhost
+{
+
+class MapView;
+
+/// The program's window: the objects as a tree (check = shown, selection = selection), the map, "Export...".
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(HostContext& context);
+
+    /// Adds a file to the model; a failure is shown in a message box.
+    void openModel(const QString& path);
+
+public Q_SLOTS:
+    void exportObjects();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void buildActions();
+    void chooseModel();
+    void fillTree();
+    void treeChanged();
+    void selectionChanged();
+
+    HostContext& m_context;
+    QTreeWidget* m_tree;
+    MapView* m_map;
+    QLabel* m_position;
+};
+
+} // namespace refhost

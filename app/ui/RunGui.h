@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace refhost
+{
+
+/// Opens the program: "--model PATH" opens that file, more of them several, none the sample model.
+/// \returns the exit code
+int runGui(int& argc, char** argv);
+
+} // namespace refhost

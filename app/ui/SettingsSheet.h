@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "core/saver/AttributeNamesSheet.h"
+#include "core/saver/QExportAbstractOptionSheet.h"
+
+#include <QWidget>
+
+class QFormLayout;
+
+namespace kpBaseExport
+{
+class QExportAttributeWidget;
+}
+
+namespace refhost
+{
+
+/// The option page of a format, built from its settings, with the choice of attributes below. What is set here is what
+/// --set sets; it is remembered per format and stays when the user goes back and forth.
+class SettingsSheet : public QWidget,
+                      public kpBaseExport::QExportAbstractOptionSheet,
+                      public kpBaseExport::AttributeNamesSheet
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsSheet(ExportFormat& format);
+
+    using QExportAbstractOptionSheet::initialize;
+    void initialize(const QString& text) override;
+    void activate() override;
+    void deactivate() override;
+    QString optionSummary() const override;
+    std::vector<std::string> selectedAttributeNames() override;
+
+private:
+    QWidget* makeControl(const Setting& setting);
+    void restore();
+
+    ExportFormat& m_format;
+    SettingsMap m_settings;
+    kpBaseExport::QExportAttributeWidget* m_attributes = nullptr;
+    std::vector<int> m_shownFor; ///< objects whose attributes are listed
+};
+
+} // namespace refhost
