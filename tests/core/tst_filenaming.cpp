@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "core/saver/FileNaming.h"
+
+#include <QFileInfo>
+#include <QMap>
+#include <QtTest>
+
+#include <random>
+
+using kpBaseExport::fileNamesPerObject;
+
+namespace
+{
+
+/// The rule in its plain form: every candidate is tried in turn.
+QStringList plainNames(const QString& path, const std::vector<std::string>& objects)
+{
+    const auto compose = [](const QString& of, const QString& middle) {
+        const QFileInfo info(of);
+        return info.absolutePath() + QLatin1Char('/') + info.baseName() + QLatin1Char('_') + middle + QLatin1Char('.')
+               + info.completeSuffix();
+    };
+    QStringList names;
+    QMap<QString, int> counts;
+    for (const std::string& object : objects) {
+        names.append(compose(path, QString::fromStdString(object)));
+        ++counts[names.last()];
+    }
+    const QMap<QString, int> built = counts;
+    for (auto entry = built.begin(); entry != built.end(); ++entry) {
+        const int n = entry.value();
+        if (n < 2)
+            continue;
+        int j = 0;
+        for (QString& name : names) {
+            if (name != entry.key())
+                continue;
+            int number = ++j;
+            QString candidate = compose(entry.key(), QString::number(number));
+            while (counts.contains(candidate)) {
+                number = number <= n + 1 ? n + 2 : number + 1;
+                candidate = compose(entry.key(), QString::number(number));
+            }
+            counts[candidate] = 1;
+            name = candidate;
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+class FileNamingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void examples_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("objects");
+        QTest::addColumn<QString>("names");
+        const auto row = [](const char* path, const char* objects, const char* names) {
+            QTest::newRow(objects) << QString::fromUtf8(path) << QString::fromUtf8(objects) << QString::fromUtf8(names);
+        };
+        row("/o/model.dat", "A B A", "/o/model_A_1.dat /o/model_B.dat /o/model_A_2.dat");
+        row("/o/model.dat", "A A_1 A A", "/o/model_A_5.dat /o/model_A_1.dat /o/model_A_2.dat /o/model_A_3.dat");
+        row("/o/model.dat", "A.old A.old", "/o/model_A_1.old.dat /o/model_A_2.old.dat");
+        row("/o/model", "Ö 東", "/o/model_Ö. /o/model_東.");
+    }
+
+    void examples()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, objects);
+        QFETCH(QString, names);
+        std::vector<std::string> list;
+        for (const QString& object : objects.split(QLatin1Char(' ')))
+            list.push_back(object.toStdString());
+        QCOMPARE(fileNamesPerObject(path, list), names.split(QLatin1Char(' ')));
+    }
+
+    void asThePlainRule()
+    {
+        std::mt19937 random(7);
+        const std::vector<std::string> pool{"A", "A_1", "A_2", "A_5", "A_1_1", "B", "A_3", "b", "A.x", "A_1.x"};
+        for (int round = 0; round < 500; ++round) {
+            std::vector<std::string> objects;
+            for (auto count = random() % 14; count > 0; --count)
+                objects.push_back(pool[random() % pool.size()]);
+            QCOMPARE(fileNamesPerObject(QStringLiteral("/o/m.d"), objects), plainNames(QStringLiteral("/o/m.d"), objects));
+        }
+    }
+
+    void manyLikeNames()
+    {
+        // Half share one name; the other half have taken the numbers that they would get. A quadratic search would
+        // not end within the time of a test.
+        std::vector<std::string> objects;
+        for (int index = 1; index <= 50000; ++index) {
+            objects.push_back("A");
+            objects.push_back("A_" + std::to_string(index));
+        }
+        QStringList names = fileNamesPerObject(QStringLiteral("/o/m.d"), objects);
+        QCOMPARE(names.removeDuplicates(), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(FileNamingTest)
+#include "tst_filenaming.moc"
