@@ -63,7 +63,7 @@ int digitsOf(double number, int decimals)
     return std::isfinite(number) ? QByteArray::number(number, 'f', decimals).size() : 4;
 }
 
-int longestNumber(const Numbers& numbers, int decimals)
+int longestNumber(const Numbers& numbers, int decimals, bool negated = false)
 {
     if (!numbers || numbers->empty())
         return 1;
@@ -75,8 +75,9 @@ int longestNumber(const Numbers& numbers, int decimals)
             most = std::max(most, number);
         }
     }
-    // A depth is the negated elevation, so the sign may stand at either end.
-    return std::max({digitsOf(least, decimals), digitsOf(-most, decimals), 4});
+    // A depth is the negated elevation, so the sign stands at the other end.
+    const double sign = negated ? -1.0 : 1.0;
+    return std::max(digitsOf(sign * least, decimals), digitsOf(sign * most, decimals));
 }
 
 int longestText(const QVector<QVariant>& values)
@@ -222,7 +223,7 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     for (const ModelObject* object : objects) {
         widen(0, longestNumber(object->x, settings.decimals));
         widen(1, longestNumber(object->y, settings.decimals));
-        widen(2, longestNumber(object->z, settings.decimals));
+        widen(2, longestNumber(object->z, settings.decimals, !settings.zIsElevation));
         for (int index = 0; index < table.attributes.size(); ++index) {
             const std::size_t field = coordinateFields + static_cast<std::size_t>(index);
             if (const AttributeColumn* column = vertexAttribute(*object, table.attributes[index]))

@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+// The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
+#include "app/ui/ExportWizard.h"
+#include "app/ui/MainWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTextEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <functional>
+
+using namespace refhost;
+
+namespace
+{
+
+/// Does each step when a modal window of its kind is up; a step that returns false is tried again.
+class Script : public QObject
+{
+public:
+    using Step = std::function<bool(QWidget&)>;
+
+    explicit Script(std::vector<Step> steps)
+        : m_steps(std::move(steps))
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            QWidget* window = QApplication::activeModalWidget();
+            if (m_busy || !window || m_next >= m_steps.size())
+                return;
+            m_busy = true;
+            if (m_steps[m_next](*window))
+                ++m_next;
+            m_busy = false;
+        });
+        m_timer.start(20);
+        // A walk that gets lost must end.
+        QTimer::singleShot(30000, this, [] {
+            while (QWidget* window = QApplication::activeModalWidget())
+                window->deleteLater(), QApplication::processEvents();
+        });
+    }
+
+    bool finished() const { return m_next == m_steps.size(); }
+
+private:
+    std::vector<Step> m_steps;
+    std::size_t m_next = 0;
+    bool m_busy = false;
+    QTimer m_timer;
+};
+
+void later(std::function<void()> action)
+{
+    QTimer::singleShot(0, qApp, std::move(action));
+}
+
+/// Clicks a button of the wizard from the event loop, so that a dialog which it opens does not block the script.
+Script::Step click(const char* name)
+{
+    return [name](QWidget& window) {
+        auto* button = window.findChild<QPushButton*>(QString::fromLatin1(name));
+        if (!button || !button->isVisible() || !button->isEnabled())
+            return false;
+        later([button] { QTest::mouseClick(button, Qt::LeftButton); });
+        return true;
+    };
+}
+
+Script::Step nameFile(const QString& path)
+{
+    return [path](QWidget& window) {
+        auto* dialog = qobject_cast<QFileDialog*>(&window);
+        if (!dialog)
+            return false;
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        edit->setText(path);
+        later([edit] { QTest::keyClick(edit, Qt::Key_Return); });
+        return true;
+    };
+}
+
+Script::Step answerBox(QMessageBox::StandardButton answer)
+{
+    return [answer](QWidget& window) {
+        auto* box = qobject_cast<QMessageBox*>(&window);
+        if (!box)
+            return false;
+        QPushButton* button = qobject_cast<QPushButton*>(box->button(answer));
+        if (!button)
+            return false;
+        later([button] { QTest::mouseClick(button, Qt::LeftButton); });
+        return true;
+    };
+}
+
+Script::Step readReport(QString& text)
+{
+    return [&text](QWidget& window) {
+        auto* view = window.findChild<QTextEdit*>(QStringLiteral("reportView"));
+        if (!view || !view->isVisible() || view->toPlainText().isEmpty())
+            return false;
+        text = view->toPlainText();
+        return true;
+    };
+}
+
+Script::Step choose(const char* combo, const char* value)
+{
+    return [combo, value](QWidget& window) {
+        auto* box = window.findChild<QComboBox*>(QString::fromLatin1(combo));
+        if (!box || !box->isVisible())
+            return false;
+        box->setCurrentText(QString::fromLatin1(value));
+        return box->currentText() == QLatin1String(value);
+    };
+}
+
+} // namespace
+
+class GuiTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void walk();
+    void aFileForEachObject();
+    void failureIsReported();
+    void selectionInTheWindow();
+
+private:
+    QByteArray read(const QString& name)
+    {
+        QFile file(m_folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+    void exportWith(Script& script)
+    {
+        m_window->findChild<QAction*>(QStringLiteral("exportAction"))->trigger();
+        QVERIFY(script.finished());
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<HostContext> m_context;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+void GuiTest::initTestCase()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
+    QCoreApplication::setApplicationName(QStringLiteral("gui"));
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QFile lines(m_folder.filePath(QStringLiteral("lines.geojson")));
+    QVERIFY(lines.open(QIODevice::WriteOnly));
+    lines.write("{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
+                "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}},"
+                "{\"type\":\"Feature\",\"properties\":{\"n\":2},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[7,8,9],[8,8,9]]}}]}");
+    lines.close();
+    m_context = std::make_unique<HostContext>();
+    m_window = std::make_unique<MainWindow>(*m_context);
+    m_window->show();
+    m_window->openModel(lines.fileName());
+    QCOMPARE(m_context->model.objects().size(), std::size_t(2));
+}
+
+void GuiTest::walk()
+{
+    QString report;
+    const QString path = m_folder.filePath(QStringLiteral("out"));
+    Script first({click("nextButton"), choose("separator", "semicolon"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
+    exportWith(first);
+    const QByteArray expected = "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
+    QCOMPARE(read(QStringLiteral("out.csv")), expected);
+    QVERIFY2(report.contains(QStringLiteral("Data has been exported successfully!")) && report.contains(QStringLiteral("out.csv: 4 rows, %1 bytes").arg(expected.size())),
+             qPrintable(report));
+
+    // The extension came after the file dialog's own question, so the wizard's check leaves out nothing: the file
+    // named there was accepted. A second run replaces it; settings are remembered.
+    Script second({click("nextButton"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
+    exportWith(second);
+    QCOMPARE(read(QStringLiteral("out.csv")), expected);
+    QVERIFY(report.contains(QStringLiteral("accepted,overwritten")));
+}
+
+void GuiTest::aFileForEachObject()
+{
+    // The second object's file exists: it is asked about, and kept.
+    QFile earlier(m_folder.filePath(QStringLiteral("each_lines 2.txt")));
+    QVERIFY(earlier.open(QIODevice::WriteOnly));
+    earlier.write("earlier");
+    earlier.close();
+    QString report;
+    const QString path = m_folder.filePath(QStringLiteral("each.txt"));
+    Script script({click("nextButton"), choose("grouping", "object"), click("nextButton"), nameFile(path), answerBox(QMessageBox::No),
+                   readReport(report), click("closeButton")});
+    exportWith(script);
+    QCOMPARE(read(QStringLiteral("each_lines 1.txt")), QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
+    QCOMPARE(read(QStringLiteral("each_lines 2.txt")), QByteArray("earlier"));
+    QVERIFY(report.contains(QStringLiteral("user did not accept overwriting")));
+
+    QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("each_lines 1.txt"))));
+    Script all({click("nextButton"), click("nextButton"), nameFile(path), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
+    exportWith(all);
+    QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
+    Script restore({click("nextButton"), choose("grouping", "single"), click("closeButton")});
+    exportWith(restore);
+}
+
+void GuiTest::failureIsReported()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("no /dev/full here");
+    QString report;
+    const QString link = m_folder.filePath(QStringLiteral("full.csv"));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), link));
+    // Through the wizard itself: Qt's file dialog asks about an existing file in its own way.
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.setFormatAndSelectedGeo("ascii", {1});
+    wizard.startup();
+    wizard.show();
+    wizard.slotSaveClicked(link, true);
+    report = wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
+    QVERIFY2(report.contains(QStringLiteral("has not been exported")) && report.contains(QStringLiteral("could not be written completely (make room")),
+             qPrintable(report));
+}
+
+void GuiTest::selectionInTheWindow()
+{
+    auto* tree = m_window->findChild<QTreeWidget*>(QStringLiteral("objectTree"));
+    tree->expandAll();
+    tree->setCurrentItem(tree->topLevelItem(0)->child(1));
+    QCOMPARE(m_context->selectedIds, std::set<int>{2});
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.startup();
+    wizard.show();
+    QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{1, 2}));
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonMatchModelSelection")), Qt::LeftButton);
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{2});
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonDeselectAllObjects")), Qt::LeftButton);
+    QVERIFY(!wizard.nextButton()->isEnabled());
+    // Types that the format cannot take are disabled, the others list their objects.
+    QTest::mousePress(wizard.findChild<QPushButton*>(QStringLiteral("deselectAllButton")), Qt::LeftButton);
+    QCOMPARE(wizard.findChild<QTableView*>(QStringLiteral("listViewObjects"))->model()->rowCount(), 0);
+    QTest::mousePress(wizard.findChild<QPushButton*>(QStringLiteral("selectAllButton")), Qt::LeftButton);
+    QCOMPARE(wizard.findChild<QTableView*>(QStringLiteral("listViewObjects"))->model()->rowCount(), 2);
+    const QList<QTreeWidgetItem*> tetra =
+        wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Tetra Volumes"), Qt::MatchExactly | Qt::MatchRecursive);
+    QVERIFY(tetra.first()->isDisabled());
+}
+
+QTEST_MAIN(GuiTest)
+#include "tst_gui.moc"

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "app/jobs/ExportError.h"
+#include "app/jobs/OutputTransaction.h"
+#include "app/jobs/SafeNames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace refhost;
+
+namespace
+{
+
+void write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+}
+
+} // namespace
+
+class JobsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void replacedTogether();
+    void droppedAndAbandoned();
+    void broughtBack();
+    void links();
+    void names_data();
+    void names();
+    void uniqueNames();
+};
+
+void JobsTest::replacedTogether()
+{
+    QTemporaryDir folder;
+    const QString a = folder.filePath(QString(QStringLiteral("а")).repeated(120) + QStringLiteral(".txt")); // 244 bytes
+    const QString b = folder.filePath(QStringLiteral("b"));
+    write(a, "earlier");
+    QFile::setPermissions(a, QFile::ReadOwner | QFile::WriteOwner);
+    OutputTransaction transaction;
+    write(transaction.stage(a), "new a");
+    write(transaction.stage(b), "new b");
+    QCOMPARE(read(a), QByteArray("earlier"));
+    transaction.commit();
+    QCOMPARE(read(a), QByteArray("new a"));
+    QCOMPARE(read(b), QByteArray("new b"));
+    QCOMPARE(QFileInfo(a).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+}
+
+void JobsTest::droppedAndAbandoned()
+{
+    QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("a")), "earlier");
+    {
+        OutputTransaction transaction;
+        write(transaction.stage(folder.filePath(QStringLiteral("a"))), "half");
+        write(transaction.stage(folder.filePath(QStringLiteral("b"))), "half");
+        transaction.drop(folder.filePath(QStringLiteral("b")));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+    }
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+    QCOMPARE(read(folder.filePath(QStringLiteral("a"))), QByteArray("earlier"));
+}
+
+void JobsTest::broughtBack()
+{
+    // The second rename fails: a directory has come to stand in its place.
+    QTemporaryDir folder;
+    const QString a = folder.filePath(QStringLiteral("a"));
+    const QString b = folder.filePath(QStringLiteral("b"));
+    const QString c = folder.filePath(QStringLiteral("c"));
+    write(a, "earlier");
+    OutputTransaction transaction;
+    write(transaction.stage(a), "new");
+    write(transaction.stage(c), "new");
+    write(transaction.stage(b), "new");
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("b")));
+    QVERIFY_EXCEPTION_THROWN(transaction.commit(), ExportError);
+    QCOMPARE(read(a), QByteArray("earlier"));
+    QVERIFY(!QFile::exists(c));
+}
+
+void JobsTest::links()
+{
+    QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("target"));
+    const QString link = folder.filePath(QStringLiteral("link"));
+    write(target, "earlier");
+    QVERIFY(QFile::link(target, link));
+    OutputTransaction transaction;
+    write(transaction.stage(link), "new");
+    transaction.commit();
+    QVERIFY(QFileInfo(link).isSymLink());
+    QCOMPARE(read(target), QByteArray("new"));
+}
+
+void JobsTest::names_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("safe");
+    const auto row = [](const char* name, const char* safe) { QTest::newRow(safe) << QString::fromUtf8(name) << QString::fromUtf8(safe); };
+    row("A/B\\C:D*?\"<>|", "A_B_C_D______");
+    row("  line\nend\t ", "line end");
+    row("", "unnamed");
+    row("..", "unnamed");
+    row(".hidden", "_.hidden");
+    row("con", "_con");
+    row("Lpt1.txt", "_Lpt1.txt");
+    row("console", "console");
+    row("Ярус 地層 é", "Ярус 地層 é");
+    QTest::newRow("cut at a character") << QString(100, QChar(0x5730)) << QString(40, QChar(0x5730));
+}
+
+void JobsTest::names()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, safe);
+    QCOMPARE(safeFileNamePart(name), safe);
+}
+
+void JobsTest::uniqueNames()
+{
+    UniqueNames names;
+    QStringList given;
+    for (const char* name : {"A", "a", "A_2", "A", "Ä", "ä"})
+        given.append(names.take(QString::fromUtf8(name)));
+    QCOMPARE(given.join(QLatin1Char(' ')), QString::fromUtf8("A a_2 A_2_2 A_3 Ä ä_2"));
+    QSet<QString> many;
+    for (int index = 0; index < 100000; ++index)
+        many.insert(names.take(QStringLiteral("same")));
+    QCOMPARE(many.size(), 100000);
+}
+
+QTEST_GUILESS_MAIN(JobsTest)
+#include "tst_jobs.moc"
