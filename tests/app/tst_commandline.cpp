@@ -11,6 +11,24 @@
 
 #include <csignal>
 
+namespace
+{
+
+/// Whether a process has a handler for the interrupt signal yet, as the kernel tells it.
+bool catchesInterrupt(qint64 process)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("SigCgt:"))
+            return (line.mid(7).trimmed().toULongLong(nullptr, 16) & (1ULL << (SIGINT - 1))) != 0;
+    }
+    return false;
+}
+
+} // namespace
+
 class CommandLineTest : public QObject
 {
     Q_OBJECT
@@ -259,7 +277,7 @@ void CommandLineTest::interrupted()
                    QStringLiteral("--output"), QStringLiteral("out.csv"), QStringLiteral("--overwrite"), QStringLiteral("--set"), QStringLiteral("decimals=17")});
     QVERIFY(process.waitForStarted());
     // The signal is caught from the loading on; the export then stops at its first look.
-    QTest::qWait(150);
+    QTRY_VERIFY_WITH_TIMEOUT(catchesInterrupt(process.processId()), 20000);
     ::kill(static_cast<pid_t>(process.processId()), SIGINT);
     QVERIFY(process.waitForFinished(60000));
     const QString error = QString::fromUtf8(process.readAllStandardError());
