@@ -2,14 +2,15 @@
 #pragma once
 
 #include "app/jobs/ExportReport.h"
+#include "app/jobs/ExportSelection.h"
+#include "app/jobs/FilePlan.h"
 #include "app/jobs/SettingsMap.h"
-#include "app/model/ModelObject.h"
+#include "app/jobs/Verification.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace kpBase
@@ -32,21 +33,6 @@ struct FormatInfo
     bool supportsAttributes = true;
 };
 
-/// What to export and where to.
-struct ExportSelection
-{
-    std::vector<const ModelObject*> objects;
-    std::optional<QStringList> attributes; ///< only these; all when not set
-    QString path;                          ///< as the user gave it
-};
-
-/// One file of a run and the objects that go into it.
-struct PlannedFile
-{
-    QString path;
-    std::vector<const ModelObject*> objects;
-};
-
 /// One export format: used alike by the command line and by the wizard. A new format is one class derived from this
 /// and one line in makeFormats().
 class ExportFormat
@@ -59,11 +45,17 @@ public:
     virtual SettingsMap settings() = 0;
     /// The files that a run writes, under their final names, and what goes into each.
     virtual std::vector<PlannedFile> plan(const ExportSelection& selection) const = 0;
-    /// Writes one file to \a path (a temporary name). Stops early when the user cancels.
+    /// Every extension, without dot, of the files that can stand beside a file of this format and belong to it.
+    virtual QStringList sidecars() const { return {}; }
+    /// Writes one file to \a path, which has the final name but lies in a folder of its own, and its sidecars beside
+    /// it. Everything that is in the folder afterwards moves to the final place together; an earlier sidecar that was
+    /// not written again goes. Stops early when the user cancels.
     /// \returns the number of rows, features or cells written
     /// \throws ExportError, std::exception
     virtual qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                          ExportReport& report, kpBase::AbstractProgress* progress) = 0;
+    /// Reads the file that write() left at \a path by another route and compares it with the source.
+    virtual Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection);
 };
 
 /// Every format of this program, in the order listed.

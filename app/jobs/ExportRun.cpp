@@ -3,8 +3,9 @@
 
 #include "app/jobs/ExportError.h"
 #include "app/jobs/OutputTransaction.h"
-#include "host/data/AbstractProgress.h"
+#include "app/jobs/ShareOfProgress.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -15,32 +16,6 @@ namespace refhost
 namespace
 {
 
-/// The progress of one file as a share of the whole run.
-class ShareOfProgress : public kpBase::AbstractProgress
-{
-public:
-    ShareOfProgress(kpBase::AbstractProgress* whole, double first, double share)
-        : m_whole(whole)
-        , m_first(first)
-        , m_share(share)
-    {
-    }
-
-    void progressStarted(bool) override {}
-    void progressChanged(int percent) override
-    {
-        if (m_whole)
-            m_whole->progressChanged(static_cast<int>(m_first + m_share * percent));
-    }
-    bool isCancelled() const override { return m_whole && m_whole->isCancelled(); }
-    void progressFinished() override {}
-
-private:
-    kpBase::AbstractProgress* m_whole;
-    double m_first;
-    double m_share;
-};
-
 FileOutcome outcomeOf(const PlannedFile& file)
 {
     FileOutcome outcome;
@@ -50,6 +25,22 @@ FileOutcome outcomeOf(const PlannedFile& file)
     return outcome;
 }
 
+double weightOf(const PlannedFile& file)
+{
+    double weight = 0;
+    for (const ModelObject* object : file.objects)
+        weight += object->weight();
+    return weight;
+}
+
+qint64 bytesOf(const QString& staged)
+{
+    qint64 bytes = 0;
+    for (const QFileInfo& file : QFileInfo(staged).absoluteDir().entryInfoList(QDir::Files | QDir::Hidden))
+        bytes += file.size();
+    return bytes;
+}
+
 } // namespace
 
 bool runExport(ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files,
@@ -57,23 +48,18 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
 {
     OutputTransaction transaction;
     double total = 0;
-    for (const PlannedFile& file : files) {
-        for (const ModelObject* object : file.objects)
-            total += object->vertexCount();
-    }
+    for (const PlannedFile& file : files)
+        total += weightOf(file);
     if (progress)
         progress->progressStarted(true);
-    double done = 0;
+    ShareOfProgress share(progress, total);
     for (const PlannedFile& file : files) {
         FileOutcome outcome = outcomeOf(file);
-        double size = 0;
-        for (const ModelObject* object : file.objects)
-            size += object->vertexCount();
-        ShareOfProgress share(progress, total > 0 ? 100.0 * done / total : 0.0, total > 0 ? size / total : 0.0);
+        share.next(weightOf(file));
         try {
-            const QString path = transaction.stage(file.path);
+            const QString path = transaction.stage(file.path, format.sidecars());
             outcome.rows = format.write(file, path, selection, report, &share);
-            outcome.bytes = QFileInfo(path).size();
+            outcome.bytes = path == file.path ? 0 : bytesOf(path);
         } catch (const ExportError& error) {
             transaction.drop(file.path);
             outcome.error = error.reason();
@@ -82,7 +68,6 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
             outcome.error = QString::fromUtf8(error.what());
         }
         report.add(outcome);
-        done += size;
         if (share.isCancelled()) {
             report.cancelled = true;
             return false;

@@ -2,17 +2,20 @@
 #include "app/jobs/OutputTransaction.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/StagingFolder.h"
 
-#include <QCoreApplication>
-#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,23 +25,15 @@ namespace refhost
 namespace
 {
 
-/// A hidden name beside \a target that no other run uses; short whatever the target's length.
-QString nameBeside(const QString& target, const char* suffix)
+QByteArray native(const QString& path)
 {
-    static int counter = 0;
-    const QFileInfo info(target);
-    const QByteArray hash = QCryptographicHash::hash(info.fileName().toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
-    return QStringLiteral("%1/.%2-%3-%4%5")
-        .arg(info.absolutePath(), QString::fromLatin1(hash))
-        .arg(QCoreApplication::applicationPid())
-        .arg(++counter)
-        .arg(QLatin1String(suffix));
+    return QFile::encodeName(path);
 }
 
 /// Makes the contents of a file or directory durable. \returns 0 or the error number
 int synchronise(const QString& path, int flags)
 {
-    const int descriptor = ::open(QFile::encodeName(path).constData(), flags);
+    const int descriptor = ::open(native(path).constData(), flags);
     if (descriptor < 0)
         return errno;
     const int result = ::fsync(descriptor) == 0 ? 0 : errno;
@@ -47,12 +42,11 @@ int synchronise(const QString& path, int flags)
 
 bool renameFile(const QString& from, const QString& to)
 {
-    return ::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+    return ::rename(native(from).constData(), native(to).constData()) == 0;
 }
 
-bool isDevice(const QString& path)
+bool isDevice(const QFileInfo& info)
 {
-    const QFileInfo info(path);
     return info.exists() && !info.isFile() && !info.isDir();
 }
 
@@ -61,101 +55,190 @@ QString errorText(int number)
     return QString::fromLocal8Bit(std::strerror(number));
 }
 
-} // namespace
-
-OutputTransaction::~OutputTransaction()
+[[noreturn]] void failToReplace(const QString& target, int error)
 {
-    for (const Entry& entry : m_entries) {
-        if (entry.temporary != entry.resolved)
-            QFile::remove(entry.temporary);
-    }
+    throw ExportError(target, QStringLiteral("the file could not be replaced: %1").arg(errorText(error)),
+                      QStringLiteral("close it in other programs and check its permissions"));
 }
 
-QString OutputTransaction::stage(const QString& target)
+/// Keeps a second run from moving files into the same directories at the same time, so that sidecars of two runs are
+/// never mixed.
+class DirectoryLocks
+{
+public:
+    explicit DirectoryLocks(const QStringList& directories)
+    {
+        for (const QString& directory : directories) {
+            const int descriptor = ::open(native(directory).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            if (descriptor < 0)
+                continue;
+            ::flock(descriptor, LOCK_EX);
+            m_descriptors.push_back(descriptor);
+        }
+    }
+    ~DirectoryLocks()
+    {
+        for (const int descriptor : m_descriptors)
+            ::close(descriptor);
+    }
+    DirectoryLocks(const DirectoryLocks&) = delete;
+    DirectoryLocks& operator=(const DirectoryLocks&) = delete;
+
+private:
+    std::vector<int> m_descriptors;
+};
+
+} // namespace
+
+OutputTransaction::OutputTransaction() = default;
+
+OutputTransaction::~OutputTransaction() = default;
+
+QString OutputTransaction::stage(const QString& target, const QStringList& sidecars)
 {
     const QFileInfo info(target);
-    const QFileInfo folder(info.absolutePath());
+    const QString given = info.absolutePath();
     if (info.isDir())
         throw ExportError(target, QStringLiteral("this is a directory"), QStringLiteral("give the name of a file"));
-    if (!folder.isDir())
-        throw ExportError(target, QStringLiteral("the directory %1 does not exist").arg(folder.filePath()),
+    if (!QFileInfo(given).isDir())
+        throw ExportError(target, QStringLiteral("the directory %1 does not exist").arg(given),
                           QStringLiteral("create it or choose another"));
-    const QString resolved = info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
-    Entry entry{target, resolved, resolved, QString()};
-    if (!isDevice(resolved)) {
-        if (!QFileInfo(QFileInfo(resolved).absolutePath()).isWritable())
-            throw ExportError(target, QStringLiteral("the directory %1 cannot be written to").arg(folder.filePath()),
-                              QStringLiteral("change its permissions or choose another"));
-        if (QFileInfo::exists(resolved) && !QFileInfo(resolved).isWritable())
-            throw ExportError(target, QStringLiteral("the file is read-only"),
-                              QStringLiteral("change its permissions or choose another name"));
-        entry.temporary = nameBeside(resolved, ".part");
+    const QFileInfo resolved(info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath());
+    if (isDevice(resolved)) {
+        m_targets.push_back({target, resolved.filePath(), QString(), {}});
+        return resolved.filePath();
     }
-    m_entries.push_back(entry);
-    return entry.temporary;
+    const QString directory = resolved.absolutePath();
+    if (!QFileInfo(directory).isWritable())
+        throw ExportError(target, QStringLiteral("the directory %1 cannot be written to").arg(directory),
+                          QStringLiteral("change its permissions or choose another"));
+    if (resolved.exists() && !resolved.isWritable())
+        throw ExportError(target, QStringLiteral("the file is read-only"),
+                          QStringLiteral("change its permissions or choose another name"));
+    std::unique_ptr<StagingFolder>& folder = m_folders[directory];
+    if (!folder)
+        folder = std::make_unique<StagingFolder>(directory, target);
+    m_targets.push_back({target, resolved.filePath(), folder->newRoom(), sidecars});
+    return m_targets.back().folder + QLatin1Char('/') + resolved.fileName();
+}
+
+std::vector<OutputTransaction::Target>::iterator OutputTransaction::find(const QString& target)
+{
+    return std::find_if(m_targets.begin(), m_targets.end(), [&target](const Target& entry) { return entry.name == target; });
 }
 
 void OutputTransaction::drop(const QString& target)
 {
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [&target](const Entry& entry) { return entry.target == target; });
-    if (found == m_entries.end())
+    const auto found = find(target);
+    if (found == m_targets.end())
         return;
-    if (found->temporary != found->resolved)
-        QFile::remove(found->temporary);
-    m_entries.erase(found);
+    if (!found->folder.isEmpty())
+        QDir(found->folder).removeRecursively();
+    m_targets.erase(found);
 }
 
-void OutputTransaction::putIntoPlace(Entry& entry)
+QStringList OutputTransaction::waiting(const QString& target) const
 {
-    if (const int error = synchronise(entry.temporary, O_RDONLY))
-        throw ExportError(entry.target, QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
-                          QStringLiteral("check the disk"));
-    struct stat earlier = {};
-    const bool existed = ::stat(QFile::encodeName(entry.resolved).constData(), &earlier) == 0;
-    if (existed) {
-        ::chmod(QFile::encodeName(entry.temporary).constData(), earlier.st_mode & 07777);
-        // A second name for the earlier file, so that it can be brought back.
-        entry.backup = nameBeside(entry.resolved, ".before");
-        if (::link(QFile::encodeName(entry.resolved).constData(), QFile::encodeName(entry.backup).constData()) != 0)
-            entry.backup.clear();
+    QStringList paths;
+    const auto found = const_cast<OutputTransaction*>(this)->find(target);
+    if (found == m_targets.end() || found->folder.isEmpty())
+        return {target};
+    const QString directory = QFileInfo(found->resolved).absolutePath();
+    for (const QString& name : QDir(found->folder).entryList(QDir::Files | QDir::Hidden))
+        paths.append(directory + QLatin1Char('/') + name);
+    return paths;
+}
+
+std::vector<OutputTransaction::Move> OutputTransaction::moves() const
+{
+    std::vector<Move> moves;
+    for (const Target& target : m_targets) {
+        if (target.folder.isEmpty())
+            continue;
+        const QFileInfo resolved(target.resolved);
+        const QDir directory(resolved.absolutePath());
+        QSet<QString> written;
+        for (const QString& name : QDir(target.folder).entryList(QDir::Files | QDir::Hidden)) {
+            written.insert(name);
+            moves.push_back({target.name, target.folder + QLatin1Char('/') + name, directory.filePath(name), {}});
+        }
+        for (const QString& extension : target.sidecars) {
+            const QString name = resolved.completeBaseName() + QLatin1Char('.') + extension;
+            if (!written.contains(name) && QFileInfo(directory.filePath(name)).isFile())
+                moves.push_back({target.name, {}, directory.filePath(name), {}});
+        }
     }
-    if (!renameFile(entry.temporary, entry.resolved)) {
-        const QString cause = errorText(errno);
-        throw ExportError(entry.target, QStringLiteral("the file could not be replaced: %1").arg(cause),
-                          QStringLiteral("close it in other programs and check its permissions"));
+    return moves;
+}
+
+void OutputTransaction::keepEarlier(Move& move, const QString& backupFolder)
+{
+    struct stat earlier = {};
+    if (::stat(native(move.to).constData(), &earlier) != 0)
+        return;
+    if (S_ISDIR(earlier.st_mode))
+        failToReplace(move.target, EISDIR);
+    if (!move.from.isEmpty()) {
+        // The owner first: changing it clears bits of the mode. Only root may; elsewhere the file becomes the user's.
+        if (::chown(native(move.from).constData(), earlier.st_uid, earlier.st_gid) != 0)
+            errno = 0;
+        ::chmod(native(move.from).constData(), earlier.st_mode & 07777);
+    }
+    const QString backup = backupFolder + QLatin1Char('/') + QFileInfo(move.to).fileName();
+    // A second name where the file system has them, so that the file is never absent.
+    if (::link(native(move.to).constData(), native(backup).constData()) != 0 && !renameFile(move.to, backup))
+        failToReplace(move.target, errno);
+    move.backup = backup;
+}
+
+void OutputTransaction::putIntoPlace(Move& move)
+{
+    const bool moved = move.from.isEmpty() ? ::unlink(native(move.to).constData()) == 0 || errno == ENOENT
+                                           : renameFile(move.from, move.to);
+    if (!moved)
+        failToReplace(move.target, errno);
+    move.done = true;
+}
+
+void OutputTransaction::bringBack(const std::vector<Move>& moves)
+{
+    for (const Move& move : moves) {
+        if (!move.backup.isEmpty())
+            renameFile(move.backup, move.to);
+        else if (move.done)
+            QFile::remove(move.to);
     }
 }
 
 void OutputTransaction::commit()
 {
-    std::size_t done = 0;
+    std::vector<Move> pending = moves();
+    QStringList directories;
+    for (const auto& folder : m_folders)
+        directories.append(folder.first);
+    for (const Move& move : pending) {
+        const int error = move.from.isEmpty() ? 0 : synchronise(move.from, O_RDONLY);
+        if (error != 0)
+            throw ExportError(move.target, QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
+                              QStringLiteral("check the disk"));
+    }
+    const DirectoryLocks locks(directories);
     try {
-        for (; done < m_entries.size(); ++done) {
-            if (m_entries[done].temporary != m_entries[done].resolved)
-                putIntoPlace(m_entries[done]);
+        for (Move& move : pending) {
+            StagingFolder& folder = *m_folders.at(QFileInfo(move.to).absolutePath());
+            if (QFileInfo::exists(move.to))
+                keepEarlier(move, folder.backupRoom());
         }
+        for (Move& move : pending)
+            putIntoPlace(move);
     } catch (const ExportError&) {
-        for (std::size_t index = 0; index < m_entries.size(); ++index) {
-            const Entry& entry = m_entries[index];
-            if (entry.temporary == entry.resolved)
-                continue;
-            if (index < done && entry.backup.isEmpty())
-                QFile::remove(entry.resolved);
-            else if (index < done)
-                renameFile(entry.backup, entry.resolved);
-            else if (!entry.backup.isEmpty())
-                QFile::remove(entry.backup);
-        }
+        bringBack(pending);
         throw;
     }
-    for (const Entry& entry : m_entries) {
-        if (!entry.backup.isEmpty())
-            QFile::remove(entry.backup);
-        if (entry.temporary != entry.resolved)
-            synchronise(QFileInfo(entry.resolved).absolutePath(), O_RDONLY | O_DIRECTORY);
-    }
-    m_entries.clear();
+    for (const QString& directory : qAsConst(directories))
+        synchronise(directory, O_RDONLY | O_DIRECTORY);
+    m_targets.clear();
+    m_folders.clear();
 }
 
 } // namespace refhost

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/SettingsMap.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 namespace refhost
@@ -38,11 +40,26 @@ void SettingsMap::addInteger(const char* key, int& value, int least, int most, c
     setting.set = [&value](const QString& text) { value = text.toInt(); };
 }
 
-void SettingsMap::set(const QString& key, const QString& value)
+void SettingsMap::addReal(const char* key, double& value, double least, double most, const char* description)
+{
+    Setting& setting = add(key, description, Setting::Real);
+    setting.least = least;
+    setting.most = most;
+    setting.get = [&value] { return QString::number(value, 'g', QLocale::FloatingPointShortest); };
+    setting.set = [&value](const QString& text) { value = text.toDouble(); };
+}
+
+const Setting* SettingsMap::find(const QString& key) const
 {
     const auto found = std::find_if(m_settings.begin(), m_settings.end(),
                                     [&key](const Setting& setting) { return setting.key == key; });
-    if (found == m_settings.end()) {
+    return found == m_settings.end() ? nullptr : &*found;
+}
+
+void SettingsMap::set(const QString& key, const QString& value)
+{
+    const Setting* const found = find(key);
+    if (!found) {
         QStringList keys;
         for (const Setting& setting : m_settings)
             keys.append(setting.key);
@@ -59,10 +76,26 @@ void SettingsMap::set(const QString& key, const QString& value)
         const int number = value.toInt(&isNumber);
         if (!isNumber || number < found->least || number > found->most)
             allowed = QStringLiteral("a whole number from %1 to %2").arg(found->least).arg(found->most);
+    } else if (found->kind == Setting::Real) {
+        bool isNumber = false;
+        const double number = value.toDouble(&isNumber);
+        if (!isNumber || !(number >= found->least && number <= found->most))
+            allowed = QStringLiteral("a number from %1 to %2").arg(found->least).arg(found->most);
     }
     if (!allowed.isEmpty())
         throw SettingsError(QStringLiteral("%1: \"%2\" is not a value of this setting (give %3)").arg(key, value, allowed));
     found->set(value);
+}
+
+QString labelOf(const QString& key)
+{
+    QString label;
+    for (const QChar character : key) {
+        if (character.isUpper() && !label.isEmpty())
+            label += QLatin1Char(' ');
+        label += label.isEmpty() ? character.toUpper() : character.toLower();
+    }
+    return label;
 }
 
 } // namespace refhost

@@ -24,14 +24,14 @@ public:
 /// One member of a settings struct as text: what the command line, job files and option pages share.
 struct Setting
 {
-    enum Kind { Choice, Text, Boolean, Integer };
+    enum Kind { Choice, Text, Boolean, Integer, Real };
 
     QString key;
     QString description;
     Kind kind = Text;
     QStringList choices; ///< of a Choice
-    int least = 0;       ///< of an Integer
-    int most = 0;
+    double least = 0;    ///< of an Integer or Real
+    double most = 0;
     std::function<QString()> get;
     std::function<void(const QString&)> set; ///< takes values that are valid only
 };
@@ -52,8 +52,11 @@ public:
     void addText(const char* key, QString& value, const char* description);
     void addBoolean(const char* key, bool& value, const char* description);
     void addInteger(const char* key, int& value, int least, int most, const char* description);
+    void addReal(const char* key, double& value, double least, double most, const char* description);
 
     const std::vector<Setting>& settings() const { return m_settings; }
+    /// The setting with that key, or null.
+    const Setting* find(const QString& key) const;
     /// \throws SettingsError
     void set(const QString& key, const QString& value);
 
@@ -62,5 +65,8 @@ private:
 
     std::vector<Setting> m_settings;
 };
+
+/// A setting's key as words for a person: "writeNullValue" is "Write null value".
+QString labelOf(const QString& key);
 
 } // namespace refhost

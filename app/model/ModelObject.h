@@ -76,6 +76,11 @@ struct ModelObject
     std::vector<ObjectAttribute> objectAttributes;
 
     int vertexCount() const { return x ? static_cast<int>(x->size()) : 0; }
+    /// How much there is to write, for progress: vertices and cells.
+    double weight() const
+    {
+        return 1.0 + vertexCount() + (cells ? 8.0 * cells->columns * cells->rows * cells->layers : 0.0);
+    }
 };
 
 } // namespace refhost

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/jobs/FileGrouping.h"
+
 #include <QString>
 
 namespace refhost
@@ -12,7 +14,6 @@ struct AsciiExportSettings
     enum class Mode { Separated, Columns };
     enum class Separator { Blank, Tab, Comma, Semicolon, Custom };
     enum class Preset { None, Surfer, GsPlus, ArcView };
-    enum class Grouping { Single, Object, Set };
 
     Mode mode = Mode::Separated;            ///< values joined by a separator, or in fixed columns
     Separator separator = Separator::Comma; ///< between values
@@ -24,7 +25,7 @@ struct AsciiExportSettings
     QString nullValue = QStringLiteral("99999"); ///< text of a missing number
     bool lineBreaks = false;                ///< object name before and an empty line after each object
     bool zIsElevation = true;               ///< false: z is written as depth, positive down
-    Grouping grouping = Grouping::Single;   ///< one file, a file per object, a file per set
+    FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set
 };
 
 } // namespace refhost

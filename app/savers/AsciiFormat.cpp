@@ -2,14 +2,9 @@
 #include "app/savers/AsciiFormat.h"
 
 #include "app/jobs/ExportError.h"
-#include "app/jobs/SafeNames.h"
+#include "app/jobs/ShareOfProgress.h"
 #include "app/savers/AsciiRecord.h"
-#include "host/data/AbstractProgress.h"
 #include "writers/MatrixDataAsciiExporter.h"
-
-#include <QFileInfo>
-
-#include <algorithm>
 
 namespace refhost
 {
@@ -67,36 +62,6 @@ QString separatorText(const Settings& settings)
                                                              : texts[static_cast<int>(settings.separator)];
 }
 
-/// Reports the progress of one object as a share of its file.
-class ObjectShare : public kpBase::AbstractProgress
-{
-public:
-    ObjectShare(kpBase::AbstractProgress* file, double total)
-        : m_file(file)
-        , m_total(std::max(total, 1.0))
-    {
-    }
-
-    void next(int vertices)
-    {
-        m_done += m_current;
-        m_current = vertices;
-    }
-    void progressStarted(bool) override {}
-    void progressChanged(int percent) override
-    {
-        m_file->progressChanged(static_cast<int>((m_done * 100.0 + m_current * percent) / m_total));
-    }
-    bool isCancelled() const override { return m_file->isCancelled(); }
-    void progressFinished() override {}
-
-private:
-    kpBase::AbstractProgress* m_file;
-    double m_total;
-    double m_done = 0;
-    double m_current = 0;
-};
-
 } // namespace
 
 FormatInfo AsciiFormat::info() const
@@ -138,29 +103,7 @@ SettingsMap AsciiFormat::settings()
 
 std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) const
 {
-    QString path = selection.path;
-    if (QFileInfo(path).suffix().isEmpty() && (!QFileInfo::exists(path) || QFileInfo(path).isFile()))
-        path += QStringLiteral(".csv");
-    if (m_settings.grouping == Settings::Grouping::Single)
-        return {{path, selection.objects}};
-    const QFileInfo info(path);
-    const QString front = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_');
-    const QString back = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
-    std::vector<PlannedFile> files;
-    UniqueNames names;
-    QHash<QString, std::size_t> places;
-    for (const ModelObject* object : selection.objects) {
-        const bool bySet = m_settings.grouping == Settings::Grouping::Set;
-        if (bySet && places.contains(object->set)) {
-            files[places[object->set]].objects.push_back(object);
-            continue;
-        }
-        if (bySet)
-            places.insert(object->set, files.size());
-        const QString name = safeFileNamePart(bySet ? object->set : object->name);
-        files.push_back({front + names.take(name) + back, {object}});
-    }
-    return files;
+    return planFiles(selection, m_settings.grouping, QStringLiteral("csv"));
 }
 
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
@@ -169,12 +112,12 @@ qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const Ex
     AsciiTable table = asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
     if (m_settings.mode == Settings::Mode::Columns)
         layOutColumns(table, file.objects, m_settings);
-    double vertices = 0;
+    double total = 0;
     for (const ModelObject* object : file.objects)
-        vertices += object->vertexCount();
-    ObjectShare share(progress, vertices);
+        total += object->weight();
+    ShareOfProgress share(progress, total);
 
-    Writer writer(path, progress ? &share : nullptr);
+    Writer writer(path, &share);
     writer.useTruePath = true;
     writer.fields = table.fields;
     writer.mode = m_settings.mode == Settings::Mode::Columns ? Writer::ColumnBased : Writer::FieldBased;
@@ -190,7 +133,7 @@ qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const Ex
                           QStringLiteral("check the directory's permissions and the disk"));
     qint64 rows = 0;
     for (const ModelObject* object : file.objects) {
-        share.next(object->vertexCount());
+        share.next(object->weight());
         fillRecord(*writer.geoObject(), *object, table, m_settings, separatorText(m_settings), report);
         writer.writeCustomHeader(writer.geoObject(), presetName(m_settings.preset));
         writer.writeGeo(writer.geoObject());

@@ -3,7 +3,8 @@
 
 #include "app/savers/HostSaver.h"
 #include "app/ui/ObjectSelectionSheet.h"
-#include "app/ui/SettingsSheet.h"
+#include "app/ui/OptionSheets.h"
+#include "core/saver/QExportAbstractOptionSheet.h"
 #include "core/saver/QExportAbstractSheetFactory.h"
 
 #include <functional>
@@ -46,7 +47,7 @@ HostContext::HostContext()
         ExportFormat* const registered = format.get();
         m_savers.push_back(std::make_unique<HostSaverFactory>(*registered, model));
         m_sheets.push_back(std::make_unique<SheetFactory>(registered->info().key.toStdString(),
-                                                          [registered] { return new SettingsSheet(*registered); }));
+                                                          [this, registered] { return makeOptionSheet(*registered, *this); }));
     }
     m_sheets.push_back(std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl",
                                                       [this] { return new ObjectSelectionSheet(*this); }));

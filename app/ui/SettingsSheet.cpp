@@ -6,9 +6,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSettings>
 #include <QSpinBox>
 
@@ -35,7 +37,7 @@ void SettingsSheet::initialize(const QString& text)
         QWidget* control = makeControl(setting);
         control->setObjectName(setting.key);
         control->setToolTip(setting.description);
-        form->addRow(setting.key, control);
+        form->addRow(labelOf(setting.key), control);
     }
     m_attributes = new kpBaseExport::QExportAttributeWidget(m_wizard, this);
     m_attributes->initialize(text, kpBaseExport::QExportAttributeWidget::UNSPECIFIED_LEVEL);
@@ -78,10 +80,20 @@ QWidget* SettingsSheet::makeControl(const Setting& setting)
     }
     case Setting::Integer: {
         auto* box = new QSpinBox(this);
-        box->setRange(setting.least, setting.most);
+        box->setRange(static_cast<int>(setting.least), static_cast<int>(setting.most));
         box->setValue(setting.get().toInt());
         connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this,
                 [set](int value) { set(QString::number(value)); });
+        return box;
+    }
+    case Setting::Real: {
+        auto* box = new QDoubleSpinBox(this);
+        box->setLocale(QLocale::c());
+        box->setDecimals(6);
+        box->setRange(setting.least, setting.most);
+        box->setValue(setting.get().toDouble());
+        connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+                [set](double value) { set(QString::number(value, 'g', QLocale::FloatingPointShortest)); });
         return box;
     }
     case Setting::Text:

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/model/ModelObject.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace refhost
+{
+
+/// What to export and where to.
+struct ExportSelection
+{
+    std::vector<const ModelObject*> objects;
+    std::optional<QStringList> attributes; ///< only these; all when not set
+    QString path;                          ///< as the user gave it
+
+    bool wantsAttribute(const QString& name) const { return !attributes || attributes->contains(name); }
+};
+
+} // namespace refhost

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportSelection.h"
+#include "app/jobs/FileGrouping.h"
+
+namespace refhost
+{
+
+/// One file of a run and the objects that go into it.
+struct PlannedFile
+{
+    QString path;
+    std::vector<const ModelObject*> objects;
+};
+
+/// \a path with the extension, unless it has one of its own.
+QString withExtension(const QString& path, const QString& extension);
+
+/// The files of a run. Several files are named after the path and the object or set; names that would clash, also
+/// where case does not count, are numbered. Where \a path is a directory, the files go into it under the object's or
+/// set's name alone, after \a prefix.
+std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGrouping grouping, const QString& extension,
+                                   const QString& prefix = QString());
+
+} // namespace refhost

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "app/jobs/StagingFolder.h"
+
+#include "app/jobs/ExportError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace refhost
+{
+
+namespace
+{
+
+const QString prefix = QStringLiteral(".kpexport-");
+const QString backups = QStringLiteral("earlier");
+
+/// An open descriptor that holds the folder's lock, or -1 when another run has it.
+int lockFolder(const QString& path)
+{
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return -1;
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        return descriptor;
+    ::close(descriptor);
+    return -1;
+}
+
+} // namespace
+
+StagingFolder::StagingFolder(const QString& directory, const QString& target)
+{
+    static int counter = 0;
+    removeAbandoned(directory);
+    const QDir parent(directory);
+    QString name;
+    do {
+        name = QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
+    } while (parent.exists(name));
+    m_path = parent.filePath(name);
+    errno = 0;
+    if (!parent.mkdir(name))
+        throw ExportError(target,
+                          QStringLiteral("nothing can be created in %1: %2").arg(directory, QString::fromLocal8Bit(std::strerror(errno))),
+                          QStringLiteral("make room, change its permissions or choose another directory"));
+    m_lock = lockFolder(m_path);
+}
+
+StagingFolder::~StagingFolder()
+{
+    QDir(m_path).removeRecursively();
+    if (m_lock >= 0)
+        ::close(m_lock);
+}
+
+QString StagingFolder::newRoom()
+{
+    const QString name = QString::number(++m_rooms);
+    QDir(m_path).mkdir(name);
+    return m_path + QLatin1Char('/') + name;
+}
+
+QString StagingFolder::backupRoom()
+{
+    QDir(m_path).mkdir(backups);
+    return m_path + QLatin1Char('/') + backups;
+}
+
+void StagingFolder::removeAbandoned(const QString& directory)
+{
+    const QDir parent(directory);
+    const QStringList names = parent.entryList({prefix + QLatin1Char('*')}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    for (const QString& name : names) {
+        QDir folder(parent.filePath(name));
+        const int lock = lockFolder(folder.path());
+        // A run that was killed while it moved files has left earlier ones there, which are not ours to delete.
+        if (lock >= 0 && !folder.exists(backups))
+            folder.removeRecursively();
+        if (lock >= 0)
+            ::close(lock);
+    }
+}
+
+} // namespace refhost
