@@ -24,6 +24,12 @@ Control* named(Control* control, const char* name)
     return control;
 }
 
+void chainTabs(const QList<QWidget*>& controls)
+{
+    for (int index = 1; index < controls.size(); ++index)
+        QWidget::setTabOrder(controls[index - 1], controls[index]);
+}
+
 } // namespace
 
 FileGroupingSheet::FileGroupingSheet()
@@ -66,12 +72,14 @@ void FileGroupingSheet::buildFileGrouping(const char* context, QGroupBox* fileGr
     connect(useSets, &QRadioButton::toggled, this, &FileGroupingSheet::onCheckFileSetType);
     m_fileNameGroup->setEnabled(m_multipleRadio->isChecked());
 
-    QList<QWidget*> order{single, m_multipleRadio, m_filePrefix, useSets, m_fileSetComboBox, m_useObjectAsFilenames};
-    if (before)
-        order.prepend(before);
-    order += after;
-    for (int index = 1; index < order.size(); ++index)
-        QWidget::setTabOrder(order[index - 1], order[index]);
+    // The chain is a ring, and Qt leaves alone what already follows in it: so the later controls come behind the
+    // earlier ones first, and then the new ones between them.
+    const QList<QWidget*> first = before ? QList<QWidget*>{before} : QList<QWidget*>();
+    chainTabs(first + after);
+    chainTabs(first
+              + QList<QWidget*>{single, m_multipleRadio, m_filePrefix, useSets, m_fileSetComboBox,
+                                m_useObjectAsFilenames}
+              + after);
 }
 
 void FileGroupingSheet::deactivate()
