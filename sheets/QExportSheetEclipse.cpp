@@ -25,6 +25,9 @@ void QExportSheetEclipse::initialize(const QString& key)
     m_ui->m_GRDECLFormatCheckBox->setChecked(true);
     // The "&" of its text would make a key of the blank behind it.
     m_ui->m_GRDECLFormatCheckBox->setShortcut(QKeySequence());
+    // A layout reserves one line for a text that wraps; these have room for all of theirs.
+    QWidget* formats = m_ui->groupBox_2;
+    formats->setMinimumHeight(formats->heightForWidth(formats->minimumSizeHint().width()));
     m_ui->m_units->enableElevationDepth(false);
     addAttributePanel(key);
     setWindowTitle(QStringLiteral("File Export: Eclipse Grid Options"));

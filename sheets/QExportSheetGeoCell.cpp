@@ -54,7 +54,7 @@ void QExportSheetGeoCell::browse()
 void QExportSheetGeoCell::checkInputPath()
 {
     QFile file(m_ui->m_gridPath->text());
-    inputGridFound = file.open(QIODevice::ReadOnly);
+    inputGridFound = !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
     m_ui->m_noInputGridError->setVisible(!inputGridFound);
     followCompleteness();
 }

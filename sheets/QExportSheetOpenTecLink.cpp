@@ -35,6 +35,8 @@ void QExportSheetOpenTecLink::initialize(const QString&)
     QHeaderView* header = view->horizontalHeader();
     header->setSortIndicatorShown(true);
     header->setSortIndicator(0, Qt::AscendingOrder);
+    header->setStretchLastSection(true);
+    connect(m_sections, &QObjectListModel::modelReset, view, &QTableView::resizeColumnsToContents);
     connect(header, &QHeaderView::sectionClicked, this,
             [view, header](int column) { view->sortByColumn(column, header->sortIndicatorOrder()); });
     connect(m_ui->pushButtonDeselectAll, &QPushButton::clicked, m_sections, &QObjectListModel::deselectAll);

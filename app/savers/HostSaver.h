@@ -29,6 +29,8 @@ public:
     ExportFormat& format() { return m_format; }
 
 private:
+    /// Some page of the format has let the user choose attributes.
+    bool offersAttributes() const;
     void reportTo(const ExportReport& report);
 
     ExportFormat& m_format;

@@ -19,6 +19,9 @@ public:
     /// The attributes of the chosen objects, each once. All of ours are visible, so the flags change nothing.
     void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool all, bool visible) override;
 
+protected:
+    void insertFileFormatDependentSheet() override;
+
 private:
     HostContext& m_context;
 };
