@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The pages as they come up: what stands where, under which name, with which text and state; the way of the Tab key;
 // nothing hidden or cut off.
-#include "SheetsUnderTest.h"
+#include "tests/sheets/SheetsUnderTest.h"
 
 #include "core/saver/AttributeNamesSheet.h"
 #include "host/ui/QImportUnitSelector.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The pages at work: what the controls do to each other, to the wizard, and what the accessors give.
-#include "SheetsUnderTest.h"
+#include "tests/sheets/SheetsUnderTest.h"
 
 #include "core/saver/AbstractSaver.h"
 #include "core/saver/AbstractSaverFactory.h"
