@@ -15,13 +15,15 @@ struct ExportRequest
     QStringList models;
     QString format;
     QString output;
-    QStringList objects;    ///< names or globs; all when empty
+    QStringList objects;    ///< names, globs or "id:NUMBER"; all when empty
     QStringList types;      ///< type keys; all when empty
     QStringList attributes; ///< all when empty
     QVector<QPair<QString, QString>> settings;
     bool overwrite = false;
     bool strict = false;
     bool quiet = false;
+    bool verify = false; ///< read each file again before it replaces an earlier one
+    bool dryRun = false; ///< only say what would be written
     QString report;
 };
 
