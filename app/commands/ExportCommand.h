@@ -1,31 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPair>
-#include <QString>
+#include "app/commands/ExportRequest.h"
+
 #include <QStringList>
-#include <QVector>
 
 namespace refhost
 {
-
-/// Everything that an export from the command line or from a job file is made of.
-struct ExportRequest
-{
-    QStringList models;
-    QString format;
-    QString output;
-    QStringList objects;    ///< names, globs or "id:NUMBER"; all when empty
-    QStringList types;      ///< type keys; all when empty
-    QStringList attributes; ///< all when empty
-    QVector<QPair<QString, QString>> settings;
-    bool overwrite = false;
-    bool strict = false;
-    bool quiet = false;
-    bool verify = false; ///< read each file again before it replaces an earlier one
-    bool dryRun = false; ///< only say what would be written
-    QString report;
-};
 
 /// Carries the request out and prints what was written. \returns the exit code
 int runRequest(const ExportRequest& request);
