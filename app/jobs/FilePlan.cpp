@@ -45,8 +45,9 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
         }
         if (bySet)
             places.insert(object->set, files.size());
-        const QString name = safeFileNamePart(bySet ? object->set : object->name);
-        files.push_back({front + names.take(name) + back, {object}});
+        const QString wanted = bySet ? object->set : object->name;
+        const QString name = names.take(safeFileNamePart(wanted));
+        files.push_back({front + name + back, {object}, name == wanted ? QString() : wanted});
     }
     return files;
 }

@@ -76,6 +76,8 @@ struct ModelObject
     std::vector<ObjectAttribute> objectAttributes;
 
     int vertexCount() const { return x ? static_cast<int>(x->size()) : 0; }
+    /// Vertices and cells.
+    qint64 rowCount() const { return vertexCount() + (cells ? qint64(cells->columns) * cells->rows * cells->layers : 0); }
     /// How much there is to write, for progress: vertices and cells.
     double weight() const
     {
