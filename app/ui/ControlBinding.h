@@ -14,7 +14,7 @@ struct ControlBinding
         NotValue,    ///< a button that is checked while the setting is not \a value; others say what it is
         Text,        ///< a line of text
         LengthUnit,  ///< a unit selector; starts with the unit of the chosen objects
-        Direction,   ///< a unit selector's elevation or depth, as "elevation" or "depth"
+        Direction,   ///< a unit selector's elevation or depth: "elevation" or "depth", or true for elevation
         ByPage       ///< the page fills the setting itself; it belongs to the objects and is not remembered
     };
 

@@ -7,7 +7,10 @@ namespace refhost
 {
 
 GrdeclSheet::GrdeclSheet(ExportFormat& format, const Model& model)
-    : BoundSheet(format, model, {{"m_units", "lengthUnit", ControlBinding::LengthUnit}})
+    : BoundSheet(format, model,
+                 {{"m_units", "lengthUnit", ControlBinding::LengthUnit},
+                  // One grid is one file: nothing to name.
+                  {"groupBox", "filePrefix", ControlBinding::ByPage}})
 {
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/OpenTecSheet.h"
 
+#include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
 
 #include <QSet>
@@ -31,6 +32,22 @@ OpenTecSheet::OpenTecSheet(ExportFormat& format, const Model& model)
 {
 }
 
+void OpenTecSheet::initialize(const QString& text)
+{
+    BoundSheet::initialize(text);
+    const auto follow = [this] {
+        if (m_wizard)
+            m_wizard->update_navigation();
+    };
+    connect(sectionList(), &kpBaseExport::QObjectListModel::objectChecked, this, follow);
+    connect(sectionList(), &kpBaseExport::QObjectListModel::modelReset, this, follow);
+}
+
+bool OpenTecSheet::isComplete() const
+{
+    return !selectedSectionNames().empty();
+}
+
 void OpenTecSheet::updateSectionList()
 {
     // What the user has unchecked stays so.
@@ -52,7 +69,7 @@ void OpenTecSheet::updateSectionList()
         names.append(object->name);
     }
     list.resetModel();
-    setTraceLines(names);
+    setTraceLines(QStringList{tr("each section itself")} + names);
     if (names.contains(trace))
         setTraceLine(trace);
 }
@@ -60,10 +77,15 @@ void OpenTecSheet::updateSectionList()
 void OpenTecSheet::deactivate()
 {
     BoundSheet::deactivate();
+    const QStringList checked = chosenNames(*this);
+    // A list of names cannot hold a name with a comma; all of them need no list.
+    const bool allChecked = checked.size() == sectionList()->rowCount();
     if (const Setting* sections = m_binding.settings().find(sectionsKey))
-        sections->set(chosenNames(*this).join(QLatin1Char(',')));
-    if (const Setting* line = m_binding.settings().find(traceLineKey))
-        line->set(traceLine());
+        sections->set(allChecked ? QString() : checked.join(QLatin1Char(',')));
+    if (const Setting* line = m_binding.settings().find(traceLineKey)) {
+        const bool isSection = sectionList()->isNameInList(traceLine());
+        line->set(isSection ? traceLine() : QString());
+    }
 }
 
 } // namespace refhost

@@ -2,12 +2,13 @@
 #include "app/ui/OptionSheets.h"
 
 #include "app/ui/DxfSheet.h"
+#include "app/ui/FilePerObjectSheet.h"
 #include "app/ui/GocadSheet.h"
 #include "app/ui/GrdeclSheet.h"
 #include "app/ui/HostContext.h"
-#include "app/ui/OffSheet.h"
 #include "app/ui/OpenTecSheet.h"
 #include "app/ui/SettingsSheet.h"
+#include "sheets/QExportSheetOff.h"
 #include "sheets/QExportSheetShp.h"
 #include "sheets/QExportSheetTab.h"
 #include "sheets/QExportSheetZMap.h"
@@ -36,9 +37,17 @@ Page* makeTab(ExportFormat& format, const Model& model)
                                                          {{"m_exportAttsCheck", "attributes", B::Flag}});
 }
 
+Page* makeOff(ExportFormat& format, const Model& model)
+{
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetOff>(format, model,
+                                                                 {{"m_units", "lengthUnit", B::LengthUnit},
+                                                                  {"m_units", "zIsElevation", B::Direction},
+                                                                  {"m_filePrefix", "filePrefix", B::Text}});
+}
+
 Page* makeZMap(ExportFormat& format, const Model& model)
 {
-    return new BoundSheet<kpBaseExport::QExportSheetZMap>(format, model, {});
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetZMap>(format, model, {});
 }
 
 template <typename Sheet>
@@ -56,7 +65,7 @@ struct PageOfFormat
 /// Formats with a page of the library. The others get one made from their settings.
 constexpr PageOfFormat pages[] = {
     {"dxf", make<DxfSheet>},   {"gocad", make<GocadSheet>},     {"grdecl", make<GrdeclSheet>},
-    {"off", make<OffSheet>},   {"opentec", make<OpenTecSheet>}, {"shp", makeShp},
+    {"off", makeOff},          {"opentec", make<OpenTecSheet>}, {"shp", makeShp},
     {"tab", makeTab},          {"zmap", makeZMap},
 };
 

@@ -27,6 +27,14 @@ QString boolText(bool value)
     return value ? QStringLiteral("true") : QStringLiteral("false");
 }
 
+/// The value of a setting that says whether z is elevation, as true or false or in words.
+QString directionText(const Setting& setting, bool elevation)
+{
+    if (setting.kind == Setting::Boolean)
+        return boolText(elevation);
+    return elevation ? QStringLiteral("elevation") : QStringLiteral("depth");
+}
+
 void showUnit(QImportUnitSelector& selector, const QString& unit)
 {
     using Unit = kpUnits::LengthUnit;
@@ -172,7 +180,8 @@ void SheetBinding::showControl(const ControlBinding& binding)
     }
     case ControlBinding::Direction: {
         auto* selector = qobject_cast<QImportUnitSelector*>(control);
-        selector->gdf_setZDirection(setting->get() == QLatin1String("depth") ? kpUnits::Depth : kpUnits::Elevation);
+        const bool isDepth = setting->get() == directionText(*setting, false);
+        selector->gdf_setZDirection(isDepth ? kpUnits::Depth : kpUnits::Elevation);
         break;
     }
     case ControlBinding::ByPage:
@@ -219,7 +228,7 @@ void SheetBinding::readControl(const ControlBinding& binding)
         setting->set(QString::fromLatin1(selector->getUnits().abbreviation()));
         break;
     case ControlBinding::Direction:
-        setting->set(selector->getUnits().zIsElevation() ? QStringLiteral("elevation") : QStringLiteral("depth"));
+        setting->set(directionText(*setting, selector->getUnits().zIsElevation()));
         break;
     case ControlBinding::NotValue:
     case ControlBinding::ByPage:

@@ -122,11 +122,11 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
     add("dxf", false).unit().choice("dimension", words("3d map section")).files().choice("layers", words("set type none"))
         .flag("faces", true).flag("meshPoints", false).flag("boundaries", false).text("crs");
     add("gocad", true).files().flag("header", true).choice("zPositive", words("elevation depth")).unit();
-    add("off", false).text("filePrefix").unit();
+    add("off", false).text("filePrefix").unit().flag("zIsElevation", true);
     add("zmap", false).text("nullText");
-    add("grdecl", true).unit();
+    add("grdecl", true).text("filePrefix").unit();
     add("shp", true).flag("attributes", true).flag("symbology", false);
-    add("tab", true).flag("attributes", true);
+    add("tab", true);
     add("opentec", false).text("sections").text("traceLine").choice("decimals", words("0 1"), 1);
     add("plain", true).flag("attributes", true);
     return formats;
@@ -191,11 +191,17 @@ void OptionSheetsTest::initTestCase()
         object.set = QStringLiteral("set");
         object.lengthUnit = QString::fromLatin1(unit);
         object.x = object.y = object.z = std::make_shared<const std::vector<double>>();
-        if (type == ObjectType::GeoCellularVolumes)
-            object.cells = std::make_shared<CellGrid>();
+        if (type == ObjectType::GeoCellularVolumes) {
+            auto cells = std::make_shared<CellGrid>();
+            cells->columns = cells->rows = cells->layers = 1;
+            cells->coord.resize(24);
+            cells->zcorn.resize(8);
+            object.cells = cells;
+        }
         for (const QString& column : words(attribute)) {
             AttributeColumn values;
             values.name = column;
+            values.numbers = object.x;
             object.vertexAttributes.push_back(values);
         }
         m_context->model.add(object);
@@ -383,19 +389,21 @@ void OptionSheetsTest::shapefileAttributes()
     click(*wizard, "m_exportArcMapLyr");
     QVERIFY(child<QWidget>(*wizard, "m_exportArcMapLyr")->toolTip().contains(QStringLiteral("open format")));
     QVERIFY(save(*wizard).startsWith(QStringLiteral("attributes=false symbology=true ")));
-    auto tab = wizardAt("tab", {1});
-    QVERIFY(child<QAbstractButton>(*tab, "m_exportAttsCheck")->isChecked());
-    QVERIFY(!child<QWidget>(*tab, "moreOptions")->isVisible());
+    QVERIFY(!child<QWidget>(*wizard, "moreOptions")->isVisible());
 }
 
 void OptionSheetsTest::missingSettings()
 {
-    // This format has no direction of z: the choice is shown, but not offered.
-    auto wizard = wizardAt("off", {1});
-    QVERIFY(!child<QWidget>(*wizard, "m_depth")->isEnabled());
-    QVERIFY(child<QWidget>(*wizard, "m_lengthUnit")->isEnabled());
-    QTest::keyClicks(child<QLineEdit>(*wizard, "m_filePrefix"), QStringLiteral("p"));
-    QVERIFY(save(*wizard).startsWith(QStringLiteral("filePrefix=p lengthUnit=m ")));
+    // What the page offers and the format does not have is shown, but cannot be chosen.
+    auto meshes = wizardAt("off", {1});
+    click(*meshes, "m_depth");
+    QTest::keyClicks(child<QLineEdit>(*meshes, "m_filePrefix"), QStringLiteral("p"));
+    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zIsElevation=false ")));
+    QVERIFY(child<QAbstractButton>(*wizardAt("off", {1}), "m_depth")->isChecked());
+    auto bare = wizardAt("tab", {1});
+    QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->isEnabled());
+    QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->toolTip().isEmpty());
+    QCOMPARE(save(*bare), QStringLiteral("objects=metric attributes=Grade,rock,grade"));
 }
 
 void OptionSheetsTest::oneGrid()
@@ -407,7 +415,7 @@ void OptionSheetsTest::oneGrid()
         QVERIFY(!child<QWidget>(*wizard, name)->isEnabled());
         QVERIFY(child<QWidget>(*wizard, name)->toolTip().contains(QStringLiteral("GRDECL")));
     }
-    QCOMPARE(save(*wizard), QStringLiteral("lengthUnit=m objects=grid a attributes=poro"));
+    QCOMPARE(save(*wizard), QStringLiteral("filePrefix= lengthUnit=m objects=grid a attributes=poro"));
     wizard->setFormatAndSelectedGeo("grdecl", {3, 4});
     wizard->startup();
     QVERIFY(!wizard->nextButton()->isEnabled());
@@ -423,17 +431,20 @@ void OptionSheetsTest::sections()
     auto wizard = wizardAt("opentec", {5, 1, 6});
     auto* view = child<QTableView>(*wizard, "tableViewSections");
     QCOMPARE(view->model()->rowCount(), 2);
-    child<QComboBox>(*wizard, "comboBoxXYSection")->setCurrentText(QStringLiteral("S2"));
-    QVERIFY(save(*wizard).startsWith(QStringLiteral("sections=S1,S2 traceLine=S2 decimals=1 ")));
+    // All of them, each on its own trace line, need no words.
+    QVERIFY(save(*wizard).startsWith(QStringLiteral("sections= traceLine= decimals=1 ")));
     wizard->startup();
+    child<QComboBox>(*wizard, "comboBoxXYSection")->setCurrentText(QStringLiteral("S2"));
     click(*wizard, "pushButtonDeselectAll");
+    QVERIFY(!wizard->nextButton()->isEnabled());
     view->model()->setData(view->model()->index(1, 0), QVariant(), Qt::CheckStateRole);
+    QVERIFY(wizard->nextButton()->isEnabled());
     QVERIFY(save(*wizard, "b.txt").startsWith(QStringLiteral("sections=S2 traceLine=S2 decimals=1 ")));
     // The other object leaves the selection; the section stays unchecked. The next wizard starts afresh.
     wizard->setFormatAndSelectedGeo("opentec", {5, 6});
     wizard->startup();
     QVERIFY(save(*wizard, "c.txt").startsWith(QStringLiteral("sections=S2 traceLine=S2 decimals=1 ")));
-    QVERIFY(save(*wizardAt("opentec", {5, 6}), "d.txt").startsWith(QStringLiteral("sections=S1,S2 traceLine=S1 decimals=1 ")));
+    QVERIFY(save(*wizardAt("opentec", {5, 6}), "d.txt").startsWith(QStringLiteral("sections= traceLine= decimals=1 ")));
 }
 
 void OptionSheetsTest::moreOptionsOnly()
