@@ -4,6 +4,7 @@
 #include "wizard/QExportAttributeWidget.h"
 #include "wizard/QExportWizard.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QSet>
 
@@ -51,10 +52,23 @@ void AttributeChoice::uncheck(const QStringList& names)
 {
     const QSet<QString> unchecked(names.begin(), names.end());
     QListWidget* const all = list();
+    showWarning();
     for (int row = 0; all && row < all->count(); ++row) {
         if (unchecked.contains(all->item(row)->text()))
             all->item(row)->setCheckState(Qt::Unchecked);
     }
+}
+
+void AttributeChoice::showWarning()
+{
+    auto* label = m_panel ? m_panel->findChild<QLabel*>(QStringLiteral("m_warningLabel")) : nullptr;
+    if (!label)
+        return;
+    // The names of a large model do not fit; they are read in the tool tip.
+    constexpr int linesShown = 3;
+    label->setMinimumHeight(linesShown * label->fontMetrics().lineSpacing());
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setToolTip(label->text());
 }
 
 std::vector<std::string> AttributeChoice::selectedNames() const

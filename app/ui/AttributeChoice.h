@@ -46,6 +46,7 @@ private:
     QListWidget* list() const;
     QStringList uncheckedNames();
     void uncheck(const QStringList& names);
+    void showWarning();
 
     kpBaseExport::QExportAttributeWidget* m_panel = nullptr;
     kpBaseExport::QExportWizard* m_wizard = nullptr;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/SheetBinding.h"
 
+#include "app/ui/FormArea.h"
 #include "app/ui/SettingsForm.h"
 #include "app/ui/SettingsMemory.h"
 #include "host/ui/QImportUnitSelector.h"
@@ -12,7 +13,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QSignalBlocker>
+#include <QScreen>
 
 #include <utility>
 
@@ -93,23 +94,34 @@ void SheetBinding::arrange(QWidget& page)
     auto* moreLayout = new QVBoxLayout(more);
     moreLayout->addWidget(settings);
     more->setVisible(!settings->isEmpty());
-    if (settings->isEmpty() && !m_ownPanel)
-        return;
     QLayout* const formLayout = page.layout();
-    auto* form = new QWidget(&page);
-    if (formLayout)
+    auto* choices = new QVBoxLayout;
+    if (formLayout) {
+        auto* form = new QWidget(&page);
         form->setLayout(formLayout); // takes it, and the controls in it, from the page
+        choices->addWidget(new FormArea(form, &page));
+    }
+    if (m_ownPanel)
+        choices->addWidget(m_attributes.panel(), 1);
     auto* beside = new QVBoxLayout;
     beside->addWidget(more);
-    if (m_ownPanel)
-        beside->addWidget(m_attributes.panel(), 1);
+    beside->addStretch(1);
+    auto* layout = new QHBoxLayout(&page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (choices->isEmpty())
+        delete choices;
     else
-        beside->addStretch(1);
-    auto* columns = new QHBoxLayout(&page);
-    columns->setContentsMargins(0, 0, 0, 0);
-    if (formLayout)
-        columns->addWidget(form, 3);
-    columns->addLayout(beside, 2);
+        layout->addLayout(choices, 3);
+    layout->addLayout(beside, settings->isEmpty() ? 0 : 2);
+}
+
+void SheetBinding::growWindow()
+{
+    QWidget* const window = m_page->window();
+    const QScreen* const screen = window->screen();
+    if (!window->isWindow() || !screen)
+        return;
+    window->resize(window->size().expandedTo(window->sizeHint().boundedTo(screen->availableSize())));
 }
 
 QStringList SheetBinding::boundKeys() const

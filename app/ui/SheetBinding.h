@@ -33,6 +33,7 @@ public:
             m_attributes.refill(fillPage);
         }
         showUnits();
+        growWindow();
     }
     /// The page is left: settings are filled from the controls and remembered.
     void leave();
@@ -45,6 +46,8 @@ public:
 private:
     bool objectsChanged();
     void arrange(QWidget& page);
+    /// Makes the wizard large enough for the page, as far as the screen goes.
+    void growWindow();
     void showControl(const ControlBinding& binding);
     void readControl(const ControlBinding& binding);
     void showUnits();

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -314,8 +315,9 @@ void OptionSheetsTest::severalFiles()
     QVERIFY(child<QAbstractButton>(*wizard, "m_multipleRadio")->isChecked());
     QVERIFY(child<QAbstractButton>(*wizard, "m_useObjectAsFilenames")->isChecked());
     click(*wizard, "m_useSetsAsFilenames");
+    child<QLineEdit>(*wizard, "m_filePrefix")->clear();
     wizard->slotSaveClicked(m_folder->path(), true);
-    QVERIFY(read(QStringLiteral("run_set.txt")).contains(QStringLiteral("objects=metric,imperial")));
+    QVERIFY(read(QStringLiteral("set.txt")).contains(QStringLiteral("objects=metric,imperial")));
     // One format's directory is not another's.
     QVERIFY(wizard->directoryMode());
     wizard->setFormatAndSelectedGeo("shp", {1, 2});
@@ -474,6 +476,9 @@ void OptionSheetsTest::nothingIsCutOff()
         if (!control->isVisible() || (!label && !qobject_cast<const QAbstractButton*>(control) && !qobject_cast<const QComboBox*>(control)))
             continue;
         const QByteArray name = control->objectName().toUtf8();
+        // On a small screen a tall form scrolls.
+        if (auto* area = page->findChild<QScrollArea*>(); area && area->widget()->isAncestorOf(control))
+            area->ensureWidgetVisible(const_cast<QWidget*>(control), 0, 0);
         QVERIFY2(page->rect().contains(QRect(control->mapTo(page, QPoint()), control->size())), name.constData());
         const int height = label && label->wordWrap() ? label->heightForWidth(label->width()) : control->minimumSizeHint().height();
         QVERIFY2(control->height() >= height, name.constData());
