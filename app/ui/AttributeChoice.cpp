@@ -66,7 +66,7 @@ void AttributeChoice::showWarning()
         return;
     // The names of a large model do not fit; they are read in the tool tip.
     constexpr int linesShown = 3;
-    label->setMinimumHeight(linesShown * label->fontMetrics().lineSpacing());
+    label->setFixedHeight(linesShown * label->fontMetrics().lineSpacing());
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setToolTip(label->text());
 }

@@ -18,6 +18,7 @@ constexpr int leastHeight = 240;
 FormArea::FormArea(QWidget* form, QWidget* parent)
     : QScrollArea(parent)
 {
+    setObjectName(QStringLiteral("formArea"));
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);

@@ -6,7 +6,7 @@
 namespace refhost
 {
 
-/// Shows a form whole where the screen has room for it, and scrolls it up and down where it has not.
+/// Shows a form whole where there is room for it, and scrolls it up and down where there is not. Named "formArea".
 class FormArea : public QScrollArea
 {
 public:

@@ -14,7 +14,10 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScreen>
+#include <QScrollArea>
+#include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace refhost
@@ -117,11 +120,17 @@ void SheetBinding::arrange(QWidget& page)
 
 void SheetBinding::growWindow()
 {
-    QWidget* const window = m_page->window();
-    const QScreen* const screen = window->screen();
-    if (!window->isWindow() || !screen)
-        return;
-    window->resize(window->size().expandedTo(window->sizeHint().boundedTo(screen->availableSize())));
+    // What does not fit is known when the layouts have heard of what is shown.
+    QTimer::singleShot(0, m_page, [page = m_page] {
+        QWidget* const window = page->window();
+        const QScreen* const screen = window->screen();
+        const auto* area = page->findChild<const QScrollArea*>(QStringLiteral("formArea"));
+        if (window == page || !screen || !area)
+            return;
+        const int lacking = std::max(0, area->widget()->height() - area->viewport()->height());
+        const QSize wanted(window->sizeHint().width(), window->height() + lacking);
+        window->resize(window->size().expandedTo(wanted.boundedTo(screen->availableSize())));
+    });
 }
 
 QStringList SheetBinding::boundKeys() const
