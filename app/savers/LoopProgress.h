@@ -22,6 +22,7 @@ public:
     /// One item is done. \returns false when the user has cancelled; then it stays so.
     bool next() { return ++m_done < m_lookAt || look(); }
     bool cancelled() const { return m_cancelled; }
+    kpBase::AbstractProgress* whole() const { return m_progress; }
 
 private:
     static constexpr qint64 interval = 4096;

@@ -12,6 +12,15 @@ bool hasPosition(const ModelObject& object, int vertex)
     return std::isfinite((*object.x)[index]) && std::isfinite((*object.y)[index]) && std::isfinite((*object.z)[index]);
 }
 
+bool hasAnyPosition(const ModelObject& object)
+{
+    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
+        if (hasPosition(object, vertex))
+            return true;
+    }
+    return false;
+}
+
 SurfaceMesh::SurfaceMesh(const ModelObject& object)
     : m_object(object)
 {

@@ -84,5 +84,6 @@ private:
 
 /// True when all three coordinates of the vertex are finite.
 bool hasPosition(const ModelObject& object, int vertex);
+bool hasAnyPosition(const ModelObject& object);
 
 } // namespace refhost
