@@ -50,10 +50,10 @@ ZMapGrid::ZMapGrid(const ModelObject& object, const ZMapExportSettings& settings
     if (!whole)
         throw ExportError(file, QStringLiteral("the grid %1 is empty").arg(object.name), QStringLiteral("choose a grid with nodes"));
     const GridGeometry& grid = *object.grid;
-    const bool thin = grid.columns < 2 || grid.rows < 2;
-    if (thin && settings.registration == ZMapExportSettings::Registration::Nodes)
-        throw ExportError(file, QStringLiteral("the grid %1 has a single row or column, so that its step cannot be told from its limits").arg(object.name),
-                          QStringLiteral("set registration=corners"));
+    // A reader takes the step from the limits.
+    if (grid.columns < 2 || grid.rows < 2)
+        throw ExportError(file, QStringLiteral("the grid %1 has a single row or column, and a ZMap+ grid needs two of both").arg(object.name),
+                          QStringLiteral("export it as ASCII or GOCAD"));
     constexpr double mostDisplacement = 1e-3;
     if (displacement(grid) > mostDisplacement)
         throw ExportError(file, QStringLiteral("the grid %1 is rotated by %2 degrees, and a ZMap+ grid cannot be").arg(object.name).arg(grid.rotation),
