@@ -38,7 +38,8 @@ struct GridGeometry
     double rotation = 0.0; ///< degrees, counter-clockwise, about the origin
 };
 
-/// Corner-point cells, laid out as in Eclipse: coord holds 6 numbers per pillar, zcorn 8 per cell, z positive down.
+/// Corner-point cells, laid out as in Eclipse: coord holds 6 numbers per pillar, zcorn 8 per cell, z positive down,
+/// columns fastest. Lengths are in the object's unit, x and y on the map.
 struct CellGrid
 {
     int columns = 0;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/ExportFormat.h"
 #include "app/savers/AsciiFormat.h"
+#include "app/savers/GocadFormat.h"
+#include "app/savers/GrdeclFormat.h"
+#include "app/savers/OffFormat.h"
+#include "app/savers/ZMapFormat.h"
 
 namespace refhost
 {
@@ -9,6 +13,10 @@ std::vector<std::unique_ptr<ExportFormat>> makeFormats()
 {
     std::vector<std::unique_ptr<ExportFormat>> formats;
     formats.push_back(std::make_unique<AsciiFormat>());
+    formats.push_back(std::make_unique<GocadFormat>());
+    formats.push_back(std::make_unique<GrdeclFormat>());
+    formats.push_back(std::make_unique<OffFormat>());
+    formats.push_back(std::make_unique<ZMapFormat>());
     return formats;
 }
 
