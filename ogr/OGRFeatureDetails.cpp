@@ -80,6 +80,17 @@ void OGRFeatureDetails::append_point(const OGRPoint& point)
     m_points.append(point);
 }
 
+int OGRFeatureDetails::point_count() const
+{
+    return m_points.size();
+}
+
+void OGRFeatureDetails::truncate_points(int count)
+{
+    if (count < m_points.size())
+        m_points.resize(count);
+}
+
 void OGRFeatureDetails::append_start_polygon_index(unsigned long long index)
 {
     m_partEnds.append(index);

@@ -27,6 +27,9 @@ public:
     QVector<OGRPoint> points() const;
     void points(const QVector<OGRPoint>& points);
     void append_point(const OGRPoint& point);
+    int point_count() const;
+    /// Takes the points after the first \a count away.
+    void truncate_points(int count);
 
     /// For each part, the index in points() at which the next part starts; the last entry is the number of points used.
     QVector<unsigned long long> start_polygon_indices() const;
