@@ -5,12 +5,15 @@
 
 #include <ogr_spatialref.h>
 
+#include <QByteArray>
+
 namespace refhost
 {
 
 QString wktOf(const OGRSpatialReference* reference)
 {
-    if (!reference || reference->IsEmpty())
+    // GeoPackage names systems that are not known "Undefined ... SRS".
+    if (!reference || reference->IsEmpty() || QByteArray(reference->GetName()).startsWith("Undefined "))
         return {};
     char* wkt = nullptr;
     const QString text = reference->exportToWkt(&wkt) == OGRERR_NONE ? QString::fromUtf8(wkt) : QString();
