@@ -5,6 +5,8 @@
 
 #include <ogr_spatialref.h>
 
+#include <QByteArray>
+
 namespace refhost
 {
 
