@@ -2,6 +2,8 @@
 #include "app/savers/HostSaver.h"
 
 #include "app/jobs/ExportRun.h"
+#include "core/saver/AttributeNamesSheet.h"
+#include "core/saver/QExportAbstractOptionSheet.h"
 #include "wizard/QExportWizard.h"
 
 #include <QFile>
@@ -50,13 +52,23 @@ void HostSaver::set_selection(const QString& path, const std::vector<int>& geoId
         if (const ModelObject* object = m_model.find(id))
             m_selection.objects.push_back(object);
     }
-    QStringList attributes;
-    for (const std::string& name : attributeNames)
-        attributes.append(QString::fromStdString(name));
-    m_selection.attributes = attributes;
+    // An empty list is a choice only where there was one; else everything goes out.
+    if (offersAttributes()) {
+        QStringList attributes;
+        for (const std::string& name : attributeNames)
+            attributes.append(QString::fromStdString(name));
+        m_selection.attributes = attributes;
+    }
     m_selection.verify = m_verify;
     m_plan = m_retry ? m_failed : m_format.plan(m_selection);
     m_retry = false;
+}
+
+bool HostSaver::offersAttributes() const
+{
+    return m_supportsAttributes && std::any_of(m_sheets.begin(), m_sheets.end(), [](const auto* sheet) {
+               return dynamic_cast<const kpBaseExport::AttributeNamesSheet*>(sheet) != nullptr;
+           });
 }
 
 void HostSaver::generateFileNames(const QString&, const std::vector<int>&, const std::vector<std::string>&,

@@ -39,6 +39,8 @@ public:
     void retryFailed() { m_retry = true; }
 
 private:
+    /// Some page of the format has let the user choose attributes.
+    bool offersAttributes() const;
     void reportTo(const ExportReport& report);
 
     ExportFormat& m_format;

@@ -44,6 +44,13 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     resize(860, 560);
 }
 
+void ExportWizard::insertFileFormatDependentSheet()
+{
+    // One file, unless the format's own page asks for several; another format's answer does not count.
+    setDirectoryMode(false);
+    QExportWizard::insertFileFormatDependentSheet();
+}
+
 HostSaver* ExportWizard::hostSaver() const
 {
     return dynamic_cast<HostSaver*>(currentSaver());

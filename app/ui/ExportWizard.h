@@ -31,6 +31,7 @@ public:
     void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool all, bool visible) override;
 
 protected:
+    void insertFileFormatDependentSheet() override;
     void populate_sheets() override;
 
 private:

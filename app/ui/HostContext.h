@@ -23,7 +23,7 @@ namespace refhost
 class HostContext
 {
 public:
-    HostContext();
+    explicit HostContext(std::vector<std::unique_ptr<ExportFormat>> formats = makeFormats());
     ~HostContext();
 
     Model model;
