@@ -61,6 +61,10 @@ QJsonObject objectJson(const ModelObject& object)
     QJsonArray attributes;
     for (const AttributeColumn& column : object.vertexAttributes)
         attributes.append(attributeJson(column.name, column.kind, column.unit));
+    if (object.cells) {
+        for (const AttributeColumn& column : object.cells->cellAttributes)
+            attributes.append(attributeJson(column.name, column.kind, column.unit));
+    }
     for (const ObjectAttribute& attribute : object.objectAttributes)
         attributes.append(attributeJson(attribute.name, attribute.kind, attribute.unit));
     return {{QStringLiteral("id"), object.id},
@@ -161,7 +165,7 @@ int formatsCommand(const QStringList& arguments)
         if (!parser.isSet(QStringLiteral("json")))
             printLine(QStringLiteral("%1\t%2\t%3\t%4").arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
         for (const Setting& setting : map.settings()) {
-            static const char* const kinds[] = {"choice", "text", "boolean", "integer"};
+            static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
             const QString allowed = setting.kind == Setting::Choice ? setting.choices.join(QStringLiteral(", "))
                                                                     : QString::fromLatin1(kinds[setting.kind]);
             settings.append(QJsonObject{{QStringLiteral("key"), setting.key},

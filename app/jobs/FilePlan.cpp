@@ -55,4 +55,10 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
     return files;
 }
 
+std::vector<PlannedFile> planOneEach(const ExportSelection& selection, const QString& extension, const QString& prefix)
+{
+    const bool alone = selection.objects.size() == 1 && !QFileInfo(selection.path).isDir();
+    return planFiles(selection, alone ? FileGrouping::Single : FileGrouping::Object, extension, prefix);
+}
+
 } // namespace refhost

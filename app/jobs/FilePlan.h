@@ -24,4 +24,8 @@ QString withExtension(const QString& path, const QString& extension);
 std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGrouping grouping, const QString& extension,
                                    const QString& prefix = QString());
 
+/// One file per object, for formats that hold no more: a single object goes into \a path itself, unless that is a
+/// directory.
+std::vector<PlannedFile> planOneEach(const ExportSelection& selection, const QString& extension, const QString& prefix = QString());
+
 } // namespace refhost

@@ -24,6 +24,8 @@ constexpr double mostNodes = 1e9;
 LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options)
 {
     const QuietGdal quiet;
+    // The limits in a ZMap+ header are the outermost nodes, whatever GDAL takes them for by default.
+    const GdalOption zmapNodes("ZMAP_PIXEL_IS_POINT", "TRUE");
     const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
     const int columns = dataset->GetRasterXSize();
     const int rows = dataset->GetRasterYSize();

@@ -135,6 +135,10 @@ void ExportWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeIn
             continue;
         for (const AttributeColumn& column : object->vertexAttributes)
             add(column.name, column.kind, column.unit);
+        if (object->cells) {
+            for (const AttributeColumn& column : object->cells->cellAttributes)
+                add(column.name, column.kind, column.unit);
+        }
         for (const ObjectAttribute& attribute : object->objectAttributes)
             add(attribute.name, attribute.kind, attribute.unit);
     }
