@@ -206,7 +206,7 @@ void MeshGridsTest::zmapTerrain()
     loadInto(model, sample("dtm_rp.tif"));
     ZMapFormat format;
     QTemporaryDir folder;
-    Run run(format, pointers(model), folder.filePath(QStringLiteral("terrain.zmap")));
+    Run run(format, pointers(model), folder.filePath(QStringLiteral("terrain")));
     QVERIFY(run.go());
     const Verification seen = run.verify();
     QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
