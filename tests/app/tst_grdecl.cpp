@@ -246,6 +246,7 @@ void GrdeclTest::realGrids()
     QCOMPARE(seen.count, cells);
     QVERIFY(seen.worstError < 1e-3);
 
+    // Debian's own interpreter, for which the package is made.
     QProcess other;
     other.start(QStringLiteral("/usr/bin/python3"), QStringList{QStringLiteral(KP_SOURCE_DIR "/tests/app/compare_grdecl.py"), run.files[0].path, source} + properties);
     if (!other.waitForStarted())
