@@ -86,6 +86,10 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
             request.overwrite = truth(path, key, value);
         } else if (key == QLatin1String("strict")) {
             request.strict = truth(path, key, value);
+        } else if (key == QLatin1String("verify")) {
+            request.verify = truth(path, key, value);
+        } else if (key == QLatin1String("dryRun")) {
+            request.dryRun = truth(path, key, value);
         } else if (key == QLatin1String("quiet")) {
             request.quiet = truth(path, key, value);
         } else if (key == QLatin1String("settings")) {
@@ -94,7 +98,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, settings, overwrite, strict, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, settings, overwrite, strict, verify, dryRun, quiet, report"));
         }
     }
     return request;

@@ -28,7 +28,10 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
     QString front = selection.path;
     QString back = QLatin1Char('.') + extension;
     if (QFileInfo(selection.path).isDir()) {
-        front = QDir(selection.path).filePath(prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_'));
+        // QDir::filePath() of an empty name has no slash at its end.
+        front = QDir(selection.path).filePath(QStringLiteral(".")).chopped(1);
+        if (!prefix.isEmpty())
+            front += safeFileNamePart(prefix) + QLatin1Char('_');
     } else {
         const QFileInfo info(withExtension(selection.path, extension));
         front = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_');
@@ -45,8 +48,9 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
         }
         if (bySet)
             places.insert(object->set, files.size());
-        const QString name = safeFileNamePart(bySet ? object->set : object->name);
-        files.push_back({front + names.take(name) + back, {object}});
+        const QString wanted = bySet ? object->set : object->name;
+        const QString name = names.take(safeFileNamePart(wanted));
+        files.push_back({front + name + back, {object}, name == wanted ? QString() : wanted});
     }
     return files;
 }

@@ -12,6 +12,7 @@ struct PlannedFile
 {
     QString path;
     std::vector<const ModelObject*> objects;
+    QString renamedFrom = QString(); ///< name of the object or set that the file is named after, where its own had to differ
 };
 
 /// \a path with the extension, unless it has one of its own.

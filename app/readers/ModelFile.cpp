@@ -3,6 +3,7 @@
 
 #include "app/readers/LoadError.h"
 #include "app/readers/ModelLoader.h"
+#include "app/readers/SectionReader.h"
 
 #include <QColor>
 #include <QDir>
@@ -153,6 +154,7 @@ LoadNotes readModelFile(Model& model, const QString& path)
             throw LoadError(path, QStringLiteral("object %1 is a model file").arg(number), QStringLiteral("list its objects here"));
         notes += loadInto(model, file, entry.options());
     }
+    notes += readSections(model, path, root.value(QLatin1String("sections")).toArray());
     return notes;
 }
 

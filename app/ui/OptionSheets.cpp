@@ -1,13 +1,73 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/OptionSheets.h"
 
+#include "app/ui/DxfSheet.h"
+#include "app/ui/GocadSheet.h"
+#include "app/ui/GrdeclSheet.h"
+#include "app/ui/HostContext.h"
+#include "app/ui/OffSheet.h"
+#include "app/ui/OpenTecSheet.h"
 #include "app/ui/SettingsSheet.h"
+#include "sheets/QExportSheetShp.h"
+#include "sheets/QExportSheetTab.h"
+#include "sheets/QExportSheetZMap.h"
 
 namespace refhost
 {
 
-kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(ExportFormat& format, HostContext&)
+namespace
 {
+
+using Page = kpBaseExport::QExportAbstractOptionSheet;
+using B = ControlBinding;
+
+Page* makeShp(ExportFormat& format, const Model& model)
+{
+    return new BoundSheet<kpBaseExport::QExportSheetShp>(
+        format, model,
+        {{"m_exportAttsCheck", "attributes", B::Flag},
+         {"m_exportArcMapLyr", "symbology", B::Flag, "",
+          "Writes the colours as a style file in an open format beside the data; .lyr files are a closed format."}});
+}
+
+Page* makeTab(ExportFormat& format, const Model& model)
+{
+    return new BoundSheet<kpBaseExport::QExportSheetTab>(format, model,
+                                                         {{"m_exportAttsCheck", "attributes", B::Flag}});
+}
+
+Page* makeZMap(ExportFormat& format, const Model& model)
+{
+    return new BoundSheet<kpBaseExport::QExportSheetZMap>(format, model, {});
+}
+
+template <typename Sheet>
+Page* make(ExportFormat& format, const Model& model)
+{
+    return new Sheet(format, model);
+}
+
+struct PageOfFormat
+{
+    const char* key;
+    Page* (*make)(ExportFormat& format, const Model& model);
+};
+
+/// Formats with a page of the library. The others get one made from their settings.
+constexpr PageOfFormat pages[] = {
+    {"dxf", make<DxfSheet>},   {"gocad", make<GocadSheet>},     {"grdecl", make<GrdeclSheet>},
+    {"off", make<OffSheet>},   {"opentec", make<OpenTecSheet>}, {"shp", makeShp},
+    {"tab", makeTab},          {"zmap", makeZMap},
+};
+
+} // namespace
+
+kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(ExportFormat& format, HostContext& context)
+{
+    for (const PageOfFormat& page : pages) {
+        if (format.info().key == QLatin1String(page.key))
+            return page.make(format, context.model);
+    }
     return new SettingsSheet(format);
 }
 
