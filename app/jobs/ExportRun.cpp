@@ -69,9 +69,11 @@ private:
     /// False when an object had to be left out, so that the file is to be written again.
     bool writeOnce(kpBase::AbstractProgress& progress)
     {
-        if (m_file.objects.empty())
-            throw ExportError(m_file.path, QStringLiteral("none of its objects could be written"),
-                              QStringLiteral("see the objects' own messages"));
+        if (m_file.objects.empty() && !m_outcome.failedObjects.empty()) {
+            giveUp(QStringLiteral("none of its objects could be written; %1: %2")
+                       .arg(m_outcome.failedObjects.front().name, m_outcome.failedObjects.front().reason));
+            return true;
+        }
         const QString path = m_transaction.stage(m_file.path, m_format.sidecars());
         try {
             m_outcome.rows = m_format.write(m_file, path, m_selection, m_report, &progress);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FaultModel.h"
+#include "tests/faults/FaultModel.h"
 
 #include <QDir>
 #include <QFile>
