@@ -28,7 +28,8 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
     QString front = selection.path;
     QString back = QLatin1Char('.') + extension;
     if (QFileInfo(selection.path).isDir()) {
-        front = QDir(selection.path).filePath(prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_'));
+        front = QDir(selection.path).path() + QLatin1Char('/');
+        front += prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_');
     } else {
         const QFileInfo info(withExtension(selection.path, extension));
         front = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_');

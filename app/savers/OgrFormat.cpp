@@ -331,12 +331,8 @@ void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
         const qint64 found = layer->GetFeatureCount();
         if (found != wanted)
             failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(found).arg(wanted));
-        const bool lastThere = wanted == 0
-                               || (layer->SetNextByIndex(wanted - 1) == OGRERR_NONE && [layer] {
-                                      const OGRFeatureUniquePtr last(layer->GetNextFeature());
-                                      return last && last->GetGeometryRef();
-                                  }());
-        if (!lastThere)
+        const OGRFeatureUniquePtr last(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));
+        if (wanted > 0 && (!last || !last->GetGeometryRef()))
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();
         if (!output.systems.target().isEmpty() && (!system || system->IsLocal()))

@@ -246,11 +246,15 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
     qint64 booleans = 0;
     QString firstBoolean;
     for (OgrColumn& column : table.columns) {
-        OgrColumnScan scan(column, traits.mostTextBytes);
-        for (const ModelObject* object : layer.objects)
-            scan.look(*object, layer.shape, featuresOf(layer, *object));
+        const auto scanned = [&](bool exact) {
+            OgrColumnScan made(column, traits.mostTextBytes, exact);
+            for (const ModelObject* object : layer.objects)
+                made.look(*object, layer.shape, featuresOf(layer, *object));
+            return made;
+        };
+        const OgrColumnScan scan = scanned(false);
         scan.size(column, traits, settings.decimals);
-        scan.report(column, traits, report);
+        (scan.rounds(column) ? scanned(true) : scan).report(column, traits, report);
         table.foreignTexts += scan.foreignTexts();
         if (column.kind == AttributeKind::Boolean && !traits.booleans && booleans++ == 0)
             firstBoolean = column.attribute;
