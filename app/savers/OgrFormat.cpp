@@ -328,7 +328,9 @@ void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
     for (int index = 0; index < static_cast<int>(output.layers.size()); ++index) {
         OGRLayer* const layer = dataset->GetLayer(index);
         const qint64 wanted = output.features[static_cast<std::size_t>(index)];
-        const qint64 found = layer->GetFeatureCount();
+        // Not forced: some drivers would read every feature.
+        const qint64 quick = layer->GetFeatureCount(FALSE);
+        const qint64 found = quick >= 0 ? quick : layer->GetFeatureCount(TRUE);
         if (found != wanted)
             failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(found).arg(wanted));
         const OGRFeatureUniquePtr last(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));

@@ -214,7 +214,7 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
             text = value.toString();
         return cutToBytes(text, column.cutTo);
     }
-    const double number = value.toDouble();
+    const double number = value.userType() == QMetaType::Double ? *static_cast<const double*>(value.constData()) : value.toDouble();
     if (!std::isfinite(number) || (column.most > 0 && std::abs(number) >= column.most))
         return {};
     return column.kind == AttributeKind::Real ? QVariant(number) : QVariant(value.toInt());
