@@ -111,7 +111,7 @@ OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection
     return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
 }
 
-void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report) const
+void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report, const kpBase::AbstractProgress*) const
 {
     options.explicitNulls = true;
     const bool degrees = isGeographic(output.systems.target());

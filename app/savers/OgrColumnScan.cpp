@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/OgrColumnScan.h"
 
+#include "host/data/AbstractProgress.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -36,6 +38,12 @@ Digits digitsOf(double number)
     std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, digits.exponent);
     digits.count = mark == text + 1 ? 1 : static_cast<int>(mark - text) - 1;
     return digits;
+}
+
+bool stopped(const kpBase::AbstractProgress* progress, std::size_t row)
+{
+    constexpr std::size_t block = 1 << 14;
+    return progress && row % block == 0 && progress->isCancelled();
 }
 
 int utf8Size(const QString& text)
@@ -117,7 +125,7 @@ void OgrColumnScan::lookAtValue(const QVariant& value, qint64 features)
         lookAtNumber(value.toDouble(), features);
 }
 
-void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features)
+void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress)
 {
     m_object = object.name;
     switch (m_column.content) {
@@ -149,11 +157,11 @@ void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 featu
         return;
     }
     if (values->kind != AttributeKind::Real) {
-        for (const QVariant& value : values->values)
-            lookAtValue(value, 1);
+        for (int row = 0; row < values->values.size() && !stopped(progress, static_cast<std::size_t>(row)); ++row)
+            lookAtValue(values->values[row], 1);
         return;
     }
-    for (std::size_t row = 0; row < values->numbers->size(); ++row) {
+    for (std::size_t row = 0; row < values->numbers->size() && !stopped(progress, row); ++row) {
         if (values->missing && (*values->missing)[row])
             lookAtValue(QVariant(), 1);
         else if (m_column.kind == AttributeKind::Text)
@@ -179,6 +187,8 @@ void OgrColumnScan::size(OgrColumn& column, const OgrTraits& traits, int decimal
         return;
     const int room = std::max(0, usualWidth - 1 - column.width);
     column.decimals = decimals >= 0 ? decimals : std::min({m_mostDecimals, room, mostDecimals});
+    // Rounding may carry into one digit more.
+    column.width += column.decimals < m_mostDecimals ? 1 : 0;
     column.width = std::min(column.width + (column.decimals > 0 ? column.decimals + 1 : 0), mostWidth);
     // A real field without decimals would be read as one of whole numbers.
     if (column.decimals == 0 && decimals < 0 && column.width + 2 <= mostWidth) {

@@ -20,8 +20,8 @@ public:
     {
     }
 
-    /// Looks at the attribute's values in an object that makes \a features features.
-    void look(const ModelObject& object, OgrShape shape, qint64 features);
+    /// Looks at the attribute's values in an object that makes \a features features; stops when the user cancels.
+    void look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress);
 
     /// Sets width and decimals of the column. \a decimals as the user wants them; -1 for as many as needed.
     void size(OgrColumn& column, const OgrTraits& traits, int decimals) const;

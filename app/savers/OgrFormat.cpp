@@ -232,7 +232,7 @@ OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& se
     return OgrSystems(target, target);
 }
 
-void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&) const {}
+void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&, const kpBase::AbstractProgress*) const {}
 
 void OgrFormat::noteSystems(Output& output, ExportReport& report) const
 {
@@ -255,7 +255,7 @@ void OgrFormat::noteSystems(Output& output, ExportReport& report) const
 }
 
 OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                                     ExportReport& report) const
+                                     ExportReport& report, const kpBase::AbstractProgress* progress) const
 {
     const OgrTraits able = traits();
     Output output{file, path, ogrLayers(file.objects, m_settings, able.heights), {}, {}, systems(file, selection)};
@@ -263,7 +263,7 @@ OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& pat
     if (!able.heights)
         noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, report);
     for (const OgrLayer& layer : output.layers)
-        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report));
+        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report, progress));
     return output;
 }
 
@@ -275,11 +275,11 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
         throw ExportError(file.path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
                           QStringLiteral("give the name of a file"));
     registerGdalDrivers();
-    Output output = prepare(file, path, selection, report);
+    Output output = prepare(file, path, selection, report, progress);
+    OGRExporterOptions options = hostOptions(m_settings, able);
+    tune(output, options, report, progress);
     if (progress && progress->isCancelled())
         return 0;
-    OGRExporterOptions options = hostOptions(m_settings, able);
-    tune(output, options, report);
 
     QVector<OGRLayerInfo> layers;
     std::vector<std::shared_ptr<OgrFeatures>> sources;

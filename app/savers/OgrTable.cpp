@@ -221,7 +221,7 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
 }
 
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report)
+                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress)
 {
     OgrTable table;
     if (!settings.attributes)
@@ -249,7 +249,7 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
         const auto scanned = [&](bool exact) {
             OgrColumnScan made(column, traits.mostTextBytes, exact);
             for (const ModelObject* object : layer.objects)
-                made.look(*object, layer.shape, featuresOf(layer, *object));
+                made.look(*object, layer.shape, featuresOf(layer, *object), progress);
             return made;
         };
         const OgrColumnScan scan = scanned(false);

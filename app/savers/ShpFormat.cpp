@@ -92,7 +92,7 @@ OgrTraits ShpFormat::traits() const
     return traits;
 }
 
-void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&) const
+void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
 }
