@@ -394,14 +394,14 @@ void OgrFormatsTest::roundTrip()
         QCOMPARE(verified.count, static_cast<qint64>(check.compared));
         QVERIFY(std::abs(verified.worstError - check.worst) < 1e-12);
         QProcess validator;
-        if (format == QLatin1String("shp") && QFileInfo::exists(shared(QStringLiteral("validate/shp.py")))) {
+        if (!sanitized && format == QLatin1String("shp") && QFileInfo::exists(shared(QStringLiteral("validate/shp.py")))) {
             validator.start(shared(QStringLiteral("validate/shp.py")), {QStringLiteral("--count"), QString::number(check.compared), file.path});
             QVERIFY(validator.waitForFinished());
             QVERIFY2(validator.exitCode() == 0, validator.readAllStandardError());
         }
         // The script asks for the system in a form that cannot hold the one that GDAL gives GeoJSON with heights.
         const bool dumped = format != QLatin1String("geojson") || !crs.isEmpty();
-        if (dumped && QFileInfo::exists(shared(QStringLiteral("validate/ogr_dump.sh")))) {
+        if (!sanitized && dumped && QFileInfo::exists(shared(QStringLiteral("validate/ogr_dump.sh")))) {
             validator.start(shared(QStringLiteral("validate/ogr_dump.sh")), {QStringLiteral("--count"), QString::number(check.compared), file.path});
             QVERIFY(validator.waitForFinished());
             QVERIFY2(validator.exitCode() == 0, validator.readAllStandardError());
