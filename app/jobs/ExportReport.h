@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
 #include <QJsonObject>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -54,6 +56,7 @@ public:
 
 private:
     std::vector<Finding> m_findings;
+    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of a finding by kind and object
     std::vector<FileOutcome> m_files;
 };
 

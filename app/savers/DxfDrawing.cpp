@@ -146,14 +146,10 @@ void DxfDrawing::takePen(const ModelObject& object)
     m_pen.flat = isFlat();
     m_pen.decimals = m_rules.inDegrees(object) ? 9 : m_settings.lengthUnit == OutputUnit::Kilometre ? 7 : 4;
     m_sink.setPen(m_pen);
-    if (!group.isEmpty() && m_layers.shown(group) != group) {
-        // Once for each layer.
-        const auto& findings = m_report.findings();
-        const bool known = std::any_of(findings.begin(), findings.end(), [&group](const Finding& finding) {
-            return finding.kind == QLatin1String("layer renamed") && finding.object == group;
-        });
-        if (!known)
-            m_report.note(QStringLiteral("layer renamed"), group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
+    // Once for each layer.
+    if (!group.isEmpty() && m_layers.shown(group) != group && !m_renamed.contains(group)) {
+        m_renamed.insert(group);
+        m_report.note(QStringLiteral("layer renamed"), group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
     }
     // There is no place for the name of a line or surface but a remark.
     bool changed = false;

@@ -65,6 +65,7 @@ private:
     const ExportSelection* m_selection = nullptr;
     OutputRules m_rules;
     DxfLayerNames m_layers;
+    QSet<QString> m_renamed;
     DxfSink::Pen m_pen;
     Plane m_plane;
     double m_textHeight = 1.0;
