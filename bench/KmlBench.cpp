@@ -11,7 +11,8 @@ namespace
 
 const std::vector<refhost::ModelObject>& degrees()
 {
-    static const std::vector<refhost::ModelObject> data = LineSet::make(117, -22, 0.5, refhost::wktOf(QStringLiteral("EPSG:4326")));
+    static const std::vector<refhost::ModelObject> data =
+        LineSet::make(117, -22, 0.5, refhost::wktOf(QStringLiteral("EPSG:4326")));
     return data;
 }
 
@@ -24,7 +25,8 @@ void saver(benchmark::State& state)
 /// The same from a projected system, PROJ included.
 void saverTransforming(benchmark::State& state)
 {
-    const std::vector<refhost::ModelObject> metres = LineSet::make(540000, 7500000, 50000, refhost::wktOf(QStringLiteral("EPSG:28350")));
+    const std::vector<refhost::ModelObject> metres =
+        LineSet::make(540000, 7500000, 50000, refhost::wktOf(QStringLiteral("EPSG:28350")));
     refhost::KmlFormat format;
     LineSet::saver(state, format, metres, LineSet::outputPath("kml"));
 }
@@ -36,7 +38,8 @@ void writer(benchmark::State& state)
     for (const refhost::ModelObject& object : degrees()) {
         points.emplace_back();
         for (int vertex = 0; vertex < LineSet::vertices; ++vertex)
-            points.back().append({(*object.y)[static_cast<std::size_t>(vertex)], (*object.x)[static_cast<std::size_t>(vertex)]});
+            points.back().append(
+                {(*object.y)[static_cast<std::size_t>(vertex)], (*object.x)[static_cast<std::size_t>(vertex)]});
     }
     const QString path = LineSet::outputPath("kml");
     for (auto step : state) {

@@ -62,7 +62,8 @@ inline void countBytes(benchmark::State& state, const QString& path)
 }
 
 /// The whole saver, as the command line and the wizard call it.
-inline void saver(benchmark::State& state, refhost::ExportFormat& format, const std::vector<refhost::ModelObject>& objects, const QString& path)
+inline void saver(benchmark::State& state, refhost::ExportFormat& format,
+                  const std::vector<refhost::ModelObject>& objects, const QString& path)
 {
     refhost::ExportSelection selection;
     selection.path = path;
@@ -78,7 +79,8 @@ inline void saver(benchmark::State& state, refhost::ExportFormat& format, const 
 }
 
 /// A GDAL driver through its C++ API.
-inline void gdal(benchmark::State& state, const char* driverName, const std::vector<refhost::ModelObject>& objects, const QString& path)
+inline void gdal(benchmark::State& state, const char* driverName, const std::vector<refhost::ModelObject>& objects,
+                 const QString& path)
 {
     GDALAllRegister();
     GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(driverName);

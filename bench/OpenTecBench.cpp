@@ -47,7 +47,8 @@ void writer(benchmark::State& state)
 {
     kpBaseExport::MatrixDataOpenTecLinkExporter exporter;
     exporter.geoObject()->sectionData().push_back(new kpBase::DoubleMatrixData(
-        QStringLiteral("H"), std::vector<kpBase::DoubleMatrixData::Column>{{column(0), nullptr}, {column(1), nullptr}, {column(2), nullptr}}));
+        QStringLiteral("H"), std::vector<kpBase::DoubleMatrixData::Column>{
+                                 {column(0), nullptr}, {column(1), nullptr}, {column(2), nullptr}}));
     for (auto step : state)
         exporter.write(outputPath("ours"));
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(points));
@@ -60,7 +61,8 @@ void iostreamLoop(benchmark::State& state)
         out.setf(std::ios::fixed, std::ios::floatfield);
         out.precision(2);
         out << "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
-            << "open_tec_link_section SectionDummy\n\nsection_age " << 0.0 << "\n\nsegment\nname H\ncolor_rgb \ntype \npoints\n";
+            << "open_tec_link_section SectionDummy\n\nsection_age " << 0.0
+            << "\n\nsegment\nname H\ncolor_rgb \ntype \npoints\n";
         for (std::size_t row = 0; row < points; ++row)
             out << "xyz " << (*column(0))[row] << ' ' << (*column(1))[row] << ' ' << -(*column(2))[row] << '\n';
         out << "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n";

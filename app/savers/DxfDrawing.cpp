@@ -44,7 +44,8 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
         const qint64 before = m_entities;
         drawObject(*object);
         if (m_entities == before && !stopped())
-            m_report.note(QStringLiteral("object left out"), object->name, 1, QStringLiteral("nothing of it can be drawn"));
+            m_report.note(QStringLiteral("object left out"), object->name, 1,
+                          QStringLiteral("nothing of it can be drawn"));
         noteAttributes(*object);
     }
     return m_entities;
@@ -61,7 +62,8 @@ void DxfDrawing::project(PositionBlock& block) const
     if (!fromSide())
         return;
     for (std::size_t index = 0; index < block.size(); ++index) {
-        const double along = (block.x[index] - m_plane.x) * m_plane.alongX + (block.y[index] - m_plane.y) * m_plane.alongY;
+        const double along =
+            (block.x[index] - m_plane.x) * m_plane.alongX + (block.y[index] - m_plane.y) * m_plane.alongY;
         block.x[index] = along;
         block.y[index] = std::isnan(along) ? along : block.z[index];
         block.z[index] = 0.0;
@@ -133,14 +135,15 @@ void DxfDrawing::noteMixture(const std::vector<const ModelObject*>& objects)
         m_report.note(QStringLiteral("coordinate systems differ"), QString(), systems.size(),
                       QStringLiteral("set crs=EPSG:... or write a file for each"));
     if (m_settings.lengthUnit == OutputUnit::Model && units.size() > 1)
-        m_report.note(QStringLiteral("length units differ"), QString(), units.size(), QStringLiteral("set lengthUnit=m"));
+        m_report.note(QStringLiteral("length units differ"), QString(), units.size(),
+                      QStringLiteral("set lengthUnit=m"));
 }
 
 void DxfDrawing::takePen(const ModelObject& object)
 {
-    const QString group = m_settings.layers == Settings::Layers::Set ? object.set
+    const QString group = m_settings.layers == Settings::Layers::Set    ? object.set
                           : m_settings.layers == Settings::Layers::Type ? typeName(object.type)
-                                                                         : QString();
+                                                                        : QString();
     m_pen.layer = m_layers.layer(group);
     m_pen.colour = nearestColourIndex(object.color);
     m_pen.flat = isFlat();
@@ -161,20 +164,24 @@ void DxfDrawing::noteAttributes(const ModelObject& object)
     qint64 lost = 0;
     QString first;
     const auto count = [&](const QString& name) {
-        if (m_selection->wantsAttribute(name) && lost++ == 0)
+        // The wizard does not ask which attributes to write where none can be.
+        const bool wanted = m_selection->wantsAttribute(name) || m_selection->attributes->isEmpty();
+        if (wanted && lost++ == 0)
             first = name;
     };
     for (const ObjectAttribute& attribute : object.objectAttributes)
         count(attribute.name);
     for (const AttributeColumn& column : object.vertexAttributes)
         count(column.name);
-    m_report.note(QStringLiteral("attribute not written"), QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
+    m_report.note(QStringLiteral("attribute not written"), QString(), lost,
+                  QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
 void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
 {
-    m_report.note(QStringLiteral("position left out"), object.name, reader.leftOut(),
-                  QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
+    m_report.note(
+        QStringLiteral("position left out"), object.name, reader.leftOut(),
+        QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
 }
 
 void DxfDrawing::drawObject(const ModelObject& object)
@@ -234,7 +241,8 @@ void DxfDrawing::drawLines(const ModelObject& object, bool area)
             ++closed;
     }
     m_report.note(QStringLiteral("line of fewer than two points left out"), object.name, tooShort, object.name);
-    m_report.note(QStringLiteral("ring closed"), object.name, closed, QStringLiteral("its last point was not its first"));
+    m_report.note(QStringLiteral("ring closed"), object.name, closed,
+                  QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
 }
 
@@ -247,7 +255,8 @@ void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& plac
     m_sink.text(place, m_textHeight, text);
     ++m_entities;
     if (changed)
-        m_report.note(QStringLiteral("text changed"), object.name, 1, QStringLiteral("characters that a drawing does not have"));
+        m_report.note(QStringLiteral("text changed"), object.name, 1,
+                      QStringLiteral("characters that a drawing does not have"));
 }
 
 void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)

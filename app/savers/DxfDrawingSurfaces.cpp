@@ -51,15 +51,18 @@ void DxfDrawing::drawFaces(const ModelObject& object)
         reader.gather(vertices.data(), vertices.size(), block);
         project(block);
         for (std::size_t at = 0; at < block.size(); at += 4) {
-            const std::array<DxfSink::Corner, 4> corners{corner(block, at), corner(block, at + 1), corner(block, at + 2), corner(block, at + 3)};
-            if (std::any_of(corners.begin(), corners.end(), [](const DxfSink::Corner& one) { return std::isnan(one[0]); })) {
+            const std::array<DxfSink::Corner, 4> corners{corner(block, at), corner(block, at + 1),
+                                                         corner(block, at + 2), corner(block, at + 3)};
+            if (std::any_of(corners.begin(), corners.end(),
+                            [](const DxfSink::Corner& one) { return std::isnan(one[0]); })) {
                 ++empty;
                 continue;
             }
             m_sink.face(corners);
             ++m_entities;
         }
-        m_ticker.step(static_cast<double>(object.vertexCount()) * static_cast<double>(end - first) / static_cast<double>(count));
+        m_ticker.step(static_cast<double>(object.vertexCount()) * static_cast<double>(end - first)
+                      / static_cast<double>(count));
     }
     m_report.note(QStringLiteral("cell without values"), object.name, empty, QStringLiteral("there is no face"));
 }
@@ -74,7 +77,8 @@ void DxfDrawing::drawBoundaries(const ModelObject& object)
         readerOf(PositionSource::of(object), object).gather(line.data(), line.size() - (closed ? 1 : 0), block);
         project(block);
         if (std::any_of(block.x.begin(), block.x.end(), [](double x) { return std::isnan(x); })) {
-            m_report.note(QStringLiteral("boundary left out"), object.name, 1, QStringLiteral("it has no place in the coordinate system"));
+            m_report.note(QStringLiteral("boundary left out"), object.name, 1,
+                          QStringLiteral("it has no place in the coordinate system"));
             continue;
         }
         m_sink.beginLine(closed);

@@ -23,8 +23,8 @@ constexpr int pointsAtOnce = 1024;
 
 } // namespace
 
-KmlDrawing::KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture, ProgressTicker& ticker,
-                       ExportReport& report)
+KmlDrawing::KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture,
+                       ProgressTicker& ticker, ExportReport& report)
     : m_sink(sink)
     , m_settings(settings)
     , m_keepPicture(std::move(keepPicture))
@@ -59,7 +59,8 @@ qint64 KmlDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
 void KmlDrawing::drawObject(const ModelObject& object)
 {
     if (xmlText(object.name) != object.name)
-        m_report.note(QStringLiteral("renamed"), object.name, 1, QStringLiteral("characters that XML does not have are left out"));
+        m_report.note(QStringLiteral("renamed"), object.name, 1,
+                      QStringLiteral("characters that XML does not have are left out"));
     m_ticker.step(1);
     switch (object.type) {
     case ObjectType::Polygons:
@@ -127,7 +128,8 @@ void KmlDrawing::noteVertexAttributes(const ModelObject& object)
         if (m_selection->wantsAttribute(column.name) && lost++ == 0)
             first = column.name;
     }
-    m_report.note(QStringLiteral("attribute of vertices not written"), object.name, lost, QStringLiteral("first %1").arg(first));
+    m_report.note(QStringLiteral("attribute of vertices not written"), object.name, lost,
+                  QStringLiteral("first %1").arg(first));
 }
 
 /// Writes what is in \a block and the rest of a line or ring.
@@ -174,7 +176,8 @@ void KmlDrawing::drawLines(const ModelObject& object)
 void KmlDrawing::drawPolygons(const ModelObject& object)
 {
     PositionReader reader(PositionSource::of(object), rulesFor(object, modeFor(object)));
-    const auto outer = std::count_if(object.parts.begin(), object.parts.end(), [](const Part& part) { return !part.hole; });
+    const auto outer =
+        std::count_if(object.parts.begin(), object.parts.end(), [](const Part& part) { return !part.hole; });
     Placemark placemark(*this, object, KmlSink::Look::Area, outer != 1);
     PositionBlock block;
     qint64 tooShort = 0;
@@ -209,7 +212,8 @@ void KmlDrawing::drawPolygons(const ModelObject& object)
         m_sink.endPolygon();
     placemark.close();
     m_report.note(QStringLiteral("ring of fewer than three points left out"), object.name, tooShort, object.name);
-    m_report.note(QStringLiteral("ring closed"), object.name, closed, QStringLiteral("its last point was not its first"));
+    m_report.note(QStringLiteral("ring closed"), object.name, closed,
+                  QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
     noteVertexAttributes(object);
 }
@@ -235,9 +239,10 @@ void KmlDrawing::drawPoints(const ModelObject& object)
                     firstLeftOut = first + index + 1;
                 continue;
             }
-            const QString name = count == 1 ? object.name : QStringLiteral("%1 %2").arg(object.name).arg(first + index + 1);
-            m_sink.beginPlacemark(name, tableOf(object, first + index), label ? KmlSink::Look::Label : KmlSink::Look::Icon,
-                                  object.color, mode);
+            const QString name =
+                count == 1 ? object.name : QStringLiteral("%1 %2").arg(object.name).arg(first + index + 1);
+            m_sink.beginPlacemark(name, tableOf(object, first + index),
+                                  label ? KmlSink::Look::Label : KmlSink::Look::Icon, object.color, mode);
             m_sink.point(block.x[at], block.y[at], block.z[at]);
             m_sink.endPlacemark();
             ++m_features;

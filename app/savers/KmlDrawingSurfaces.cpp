@@ -54,7 +54,8 @@ void KmlDrawing::drawMesh(const ModelObject& object)
                       / static_cast<double>(object.triangles.size()));
     }
     placemark.close();
-    m_report.note(QStringLiteral("triangle left out"), object.name, leftOut, QStringLiteral("a corner has no place on the earth"));
+    m_report.note(QStringLiteral("triangle left out"), object.name, leftOut,
+                  QStringLiteral("a corner has no place on the earth"));
     noteVertexAttributes(object);
 }
 
@@ -64,11 +65,14 @@ void KmlDrawing::drawSurface(const ModelObject& object)
     if (m_ticker.cancelled())
         return;
     if (!picture) {
-        m_report.note(QStringLiteral("object left out"), object.name, 1, QStringLiteral("no node has a value and a place on the earth"));
+        m_report.note(QStringLiteral("object left out"), object.name, 1,
+                      QStringLiteral("no node has a value and a place on the earth"));
         return;
     }
-    const QString heights = QStringLiteral("%1 to %2 %3").arg(picture->lowest).arg(picture->highest).arg(object.lengthUnit);
-    m_sink.overlay(object.name, QStringLiteral("Heights from ") + heights + QStringLiteral(", green is low, white is high."),
+    const QString heights =
+        QStringLiteral("%1 to %2 %3").arg(picture->lowest).arg(picture->highest).arg(object.lengthUnit);
+    m_sink.overlay(object.name,
+                   QStringLiteral("Heights from ") + heights + QStringLiteral(", green is low, white is high."),
                    m_keepPicture(picture->image), picture->box);
     ++m_features;
     m_report.note(QStringLiteral("surface written as a picture"), object.name, 1,
@@ -97,7 +101,8 @@ void KmlDrawing::drawSection(const ModelObject& object)
     if (!object.section)
         return;
     if (m_settings.altitudeMode == AltitudeMode::Clamp) {
-        m_report.note(QStringLiteral("line on a section left out"), object.name, static_cast<qint64>(object.section->segments.size()),
+        m_report.note(QStringLiteral("line on a section left out"), object.name,
+                      static_cast<qint64>(object.section->segments.size()),
                       QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
         return;
     }

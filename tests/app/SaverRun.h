@@ -16,8 +16,8 @@
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
 /// An object from rows of x, y, z, all one part.
-inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& name, const std::vector<std::array<double, 3>>& rows,
-                                     const char* crs = "EPSG:4326")
+inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& name,
+                                     const std::vector<std::array<double, 3>>& rows, const char* crs = "EPSG:4326")
 {
     refhost::ModelObject object;
     object.type = type;
