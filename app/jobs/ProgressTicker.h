@@ -24,6 +24,12 @@ public:
         if (m_done >= m_next)
             report();
     }
+    /// Asks whether the user has cancelled, where no work can be counted yet.
+    bool poll()
+    {
+        report();
+        return m_cancelled;
+    }
     /// True once the user has cancelled.
     bool cancelled() const { return m_cancelled; }
 

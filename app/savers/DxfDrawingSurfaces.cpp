@@ -69,7 +69,7 @@ void DxfDrawing::drawFaces(const ModelObject& object)
 
 void DxfDrawing::drawBoundaries(const ModelObject& object)
 {
-    for (const std::vector<int>& line : boundaryLines(object)) {
+    for (const std::vector<int>& line : boundaryLines(object, m_ticker)) {
         if (stopped())
             return;
         const bool closed = line.size() > 2 && line.front() == line.back();
@@ -86,6 +86,7 @@ void DxfDrawing::drawBoundaries(const ModelObject& object)
         m_sink.endLine();
         ++m_entities;
     }
+    m_ticker.step(object.vertexCount());
 }
 
 /// In space the trace and, where they are, the lines on the section; on a map the trace; from the side the lines,

@@ -64,9 +64,12 @@ qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const Expo
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
                           QStringLiteral("give one like --set crs=EPSG:28350"));
+    const int passes = (m_settings.faces ? 1 : 0) + (m_settings.meshPoints ? 1 : 0) + (m_settings.boundaries ? 1 : 0);
     double weight = 0;
-    for (const ModelObject* object : file.objects)
-        weight += object->weight();
+    for (const ModelObject* object : file.objects) {
+        const bool surface = object->type == ObjectType::GridSurfaces || object->type == ObjectType::MeshSurfaces;
+        weight += object->weight() + (surface ? object->vertexCount() * (passes - 1.0) : 0.0);
+    }
     ProgressTicker ticker(progress, weight);
     DxfEntityWriter writer(path);
     writer.useTruePath = true;

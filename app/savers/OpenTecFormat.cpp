@@ -80,22 +80,29 @@ QString lineNamed(const QString& name, ExportReport& report)
     return line;
 }
 
-QStringList namesIn(const QString& list)
-{
-    QStringList names;
-    for (const QString& name : list.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        if (!name.trimmed().isEmpty())
-            names.append(name.trimmed());
-    }
-    return names;
-}
-
 const ModelObject* findSection(const ExportSelection& selection, const QString& name)
 {
     const auto found =
         std::find_if(selection.objects.begin(), selection.objects.end(),
                      [&name](const ModelObject* object) { return object->section && object->name == name; });
     return found == selection.objects.end() ? nullptr : *found;
+}
+
+/// The names in a list separated by commas. A section whose own name has commas is found too.
+QStringList namesIn(const QString& list, const ExportSelection& selection)
+{
+    const QStringList parts = list.split(QLatin1Char(','));
+    QStringList names;
+    for (int first = 0; first < parts.size();) {
+        int count = parts.size() - first;
+        const auto joined = [&] { return parts.mid(first, count).join(QLatin1Char(',')).trimmed(); };
+        while (count > 1 && !findSection(selection, joined()))
+            --count;
+        if (!joined().isEmpty())
+            names.append(joined());
+        first += count;
+    }
+    return names;
 }
 
 DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
@@ -159,7 +166,7 @@ SettingsMap OpenTecFormat::settings()
 
 std::vector<const ModelObject*> OpenTecFormat::chosen(const ExportSelection& selection) const
 {
-    const QStringList names = namesIn(m_settings.sections);
+    const QStringList names = namesIn(m_settings.sections, selection);
     std::vector<const ModelObject*> sections;
     for (const ModelObject* object : selection.objects) {
         if (names.isEmpty() || names.contains(object->name))
@@ -179,7 +186,7 @@ std::vector<PlannedFile> OpenTecFormat::plan(const ExportSelection& selection) c
 
 void OpenTecFormat::requireNames(const PlannedFile& file, const ExportSelection& selection) const
 {
-    QStringList wanted = namesIn(m_settings.sections);
+    QStringList wanted = namesIn(m_settings.sections, selection);
     if (!m_settings.traceLine.isEmpty())
         wanted.append(m_settings.traceLine);
     for (const QString& name : qAsConst(wanted)) {

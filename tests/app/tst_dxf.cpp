@@ -267,10 +267,11 @@ void DxfTest::surfaces()
 void DxfTest::boundaries()
 {
     // An outer boundary with one cut corner, and a hole of four cells.
+    ProgressTicker ticker(nullptr, 1);
     std::vector<double> heights(36, 1.0);
     heights[0] = none;
     heights[14] = none;
-    const std::vector<std::vector<int>> lines = boundaryLines(gridOf(QStringLiteral("G"), 6, heights));
+    const std::vector<std::vector<int>> lines = boundaryLines(gridOf(QStringLiteral("G"), 6, heights), ticker);
     QCOMPARE(static_cast<int>(lines.size()), 2);
     std::size_t sizes = 0;
     for (const std::vector<int>& line : lines) {
@@ -284,12 +285,12 @@ void DxfTest::boundaries()
     }
     // 19 nodes around, four around the node without value; the first of each twice.
     QCOMPARE(sizes, std::size_t(19 + 4 + 2));
-    QVERIFY(boundaryLines(gridOf(QStringLiteral("G"), 2, {1, 2, none, none})).empty());
+    QVERIFY(boundaryLines(gridOf(QStringLiteral("G"), 2, {1, 2, none, none}), ticker).empty());
     // A closed mesh has none.
     ModelObject solid =
         objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"), {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}});
     solid.triangles = {{0, 1, 2}, {0, 1, 3}, {1, 2, 3}, {0, 2, 3}};
-    QVERIFY(boundaryLines(solid).empty());
+    QVERIFY(boundaryLines(solid, ticker).empty());
 }
 
 void DxfTest::unitsAndSystems()
@@ -387,8 +388,8 @@ void DxfTest::cancelledHalfWay()
     file.write("earlier");
     file.close();
     CancelAt progress(50);
-    const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 500, std::vector<double>(250000, 1.0))}, path("a.dxf"), {},
-                       &progress);
+    const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 500, std::vector<double>(250000, 1.0))}, path("a.dxf"),
+                       {{"boundaries", QStringLiteral("true")}}, &progress);
     QVERIFY(run.report.cancelled);
     QVERIFY(progress.reached >= 50 && progress.reached < 60);
     QCOMPARE(contentOf(path("a.dxf")), QByteArray("earlier"));

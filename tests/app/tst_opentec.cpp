@@ -149,6 +149,9 @@ void OpenTecTest::severalSections()
         QVERIFY(contentOf(path(name)).startsWith(head + "xy 7.00 8.00 \nxy 9.00 8.00 \n"));
     QCOMPARE(SaverRun("opentec", sections, path("c.otl"), {{"sections", QStringLiteral("C")}}).fault(), QString());
     QVERIFY(contentOf(path("c.otl")).contains("open_tec_link_section C\n"));
+    const std::vector<ModelObject> commas{section(QStringLiteral("A, B"), {}), section(QStringLiteral("B"), {}),
+                                          section(QStringLiteral("C"), {})};
+    QCOMPARE(SaverRun("opentec", commas, path("n.otl"), {{"sections", QStringLiteral("C,A, B")}}).files.size(), std::size_t(2));
 }
 
 void OpenTecTest::wrongNames()
