@@ -359,7 +359,7 @@ void DxfTest::severalFiles()
 
 void DxfTest::longLine()
 {
-    constexpr int count = 1000000;
+    constexpr int count = manyVertices;
     std::vector<std::array<double, 3>> rows;
     for (int index = 0; index < count; ++index)
         rows.push_back({500000 + index * 0.001, 7000000 + index * 0.25, -index * 0.125});
