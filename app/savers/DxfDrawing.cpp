@@ -139,16 +139,26 @@ void DxfDrawing::noteMixture(const std::vector<const ModelObject*>& objects)
                       QStringLiteral("set lengthUnit=m"));
 }
 
+void DxfDrawing::takeColour(const QColor& colour, const QString& name)
+{
+    m_pen.colour = nearestColourIndex(colour);
+    const QColor shown = indexedColour(m_pen.colour);
+    // Black and white are one: what differs from the background.
+    if (colour.isValid() && shown.rgb() != colour.rgb() && m_pen.colour != 7)
+        m_report.note(QStringLiteral("colour changed"), QString(), 1,
+                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+    m_sink.setPen(m_pen);
+}
+
 void DxfDrawing::takePen(const ModelObject& object)
 {
     const QString group = m_settings.layers == Settings::Layers::Set    ? object.set
                           : m_settings.layers == Settings::Layers::Type ? typeName(object.type)
                                                                         : QString();
     m_pen.layer = m_layers.layer(group);
-    m_pen.colour = nearestColourIndex(object.color);
     m_pen.flat = isFlat();
     m_pen.decimals = m_rules.inDegrees(object) ? 9 : m_settings.lengthUnit == OutputUnit::Kilometre ? 7 : 4;
-    m_sink.setPen(m_pen);
+    takeColour(object.color, object.name);
     // Once for each layer.
     if (!group.isEmpty() && m_layers.shown(group) != group && !m_renamed.contains(group)) {
         m_renamed.insert(group);

@@ -103,8 +103,7 @@ void DxfDrawing::drawSection(const ModelObject& object)
     for (const SectionSegment& segment : object.section->segments) {
         if (stopped())
             return;
-        m_pen.colour = nearestColourIndex(segment.color);
-        m_sink.setPen(m_pen);
+        takeColour(segment.color, segment.name);
         bool changed = false;
         m_sink.comment(dxfText(segment.name, changed));
         if (fromSide()) {

@@ -108,12 +108,14 @@ std::vector<PlannedFile> KmlFormat::plan(const ExportSelection& selection) const
             && QFileInfo(file.path).suffix().compare(QLatin1String("kml"), Qt::CaseInsensitive) == 0)
             file.path = file.path.chopped(3) + QStringLiteral("kmz");
     }
+    m_archivesPlanned = !files.empty() && archived(files.front().path);
     return files;
 }
 
 QStringList KmlFormat::sidecars() const
 {
-    if (m_settings.compress)
+    // The pictures of a .kml of the same name are not those of an archive.
+    if (m_settings.compress || m_archivesPlanned)
         return {};
     QStringList extensions;
     const int pictures = m_settings.grouping == FileGrouping::Object ? 1 : mostPictures;

@@ -31,7 +31,7 @@ inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& na
     object.name = name;
     object.set = QStringLiteral("S");
     object.crs = refhost::wktOf(QString::fromLatin1(crs));
-    object.color = QColor(1, 2, 3);
+    object.color = QColor(0, 127, 255);
     std::vector<double> columns[3];
     for (const auto& row : rows) {
         for (std::size_t axis = 0; axis < 3; ++axis)

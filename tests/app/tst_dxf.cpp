@@ -86,17 +86,17 @@ void DxfTest::entities()
     QCOMPARE(
         body("a.dxf"),
         QByteArray(
-            "999\nL\n0\nPOLYLINE\n8\nS\n62\n178\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n8\n" + vertex
+            "999\nL\n0\nPOLYLINE\n8\nS\n62\n150\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n8\n" + vertex
             + "1234567.8912\n20\n-7.0000\n30\n0.5000\n70\n32\n" + vertex
             + "3.0000\n20\n4.0000\n30\n5.0000\n70\n32\n0\nSEQEND\n8\nS\n"
-              "999\nP\n0\nPOLYLINE\n8\nS\n62\n178\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n9\n"
+              "999\nP\n0\nPOLYLINE\n8\nS\n62\n150\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n9\n"
             + vertex + "0.0000\n20\n0.0000\n30\n1.0000\n70\n32\n" + vertex + "4.0000\n20\n0.0000\n30\n2.0000\n70\n32\n"
             + vertex
             + "4.0000\n20\n4.0000\n30\n3.0000\n70\n32\n0\nSEQEND\n8\nS\n"
-              "999\n\\U+0418\\U+043C\\U+044F\n0\nPOINT\n8\nS\n62\n178\n10\n1.0000\n20\n2.0000\n30\n3.0000\n"
-              "0\nTEXT\n8\nS\n62\n178\n10\n1.0000\n20\n2.0000\n30\n3.0000\n40\n2.5000\n1\n\\U+0418\\U+043C\\U+044F\n"
-              "999\nW\n0\nPOINT\n8\nS\n62\n178\n10\n1.0000\n20\n2.0000\n30\n3.0000\n"
-              "0\nTEXT\n8\nS\n62\n178\n10\n1.0000\n20\n2.0000\n30\n3.0000\n40\n2.5000\n1\nW\n"));
+              "999\n\\U+0418\\U+043C\\U+044F\n0\nPOINT\n8\nS\n62\n150\n10\n1.0000\n20\n2.0000\n30\n3.0000\n"
+              "0\nTEXT\n8\nS\n62\n150\n10\n1.0000\n20\n2.0000\n30\n3.0000\n40\n2.5000\n1\n\\U+0418\\U+043C\\U+044F\n"
+              "999\nW\n0\nPOINT\n8\nS\n62\n150\n10\n1.0000\n20\n2.0000\n30\n3.0000\n"
+              "0\nTEXT\n8\nS\n62\n150\n10\n1.0000\n20\n2.0000\n30\n3.0000\n40\n2.5000\n1\nW\n"));
     KP_VALIDATE("dxf.py", QStringLiteral("--expect"), QStringLiteral("POLYLINE=2"), QStringLiteral("--expect"),
                 QStringLiteral("TEXT=2"), path("a.dxf"));
 }
@@ -114,8 +114,8 @@ void DxfTest::flatDrawings()
         return QByteArray("0\nVERTEX\n8\n0\n10\n") + x + ".0000\n20\n" + y + ".0000\n";
     };
     const QByteArray end = "0\nSEQEND\n8\n0\n";
-    QCOMPARE(body("map.dxf"), "999\nA\n" + coloured(polyline, "178") + vertex("0", "0") + vertex("30", "40") + end
-                                  + "999\nL\n" + coloured(polyline, "178") + vertex("30", "40") + vertex("60", "80")
+    QCOMPARE(body("map.dxf"), "999\nA\n" + coloured(polyline, "150") + vertex("0", "0") + vertex("30", "40") + end
+                                  + "999\nL\n" + coloured(polyline, "150") + vertex("30", "40") + vertex("60", "80")
                                   + vertex("0", "50") + end);
     // Along the section 0, 0 to 30, 40; the point without height has no place.
     const SaverRun side("dxf", objects, path("side.dxf"),
@@ -124,7 +124,7 @@ void DxfTest::flatDrawings()
     QCOMPARE(side.findings(), QStringLiteral("position left out: 1"));
     QCOMPARE(body("side.dxf"), "999\nA\n999\nH\n" + coloured(polyline, "1") + vertex("0", "-5") + vertex("50", "-6")
                                    + end + "999\nF\n0\nPOINT\n8\n0\n62\n3\n10\n25.0000\n20\n-7.0000\n999\nL\n"
-                                   + coloured(polyline, "178") + vertex("50", "7") + vertex("40", "9") + end);
+                                   + coloured(polyline, "150") + vertex("50", "7") + vertex("40", "9") + end);
     QCOMPARE(SaverRun("dxf", {twoLegs()}, path("space.dxf")).rows(), 3);
     KP_VALIDATE("dxf.py", path("side.dxf"));
 }
@@ -214,6 +214,10 @@ void DxfTest::colours()
     QCOMPARE(indexedColour(30), QColor(255, 127, 0));
     QCOMPARE(indexedColour(31), QColor(255, 191, 127));
     QCOMPARE(indexedColour(174), QColor(0, 0, 127));
+    ModelObject object = objectOf(ObjectType::Posts, QStringLiteral("P"), {{1, 2, 3}}, "");
+    object.color = QColor(200, 10, 10);
+    const SaverRun run("dxf", {object, object}, path("a.dxf"));
+    QCOMPARE(run.findings(), QStringLiteral("colour changed: 2"));
     for (int index = 10; index < 250; ++index) {
         const QColor colour = indexedColour(index);
         QCOMPARE(indexedColour(nearestColourIndex(colour)), colour);

@@ -93,8 +93,8 @@ void KmlTest::wholeDocument()
         QStringLiteral(
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n<Document>\n"
             "<Folder>\n<name>Polygons</name>\n<Placemark>\n<name>P</name>\n"
-            "<Style><LineStyle><color>ff030201</color><width>1</width></LineStyle>"
-            "<PolyStyle><color>af030201</color></PolyStyle></Style>\n"
+            "<Style><LineStyle><color>ffff7f00</color><width>1</width></LineStyle>"
+            "<PolyStyle><color>afff7f00</color></PolyStyle></Style>\n"
             "<Polygon><tessellate>1</tessellate><altitudeMode>clampToGround</altitudeMode>"
             "<outerBoundaryIs><LinearRing><coordinates>\n"
             "0.000000000,0.000000000\n4.000000000,0.000000000\n4.000000000,4.000000000\n0.000000000,0.000000000\n"
@@ -102,22 +102,22 @@ void KmlTest::wholeDocument()
             "1.000000000,1.000000000\n2.000000000,1.000000000\n2.000000000,2.000000000\n1.000000000,1.000000000\n"
             "</coordinates></LinearRing></innerBoundaryIs></Polygon>\n</Placemark>\n</Folder>\n"
             "<Folder>\n<name>Polylines</name>\n<Placemark>\n<name>L</name>\n"
-            "<Style><LineStyle><color>ff030201</color><width>2</width></LineStyle></Style>\n<MultiGeometry>\n"
+            "<Style><LineStyle><color>ffff7f00</color><width>2</width></LineStyle></Style>\n<MultiGeometry>\n"
             "<LineString><altitudeMode>absolute</altitudeMode><coordinates>\n"
             "115.500000000,-22.250000000,10.000\n116.000000000,-23.000000000,-5.500\n</coordinates></LineString>\n"
             "<LineString><altitudeMode>absolute</altitudeMode><coordinates>\n"
             "1.000000000,1.000000000,1.000\n2.000000000,2.000000000,2.000\n</coordinates></LineString>\n"
             "</MultiGeometry>\n</Placemark>\n</Folder>\n"
             "<Folder>\n<name>Wells</name>\n<Placemark>\n<name>W</name>\n"
-            "<Style><IconStyle><color>ff030201</color></IconStyle>"
-            "<LineStyle><color>ff030201</color><width>2</width></LineStyle></Style>\n<MultiGeometry>\n"
+            "<Style><IconStyle><color>ffff7f00</color></IconStyle>"
+            "<LineStyle><color>ffff7f00</color><width>2</width></LineStyle></Style>\n<MultiGeometry>\n"
             "<Point><altitudeMode>absolute</altitudeMode><coordinates>\n5.000000000,6.000000000,30.480\n</"
             "coordinates></Point>\n"
             "<LineString><altitudeMode>absolute</altitudeMode><coordinates>\n"
             "5.000000000,6.000000000,30.480\n5.000000000,6.000000000,15.240\n</coordinates></LineString>\n"
             "</MultiGeometry>\n</Placemark>\n</Folder>\n"
             "<Folder>\n<name>Labels</name>\n<Placemark>\n<name>T</name>\n"
-            "<Style><IconStyle><scale>0</scale></IconStyle><LabelStyle><color>ff030201</color></LabelStyle></Style>\n"
+            "<Style><IconStyle><scale>0</scale></IconStyle><LabelStyle><color>ffff7f00</color></LabelStyle></Style>\n"
             "<Point><altitudeMode>absolute</altitudeMode><coordinates>\n7.000000000,8.000000000,9.000\n</coordinates></"
             "Point>\n"
             "</Placemark>\n</Folder>\n"
@@ -323,6 +323,8 @@ void KmlTest::pictureGoesWithItsFile()
     QCOMPARE(listing(), QStringLiteral("a.kml a.overlay.png a.png"));
     QCOMPARE(SaverRun("kml", two, path("o.kml"), {{"grouping", QStringLiteral("object")}}).fault(), QString());
     QCOMPARE(listing(), QStringLiteral("a.kml a.overlay.png a.png o_A.kml o_A.overlay.png o_B.kml o_B.overlay.png"));
+    QCOMPARE(SaverRun("kml", {two[0]}, path("a.kmz")).fault(), QString());
+    QVERIFY(listing().contains(QStringLiteral("a.kml a.kmz a.overlay.png a.png")));
     const SaverRun many("kml", std::vector<ModelObject>(33, two[0]), path("m.kml"));
     QCOMPARE(many.error(), QStringLiteral("there are more than 32 surfaces (set compress=true or grouping=object)"));
 }
