@@ -12,13 +12,12 @@ void ExportReport::note(const QString& kind, const QString& object, qint64 count
 {
     if (count <= 0)
         return;
-    const QPair<QString, QString> key(kind, object);
-    const auto found = m_places.constFind(key);
+    const auto found = m_places.constFind({kind, object});
     if (found != m_places.constEnd()) {
         m_findings[*found].count += count;
         return;
     }
-    m_places.insert(key, m_findings.size());
+    m_places.insert({kind, object}, m_findings.size());
     m_findings.push_back({kind, object, count, example});
 }
 

@@ -69,7 +69,7 @@ public:
 
 private:
     std::vector<Finding> m_findings;
-    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of the findings, by kind and object
+    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of a finding by kind and object
     std::vector<FileOutcome> m_files;
 };
 

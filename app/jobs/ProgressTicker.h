@@ -30,6 +30,12 @@ public:
         step(1.0);
         return !m_cancelled;
     }
+    /// Asks whether the user has cancelled, where no work can be counted yet.
+    bool poll()
+    {
+        report();
+        return m_cancelled;
+    }
     /// True once the user has cancelled.
     bool cancelled() const { return m_cancelled; }
 
