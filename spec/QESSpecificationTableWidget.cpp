@@ -5,7 +5,10 @@
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QExportSpecification.h"
 
+#include <QDrag>
 #include <QDropEvent>
+#include <QMimeData>
+#include <QSignalBlocker>
 
 QESSpecificationTableWidget::QESSpecificationTableWidget(QWidget* parent)
     : QTableWidget(parent)
@@ -94,8 +97,28 @@ void QESSpecificationTableWidget::dropRow(QDropEvent* event)
         m_sheet->fieldsReordered(this, to);
 }
 
+void QESSpecificationTableWidget::startDrag(Qt::DropActions)
+{
+    const QModelIndexList selected = selectedIndexes();
+    QMimeData* cells = selected.isEmpty() ? nullptr : model()->mimeData(selected);
+    if (!cells)
+        return;
+    QRect row;
+    for (const QModelIndex& index : selected)
+        row |= visualRect(index);
+    row &= viewport()->rect();
+    auto* drag = new QDrag(this);
+    drag->setMimeData(cells);
+    drag->setPixmap(viewport()->grab(row));
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    // The view's own drag inside one table knows moves only and would delete the row after one.
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+}
+
 void QESSpecificationTableWidget::moveCells(int from, int to)
 {
+    // Cells that are empty for a moment are no edits.
+    const QSignalBlocker blocker(this);
     const int step = from < to ? 1 : -1;
     for (int column = 0; column < columnCount(); ++column) {
         if (m_ignored.contains(column))

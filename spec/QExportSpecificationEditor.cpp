@@ -63,7 +63,12 @@ QExportSpecification::QExportSpecification(QWidget* parent)
     addShortcuts();
 }
 
-QExportSpecification::~QExportSpecification() = default;
+QExportSpecification::~QExportSpecification()
+{
+    // Controls that go after this object has turned into a plain widget must not call it: a table with an open cell does.
+    for (QObject* control : findChildren<QObject*>())
+        control->disconnect(this);
+}
 
 bool QExportSpecification::isComplete()
 {

@@ -5,11 +5,8 @@
 #include "spec/QESSpecificationTableWidget.h"
 #include "spec/QExportSpecification.h"
 
-#include <QApplication>
-#include <QMouseEvent>
-#include <QTimer>
-#include <QWindow>
-#include <QtTest>
+#include <QSet>
+#include <QStringList>
 
 /// An editor whose attributes the test offers.
 class SpecificationEditor : public kpBaseExport::QExportSpecification
@@ -103,27 +100,20 @@ public:
     int refreshed = 0;
 };
 
-/// Drags an item with the mouse onto a place of another view (or the same), through Qt's own drag. Both are shown.
-inline void dragByMouse(QTableWidget* from, int row, QTableWidget* to, const QPoint& place)
+inline kpBaseExport::QESAttribute fieldOf(const char* name, int order, int start = 0, int end = 0)
 {
-    QWidget* source = from->viewport();
-    const QPoint start = from->visualItemRect(from->item(row, 0)).center();
-    const auto send = [source](QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, source->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
-        QApplication::sendEvent(source, &event);
-    };
-    // The drag runs its own event loop; the rest of the way is made from there.
-    QTimer::singleShot(0, to, [to, place] {
-        QWindow* window = to->window()->windowHandle();
-        const QPoint at = to->viewport()->mapTo(to->window(), place);
-        QTest::mouseMove(window, at - QPoint(1, 1));
-        QTest::mouseMove(window, at);
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, at);
-    });
-    send(QEvent::MouseButtonPress, start, Qt::LeftButton);
-    for (int step = 1; step < 4; ++step)
-        send(QEvent::MouseMove, start + QPoint(step * QApplication::startDragDistance(), 0), Qt::LeftButton);
-    send(QEvent::MouseButtonRelease, start, Qt::NoButton);
+    kpBaseExport::QESAttribute attribute;
+    attribute.name() = QString::fromLatin1(name);
+    attribute.order() = order;
+    attribute.start() = start;
+    attribute.end() = end;
+    return attribute;
+}
+
+inline QStringList words(const char* text)
+{
+    const QString all = QString::fromUtf8(text);
+    return all.isEmpty() ? QStringList() : all.split(QLatin1Char(' '));
 }
 
 /// The middle of a row, or a place below the last one.
