@@ -18,6 +18,7 @@ struct ExportRequest
     QStringList objects;    ///< names or globs; all when empty
     QStringList types;      ///< type keys; all when empty
     QStringList attributes; ///< all when empty
+    QString layout;         ///< file of a saved layout; none when empty
     QVector<QPair<QString, QString>> settings;
     bool overwrite = false;
     bool strict = false;

@@ -76,6 +76,8 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
             request.output = folder.filePath(text(path, key, value));
         } else if (key == QLatin1String("report")) {
             request.report = folder.filePath(text(path, key, value));
+        } else if (key == QLatin1String("layout")) {
+            request.layout = folder.filePath(text(path, key, value));
         } else if (key == QLatin1String("objects")) {
             request.objects = textList(path, key, value);
         } else if (key == QLatin1String("types")) {
@@ -94,7 +96,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, settings, overwrite, strict, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, layout, settings, overwrite, strict, quiet, report"));
         }
     }
     return request;

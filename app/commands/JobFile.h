@@ -7,7 +7,7 @@ namespace refhost
 {
 
 /// kpexport run: an export described by a JSON object with the keys "models", "format", "output", "objects", "types",
-/// "attributes", "settings", "overwrite", "strict", "quiet", "report". Paths are relative to the job file.
+/// "attributes", "layout", "settings", "overwrite", "strict", "quiet", "report". Paths are relative to the job file.
 /// \returns the exit code
 int jobCommand(const QStringList& arguments);
 

@@ -4,6 +4,11 @@
 namespace refhost
 {
 
+void ExportFormat::loadLayout(const QString&)
+{
+    throw SettingsError(QStringLiteral("%1: this format takes no layout (leave it out)").arg(info().key));
+}
+
 Verification ExportFormat::verify(const PlannedFile&, const QString&, const ExportSelection&)
 {
     return {};
