@@ -182,7 +182,7 @@ void GuiTest::walk()
 {
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("out"));
-    Script first({click("nextButton"), choose("separator", "semicolon"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
+    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
     exportWith(first);
     const QByteArray expected = "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
@@ -206,7 +206,7 @@ void GuiTest::aFileForEachObject()
     earlier.close();
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
-    Script script({click("nextButton"), choose("grouping", "object"), click("nextButton"), nameFile(path), answerBox(QMessageBox::No),
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), answerBox(QMessageBox::No),
                    readReport(report), click("closeButton")});
     exportWith(script);
     QCOMPARE(read(QStringLiteral("each_lines 1.txt")), QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
@@ -217,7 +217,7 @@ void GuiTest::aFileForEachObject()
     Script all({click("nextButton"), click("nextButton"), nameFile(path), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
     exportWith(all);
     QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
-    Script restore({click("nextButton"), choose("grouping", "single"), click("closeButton")});
+    Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
     exportWith(restore);
 }
 
