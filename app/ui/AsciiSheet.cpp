@@ -61,8 +61,8 @@ void AsciiSheet::initialize(const QString& text)
     QExportSheetAscii::initialize(text);
     auto* frame = findChild<QFrame*>(QStringLiteral("m_frame"));
     auto* page = new QVBoxLayout(frame);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->setSpacing(4);
+    page->setContentsMargins(6, 2, 6, 6);
+    page->setSpacing(5);
     m_layout = new AsciiSpecification(frame);
     m_editor = m_layout;
     m_layout->setWizard(m_wizard);
@@ -215,6 +215,10 @@ void AsciiSheet::activate()
             m_layout->takeAll();
         QExportSheetAscii::activate();
     }
+    // Objects preset by the program are not in the list of the first page.
+    m_hasObjects = !m_objects.empty();
+    if (m_wizard)
+        m_wizard->update_navigation();
     m_shownFor = ids;
     showLacking();
     if (others)

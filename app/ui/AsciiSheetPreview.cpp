@@ -57,6 +57,7 @@ QString shownText(const QByteArray& bytes)
 QHBoxLayout* labelled(const QString& text, QWidget* control)
 {
     auto* row = new QHBoxLayout;
+    row->setSpacing(6);
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
     row->addWidget(label);
@@ -90,6 +91,7 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
 {
     const auto setting = [this](const char* key) { return addSetting(QString::fromLatin1(key)); };
     auto* first = new QHBoxLayout;
+    first->setSpacing(14);
     first->addWidget(setting("header"));
     first->addLayout(labelled(tr("&Preset:"), setting("preset")));
     first->addLayout(labelled(tr("&Decimals of new fields:"), setting("decimals")));
@@ -109,6 +111,7 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
     });
     first->addWidget(all);
     auto* second = new QHBoxLayout;
+    second->setSpacing(14);
     second->addWidget(setting("lineBreaks"));
     second->addLayout(labelled(tr("&Files:"), setting("grouping")));
     m_useCustom = new QCheckBox(tr("&Own separator:"), this);
