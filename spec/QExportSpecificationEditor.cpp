@@ -167,6 +167,8 @@ void QExportSpecification::addShortcuts()
                 onToFieldClicked();
         });
     }
+    // The arrow button lies on the other page.
+    onKey(m_columnTable, Qt::ALT + Qt::Key_Left, [this] { onToAttributeClicked(); });
     for (QESSpecificationTableWidget* table : {m_fieldTable, m_columnTable}) {
         onKey(table, Qt::Key_Delete, [this] { onToAttributeClicked(); });
         onKey(table, Qt::ALT + Qt::Key_Up, [this, table] { moveField(table->currentRow(), table->currentRow() - 1); });

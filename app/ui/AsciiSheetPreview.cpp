@@ -78,8 +78,10 @@ QWidget* AsciiSheet::addSetting(const QString& key)
         if (key == QLatin1String("decimals")) {
             const QScopedValueRollback<bool> ours(m_filling, true);
             m_layout->setDecimals(m_format.current().decimals);
-            if (!m_own)
+            if (!m_own) {
                 m_layout->takeAll();
+                m_layout->activate();
+            }
         }
         scheduleRefresh();
     });
@@ -104,6 +106,7 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
         const QScopedValueRollback<bool> ours(m_filling, true);
         m_own = false;
         m_layout->takeAll();
+        m_layout->activate();
         showLacking();
         if (m_profile.done())
             fitColumns();

@@ -130,7 +130,6 @@ void AsciiSpecification::takeAll()
         added.order() = order++;
         addField(added);
     }
-    activate();
 }
 
 void AsciiSpecification::restore(const FormatFile& file)

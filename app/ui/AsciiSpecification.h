@@ -30,7 +30,8 @@ public:
     void activate() override;
     void deactivate() override;
 
-    /// Puts every field on offer into the layout, in the order offered, in place of what it holds.
+    /// Puts every field on offer into the layout, in the order offered, in place of what it holds; shown from
+    /// the next activate() on.
     void takeAll();
     /// Puts back a layout as deactivate() left it, widths included.
     void restore(const FormatFile& file);

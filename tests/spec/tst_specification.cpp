@@ -385,6 +385,12 @@ void SpecificationTest::keyboard()
     QCOMPARE(m_editor->fieldNames(), words("a b g:1"));
     QTest::keyClick(m_editor->m_fieldTable, Qt::Key_Delete);
     QCOMPARE(m_editor->fieldNames(), words("a b"));
+    // On the page of the columns the arrow button is hidden, its shortcut is not.
+    m_editor->setMode(QExportSpecification::ColumnBased);
+    m_editor->m_columnTable->setFocus();
+    m_editor->m_columnTable->setCurrentCell(0, 0);
+    QTest::keyClick(m_editor->m_columnTable, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(m_editor->fieldNames(), words("b"));
     // The order in which Tab goes through the controls.
     const QStringList wanted = words("m_fieldRadio m_columnRadio m_loadFormatButton m_saveFormatButton m_nullCheck m_nullEdit "
                                      "m_toAttributeButton m_toFieldButton m_separatorCombo m_columnTable");
