@@ -33,6 +33,20 @@ QESAttribute& QESAttribute::operator=(const impAttribute& record)
     return *this;
 }
 
+impAttribute QESAttribute::record() const
+{
+    impAttribute record;
+    record.name = m_name.toStdString();
+    record.type = m_type.toStdString();
+    record.typeId = m_typeId;
+    record.order = m_order;
+    record.width = m_width;
+    record.start = m_start;
+    record.end = m_end;
+    record.precision = m_precision;
+    return record;
+}
+
 void QESAttribute::copy(const QESAttribute& other)
 {
     m_name = other.m_name;

@@ -19,6 +19,8 @@ public:
     /// The record of a format file; its width is not taken.
     explicit QESAttribute(const impAttribute& record);
     ~QESAttribute();
+    /// The record for a format file.
+    impAttribute record() const;
     QESAttribute& operator=(const QESAttribute& other);
     QESAttribute& operator=(const impAttribute& record);
 

@@ -34,20 +34,6 @@ std::unique_ptr<FormatFile> readFormat(const QString& path)
     return file;
 }
 
-impAttribute recordOf(const QESAttribute& field)
-{
-    impAttribute record;
-    record.name = field.name().toStdString();
-    record.type = field.type().toStdString();
-    record.typeId = field.typeId();
-    record.order = field.order();
-    record.width = field.width();
-    record.start = field.start();
-    record.end = field.end();
-    record.precision = field.precision();
-    return record;
-}
-
 } // namespace
 
 void QExportSpecification::formatLoaded(const FormatFile&) {}
@@ -118,7 +104,7 @@ std::unique_ptr<FormatFile> QExportSpecification::savedFormat(const QString& pat
     file->name() = path;
     for (const QESAttribute& stored : qAsConst(m_specification)) {
         FormatFile::Field field;
-        field.setAttribute(recordOf(stored));
+        field.setAttribute(stored.record());
         file->addField(field);
     }
     if (m_loaded)

@@ -161,7 +161,7 @@ int formatsCommand(const QStringList& arguments)
         if (!parser.isSet(QStringLiteral("json")))
             printLine(QStringLiteral("%1\t%2\t%3\t%4").arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
         for (const Setting& setting : map.settings()) {
-            static const char* const kinds[] = {"choice", "text", "boolean", "integer"};
+            static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
             const QString allowed = setting.kind == Setting::Choice ? setting.choices.join(QStringLiteral(", "))
                                                                     : QString::fromLatin1(kinds[setting.kind]);
             settings.append(QJsonObject{{QStringLiteral("key"), setting.key},
@@ -172,7 +172,10 @@ int formatsCommand(const QStringList& arguments)
             if (!parser.isSet(QStringLiteral("json")))
                 printLine(QStringLiteral("    %1 = %2\t%3 (%4)").arg(setting.key, setting.get(), setting.description, allowed));
         }
+        if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
+            printLine(QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
         all.append(QJsonObject{{QStringLiteral("key"), info.key},
+                               {QStringLiteral("layout"), info.takesLayout},
                                {QStringLiteral("name"), info.displayName},
                                {QStringLiteral("extension"), info.defaultExtension},
                                {QStringLiteral("patterns"), info.patterns},

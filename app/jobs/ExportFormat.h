@@ -31,6 +31,7 @@ struct FormatInfo
     QString patterns;         ///< "*.csv *.txt"
     std::vector<ObjectType> types;
     bool supportsAttributes = true;
+    bool takesLayout = false; ///< loadLayout() is for this format
 };
 
 /// One export format: used alike by the command line and by the wizard. A new format is one class derived from this

@@ -16,6 +16,7 @@ FormatInfo AsciiFormat::info() const
     info.fileFormatName = QStringLiteral("ASCII");
     info.defaultExtension = QStringLiteral("csv");
     info.patterns = QStringLiteral("*.csv *.txt *.dat *.xyz");
+    info.takesLayout = true;
     info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts,
                   ObjectType::Wells,        ObjectType::Labels,       ObjectType::VertexClouds, ObjectType::GridSurfaces,
                   ObjectType::MeshSurfaces};

@@ -205,6 +205,13 @@ void presetHint(std::vector<AsciiHint>& hints, const Settings& settings, const F
 
 } // namespace
 
+int widthNeeded(const AsciiProfile& profile, const Settings& settings, const kpBaseExport::QESAttribute& field)
+{
+    QString example;
+    const int longest = longestOf(profile.column(field.name()), field, settings, example);
+    return std::max(longest, settings.header ? field.name().size() : 0);
+}
+
 QStringList separatorsToLookFor(const Settings& settings)
 {
     QStringList texts{QStringLiteral(" "), QStringLiteral("\t"), QStringLiteral(","), QStringLiteral(";")};

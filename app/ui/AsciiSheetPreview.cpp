@@ -217,13 +217,9 @@ void AsciiSheet::work()
 /// Until the user lays out columns of his own they are as wide as their values need.
 void AsciiSheet::fitColumns()
 {
-    AsciiExportSettings columns = m_format.current();
-    columns.mode = AsciiExportSettings::Mode::Columns;
-    const AsciiLayout layout = m_layout->asciiLayout();
-    for (const AsciiHint& hint : asciiHints(m_profile, columns, fieldsFor(layout, m_layout->offered()))) {
-        if (hint.cure == AsciiHint::Widen)
-            m_layout->widen(hint.field, hint.number + 1); // one blank between
-    }
+    const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(m_layout->asciiLayout(), m_layout->offered());
+    for (int row = 0; row < fields.size(); ++row)
+        m_layout->widen(row, widthNeeded(m_profile, m_format.current(), fields[row]) + 1); // one blank between
 }
 
 void AsciiSheet::showLacking()

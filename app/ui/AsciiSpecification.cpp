@@ -27,20 +27,6 @@ void setCell(QTableWidget& table, int row, int column, int number)
     table.item(row, column)->setText(QString::number(number));
 }
 
-impAttribute recordOf(const QESAttribute& field)
-{
-    impAttribute record;
-    record.name = field.name().toStdString();
-    record.type = field.type().toStdString();
-    record.typeId = field.typeId();
-    record.order = field.order();
-    record.width = field.width();
-    record.start = field.start();
-    record.end = field.end();
-    record.precision = field.precision();
-    return record;
-}
-
 } // namespace
 
 AsciiSpecification::AsciiSpecification(QWidget* parent)
@@ -204,7 +190,7 @@ void AsciiSpecification::formatAboutToBeSaved(FormatFile& file)
 {
     for (const QESAttribute& lacking : qAsConst(m_lacking)) {
         FormatFile::Field field;
-        field.setAttribute(recordOf(lacking));
+        field.setAttribute(lacking.record());
         file.addField(field);
         addField(lacking);
     }
