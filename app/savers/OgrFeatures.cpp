@@ -72,6 +72,8 @@ void OgrFeatures::startObject()
                 source.values = vertexAttributeOf(object, column.attribute, source.vertexHint);
             const ObjectAttribute* whole = source.values ? nullptr : objectAttributeOf(object, column.attribute, source.objectHint);
             source.constant = whole ? writtenValue(column, whole->value) : QVariant();
+            const bool sameKind = source.values && source.values->kind == column.kind;
+            source.asItIs = sameKind && (column.kind == AttributeKind::Integer || (column.kind == AttributeKind::Text && column.cutTo == 0));
         }
     }
 }
@@ -204,12 +206,17 @@ void OgrFeatures::addValues(OGRFeatureDetails& details)
         } else if (!source.values) {
             details.append_object_attribute(source.constant);
         } else if (source.values->kind == AttributeKind::Real) {
-            const bool missing = source.values->missing && (*source.values->missing)[row];
             const double number = (*source.values->numbers)[row];
+            const bool missing = source.values->missing && (*source.values->missing)[row];
             const bool plain = column.kind == AttributeKind::Real && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
             details.append_object_attribute(missing ? QVariant() : plain ? QVariant(number) : writtenValue(column, number));
         } else {
-            details.append_object_attribute(writtenValue(column, source.values->values[static_cast<int>(row)]));
+            const QVariant& value = source.values->values[static_cast<int>(row)];
+            // Most values go as they are.
+            if (source.asItIs && !value.isNull())
+                details.append_object_attribute(value);
+            else
+                details.append_object_attribute(writtenValue(column, value));
         }
     }
 }

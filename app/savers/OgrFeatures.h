@@ -28,6 +28,7 @@ private:
     {
         const AttributeColumn* values = nullptr; ///< one per vertex; else the constant
         QVariant constant;
+        bool asItIs = false; ///< values need no conversion
         std::size_t vertexHint = 0;
         std::size_t objectHint = 0;
     };
