@@ -238,14 +238,18 @@ void AsciiPageTest::fromTheMouseToTheFile()
     QVERIFY(bytes.size() > 10000);
     QVERIFY2(QString::fromUtf8(bytes).startsWith(preview), qPrintable(preview));
 
-    QProcess program;
-    program.start(QStringLiteral(KP_PROGRAM),
-                  {QStringLiteral("export"), QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"), QStringLiteral("--format"),
-                   QStringLiteral("ascii"), QStringLiteral("--object"), QStringLiteral("Contacts"), QStringLiteral("--layout"),
-                   path("contacts.klf"), QStringLiteral("--output"), path("program.txt")});
-    QVERIFY(program.waitForFinished(60000));
-    QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
-    QVERIFY(read(path("program.txt")) == bytes);
+    // The layout as the user saved it, and as the format keeps it for a later run.
+    QVERIFY(m_context->format("ascii")->saveLayout(path("kept.klf")));
+    for (const char* layout : {"contacts.klf", "kept.klf"}) {
+        QProcess program;
+        program.start(QStringLiteral(KP_PROGRAM),
+                      {QStringLiteral("export"), QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"), QStringLiteral("--format"),
+                       QStringLiteral("ascii"), QStringLiteral("--object"), QStringLiteral("Contacts"), QStringLiteral("--layout"), path(layout),
+                       QStringLiteral("--overwrite"), QStringLiteral("--output"), path("program.txt")});
+        QVERIFY(program.waitForFinished(60000));
+        QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
+        QVERIFY(read(path("program.txt")) == bytes);
+    }
 
     const QString validator = QStringLiteral(KP_SOURCE_DIR "/../shared/validate/ascii.py");
     if (!QFile::exists(validator))
