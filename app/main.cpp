@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "app/commands/CommandLine.h"
-#include "app/ui/RunGui.h"
+#include <cstdio>
+#include <cstring>
 
-#include <QCoreApplication>
-#include <QTextCodec>
+#include <dlfcn.h>
 
 int main(int argc, char** argv)
 {
-    // Paths and names are UTF-8 whatever locale the program is started in.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    // Whatever the command line asks for is done without a window system.
-    QStringList arguments;
-    for (int index = 1; index < argc; ++index)
-        arguments.append(QString::fromLocal8Bit(argv[index]));
-    QCoreApplication::setOrganizationName(QStringLiteral("kpexport"));
-    QCoreApplication::setApplicationName(QStringLiteral("kpexport"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(KP_VERSION));
-    if (!refhost::isCommand(arguments))
-        return refhost::runGui(argc, argv);
-    const QCoreApplication application(argc, argv);
-    return refhost::runCommand(QCoreApplication::arguments().mid(1));
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
+        return std::puts("kpexport " KP_VERSION) < 0 ? 1 : 0;
+    void* const module = dlopen(KP_MODULE, RTLD_NOW);
+    using Program = int (*)(int, char**);
+    const auto program = module ? reinterpret_cast<Program>(dlsym(module, "kpexportProgram")) : nullptr;
+    if (!program) {
+        std::fprintf(stderr, "kpexport: error: %s (install the program again)\n", dlerror());
+        return 1;
+    }
+    return program(argc, argv);
 }

@@ -47,4 +47,14 @@ void OGRAttributeInfo::size(int width, int decimals)
     m_decimals = decimals;
 }
 
+OGRFieldSubType OGRAttributeInfo::subtype() const
+{
+    return m_subtype;
+}
+
+void OGRAttributeInfo::subtype(OGRFieldSubType type)
+{
+    m_subtype = type;
+}
+
 } // namespace kpBaseExport

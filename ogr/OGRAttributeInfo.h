@@ -27,6 +27,9 @@ public:
     int width() const;
     int decimals() const;
     void size(int width, int decimals);
+    /// Subtype of the field, such as OFSTBoolean of an integer. Used when OGRExporterOptions::fieldSizes is on.
+    OGRFieldSubType subtype() const;
+    void subtype(OGRFieldSubType type);
 
 private:
     QString m_name;
@@ -34,6 +37,7 @@ private:
     int m_index = -1;
     int m_width = 0;
     int m_decimals = 0;
+    OGRFieldSubType m_subtype = OFSTNone;
 };
 
 } // namespace kpBaseExport

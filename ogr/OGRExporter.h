@@ -17,8 +17,6 @@ class OGRSpatialReference;
 namespace kpBaseExport
 {
 
-class OGRMessageCatcher;
-
 /// Writes layers through any OGR driver, one file per layer. The host has registered GDAL's drivers before.
 /// A single layer goes to fileName; each of several to fileName with the suffix of its geometry type.
 class KPBASEEXPORT_EXPORT OGRExporter : public MatrixDataExporter
@@ -38,8 +36,10 @@ public:
     void writeAttributes(bool enabled);
     /// Switches on what the defaults leave out.
     void options(const OGRExporterOptions& options);
-    /// What the driver refused in the last write(), when OGRExporterOptions::recordRefusals is on.
+    /// What the driver refused in the last write(), when OGRExporterOptions::recordRefusals is on; at most
+    /// mostRefusals of them.
     const std::vector<OGRRefusal>& refusals() const;
+    static constexpr std::size_t mostRefusals = 1000;
 
     using MatrixDataExporter::write;
     /// Writes the layers in order. False at the first that failed or was cancelled; the files written before stay.
@@ -50,34 +50,39 @@ public:
 
 private:
     struct LayerColumns;
+    struct Run;
 
     QString getLayerOutFileName(bool singleLayer, QString name, OGRwkbGeometryType type);
     bool processLayer(const OGRLayerInfo& layer, bool singleLayer);
     bool processOGRGeometryLayer(const OGRLayerInfo& layer, GDALDataset* dataSource, OGRwkbGeometryType type);
     void addFieldInfo(OGRLayer* ogrLayer, const OGRLayerInfo& layer);
-    void setFeatureAttributes(OGRFeature* feature, const OGRFeatureDetails& details, const LayerColumns& columns);
+    void setFeatureAttributes(OGRFeature* feature, const OGRFeatureDetails& details, const OGRLayerInfo& layer);
     void updateHorizontalAndVerticalDips(const double& dip, OGRFeature* feature, const int& typeIndex);
     void SetOGRFeaturesGeometryToPoint(const OGRFeatureDetails& details, OGRFeature* feature);
     void SetOGRFeaturesGeometryToPolyline(const OGRFeatureDetails& details, OGRFeature* feature);
     void SetOGRFeaturesGeometryToPolygon(const OGRFeatureDetails& details, OGRFeature* feature);
     void SetOGRFeaturesGeometryToMultiPolyline(const OGRFeatureDetails& details, OGRFeature* feature);
-    void setGeometryToRings(const OGRFeatureDetails& details, OGRFeature* feature, bool multi);
-    void setGeometry(const OGRFeatureDetails& details, OGRFeature* feature, OGRwkbGeometryType type);
-    void setOGRFeatureStyle(OGRFeature* feature, int colourIndex);
-    void CheckOGRFeature(OGRFeature* feature, OGRLayer* layer, const QString& layerName, int number);
+    void setOGRFeatureStyle(OGRFeature* feature);
+    void CheckOGRFeature(OGRFeature* feature, OGRLayer* layer);
     static int featureIndexAsPercentage(int featureCount, int featureIndex);
     bool updateFeaturesProgressBarIfRequired(int featureCount, int featureIndex, int& lastPercent);
 
+    GDALDataset* createDataSource(const QString& layerName, const QString& name);
+    bool closeDataSource(GDALDataset* dataSource, const QString& layerName, const QString& name);
+    bool writeLayers(const QVector<OGRLayerInfo>& layers);
+    bool writeFeatures(const OGRLayerInfo& layer, OGRLayer* ogrLayer, OGRwkbGeometryType type);
+    void lookUpColumns(OGRLayer* ogrLayer, const OGRLayerInfo& layer);
+    void setGeometry(const OGRFeatureDetails& details, OGRFeature* feature, OGRwkbGeometryType type);
     std::unique_ptr<OGRSpatialReference, void (*)(OGRSpatialReference*)> spatialReference(const QString& layerName);
     QByteArray encoded(const QString& text) const;
-    void refuse(OGRRefusal::Kind kind, const QString& layer, const QString& subject);
+    void refuse(OGRRefusal::Kind kind, const QString& layer, const QString& subject, bool taken = false);
 
     QString m_driverName;
     QString m_coordSystemWkt;
     bool m_writeAttributes = false;
     OGRExporterOptions m_options;
     std::vector<OGRRefusal> m_refusals;
-    OGRMessageCatcher* m_messages = nullptr; ///< lives for the time of a write()
+    Run* m_run = nullptr; ///< lives for the time of a write()
 };
 
 } // namespace kpBaseExport

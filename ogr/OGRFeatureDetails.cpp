@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ogr/OGRFeatureDetails.h"
 
+#include <utility>
+
 namespace kpBaseExport
 {
 
@@ -65,6 +67,11 @@ void OGRFeatureDetails::append_object_attribute(const QVariant& value)
     m_objectAttributes.append(value);
 }
 
+void OGRFeatureDetails::append_object_attribute(QVariant&& value)
+{
+    m_objectAttributes.append(std::move(value));
+}
+
 QVector<QVector<QVariant>> OGRFeatureDetails::vertex_attributes() const
 {
     return m_vertexAttributes;
@@ -73,6 +80,41 @@ QVector<QVector<QVariant>> OGRFeatureDetails::vertex_attributes() const
 void OGRFeatureDetails::append_vertex_attributes(const QVector<QVariant>& values)
 {
     m_vertexAttributes.append(values);
+}
+
+void OGRFeatureDetails::append_point(const OGRPoint& point)
+{
+    m_points.append(point);
+}
+
+int OGRFeatureDetails::point_count() const
+{
+    return m_points.size();
+}
+
+void OGRFeatureDetails::truncate_points(int count)
+{
+    if (count < m_points.size())
+        m_points.resize(count);
+}
+
+void OGRFeatureDetails::append_start_polygon_index(unsigned long long index)
+{
+    m_partEnds.append(index);
+}
+
+void OGRFeatureDetails::append_hole(bool flag)
+{
+    m_holes.append(flag);
+}
+
+void OGRFeatureDetails::clear()
+{
+    m_objectAttributes.resize(0);
+    m_vertexAttributes.resize(0);
+    m_points.resize(0);
+    m_partEnds.resize(0);
+    m_holes.resize(0);
 }
 
 } // namespace kpBaseExport

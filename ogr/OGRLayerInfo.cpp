@@ -42,7 +42,20 @@ QString OGRLayerInfo::coordinate_system() const
 
 OGRwkbGeometryType OGRLayerInfo::ogr_type() const
 {
+    if (m_source)
+        return m_sourceType;
     return m_features.isEmpty() ? wkbUnknown : m_features.first().feature_type();
+}
+
+void OGRLayerInfo::source(std::shared_ptr<OGRFeatureSource> source, OGRwkbGeometryType type)
+{
+    m_source = std::move(source);
+    m_sourceType = type;
+}
+
+OGRFeatureSource* OGRLayerInfo::source() const
+{
+    return m_source.get();
 }
 
 void OGRLayerInfo::append(const OGRFeatureDetails& feature)

@@ -3,9 +3,12 @@
 
 #include "ogr/OGRAttributeInfo.h"
 #include "ogr/OGRFeatureDetails.h"
+#include "ogr/OGRFeatureSource.h"
 
 #include <QString>
 #include <QVector>
+
+#include <memory>
 
 namespace kpBaseExport
 {
@@ -27,6 +30,11 @@ public:
     /// Geometry type of the first feature; wkbUnknown when there is none.
     OGRwkbGeometryType ogr_type() const;
 
+    /// Takes the features from \a source instead of a list: for layers that are too big to be held twice. All are of
+    /// \a type. Copies of the layer share the source, which is walked once per writing.
+    void source(std::shared_ptr<OGRFeatureSource> source, OGRwkbGeometryType type);
+    OGRFeatureSource* source() const;
+
     void append(const OGRFeatureDetails& feature);
     void append(const OGRAttributeInfo& attribute);
 
@@ -35,6 +43,8 @@ private:
     QVector<OGRFeatureDetails> m_features;
     QVector<OGRAttributeInfo> m_attributes;
     QString m_coordinateSystem;
+    std::shared_ptr<OGRFeatureSource> m_source;
+    OGRwkbGeometryType m_sourceType = wkbUnknown;
 };
 
 } // namespace kpBaseExport

@@ -15,7 +15,7 @@ void CPL_STDCALL catchMessage(CPLErr severity, CPLErrorNum, const char* message)
 {
     if (severity == CE_Debug)
         return;
-    static_cast<OGRMessageCatcher*>(CPLGetErrorHandlerUserData())->note(message);
+    static_cast<OGRMessageCatcher*>(CPLGetErrorHandlerUserData())->note(message, severity >= CE_Failure);
 }
 
 } // namespace
@@ -35,12 +35,17 @@ OGRMessageCatcher::~OGRMessageCatcher()
 
 QString OGRMessageCatcher::take()
 {
+    m_failed = false;
     return std::exchange(m_message, QString());
 }
 
-void OGRMessageCatcher::note(const char* message)
+void OGRMessageCatcher::note(const char* message, bool failure)
 {
+    // The first error says what went wrong; what follows are its consequences.
+    if (m_failed)
+        return;
     m_message = QString::fromUtf8(message);
+    m_failed = failure;
 }
 
 } // namespace kpBaseExport

@@ -19,11 +19,15 @@ public:
 
     /// The last message since the previous call; empty when there was none.
     QString take();
+    /// Whether there was a message since the last take(), and whether it was an error, not only a warning.
+    bool any() const { return !m_message.isEmpty(); }
+    bool failed() const { return m_failed; }
 
-    void note(const char* message);
+    void note(const char* message, bool failure);
 
 private:
     bool m_active;
+    bool m_failed = false;
     QString m_message;
 };
 

@@ -15,6 +15,7 @@ struct OGRRefusal
     QString layer;   ///< name of the layer
     QString subject; ///< field name, or the number of the feature counted from 1
     QString message; ///< the driver's words
+    bool taken = false; ///< a feature that was written, with some loss
 };
 
 } // namespace kpBaseExport

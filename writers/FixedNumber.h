@@ -13,4 +13,12 @@ namespace kpBaseExport
 /// "inf", "-inf", "nan".
 KPBASEEXPORT_EXPORT void appendFixed(std::string& text, double value, int precision);
 
+/// Room that writeFixed() needs.
+constexpr int longestFastNumber = 64;
+
+/// The same text at \a out, which has room for longestFastNumber characters, without a 0 behind it; those behind the
+/// text may change. Takes numbers of up to 16 digits, decimals included.
+/// \returns the end of the text, or null when the number is none of these
+KPBASEEXPORT_EXPORT char* writeFixed(char* out, double value, int precision);
+
 } // namespace kpBaseExport

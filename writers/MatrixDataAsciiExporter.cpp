@@ -206,13 +206,56 @@ void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
         return;
     const int rows = object.vertexData().front()->rowCount();
     const std::string between = separatorText();
+    const bool plain = canAppendPlainRows();
+    if (plain)
+        m_plainRows.resize(blockSize + fields.size() * (static_cast<std::size_t>(longestFastNumber) + between.size()) + 1);
     m_lastPercent = 0;
     for (int row = 0; row < rows; ++row) {
         if (progress && row % rowsBetweenReports == 0 && !reportRow(row, rows))
-            return;
-        appendRow(row, between);
+            break;
+        if (!plain || !appendPlainRow(row, between)) {
+            joinPlainRows();
+            appendRow(row, between);
+        }
         flushBlock(blockSize);
     }
+    joinPlainRows();
+}
+
+/// Whether rows are nothing but numbers from memory, joined by a separator.
+bool MatrixDataAsciiExporter::canAppendPlainRows() const
+{
+    return mode == FieldBased && !m_fieldData.empty()
+           && std::all_of(m_fieldData.begin(), m_fieldData.end(), [](const Source& source) { return source.block.values; });
+}
+
+/// The row as appendRow() writes it, composed in one piece. False, and nothing written, when a value is missing or a
+/// number needs the long way.
+bool MatrixDataAsciiExporter::appendPlainRow(int row, const std::string& separatorChars)
+{
+    char* end = m_plainRows.data() + m_plainSize;
+    for (std::size_t index = 0; index < fields.size(); ++index) {
+        const Source& source = m_fieldData[index];
+        if (source.block.missing && source.block.missing[row] != 0)
+            return false;
+        if (index > 0) {
+            for (const char character : separatorChars)
+                *end++ = character;
+        }
+        const double number = source.block.values[row];
+        end = writeFixed(end, source.negated ? -number : number, fields[index].precision);
+        if (!end)
+            return false;
+    }
+    *end++ = '\n';
+    m_plainSize = static_cast<std::size_t>(end - m_plainRows.data());
+    return true;
+}
+
+void MatrixDataAsciiExporter::joinPlainRows()
+{
+    m_block.append(m_plainRows.data(), m_plainSize);
+    m_plainSize = 0;
 }
 
 void MatrixDataAsciiExporter::appendRow(int row, const std::string& separatorChars)
@@ -340,10 +383,12 @@ int MatrixDataAsciiExporter::finishAscii(const FieldInfo& field, std::size_t sta
 
 void MatrixDataAsciiExporter::flushBlock(std::size_t limit)
 {
-    if (m_block.size() <= limit)
+    if (m_block.size() + m_plainSize <= limit)
         return;
     stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+    stream.write(m_plainRows.data(), static_cast<std::streamsize>(m_plainSize));
     m_block.clear();
+    m_plainSize = 0;
 }
 
 } // namespace kpBaseExport

@@ -68,12 +68,17 @@ private:
     int finishAscii(const FieldInfo& field, std::size_t start);
     void appendRows(const GeoObject& object);
     void appendRow(int row, const std::string& separatorChars);
+    bool canAppendPlainRows() const;
+    bool appendPlainRow(int row, const std::string& separatorChars);
+    void joinPlainRows();
     bool reportRow(int row, int rows);
     void flushBlock(std::size_t limit);
     Source sourceOf(const FieldInfo& field, const kpBase::MatrixData* matrix) const;
 
     std::vector<Source> m_fieldData; ///< one per field; points into the object
     std::string m_block;
+    std::vector<char> m_plainRows;      ///< follow m_block; their room is made once
+    std::size_t m_plainSize = 0;        ///< characters of m_plainRows in use
     int m_lastPercent = 0;
     bool m_cancelled = false;
 };

@@ -2,6 +2,7 @@
 #include "writers/MatrixDataOpenTecLinkExporter.h"
 
 #include "core/GeoObject.h"
+#include "host/data/AbstractProgress.h"
 #include "host/data/MatrixData.h"
 #include "writers/StreamNumber.h"
 
@@ -42,8 +43,8 @@ private:
 
 } // namespace
 
-MatrixDataOpenTecLinkExporter::MatrixDataOpenTecLinkExporter(const QString& file)
-    : MatrixDataExporter(file)
+MatrixDataOpenTecLinkExporter::MatrixDataOpenTecLinkExporter(const QString& file, kpBase::AbstractProgress* reporter)
+    : MatrixDataExporter(file, reporter)
 {
 }
 
@@ -73,6 +74,11 @@ void MatrixDataOpenTecLinkExporter::writeGeo(const GeoObject* object)
 {
     if (object->sectionData().empty())
         return;
+    m_cancelled = false;
+    m_rowsDone = 0;
+    m_rows = 0;
+    for (const kpBase::MatrixData* segment : object->sectionData())
+        m_rows += segment->rowCount();
     m_block += "open_tec_link_section " + sectionName.toStdString() + "\n\nsection_age ";
     appendStreamFixed(m_block, sectionAge, precision);
     m_block += "\n\n";
@@ -81,19 +87,46 @@ void MatrixDataOpenTecLinkExporter::writeGeo(const GeoObject* object)
         m_block += "\ncolor_rgb " + segment->colorHexaString().toStdString();
         m_block += "\ntype " + segment->geoType().toStdString();
         m_block += "\npoints\n";
-        const ColumnReader x(*segment, 0);
-        const ColumnReader y(*segment, 1);
-        const ColumnReader z(*segment, 2);
-        const int rows = segment->rowCount();
-        for (int row = 0; row < rows; ++row) {
-            appendRow("xyz ", {x[row], y[row], -z[row]});
-            m_block += '\n';
-            flushBlock(blockSize);
-        }
+        if (!appendPoints(*segment))
+            break;
         m_block += "points-end\nsegment-end\n\n";
     }
     m_block += "open_tec_link_section-end\n\n";
     flushBlock(0);
+}
+
+/// False when the user has cancelled.
+bool MatrixDataOpenTecLinkExporter::appendPoints(const kpBase::MatrixData& segment)
+{
+    constexpr int rowsBetween = 4096;
+    const ColumnReader x(segment, 0);
+    const ColumnReader y(segment, 1);
+    const ColumnReader z(segment, 2);
+    const int rows = segment.rowCount();
+    for (int first = 0; first < rows; first += rowsBetween) {
+        const int end = rows - first > rowsBetween ? first + rowsBetween : rows;
+        for (int row = first; row < end; ++row) {
+            appendRow("xyz ", {x[row], y[row], -z[row]});
+            m_block += '\n';
+        }
+        flushBlock(blockSize);
+        if (!reportRows(end - first))
+            return false;
+    }
+    return true;
+}
+
+bool MatrixDataOpenTecLinkExporter::reportRows(qint64 rows)
+{
+    m_rowsDone += rows;
+    if (!progress)
+        return true;
+    const int percent = static_cast<int>(m_rowsDone * 100 / m_rows);
+    if (percent != m_lastPercent)
+        progress->progressChanged(percent);
+    m_lastPercent = percent;
+    m_cancelled = progress->isCancelled();
+    return !m_cancelled;
 }
 
 void MatrixDataOpenTecLinkExporter::appendRow(const char* keyword, std::initializer_list<double> numbers)

@@ -15,16 +15,21 @@ namespace kpBaseExport
 
 /// Writes one geological cross-section in the OpenTecLink text format: the trace of the section in map view and one
 /// segment per line drawn on it, from the record's section list. Lengths are metres, depth is positive downwards.
+///
+/// With a progress object the writer reports whole percentages of the record's points and stops when the user cancels.
 class KPBASEEXPORT_EXPORT MatrixDataOpenTecLinkExporter : public MatrixDataExporter
 {
 public:
-    explicit MatrixDataOpenTecLinkExporter(const QString& file = QString());
+    explicit MatrixDataOpenTecLinkExporter(const QString& file = QString(), kpBase::AbstractProgress* reporter = nullptr);
     ~MatrixDataOpenTecLinkExporter() override;
 
     /// Version, units and, when there is one, the trace of the section.
     void writeHeader(const GeoObject* object) override;
     /// The section with its segments; nothing when the record has none.
     void writeGeo(const GeoObject* object) override;
+
+    /// True when writeGeo() has stopped because the user cancelled.
+    bool cancelled() const { return m_cancelled; }
 
     int precision = 2;                                           ///< decimals of every number
     QString sectionName = QStringLiteral("SectionDummy");        ///< name of the section
@@ -33,9 +38,15 @@ public:
 
 private:
     void appendRow(const char* keyword, std::initializer_list<double> numbers);
+    bool appendPoints(const kpBase::MatrixData& segment);
+    bool reportRows(qint64 rows);
     void flushBlock(std::size_t limit);
 
     std::string m_block;
+    qint64 m_rows = 0; ///< of the record
+    qint64 m_rowsDone = 0;
+    int m_lastPercent = 0;
+    bool m_cancelled = false;
 };
 
 } // namespace kpBaseExport

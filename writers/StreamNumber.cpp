@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "writers/StreamNumber.h"
 
+#include "writers/DecimalDigits.h"
+
 #include <charconv>
+#include <cmath>
 
 namespace kpBaseExport
 {
@@ -10,6 +13,11 @@ void appendStreamFixed(std::string& text, double value, int precision)
 {
     if (precision < 0)
         precision = 6;
+    std::uint64_t number = 0;
+    if (DecimalDigits::scaledMagnitude<DecimalDigits::Tie::ToEven>(value, precision, number)) {
+        DecimalDigits::appendScaled(text, std::signbit(value), number, precision);
+        return;
+    }
     // The largest double has 309 digits before the point.
     constexpr std::size_t longestWhole = 312;
     const std::size_t size = text.size();

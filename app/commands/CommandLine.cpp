@@ -24,7 +24,7 @@ constexpr char usage[] =
     "  kpexport export PATH... --format KEY --output PATH\n"
     "           [--object NAME|GLOB]... [--type TYPE]... [--attribute NAME]...\n"
     "           [--layout FILE.klf] [--set KEY=VALUE]... [--overwrite | --no-overwrite] [--strict]\n"
-    "           [--report FILE.json] [--quiet]\n"
+    "           [--verify] [--dry-run] [--report FILE.json] [--quiet]\n"
     "  kpexport run JOB.json               an export described in a file\n"
     "  kpexport --version | --help\n"
     "\n"

@@ -3,6 +3,7 @@
 
 #include "app/commands/CommandLine.h"
 #include "app/commands/TerminalProgress.h"
+#include "app/jobs/ExportPlan.h"
 #include "app/jobs/ExportRun.h"
 #include "app/readers/LoadError.h"
 #include "app/readers/ModelLoader.h"
@@ -21,16 +22,16 @@ namespace refhost
 namespace
 {
 
-bool matchesAny(const QString& name, const QStringList& patterns)
+bool matchesAny(const ModelObject& object, const QStringList& patterns)
 {
-    return std::any_of(patterns.begin(), patterns.end(), [&name](const QString& pattern) {
-        if (name == pattern)
+    return std::any_of(patterns.begin(), patterns.end(), [&object](const QString& pattern) {
+        if (object.name == pattern || pattern == QStringLiteral("id:%1").arg(object.id))
             return true;
         // A glob spans "/" in a name, which is no path.
         QString text = QRegularExpression::escape(pattern);
         text.replace(QLatin1String("\\*"), QLatin1String(".*")).replace(QLatin1String("\\?"), QLatin1String("."));
         return QRegularExpression(QRegularExpression::anchoredPattern(text), QRegularExpression::DotMatchesEverythingOption)
-            .match(name)
+            .match(object.name)
             .hasMatch();
     });
 }
@@ -55,7 +56,7 @@ std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& 
     qint64 refused = 0;
     QString example;
     for (const ModelObject& object : model.objects()) {
-        if (!request.objects.isEmpty() && !matchesAny(object.name, request.objects))
+        if (!request.objects.isEmpty() && !matchesAny(object, request.objects))
             continue;
         if (!request.types.isEmpty() && !request.types.contains(QString::fromStdString(typeKey(object.type))))
             continue;
@@ -93,16 +94,44 @@ bool checkRequest(const ExportRequest& request)
     return false;
 }
 
-bool writeReport(const ExportReport& report, const ExportRequest& request)
+bool writeReport(const QJsonObject& report, const ExportRequest& request)
 {
     if (request.report.isEmpty())
         return true;
     QSaveFile file(request.report);
-    const QByteArray text = QJsonDocument(report.toJson(request.format)).toJson();
+    const QByteArray text = QJsonDocument(report).toJson();
     if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
         return true;
     printError(QStringLiteral("%1: the report could not be written: %2 (check the directory)").arg(request.report, file.errorString()));
     return false;
+}
+
+QString verifiedText(const FileOutcome& file)
+{
+    if (file.verification.reader.isEmpty())
+        return {};
+    return QStringLiteral("\tverified by %1, worst coordinate error %2")
+        .arg(file.verification.reader)
+        .arg(file.verification.worstError, 0, 'g', 3);
+}
+
+/// What would be written. \returns the exit code
+int showPlan(const ExportPlan& plan, const ExportRequest& request)
+{
+    for (const ExportPlan::Output& output : plan.outputs) {
+        QString line = QStringLiteral("%1\t%2\t%3 rows\tabout %4")
+                           .arg(output.path, output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"))
+                           .arg(output.rows)
+                           .arg(sizeText(output.bytes));
+        if (!output.renamedFrom.isEmpty())
+            line += QStringLiteral("\trenamed from %1").arg(output.renamedFrom);
+        if (!output.sidecars.isEmpty())
+            line += QStringLiteral("\twith %1").arg(output.sidecars.join(QStringLiteral(", ")));
+        printLine(line);
+    }
+    if (!request.quiet)
+        std::fprintf(stderr, "kpexport: note: nothing was written: %s\n", plan.summary().toUtf8().constData());
+    return AllWritten;
 }
 
 int exitCode(const ExportReport& report, const ExportRequest& request)
@@ -112,10 +141,12 @@ int exitCode(const ExportReport& report, const ExportRequest& request)
         return Cancelled;
     }
     for (const FileOutcome& file : report.files()) {
+        for (const FailedObject& object : file.failedObjects)
+            printError(QStringLiteral("%1: %2: left out: %3").arg(file.path, object.name, object.reason));
         if (!file.written())
             printError(QStringLiteral("%1: %2").arg(file.path, file.error));
         else if (!request.quiet)
-            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes));
+            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes) + verifiedText(file));
     }
     if (!request.quiet) {
         for (const QString& line : report.findingLines())
@@ -169,7 +200,13 @@ int runRequest(const ExportRequest& request)
         return NothingMatched;
     }
 
+    selection.verify = request.verify;
     const std::vector<PlannedFile> files = format->plan(selection);
+    if (request.dryRun) {
+        const ExportPlan plan = makePlan(*format, selection, files);
+        const int code = showPlan(plan, request);
+        return writeReport(plan.toJson(request.format), request) ? code : NotAllWritten;
+    }
     if (!request.overwrite) {
         for (const PlannedFile& file : files) {
             if (QFileInfo(file.path).isFile()) {
@@ -180,7 +217,7 @@ int runRequest(const ExportRequest& request)
     }
     runExport(*format, selection, files, &progress, report);
     progress.progressFinished();
-    const bool reported = writeReport(report, request);
+    const bool reported = writeReport(report.toJson(request.format), request);
     const int code = exitCode(report, request);
     return code == AllWritten && !reported ? NotAllWritten : code;
 }
@@ -193,7 +230,7 @@ int exportCommand(const QStringList& arguments)
     };
     for (const char* name : {"format", "output", "object", "type", "attribute", "layout", "set", "report"})
         value(name);
-    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet"})
+    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run"})
         parser.addOption({QString::fromLatin1(name), QString()});
     if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)) {
         printError(parser.errorText() + QStringLiteral(" (see kpexport --help)"));
@@ -210,6 +247,8 @@ int exportCommand(const QStringList& arguments)
     request.report = parser.value(QStringLiteral("report"));
     request.strict = parser.isSet(QStringLiteral("strict"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));
+    request.verify = parser.isSet(QStringLiteral("verify"));
+    request.dryRun = parser.isSet(QStringLiteral("dry-run"));
     request.overwrite = parser.isSet(QStringLiteral("overwrite"));
     if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite"))) {
         printError(QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));

@@ -61,6 +61,10 @@ QJsonObject objectJson(const ModelObject& object)
     QJsonArray attributes;
     for (const AttributeColumn& column : object.vertexAttributes)
         attributes.append(attributeJson(column.name, column.kind, column.unit));
+    if (object.cells) {
+        for (const AttributeColumn& column : object.cells->cellAttributes)
+            attributes.append(attributeJson(column.name, column.kind, column.unit));
+    }
     for (const ObjectAttribute& attribute : object.objectAttributes)
         attributes.append(attributeJson(attribute.name, attribute.kind, attribute.unit));
     return {{QStringLiteral("id"), object.id},

@@ -88,6 +88,10 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
             request.overwrite = truth(path, key, value);
         } else if (key == QLatin1String("strict")) {
             request.strict = truth(path, key, value);
+        } else if (key == QLatin1String("verify")) {
+            request.verify = truth(path, key, value);
+        } else if (key == QLatin1String("dryRun")) {
+            request.dryRun = truth(path, key, value);
         } else if (key == QLatin1String("quiet")) {
             request.quiet = truth(path, key, value);
         } else if (key == QLatin1String("settings")) {
@@ -96,7 +100,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, layout, settings, overwrite, strict, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, layout, settings, overwrite, strict, verify, dryRun, quiet, report"));
         }
     }
     return request;
@@ -120,6 +124,11 @@ QJsonObject readJob(const QString& path)
 
 } // namespace
 
+ExportRequest readJobFile(const QString& path)
+{
+    return requestOf(path, readJob(path));
+}
+
 int jobCommand(const QStringList& arguments)
 {
     if (arguments.size() != 1) {
@@ -127,7 +136,7 @@ int jobCommand(const QStringList& arguments)
         return WrongUse;
     }
     try {
-        return runRequest(requestOf(arguments.first(), readJob(arguments.first())));
+        return runRequest(readJobFile(arguments.first()));
     } catch (const std::invalid_argument& error) {
         printError(QString::fromUtf8(error.what()));
         return WrongUse;

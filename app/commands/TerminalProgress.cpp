@@ -27,6 +27,8 @@ TerminalProgress::TerminalProgress(bool quiet)
     interrupted = 0;
     std::signal(SIGINT, interrupt);
     std::signal(SIGTERM, interrupt);
+    // A file past the user's size limit is then a failed write like any other, instead of the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 TerminalProgress::~TerminalProgress()

@@ -54,11 +54,13 @@ public:
     virtual std::vector<PlannedFile> plan(const ExportSelection& selection) const = 0;
     /// Every extension, without dot, of the files that can stand beside a file of this format and belong to it.
     virtual QStringList sidecars() const { return {}; }
+    /// A rough guess of a file's size, for a look at what fits on the disk.
+    virtual qint64 estimatedBytes(const PlannedFile& file, const ExportSelection& selection) const;
     /// Writes one file to \a path, which has the final name but lies in a folder of its own, and its sidecars beside
     /// it. Everything that is in the folder afterwards moves to the final place together; an earlier sidecar that was
     /// not written again goes. Stops early when the user cancels.
     /// \returns the number of rows, features or cells written
-    /// \throws ExportError, std::exception
+    /// \throws ObjectError when one object cannot be written but the others can; ExportError, std::exception
     virtual qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                          ExportReport& report, kpBase::AbstractProgress* progress) = 0;
     /// Reads the file that write() left at \a path by another route and compares it with the source.

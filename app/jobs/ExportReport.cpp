@@ -12,18 +12,18 @@ void ExportReport::note(const QString& kind, const QString& object, qint64 count
 {
     if (count <= 0)
         return;
-    const auto found = std::find_if(m_findings.begin(), m_findings.end(), [&](const Finding& finding) {
-        return finding.kind == kind && finding.object == object;
-    });
-    if (found == m_findings.end())
-        m_findings.push_back({kind, object, count, example});
-    else
-        found->count += count;
+    const auto found = m_places.constFind({kind, object});
+    if (found != m_places.constEnd()) {
+        m_findings[*found].count += count;
+        return;
+    }
+    m_places.insert({kind, object}, m_findings.size());
+    m_findings.push_back({kind, object, count, example});
 }
 
 bool ExportReport::anyFailed() const
 {
-    return std::any_of(m_files.begin(), m_files.end(), [](const FileOutcome& file) { return !file.written(); });
+    return std::any_of(m_files.begin(), m_files.end(), [](const FileOutcome& file) { return !file.complete(); });
 }
 
 QJsonObject ExportReport::toJson(const QString& formatKey) const
@@ -37,6 +37,16 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
                           {QStringLiteral("bytes"), file.bytes}};
         if (!file.written())
             entry.insert(QStringLiteral("error"), file.error);
+        QJsonArray failed;
+        for (const FailedObject& object : file.failedObjects)
+            failed.append(QJsonObject{{QStringLiteral("name"), object.name}, {QStringLiteral("reason"), object.reason}});
+        if (!failed.isEmpty())
+            entry.insert(QStringLiteral("failedObjects"), failed);
+        if (!file.verification.reader.isEmpty())
+            entry.insert(QStringLiteral("verification"), QJsonObject{{QStringLiteral("reader"), file.verification.reader},
+                                                                     {QStringLiteral("count"), file.verification.count},
+                                                                     {QStringLiteral("worstError"), file.verification.worstError},
+                                                                     {QStringLiteral("fault"), file.verification.fault}});
         files.append(entry);
     }
     QJsonArray findings;

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/jobs/Verification.h"
+
+#include <QHash>
 #include <QJsonObject>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -19,16 +23,26 @@ struct Finding
     QString example; ///< the first case in words
 };
 
+/// An object that was left out of its file because it could not be written.
+struct FailedObject
+{
+    QString name;
+    QString reason; ///< cause and cure
+};
+
 /// What became of one output file.
 struct FileOutcome
 {
     QString path;
-    QStringList objects;
+    QStringList objects; ///< names of those written
+    std::vector<FailedObject> failedObjects;
+    Verification verification;
     qint64 rows = 0;
     qint64 bytes = 0;
     QString error; ///< cause and cure; empty when the file was written
 
     bool written() const { return error.isEmpty(); }
+    bool complete() const { return written() && failedObjects.empty(); }
 };
 
 /// The record of one run.
@@ -42,6 +56,7 @@ public:
     const std::vector<Finding>& findings() const { return m_findings; }
     const std::vector<FileOutcome>& files() const { return m_files; }
     std::vector<FileOutcome>& files() { return m_files; }
+    /// Whether a file or an object could not be written.
     bool anyFailed() const;
 
     bool cancelled = false;
@@ -54,6 +69,7 @@ public:
 
 private:
     std::vector<Finding> m_findings;
+    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of a finding by kind and object
     std::vector<FileOutcome> m_files;
 };
 

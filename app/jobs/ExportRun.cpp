@@ -2,8 +2,10 @@
 #include "app/jobs/ExportRun.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/ObjectError.h"
 #include "app/jobs/OutputTransaction.h"
 #include "app/jobs/ShareOfProgress.h"
+#include "app/model/ObjectCheck.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,15 +17,6 @@ namespace refhost
 
 namespace
 {
-
-FileOutcome outcomeOf(const PlannedFile& file)
-{
-    FileOutcome outcome;
-    outcome.path = file.path;
-    for (const ModelObject* object : file.objects)
-        outcome.objects.append(object->name);
-    return outcome;
-}
 
 double weightOf(const PlannedFile& file)
 {
@@ -41,6 +34,101 @@ qint64 bytesOf(const QString& staged)
     return bytes;
 }
 
+/// Writes one file, without the objects that cannot be written.
+class FileRun
+{
+public:
+    FileRun(ExportFormat& format, const ExportSelection& selection, const PlannedFile& file, OutputTransaction& transaction,
+            ExportReport& report)
+        : m_format(format)
+        , m_selection(selection)
+        , m_file(file)
+        , m_transaction(transaction)
+        , m_report(report)
+    {
+        m_outcome.path = file.path;
+    }
+
+    FileOutcome run(kpBase::AbstractProgress& progress)
+    {
+        leaveOutUnsound();
+        try {
+            while (!writeOnce(progress))
+                m_transaction.drop(m_file.path);
+        } catch (const ExportError& error) {
+            giveUp(error.reason());
+        } catch (const std::exception& error) {
+            giveUp(QString::fromUtf8(error.what()));
+        }
+        for (const ModelObject* object : m_file.objects)
+            m_outcome.objects.append(object->name);
+        return m_outcome;
+    }
+
+private:
+    /// False when an object had to be left out, so that the file is to be written again.
+    bool writeOnce(kpBase::AbstractProgress& progress)
+    {
+        if (m_file.objects.empty() && !m_outcome.failedObjects.empty()) {
+            giveUp(QStringLiteral("none of its objects could be written; %1: %2")
+                       .arg(m_outcome.failedObjects.front().name, m_outcome.failedObjects.front().reason));
+            return true;
+        }
+        const QString path = m_transaction.stage(m_file.path, m_format.sidecars());
+        try {
+            m_outcome.rows = m_format.write(m_file, path, m_selection, m_report, &progress);
+        } catch (const ObjectError& error) {
+            leaveOut(*error.object(), error.reason());
+            return false;
+        }
+        const bool staged = path != QFileInfo(m_file.path).absoluteFilePath();
+        m_outcome.bytes = staged ? bytesOf(path) : 0;
+        if (m_selection.verify && staged && !progress.isCancelled())
+            verify(path);
+        return true;
+    }
+
+    void verify(const QString& path)
+    {
+        m_outcome.verification = m_format.verify(m_file, path, m_selection);
+        const Verification& found = m_outcome.verification;
+        if (found.reader.isEmpty())
+            m_report.note(QStringLiteral("not verified"), QString(), 1, QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
+        else if (!found.fault.isEmpty())
+            throw ExportError(m_file.path, QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
+                              QStringLiteral("report this; an earlier file is as it was"));
+    }
+
+    void leaveOutUnsound()
+    {
+        const std::vector<const ModelObject*> objects = m_file.objects;
+        for (const ModelObject* object : objects) {
+            const QString fault = faultOf(*object);
+            if (!fault.isEmpty())
+                leaveOut(*object, QStringLiteral("%1 (load it again or repair its source)").arg(fault));
+        }
+    }
+
+    void leaveOut(const ModelObject& object, const QString& reason)
+    {
+        m_outcome.failedObjects.push_back({object.name, reason});
+        m_file.objects.erase(std::remove(m_file.objects.begin(), m_file.objects.end(), &object), m_file.objects.end());
+    }
+
+    void giveUp(const QString& reason)
+    {
+        m_transaction.drop(m_file.path);
+        m_outcome.error = reason;
+    }
+
+    ExportFormat& m_format;
+    const ExportSelection& m_selection;
+    PlannedFile m_file;
+    OutputTransaction& m_transaction;
+    ExportReport& m_report;
+    FileOutcome m_outcome;
+};
+
 } // namespace
 
 bool runExport(ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files,
@@ -54,20 +142,10 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
         progress->progressStarted(true);
     ShareOfProgress share(progress, total);
     for (const PlannedFile& file : files) {
-        FileOutcome outcome = outcomeOf(file);
         share.next(weightOf(file));
-        try {
-            const QString path = transaction.stage(file.path, format.sidecars());
-            outcome.rows = format.write(file, path, selection, report, &share);
-            outcome.bytes = path == file.path ? 0 : bytesOf(path);
-        } catch (const ExportError& error) {
-            transaction.drop(file.path);
-            outcome.error = error.reason();
-        } catch (const std::exception& error) {
-            transaction.drop(file.path);
-            outcome.error = QString::fromUtf8(error.what());
-        }
-        report.add(outcome);
+        report.add(FileRun(format, selection, file, transaction, report).run(share));
+        if (!file.renamedFrom.isEmpty())
+            report.note(QStringLiteral("renamed file"), file.renamedFrom, 1, QFileInfo(file.path).fileName());
         if (share.isCancelled()) {
             report.cancelled = true;
             return false;

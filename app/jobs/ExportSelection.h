@@ -18,6 +18,7 @@ struct ExportSelection
     std::vector<const ModelObject*> objects;
     std::optional<QStringList> attributes; ///< only these; all when not set
     QString path;                          ///< as the user gave it
+    bool verify = false;                   ///< read each file again before it replaces an earlier one
 
     bool wantsAttribute(const QString& name) const { return !attributes || attributes->contains(name); }
 };

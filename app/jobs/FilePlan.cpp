@@ -28,7 +28,8 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
     QString front = selection.path;
     QString back = QLatin1Char('.') + extension;
     if (QFileInfo(selection.path).isDir()) {
-        front = QDir(selection.path).filePath(prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_'));
+        front = QDir(selection.path).path() + QLatin1Char('/');
+        front += prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_');
     } else {
         const QFileInfo info(withExtension(selection.path, extension));
         front = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_');
@@ -45,10 +46,17 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
         }
         if (bySet)
             places.insert(object->set, files.size());
-        const QString name = safeFileNamePart(bySet ? object->set : object->name);
-        files.push_back({front + names.take(name) + back, {object}});
+        const QString wanted = bySet ? object->set : object->name;
+        const QString name = names.take(safeFileNamePart(wanted));
+        files.push_back({front + name + back, {object}, name == wanted ? QString() : wanted});
     }
     return files;
+}
+
+std::vector<PlannedFile> planOneEach(const ExportSelection& selection, const QString& extension, const QString& prefix)
+{
+    const bool alone = selection.objects.size() == 1 && !QFileInfo(selection.path).isDir();
+    return planFiles(selection, alone ? FileGrouping::Single : FileGrouping::Object, extension, prefix);
 }
 
 } // namespace refhost

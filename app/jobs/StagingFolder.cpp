@@ -12,6 +12,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace refhost
@@ -24,12 +25,13 @@ const QString prefix = QStringLiteral(".kpexport-");
 const QString backups = QStringLiteral("earlier");
 
 /// An open descriptor that holds the folder's lock, or -1 when another run has it.
-int lockFolder(const QString& path)
+/// \a evenWithout: also where the file system has no locks.
+int lockFolder(const QString& path, bool evenWithout)
 {
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
         return -1;
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || (evenWithout && errno != EWOULDBLOCK))
         return descriptor;
     ::close(descriptor);
     return -1;
@@ -42,17 +44,24 @@ StagingFolder::StagingFolder(const QString& directory, const QString& target)
     static int counter = 0;
     removeAbandoned(directory);
     const QDir parent(directory);
-    QString name;
-    do {
-        name = QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
-    } while (parent.exists(name));
-    m_path = parent.filePath(name);
-    errno = 0;
-    if (!parent.mkdir(name))
+    // Another run may take the new folder for an abandoned one before it is locked; then it is gone, or going.
+    constexpr int mostTries = 100;
+    for (int tries = 0; tries < mostTries && m_lock < 0; ++tries) {
+        const QString name = QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
+        m_path = parent.filePath(name);
+        if (::mkdir(QFile::encodeName(m_path).constData(), 0777) == 0)
+            m_lock = lockFolder(m_path, true);
+        else if (errno != EEXIST)
+            break;
+        if (m_lock >= 0 && !parent.exists(name)) {
+            ::close(m_lock);
+            m_lock = -1;
+        }
+    }
+    if (m_lock < 0)
         throw ExportError(target,
                           QStringLiteral("nothing can be created in %1: %2").arg(directory, QString::fromLocal8Bit(std::strerror(errno))),
                           QStringLiteral("make room, change its permissions or choose another directory"));
-    m_lock = lockFolder(m_path);
 }
 
 StagingFolder::~StagingFolder()
@@ -81,7 +90,7 @@ void StagingFolder::removeAbandoned(const QString& directory)
     const QStringList names = parent.entryList({prefix + QLatin1Char('*')}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
     for (const QString& name : names) {
         QDir folder(parent.filePath(name));
-        const int lock = lockFolder(folder.path());
+        const int lock = lockFolder(folder.path(), false);
         // A run that was killed while it moved files has left earlier ones there, which are not ours to delete.
         if (lock >= 0 && !folder.exists(backups))
             folder.removeRecursively();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/model/AttributeColumn.h"
+#include "app/model/CrossSection.h"
 #include "app/model/ObjectType.h"
 
 #include <QColor>
@@ -38,7 +39,8 @@ struct GridGeometry
     double rotation = 0.0; ///< degrees, counter-clockwise, about the origin
 };
 
-/// Corner-point cells, laid out as in Eclipse: coord holds 6 numbers per pillar, zcorn 8 per cell, z positive down.
+/// Corner-point cells, laid out as in Eclipse: coord holds 6 numbers per pillar, zcorn 8 per cell, z positive down,
+/// columns fastest. Lengths are in the object's unit, x and y on the map.
 struct CellGrid
 {
     int columns = 0;
@@ -72,14 +74,22 @@ struct ModelObject
     std::vector<std::array<int, 3>> triangles;   ///< mesh surfaces: vertex indices
     std::optional<GridGeometry> grid;            ///< grid surfaces
     std::shared_ptr<const CellGrid> cells;       ///< geocellular volumes
+    std::shared_ptr<const CrossSection> section; ///< cross-sections; their vertices are the trace on the map
     std::vector<AttributeColumn> vertexAttributes;
     std::vector<ObjectAttribute> objectAttributes;
 
     int vertexCount() const { return x ? static_cast<int>(x->size()) : 0; }
-    /// How much there is to write, for progress: vertices and cells.
+    /// Vertices and cells.
+    qint64 rowCount() const { return vertexCount() + (cells ? qint64(cells->columns) * cells->rows * cells->layers : 0); }
+    /// How much there is to write, for progress: vertices, points drawn on a section and cells.
     double weight() const
     {
-        return 1.0 + vertexCount() + (cells ? 8.0 * cells->columns * cells->rows * cells->layers : 0.0);
+        double drawn = 0;
+        if (section) {
+            for (const SectionSegment& segment : section->segments)
+                drawn += static_cast<double>(segment.z.size());
+        }
+        return 1.0 + vertexCount() + drawn + (cells ? 8.0 * cells->columns * cells->rows * cells->layers : 0.0);
     }
 };
 

@@ -5,12 +5,27 @@
 
 #include <ogr_spatialref.h>
 
+#include <QByteArray>
+
 namespace refhost
 {
 
+namespace
+{
+
+/// Whether it is what formats that must name a system write where there is none.
+bool saysNothing(const OGRSpatialReference& reference)
+{
+    const QString name = QString::fromUtf8(reference.GetName());
+    return reference.IsEmpty() || name == QLatin1String("Undefined geographic SRS")
+           || name.startsWith(QLatin1String("Undefined Cartesian SRS")) || name == QLatin1String("Nonearth");
+}
+
+} // namespace
+
 QString wktOf(const OGRSpatialReference* reference)
 {
-    if (!reference || reference->IsEmpty())
+    if (!reference || saysNothing(*reference))
         return {};
     char* wkt = nullptr;
     const QString text = reference->exportToWkt(&wkt) == OGRERR_NONE ? QString::fromUtf8(wkt) : QString();

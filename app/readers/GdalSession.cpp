@@ -33,6 +33,18 @@ QString QuietGdal::lastMessage()
     return QString::fromUtf8(CPLGetLastErrorMsg()).simplified();
 }
 
+GdalOption::GdalOption(const char* key, const char* value)
+    : m_key(key)
+    , m_earlier(CPLGetThreadLocalConfigOption(key, nullptr))
+{
+    CPLSetThreadLocalConfigOption(key, value);
+}
+
+GdalOption::~GdalOption()
+{
+    CPLSetThreadLocalConfigOption(m_key.constData(), m_earlier.isNull() ? nullptr : m_earlier.constData());
+}
+
 GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char* const* options)
 {
     const QFileInfo info(path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <gdal_priv.h>
@@ -22,6 +23,20 @@ public:
 
     /// GDAL's last error in one line; empty when there was none.
     static QString lastMessage();
+};
+
+/// Sets a configuration option of GDAL for this thread while it lives.
+class GdalOption
+{
+public:
+    GdalOption(const char* key, const char* value);
+    ~GdalOption();
+    GdalOption(const GdalOption&) = delete;
+    GdalOption& operator=(const GdalOption&) = delete;
+
+private:
+    QByteArray m_key;
+    QByteArray m_earlier; ///< null when it was not set
 };
 
 /// Opens a file. \throws LoadError naming file, cause and cure

@@ -6,6 +6,7 @@
 #include "app/readers/LoadError.h"
 #include "app/readers/VectorReader.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <cmath>
@@ -21,9 +22,27 @@ constexpr double mostNodes = 1e9;
 
 } // namespace
 
+bool isZMapGrid(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        return false;
+    // Comments, then "@NAME HEADER, GRID, 5".
+    constexpr int mostComments = 100;
+    constexpr qint64 longestLine = 1000;
+    for (int number = 0; number < mostComments; ++number) {
+        const QByteArray line = file.readLine(longestLine);
+        if (!line.startsWith('!'))
+            return line.startsWith('@') && line.split(',').value(1).trimmed() == "GRID";
+    }
+    return false;
+}
+
 LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options)
 {
     const QuietGdal quiet;
+    // The limits in a ZMap+ header are the outermost nodes, whatever GDAL takes them for by default.
+    const GdalOption zmapNodes("ZMAP_PIXEL_IS_POINT", "TRUE");
     const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
     const int columns = dataset->GetRasterXSize();
     const int rows = dataset->GetRasterYSize();

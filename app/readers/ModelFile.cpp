@@ -3,6 +3,7 @@
 
 #include "app/readers/LoadError.h"
 #include "app/readers/ModelLoader.h"
+#include "app/readers/SectionReader.h"
 
 #include <QColor>
 #include <QDir>
@@ -153,6 +154,10 @@ LoadNotes readModelFile(Model& model, const QString& path)
             throw LoadError(path, QStringLiteral("object %1 is a model file").arg(number), QStringLiteral("list its objects here"));
         notes += loadInto(model, file, entry.options());
     }
+    const QJsonValue sections = root.value(QLatin1String("sections"));
+    if (!sections.isUndefined() && !sections.isArray())
+        throw LoadError(path, QStringLiteral("\"sections\" is no list"), QStringLiteral("put the sections in brackets"));
+    notes += readSections(model, path, sections.toArray());
     return notes;
 }
 

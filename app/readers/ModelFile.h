@@ -8,8 +8,8 @@ namespace refhost
 {
 
 /// Reads a model file: a JSON object {"version": 1, "objects": [{"file": ..., ...}, ...]}, where each entry names a
-/// file, relative to the model file, and how to load it. The keys are the members of LoadOptions. docs/model-file.md
-/// describes them.
+/// file, relative to the model file, and how to load it. The keys are the members of LoadOptions. "sections" lists
+/// cross-sections to cut through them. docs/model-file.md describes both.
 /// \throws LoadError naming the line or the entry
 LoadNotes readModelFile(Model& model, const QString& path);
 

@@ -2,9 +2,13 @@
 #include "app/readers/ModelLoader.h"
 
 #include "app/readers/CoordinateSystems.h"
+#include "app/readers/GocadReader.h"
+#include "app/readers/GrdeclReader.h"
 #include "app/readers/GridReader.h"
 #include "app/readers/LoadError.h"
 #include "app/readers/ModelFile.h"
+#include "app/readers/ObjReader.h"
+#include "app/readers/OffReader.h"
 #include "app/readers/VectorReader.h"
 #include "app/readers/WellReader.h"
 
@@ -18,6 +22,8 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
     static const QStringList rasters{QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("asc"),
                                      QStringLiteral("grd"), QStringLiteral("img"), QStringLiteral("vrt"),
                                      QStringLiteral("zmap"), QStringLiteral("dem")};
+    static const QStringList gocad{QStringLiteral("ts"), QStringLiteral("pl"), QStringLiteral("vs"), QStringLiteral("gp"),
+                                   QStringLiteral("gocad")};
     if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
         throw LoadError(path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(options.crs),
                         QStringLiteral("give one like EPSG:28350"));
@@ -26,8 +32,16 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
         return readModelFile(model, path);
     if (!options.survey.isEmpty())
         return readWells(model, path, options);
-    if (rasters.contains(suffix))
+    if (rasters.contains(suffix) || (suffix == QLatin1String("dat") && isZMapGrid(path)))
         return readGrid(model, path, options);
+    if (suffix == QLatin1String("off"))
+        return readOff(model, path, options);
+    if (suffix == QLatin1String("obj"))
+        return readObj(model, path, options);
+    if (suffix == QLatin1String("grdecl"))
+        return readGrdecl(model, path, options);
+    if (gocad.contains(suffix))
+        return readGocad(model, path, options);
     return readVectors(model, path, options);
 }
 

@@ -7,7 +7,8 @@
 namespace refhost
 {
 
-/// Loads a file into the model: a model file (*.kpmodel), a raster as grid surface, a table of collars when
+/// Loads a file into the model: a model file (*.kpmodel), a raster or ZMap+ grid as grid surface, a mesh (*.off,
+/// *.obj), GOCAD objects (*.ts, *.pl, *.vs, *.gp), a corner-point grid (*.grdecl), a table of collars when
 /// LoadOptions::survey is set, else whatever OGR reads.
 /// \returns notes on what was passed over
 /// \throws LoadError

@@ -2,6 +2,8 @@
 #include "app/savers/HostSaver.h"
 
 #include "app/jobs/ExportRun.h"
+#include "core/saver/AttributeNamesSheet.h"
+#include "core/saver/QExportAbstractOptionSheet.h"
 #include "wizard/QExportWizard.h"
 
 #include <QFile>
@@ -11,6 +13,20 @@
 
 namespace refhost
 {
+
+namespace
+{
+
+QString verifiedHtml(const Verification& verification)
+{
+    if (verification.reader.isEmpty())
+        return {};
+    return QStringLiteral("; read again by %1, worst coordinate error %2")
+        .arg(verification.reader.toHtmlEscaped())
+        .arg(verification.worstError, 0, 'g', 3);
+}
+
+} // namespace
 
 HostSaver::HostSaver(ExportFormat& format, const Model& model)
     : AbstractSaver(format.info().key.toStdString())
@@ -36,11 +52,23 @@ void HostSaver::set_selection(const QString& path, const std::vector<int>& geoId
         if (const ModelObject* object = m_model.find(id))
             m_selection.objects.push_back(object);
     }
-    QStringList attributes;
-    for (const std::string& name : attributeNames)
-        attributes.append(QString::fromStdString(name));
-    m_selection.attributes = attributes;
-    m_plan = m_format.plan(m_selection);
+    // An empty list is a choice only where there was one; else everything goes out.
+    if (offersAttributes()) {
+        QStringList attributes;
+        for (const std::string& name : attributeNames)
+            attributes.append(QString::fromStdString(name));
+        m_selection.attributes = attributes;
+    }
+    m_selection.verify = m_verify;
+    m_plan = m_retry ? m_failed : m_format.plan(m_selection);
+    m_retry = false;
+}
+
+bool HostSaver::offersAttributes() const
+{
+    return m_supportsAttributes && std::any_of(m_sheets.begin(), m_sheets.end(), [](const auto* sheet) {
+               return dynamic_cast<const kpBaseExport::AttributeNamesSheet*>(sheet) != nullptr;
+           });
 }
 
 void HostSaver::generateFileNames(const QString&, const std::vector<int>&, const std::vector<std::string>&,
@@ -59,6 +87,7 @@ bool HostSaver::save(const std::vector<QString>& acceptedFiles, kpBase::Abstract
             files.push_back(file);
     }
     ExportReport report;
+    m_failed.clear();
     const bool written = runExport(m_format, m_selection, files, progress, report);
     for (const PlannedFile& file : files) {
         const QFileInfo info(file.path);
@@ -67,6 +96,8 @@ bool HostSaver::save(const std::vector<QString>& acceptedFiles, kpBase::Abstract
         const bool filled = !report.cancelled && outcome != report.files().end() && outcome->written();
         if (!filled && info.isFile() && info.size() == 0)
             QFile::remove(file.path);
+        if (report.cancelled || outcome == report.files().end() || !outcome->complete())
+            m_failed.push_back(file);
     }
     reportTo(report);
     return written;
@@ -80,7 +111,8 @@ void HostSaver::reportTo(const ExportReport& report)
             rows += QStringLiteral("<br>%1: %2 rows, %3 bytes")
                         .arg(QFileInfo(file.path).fileName().toHtmlEscaped())
                         .arg(file.rows)
-                        .arg(file.bytes);
+                        .arg(file.bytes)
+                    + verifiedHtml(file.verification);
     }
     m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br>");
     m_warnings += report.findingsHtml();
@@ -91,8 +123,10 @@ void HostSaver::reportTo(const ExportReport& report)
     wizard->clearErrorList();
     wizard->setWarnings(m_warnings);
     for (const FileOutcome& file : report.files()) {
+        for (const FailedObject& object : file.failedObjects)
+            wizard->setErrorMessage(object.name.toHtmlEscaped(), object.reason.toHtmlEscaped() + QStringLiteral("<br>"));
         if (!file.written())
-            wizard->setErrorMessage(file.path, file.error.toHtmlEscaped());
+            wizard->setErrorMessage(file.path.toHtmlEscaped(), file.error.toHtmlEscaped());
     }
 }
 

@@ -26,15 +26,30 @@ public:
                            QStringList& geoAttributeFiles, QStringList& geometryFiles,
                            QStringList& attributeFiles) override;
 
-    ExportFormat& format() { return m_format; }
+    ExportFormat& format() const { return m_format; }
+    const ExportSelection& selection() const { return m_selection; }
+    /// The files of the selection that was set last.
+    const std::vector<PlannedFile>& plannedFiles() const { return m_plan; }
+
+    /// Read each file again before it replaces an earlier one.
+    void setVerification(bool on) { m_verify = on; }
+    /// Whether a file or object of the last save could not be written.
+    bool hasFailures() const { return !m_failed.empty(); }
+    /// The next save writes only the files that the last one could not write completely.
+    void retryFailed() { m_retry = true; }
 
 private:
+    /// Some page of the format has let the user choose attributes.
+    bool offersAttributes() const;
     void reportTo(const ExportReport& report);
 
     ExportFormat& m_format;
     const Model& m_model;
     ExportSelection m_selection;
     std::vector<PlannedFile> m_plan;
+    std::vector<PlannedFile> m_failed; ///< of the last save
+    bool m_verify = false;
+    bool m_retry = false;
 };
 
 /// Makes the savers of one format. Registers itself; outlives every wizard.

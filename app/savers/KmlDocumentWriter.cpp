@@ -9,37 +9,58 @@ namespace refhost
 namespace
 {
 
-// A millionth of a degree is a tenth of a metre; eight decimals keep a millimetre.
-constexpr int degreeDecimals = 8;
+using AltitudeMode = KmlExportSettings::AltitudeMode;
+
+// A millionth of a degree is a tenth of a metre; nine decimals keep a tenth of a millimetre.
+constexpr int degreeDecimals = 9;
 constexpr int heightDecimals = 3;
+constexpr std::size_t blockSize = 128 * 1024;
 
 std::string colourText(const char* alpha, const QColor& colour)
 {
     const QColor shown = colour.isValid() ? colour : QColor(Qt::white);
-    return alpha
-           + QStringLiteral("%1%2%3")
-                 .arg(shown.blue(), 2, 16, QLatin1Char('0'))
-                 .arg(shown.green(), 2, 16, QLatin1Char('0'))
-                 .arg(shown.red(), 2, 16, QLatin1Char('0'))
-                 .toStdString();
+    std::string text = alpha;
+    for (const int component : {shown.blue(), shown.green(), shown.red()}) {
+        constexpr char digits[] = "0123456789abcdef";
+        text += digits[component / 16];
+        text += digits[component % 16];
+    }
+    return text;
 }
 
-const char* modeText(KmlDocumentWriter::AltitudeMode mode)
+const char* modeText(AltitudeMode mode)
 {
     switch (mode) {
-    case KmlDocumentWriter::AltitudeMode::ClampToGround:
+    case AltitudeMode::Clamp:
         return "clampToGround";
-    case KmlDocumentWriter::AltitudeMode::RelativeToGround:
+    case AltitudeMode::Relative:
         return "relativeToGround";
-    case KmlDocumentWriter::AltitudeMode::Absolute:
+    case AltitudeMode::Absolute:
         return "absolute";
     }
     return "clampToGround";
 }
 
-bool samePlace(const KmlPosition& a, const KmlPosition& b)
+std::string styleText(KmlSink::Look look, const QColor& colour)
 {
-    return a.longitude == b.longitude && a.latitude == b.latitude && a.height == b.height;
+    const auto line = [](const std::string& text, const char* width) {
+        return "<LineStyle><color>" + text + "</color><width>" + width + "</width></LineStyle>";
+    };
+    switch (look) {
+    case KmlSink::Look::Line:
+        return line(colourText("ff", colour), "2");
+    case KmlSink::Look::Area:
+        return line(colourText("ff", colour), "1") + "<PolyStyle><color>" + colourText("af", colour) + "</color></PolyStyle>";
+    case KmlSink::Look::Icon:
+        return "<IconStyle><color>" + colourText("ff", colour) + "</color></IconStyle>" + line(colourText("ff", colour), "2");
+    case KmlSink::Look::Label:
+        return "<IconStyle><scale>0</scale></IconStyle><LabelStyle><color>" + colourText("ff", colour) + "</color></LabelStyle>";
+    case KmlSink::Look::Trace:
+        return line("aa0000ff", "5");
+    case KmlSink::Look::Bounds:
+        return line("ffff0000", "1.5") + "<PolyStyle><color>7dff0000</color></PolyStyle>";
+    }
+    return {};
 }
 
 bool isXmlCharacter(QChar character)
@@ -50,7 +71,7 @@ bool isXmlCharacter(QChar character)
 
 } // namespace
 
-std::string xmlEscaped(const QString& text)
+QString xmlText(const QString& text)
 {
     QString clean;
     clean.reserve(text.size());
@@ -64,7 +85,17 @@ std::string xmlEscaped(const QString& text)
             clean += character;
         }
     }
-    return clean.toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&#39;")).toStdString();
+    return clean;
+}
+
+std::string xmlEscaped(const QString& text)
+{
+    // A carriage return as such would be read as a line feed.
+    return xmlText(text)
+        .toHtmlEscaped()
+        .replace(QLatin1Char('\''), QStringLiteral("&#39;"))
+        .replace(QLatin1Char('\r'), QStringLiteral("&#13;"))
+        .toStdString();
 }
 
 KmlDocumentWriter::KmlDocumentWriter(const QString& file)
@@ -77,135 +108,168 @@ bool KmlDocumentWriter::fileOpen()
     // Past the prologue of the base, which is not valid against the schema.
     if (!MatrixDataExporter::fileOpen())
         return false;
-    stream << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n"
-              "<Document>\n";
+    m_block = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n<Document>\n";
     return true;
+}
+
+void KmlDocumentWriter::fileClose()
+{
+    flush(0);
+    MatrixDataKMLExporter::fileClose();
 }
 
 void KmlDocumentWriter::beginFolder(const QString& name)
 {
-    stream << "<Folder>\n";
+    m_block += "<Folder>\n";
     writeName(name);
+}
+
+void KmlDocumentWriter::endFolder()
+{
+    m_block += "</Folder>\n";
+    flush(blockSize);
 }
 
 void KmlDocumentWriter::writeName(const QString& name)
 {
-    stream << "<name>" << xmlEscaped(name) << "</name>\n";
+    m_block += "<name>" + xmlEscaped(name) + "</name>\n";
 }
 
-void KmlDocumentWriter::beginPlacemark(const QString& name, const QString& description)
+void KmlDocumentWriter::appendFeatureHead(const QString& name, const QString& description)
 {
-    m_feature = "<Placemark>\n<name>" + xmlEscaped(name) + "</name>\n";
+    writeName(name);
     if (!description.isEmpty())
-        m_feature += "<description>" + xmlEscaped(description) + "</description>\n";
+        m_block += "<description>" + xmlEscaped(description) + "</description>\n";
 }
 
-void KmlDocumentWriter::beginGeometry(const char* element)
+void KmlDocumentWriter::beginPlacemark(const QString& name, const QString& description, Look look, const QColor& colour,
+                                       KmlExportSettings::AltitudeMode mode)
 {
-    m_feature += std::string("<") + element + ">";
-    // Only lines on the ground follow its relief.
-    if (altitudeMode == AltitudeMode::ClampToGround && std::string(element) != "Point")
-        m_feature += "<tessellate>1</tessellate>";
-    m_feature += std::string("<altitudeMode>") + modeText(altitudeMode) + "</altitudeMode>";
-}
-
-void KmlDocumentWriter::appendPositions(const Ring& positions, bool close)
-{
-    const auto append = [this](const KmlPosition& position) {
-        kpBaseExport::appendStreamFixed(m_feature, position.longitude, degreeDecimals);
-        m_feature += ',';
-        kpBaseExport::appendStreamFixed(m_feature, position.latitude, degreeDecimals);
-        if (altitudeMode != AltitudeMode::ClampToGround) {
-            m_feature += ',';
-            kpBaseExport::appendStreamFixed(m_feature, position.height, heightDecimals);
-        }
-        m_feature += '\n';
-    };
-    m_feature += "<coordinates>\n";
-    for (const KmlPosition& position : positions)
-        append(position);
-    if (close && !positions.empty() && !samePlace(positions.front(), positions.back()))
-        append(positions.front());
-    m_feature += "</coordinates>";
+    m_mode = mode;
+    m_block += "<Placemark>\n";
+    appendFeatureHead(name, description);
+    m_block += "<Style>" + styleText(look, colour) + "</Style>\n";
 }
 
 void KmlDocumentWriter::endPlacemark()
 {
-    m_feature += "</Placemark>\n";
-    stream.write(m_feature.data(), static_cast<std::streamsize>(m_feature.size()));
+    m_block += "</Placemark>\n";
+    flush(blockSize);
 }
 
-void KmlDocumentWriter::placeLines(const QString& name, const QString& description, const QColor& colour,
-                                   const std::vector<Ring>& lines)
+void KmlDocumentWriter::beginMulti()
 {
-    beginPlacemark(name, description);
-    m_feature += "<Style><LineStyle><color>" + colourText("ff", colour)
-                 + "</color><width>2</width></LineStyle></Style>\n";
-    if (lines.size() != 1)
-        m_feature += "<MultiGeometry>\n";
-    for (const Ring& line : lines) {
-        beginGeometry("LineString");
-        appendPositions(line, false);
-        m_feature += "</LineString>\n";
+    m_block += "<MultiGeometry>\n";
+}
+
+void KmlDocumentWriter::endMulti()
+{
+    m_block += "</MultiGeometry>\n";
+}
+
+void KmlDocumentWriter::appendGeometryHead(bool follows)
+{
+    // Only lines and areas on the ground follow its relief.
+    if (follows && m_mode == AltitudeMode::Clamp)
+        m_block += "<tessellate>1</tessellate>";
+    m_block += "<altitudeMode>";
+    m_block += modeText(m_mode);
+    m_block += "</altitudeMode>";
+}
+
+void KmlDocumentWriter::point(double longitude, double latitude, double height)
+{
+    m_block += "<Point>";
+    appendGeometryHead(false);
+    m_block += "<coordinates>\n";
+    appendPosition(longitude, latitude, height);
+    m_block += "</coordinates></Point>\n";
+}
+
+void KmlDocumentWriter::beginLine()
+{
+    m_block += "<LineString>";
+    appendGeometryHead(true);
+    m_block += "<coordinates>\n";
+}
+
+void KmlDocumentWriter::endLine()
+{
+    m_block += "</coordinates></LineString>\n";
+}
+
+void KmlDocumentWriter::beginPolygon()
+{
+    m_block += "<Polygon>";
+    appendGeometryHead(true);
+}
+
+void KmlDocumentWriter::beginRing(bool hole)
+{
+    m_hole = hole;
+    m_ringStart.clear();
+    m_block += hole ? "<innerBoundaryIs><LinearRing><coordinates>\n" : "<outerBoundaryIs><LinearRing><coordinates>\n";
+}
+
+void KmlDocumentWriter::endRing()
+{
+    m_block += m_ringStart;
+    m_block += m_hole ? "</coordinates></LinearRing></innerBoundaryIs>" : "</coordinates></LinearRing></outerBoundaryIs>";
+    m_ringStart.clear();
+}
+
+void KmlDocumentWriter::endPolygon()
+{
+    m_block += "</Polygon>\n";
+}
+
+void KmlDocumentWriter::positions(const PositionBlock& block)
+{
+    const std::size_t start = m_block.size();
+    for (std::size_t index = 0; index < block.size(); ++index) {
+        appendPosition(block.x[index], block.y[index], block.z[index]);
+        if (index == 0 && m_ringStart.empty())
+            m_ringStart = m_block.substr(start);
     }
-    if (lines.size() != 1)
-        m_feature += "</MultiGeometry>\n";
-    endPlacemark();
+    flush(blockSize);
 }
 
-void KmlDocumentWriter::placePolygons(const QString& name, const QString& description, const QColor& colour,
-                                      const std::vector<Polygon>& polygons)
+void KmlDocumentWriter::appendPosition(double longitude, double latitude, double height)
 {
-    beginPlacemark(name, description);
-    m_feature += "<Style><LineStyle><color>" + colourText("ff", colour)
-                 + "</color><width>1</width></LineStyle><PolyStyle><color>" + colourText("af", colour)
-                 + "</color></PolyStyle></Style>\n";
-    if (polygons.size() != 1)
-        m_feature += "<MultiGeometry>\n";
-    for (const Polygon& polygon : polygons) {
-        beginGeometry("Polygon");
-        m_feature += "<outerBoundaryIs><LinearRing>";
-        appendPositions(polygon.outer, true);
-        m_feature += "</LinearRing></outerBoundaryIs>";
-        for (const Ring& hole : polygon.inner) {
-            m_feature += "<innerBoundaryIs><LinearRing>";
-            appendPositions(hole, true);
-            m_feature += "</LinearRing></innerBoundaryIs>";
-        }
-        m_feature += "</Polygon>\n";
+    kpBaseExport::appendStreamFixed(m_block, longitude, degreeDecimals);
+    m_block += ',';
+    kpBaseExport::appendStreamFixed(m_block, latitude, degreeDecimals);
+    if (m_mode != AltitudeMode::Clamp) {
+        m_block += ',';
+        kpBaseExport::appendStreamFixed(m_block, height, heightDecimals);
     }
-    if (polygons.size() != 1)
-        m_feature += "</MultiGeometry>\n";
-    endPlacemark();
+    m_block += '\n';
 }
 
-void KmlDocumentWriter::placePoint(const QString& name, const QString& description, const QColor& colour,
-                                   const KmlPosition& position)
+void KmlDocumentWriter::overlay(const QString& name, const QString& description, const QString& picture, const DegreeBox& box)
 {
-    beginPlacemark(name, description);
-    m_feature += "<Style><IconStyle><color>" + colourText("ff", colour) + "</color></IconStyle></Style>\n";
-    beginGeometry("Point");
-    appendPositions({position}, false);
-    m_feature += "</Point>\n";
-    endPlacemark();
-}
-
-void KmlDocumentWriter::placeOverlay(const QString& name, const QString& pictureFile, double north, double south,
-                                     double east, double west)
-{
-    m_feature = "<GroundOverlay>\n<name>" + xmlEscaped(name) + "</name>\n<Icon><href>" + xmlEscaped(pictureFile)
-                + "</href></Icon>\n<LatLonBox>";
+    m_block += "<GroundOverlay>\n";
+    appendFeatureHead(name, description);
+    m_block += "<Icon><href>" + xmlEscaped(picture) + "</href></Icon>\n<LatLonBox>";
     const auto edge = [this](const char* element, double degrees) {
-        m_feature += std::string("<") + element + ">";
-        kpBaseExport::appendStreamFixed(m_feature, degrees, degreeDecimals);
-        m_feature += std::string("</") + element + ">";
+        m_block += std::string("<") + element + ">";
+        kpBaseExport::appendStreamFixed(m_block, degrees, degreeDecimals);
+        m_block += std::string("</") + element + ">";
     };
-    edge("north", north);
-    edge("south", south);
-    edge("east", east);
-    edge("west", west);
-    m_feature += "</LatLonBox>\n</GroundOverlay>\n";
-    stream.write(m_feature.data(), static_cast<std::streamsize>(m_feature.size()));
+    edge("north", box.north);
+    edge("south", box.south);
+    edge("east", box.east);
+    edge("west", box.west);
+    m_block += "</LatLonBox>\n</GroundOverlay>\n";
+    flush(blockSize);
+}
+
+void KmlDocumentWriter::flush(std::size_t limit)
+{
+    if (m_block.size() <= limit)
+        return;
+    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+    m_block.clear();
 }
 
 } // namespace refhost

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/ExportWizard.h"
 
+#include "app/jobs/ExportPlan.h"
+#include "app/savers/HostSaver.h"
 #include "app/ui/HostContext.h"
+#include "app/ui/PlanSheet.h"
+#include "app/ui/ReportActions.h"
+#include "app/ui/WizardRequest.h"
+#include "wizard/QExportSheetSaveFile.h"
 
+#include <QGridLayout>
 #include <QSet>
 
 namespace refhost
@@ -37,6 +44,82 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     resize(900, 720);
 }
 
+void ExportWizard::insertFileFormatDependentSheet()
+{
+    // One file, unless the format's own page asks for several; another format's answer does not count.
+    setDirectoryMode(false);
+    QExportWizard::insertFileFormatDependentSheet();
+}
+
+HostSaver* ExportWizard::hostSaver() const
+{
+    return dynamic_cast<HostSaver*>(currentSaver());
+}
+
+void ExportWizard::populate_sheets()
+{
+    QExportWizard::populate_sheets();
+    m_fileSheet = findChild<kpBaseExport::QExportSheetSaveFile*>();
+    m_reportSheet = m_fileSheet->next();
+    m_planSheet = new PlanSheet(this);
+    insert_sheet(m_planSheet, m_reportSheet);
+    // The plan comes between the choice of the file and the save run.
+    disconnect(m_fileSheet, SIGNAL(saveClicked(QString, bool)), this, nullptr);
+    connect(m_fileSheet, &kpBaseExport::QExportSheetSaveFile::saveClicked, this, &ExportWizard::showPlan);
+    m_reportActions = new ReportActions(m_reportSheet->pageWidget());
+    m_reportActions->setVisible(false);
+    qobject_cast<QGridLayout*>(m_reportSheet->pageWidget()->layout())->addWidget(m_reportActions, 1, 0);
+    connect(m_reportActions, &ReportActions::retryRequested, this, &ExportWizard::retryFailed);
+}
+
+void ExportWizard::activate_next_sheet()
+{
+    if (current_sheet() == m_planSheet)
+        save();
+    else if (current_sheet() == m_fileSheet && !m_fileSheet->fileName().isEmpty())
+        showPlan(m_fileSheet->fileName(), false);
+    else
+        QExportWizard::activate_next_sheet();
+}
+
+void ExportWizard::activate_previous_sheet()
+{
+    const bool fromPlan = current_sheet() == m_planSheet;
+    QExportWizard::activate_previous_sheet();
+    // Back from the plan is another choice of the file.
+    if (fromPlan)
+        m_fileSheet->doFileSelection();
+}
+
+void ExportWizard::showPlan(const QString& path, bool accepted)
+{
+    HostSaver* saver = hostSaver();
+    if (!saver)
+        return;
+    m_path = path;
+    m_accepted = accepted;
+    saver->set_selection(path, selectedGeoIds(), selectedGeoNames(), selectedAttributeNames());
+    m_planSheet->showPlan(makePlan(saver->format(), saver->selection(), saver->plannedFiles()));
+    activate_sheet(m_planSheet, true);
+    show_next_previous(true, tr("Save"));
+}
+
+void ExportWizard::save()
+{
+    hostSaver()->setVerification(m_planSheet->wantsVerification());
+    m_reportActions->setVisible(false);
+    slotSaveClicked(m_path, m_accepted);
+    m_reportActions->setVisible(true);
+    m_reportActions->show(wizardRequest(m_context, *hostSaver()), hostSaver()->hasFailures());
+}
+
+void ExportWizard::retryFailed()
+{
+    hostSaver()->retryFailed();
+    m_accepted = true;
+    save();
+}
+
 void ExportWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool, bool)
 {
     QSet<QString> known;
@@ -52,6 +135,10 @@ void ExportWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeIn
             continue;
         for (const AttributeColumn& column : object->vertexAttributes)
             add(column.name, column.kind, column.unit);
+        if (object->cells) {
+            for (const AttributeColumn& column : object->cells->cellAttributes)
+                add(column.name, column.kind, column.unit);
+        }
         for (const ObjectAttribute& attribute : object->objectAttributes)
             add(attribute.name, attribute.kind, attribute.unit);
     }

@@ -40,8 +40,8 @@ private:
 
 } // namespace
 
-HostContext::HostContext()
-    : m_formats(makeFormats())
+HostContext::HostContext(std::vector<std::unique_ptr<ExportFormat>> formats)
+    : m_formats(std::move(formats))
 {
     for (const auto& format : m_formats) {
         ExportFormat* const registered = format.get();

@@ -23,10 +23,11 @@ namespace refhost
 class HostContext
 {
 public:
-    HostContext();
+    explicit HostContext(std::vector<std::unique_ptr<ExportFormat>> formats = makeFormats());
     ~HostContext();
 
     Model model;
+    QStringList modelPaths; ///< the files that the model was loaded from, in order
     std::set<int> selectedIds; ///< objects selected in the program's views
 
     const std::vector<std::unique_ptr<ExportFormat>>& formats() const { return m_formats; }

@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
@@ -92,6 +93,7 @@ void MainWindow::openModel(const QString& path)
     LoadNotes notes;
     try {
         notes = loadInto(m_context.model, path);
+        m_context.modelPaths.append(QFileInfo(path).absoluteFilePath());
     } catch (const LoadError& error) {
         QMessageBox::warning(this, tr("Open"), QString::fromUtf8(error.what()));
     }

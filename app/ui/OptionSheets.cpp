@@ -3,15 +3,84 @@
 
 #include "app/savers/AsciiFormat.h"
 #include "app/ui/AsciiSheet.h"
+#include "app/ui/DxfSheet.h"
+#include "app/ui/FilePerObjectSheet.h"
+#include "app/ui/GocadSheet.h"
+#include "app/ui/GrdeclSheet.h"
+#include "app/ui/HostContext.h"
+#include "app/ui/OpenTecSheet.h"
 #include "app/ui/SettingsSheet.h"
+#include "sheets/QExportSheetOff.h"
+#include "sheets/QExportSheetShp.h"
+#include "sheets/QExportSheetTab.h"
+#include "sheets/QExportSheetZMap.h"
 
 namespace refhost
 {
+
+namespace
+{
+
+using Page = kpBaseExport::QExportAbstractOptionSheet;
+using B = ControlBinding;
+
+Page* makeShp(ExportFormat& format, const Model& model)
+{
+    return new BoundSheet<kpBaseExport::QExportSheetShp>(
+        format, model,
+        {{"m_exportAttsCheck", "attributes", B::Flag},
+         {"m_exportArcMapLyr", "symbology", B::Flag, "",
+          "Writes the colours as a style file in an open format beside the data; .lyr files are a closed format."}});
+}
+
+Page* makeTab(ExportFormat& format, const Model& model)
+{
+    return new BoundSheet<kpBaseExport::QExportSheetTab>(format, model,
+                                                         {{"m_exportAttsCheck", "attributes", B::Flag}});
+}
+
+Page* makeOff(ExportFormat& format, const Model& model)
+{
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetOff>(format, model,
+                                                                 {{"m_units", "lengthUnit", B::LengthUnit},
+                                                                  {"m_units", "zIsElevation", B::Direction},
+                                                                  {"m_filePrefix", "filePrefix", B::Text}});
+}
+
+Page* makeZMap(ExportFormat& format, const Model& model)
+{
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetZMap>(format, model, {});
+}
+
+template <typename Sheet>
+Page* make(ExportFormat& format, const Model& model)
+{
+    return new Sheet(format, model);
+}
+
+struct PageOfFormat
+{
+    const char* key;
+    Page* (*make)(ExportFormat& format, const Model& model);
+};
+
+/// Formats with a page of the library. The others get one made from their settings.
+constexpr PageOfFormat pages[] = {
+    {"dxf", make<DxfSheet>},   {"gocad", make<GocadSheet>},     {"grdecl", make<GrdeclSheet>},
+    {"off", makeOff},          {"opentec", make<OpenTecSheet>}, {"shp", makeShp},
+    {"tab", makeTab},          {"zmap", makeZMap},
+};
+
+} // namespace
 
 kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(ExportFormat& format, HostContext& context)
 {
     if (auto* ascii = dynamic_cast<AsciiFormat*>(&format))
         return new AsciiSheet(*ascii, context);
+    for (const PageOfFormat& page : pages) {
+        if (format.info().key == QLatin1String(page.key))
+            return page.make(format, context.model);
+    }
     return new SettingsSheet(format);
 }
 

@@ -3,7 +3,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
@@ -55,6 +57,22 @@ SettingControl numberBox(const Setting& setting, QWidget* parent, const std::fun
             }};
 }
 
+SettingControl realBox(const Setting& setting, QWidget* parent, const std::function<void()>& changed)
+{
+    auto* box = new QDoubleSpinBox(parent);
+    box->setLocale(QLocale::c());
+    box->setDecimals(6);
+    box->setRange(setting.least, setting.most);
+    QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), box, [setting, changed](double value) {
+        setting.set(QString::number(value, 'g', QLocale::FloatingPointShortest));
+        changed();
+    });
+    return {box, [box, setting] {
+                const QSignalBlocker blocker(box);
+                box->setValue(setting.get().toDouble());
+            }};
+}
+
 } // namespace
 
 SettingControl makeSettingControl(const Setting& setting, const QStringList& choiceTexts, const QString& checkText,
@@ -67,6 +85,8 @@ SettingControl makeSettingControl(const Setting& setting, const QStringList& cho
         control = checkBox(setting, checkText, parent, changed);
     } else if (setting.kind == Setting::Integer) {
         control = numberBox(setting, parent, changed);
+    } else if (setting.kind == Setting::Real) {
+        control = realBox(setting, parent, changed);
     } else {
         auto* edit = new QLineEdit(parent);
         QObject::connect(edit, &QLineEdit::textChanged, edit, [setting, changed](const QString& text) {

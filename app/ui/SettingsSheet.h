@@ -2,17 +2,11 @@
 #pragma once
 
 #include "app/jobs/ExportFormat.h"
+#include "app/ui/AttributeChoice.h"
 #include "core/saver/AttributeNamesSheet.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
 
 #include <QWidget>
-
-class QFormLayout;
-
-namespace kpBaseExport
-{
-class QExportAttributeWidget;
-}
 
 namespace refhost
 {
@@ -36,12 +30,9 @@ public:
     std::vector<std::string> selectedAttributeNames() override;
 
 private:
-    QWidget* makeControl(const Setting& setting);
-    void restore();
-
     ExportFormat& m_format;
     SettingsMap m_settings;
-    kpBaseExport::QExportAttributeWidget* m_attributes = nullptr;
+    AttributeChoice m_attributes;
     std::vector<int> m_shownFor; ///< objects whose attributes are listed
 };
 

@@ -5,12 +5,16 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QSettings>
 #include <QTableView>
@@ -41,16 +45,17 @@ public:
             if (m_busy || !window || m_next >= m_steps.size())
                 return;
             m_busy = true;
-            if (m_steps[m_next](*window))
+        if (m_steps[m_next](*window))
                 ++m_next;
             m_busy = false;
         });
         m_timer.start(20);
         // A walk that gets lost must end.
-        QTimer::singleShot(30000, this, [] {
-            while (QWidget* window = QApplication::activeModalWidget())
-                window->deleteLater(), QApplication::processEvents();
+        connect(&m_lost, &QTimer::timeout, this, [] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                dialog->reject();
         });
+        m_lost.start(30000);
     }
 
     bool finished() const { return m_next == m_steps.size(); }
@@ -60,6 +65,7 @@ private:
     std::size_t m_next = 0;
     bool m_busy = false;
     QTimer m_timer;
+    QTimer m_lost;
 };
 
 void later(std::function<void()> action)
@@ -138,6 +144,8 @@ private Q_SLOTS:
     void initTestCase();
     void walk();
     void aFileForEachObject();
+    void planAndCommandLine();
+    void failedPartAgain();
     void failureIsReported();
     void selectionInTheWindow();
 
@@ -182,7 +190,7 @@ void GuiTest::walk()
 {
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("out"));
-    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
+    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
     exportWith(first);
     const QByteArray expected = "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
@@ -191,7 +199,7 @@ void GuiTest::walk()
 
     // The extension came after the file dialog's own question, so the wizard's check leaves out nothing: the file
     // named there was accepted. A second run replaces it; settings are remembered.
-    Script second({click("nextButton"), click("nextButton"), nameFile(path), readReport(report), click("closeButton")});
+    Script second({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
     exportWith(second);
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
     QVERIFY(report.contains(QStringLiteral("accepted,overwritten")));
@@ -206,7 +214,7 @@ void GuiTest::aFileForEachObject()
     earlier.close();
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
-    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), answerBox(QMessageBox::No),
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::No),
                    readReport(report), click("closeButton")});
     exportWith(script);
     QCOMPARE(read(QStringLiteral("each_lines 1.txt")), QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
@@ -214,9 +222,72 @@ void GuiTest::aFileForEachObject()
     QVERIFY(report.contains(QStringLiteral("user did not accept overwriting")));
 
     QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("each_lines 1.txt"))));
-    Script all({click("nextButton"), click("nextButton"), nameFile(path), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
+    Script all({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
     exportWith(all);
     QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
+    Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
+    exportWith(restore);
+}
+
+void GuiTest::planAndCommandLine()
+{
+    // The plan says what is replaced; the report gives the command that writes the same bytes.
+    QString plan;
+    QString report;
+    const auto readPlan = [&plan](QWidget& window) {
+        auto* summary = window.findChild<QLabel*>(QStringLiteral("planSummary"));
+        auto* files = window.findChild<QTreeWidget*>(QStringLiteral("planFiles"));
+        if (!summary || !summary->isVisible() || files->topLevelItemCount() != 1)
+            return false;
+        plan = summary->text() + QLatin1Char('|') + files->topLevelItem(0)->text(0) + QLatin1Char('|') + files->topLevelItem(0)->text(1);
+        return true;
+    };
+    const QString path = m_folder.filePath(QStringLiteral("it's.csv"));
+    QFile earlier(path);
+    QVERIFY(earlier.open(QIODevice::WriteOnly));
+    earlier.close();
+    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
+                   click("nextButton"), readReport(report), click("copyCommandLine"),
+                   [](QWidget&) { return !QApplication::clipboard()->text().isEmpty(); }, click("closeButton")});
+    exportWith(script);
+    QVERIFY2(plan.startsWith(QStringLiteral("1 file, which replaces an existing one; about ")) && plan.endsWith(QStringLiteral("|it's.csv|replaces a file")),
+             qPrintable(plan));
+    const QByteArray written = read(QStringLiteral("it's.csv"));
+    QVERIFY(written.startsWith("X Y Z n\n"));
+    QVERIFY(QFile::remove(path));
+    const QString command = QApplication::clipboard()->text();
+    QVERIFY2(command.startsWith(QStringLiteral("kpexport export ")), qPrintable(command));
+    QProcess shell;
+    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("'") + QStringLiteral(KP_PROGRAM) + QStringLiteral("'") + command.mid(8)});
+    QVERIFY(shell.waitForFinished(60000));
+    QVERIFY2(shell.exitCode() == 0, qPrintable(command + QString::fromUtf8(shell.readAllStandardError())));
+    QCOMPARE(read(QStringLiteral("it's.csv")), written);
+    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("closeButton")});
+    exportWith(restore);
+}
+
+void GuiTest::failedPartAgain()
+{
+    // A directory stands where the second file is to go. When it is gone, only that file is written.
+    QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("again_lines 2.txt")));
+    QString failure;
+    QString success;
+    const QString first = m_folder.filePath(QStringLiteral("again_lines 1.txt"));
+    const auto clearTheWay = [&](QWidget&) {
+        QFile(first).remove();
+        return QDir(m_folder.path()).rmdir(QStringLiteral("again_lines 2.txt"));
+    };
+    const auto readSuccess = [&success](QWidget& window) {
+        success = window.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
+        return success.contains(QStringLiteral("successfully!")) && !success.contains(QStringLiteral("has not been"));
+    };
+    const QString path = m_folder.filePath(QStringLiteral("again.txt"));
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"),
+                   answerBox(QMessageBox::Yes), readReport(failure), clearTheWay, click("retryFailed"), readSuccess, click("closeButton")});
+    exportWith(script);
+    QVERIFY2(failure.contains(QStringLiteral("again_lines 2.txt")) && failure.contains(QStringLiteral("this is a directory")), qPrintable(failure));
+    QVERIFY(read(QStringLiteral("again_lines 2.txt")).startsWith("X;Y;Z;n"));
+    QVERIFY2(!QFile::exists(first), "written again although it had not failed");
     Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
     exportWith(restore);
 }

@@ -96,6 +96,7 @@ class AsciiTest : public QObject
 private Q_SLOTS:
     void output_data();
     void output();
+    void rowsOfNumbers();
     void headerIsWrittenOnce();
     void separators_data();
     void separators();
@@ -207,6 +208,37 @@ void AsciiTest::output()
         writer.fileClose();
         QCOMPARE(read(path("out.txt")), expected);
     }
+}
+
+void AsciiTest::rowsOfNumbers()
+{
+    // Rows that are composed in one piece and rows that are not follow each other in the order of the object.
+    std::vector<double> first;
+    std::vector<double> second;
+    for (int row = 0; row < 50000; ++row) {
+        first.push_back(row % 7 == 3 ? std::nan("") : row * 1.25 - 1000);
+        second.push_back(row % 11 == 5 ? 1e300 : -row / 3.0);
+    }
+    QByteArray texts[2];
+    for (const bool block : {true, false}) {
+        Writer writer;
+        writer.separator = 4;
+        writer.customSeparator = QStringLiteral(" :: ");
+        writer.writeNullValue = true;
+        writer.insertLineBreaks = true;
+        writer.zIsElevation = false;
+        writer.fields = {field("x", 2), field("z", 6), field("x", 0)};
+        writer.geoObject()->name = "Object";
+        writer.geoObject()->vertexData() = {column("X", second, block), column("X", first, block),
+                                            column("Y", second, block), column("Z", second, block)};
+        writer.write(path("rows.txt"));
+        texts[block ? 0 : 1] = read(path("rows.txt"));
+    }
+    QCOMPARE(texts[0].left(90), texts[1].left(90));
+    QVERIFY(texts[0] == texts[1]);
+    QVERIFY(texts[0].startsWith("Object\n-1000.00 :: 0.000000 :: -1000\n") || texts[0].contains("\nObject\n-1000.00 :: 0.000000 :: -1000\n"));
+    QVERIFY(texts[0].endsWith("\n\n"));
+    QCOMPARE(texts[0].count('\n'), 50003);
 }
 
 void AsciiTest::headerIsWrittenOnce()

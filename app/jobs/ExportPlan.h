@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+
+#include <QJsonObject>
+
+namespace refhost
+{
+
+/// What a run would write: to look at before it does.
+struct ExportPlan
+{
+    struct Output
+    {
+        QString path;
+        QString renamedFrom;   ///< the name asked for, when the file's had to differ
+        QStringList objects;
+        bool replaces = false; ///< the file exists
+        QStringList sidecars;  ///< files that belong to it, exist and are replaced or removed with it
+        qint64 rows = 0;       ///< vertices and cells that go in
+        qint64 bytes = 0;      ///< a rough guess
+    };
+
+    std::vector<Output> outputs;
+    qint64 freeBytes = -1; ///< on the output's disk; -1 when it is not known
+
+    int replaced() const;
+    qint64 bytes() const;
+    /// One line about all: files, replaced files, size against free space.
+    QString summary() const;
+    QJsonObject toJson(const QString& formatKey) const;
+};
+
+ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files);
+
+/// A size for people: "12.3 MB".
+QString sizeText(qint64 bytes);
+
+} // namespace refhost

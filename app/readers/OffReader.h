@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/model/Model.h"
+#include "app/readers/LoadOptions.h"
+
+namespace refhost
+{
+
+/// Reads a Geomview OFF file (text, three dimensions) as one mesh surface. Polygons of more than three corners become
+/// fans of triangles; colours, normals and texture coordinates are passed over.
+/// The format: http://javaview.de/doc/userManual/formats/Format_Off.html, from the Geomview manual.
+/// \throws LoadError naming the line
+LoadNotes readOff(Model& model, const QString& path, const LoadOptions& options);
+
+} // namespace refhost

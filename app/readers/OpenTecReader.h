@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <vector>
+
+namespace refhost
+{
+
+/// A cross-section as an OpenTecLink file holds it. Lengths in metres, depths positive downwards.
+struct OpenTecSection
+{
+    struct Segment
+    {
+        QString name;
+        QString color; ///< "#rrggbb"
+        QString type;
+        std::vector<std::array<double, 3>> points; ///< along the section, across it, depth
+    };
+
+    QString name;
+    double age = 0.0;
+    std::vector<std::array<double, 2>> trace; ///< positions of the section on the map
+    std::vector<Segment> segments;
+};
+
+/// Reads a file of one section.
+/// \throws LoadError naming the line
+OpenTecSection readOpenTec(const QString& path);
+
+} // namespace refhost

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "app/ui/PlanSheet.h"
+
+#include "app/jobs/ExportPlan.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSettings>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace refhost
+{
+
+namespace
+{
+
+const QString verifyKey = QStringLiteral("verifyExports");
+
+QString objectsText(const QStringList& names)
+{
+    constexpr int mostNames = 4;
+    if (names.size() <= mostNames)
+        return names.join(QStringLiteral(", "));
+    return PlanSheet::tr("%1 and %2 more").arg(names.mid(0, mostNames - 1).join(QStringLiteral(", "))).arg(names.size() - mostNames + 1);
+}
+
+QString stateText(const ExportPlan::Output& output)
+{
+    QString text = output.replaces ? PlanSheet::tr("replaces a file") : PlanSheet::tr("new");
+    if (!output.renamedFrom.isEmpty())
+        text += PlanSheet::tr(", renamed");
+    return text;
+}
+
+QString toolTipOf(const ExportPlan::Output& output)
+{
+    QStringList lines{QDir::toNativeSeparators(output.path)};
+    if (!output.renamedFrom.isEmpty())
+        lines.append(PlanSheet::tr("named after \"%1\", which cannot stand in a file name or is taken").arg(output.renamedFrom));
+    if (!output.sidecars.isEmpty())
+        lines.append(PlanSheet::tr("with it go: %1").arg(output.sidecars.join(QStringLiteral(", "))));
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
+    : AbstractSheet(wizard)
+    , m_summary(new QLabel(this))
+    , m_files(new QTreeWidget(this))
+    , m_verify(new QCheckBox(tr("Read the files again and compare them with the model"), this))
+{
+    m_pageWidget = this;
+    setWindowTitle(tr("File Export: Files to Write"));
+    m_summary->setObjectName(QStringLiteral("planSummary"));
+    m_summary->setWordWrap(true);
+    m_files->setObjectName(QStringLiteral("planFiles"));
+    m_files->setHeaderLabels({tr("File"), tr("State"), tr("Rows"), tr("Size, about"), tr("Objects")});
+    m_files->setRootIsDecorated(false);
+    m_files->setUniformRowHeights(true);
+    m_files->setAlternatingRowColors(true);
+    m_verify->setObjectName(QStringLiteral("m_verifyCheck"));
+    m_verify->setToolTip(tr("Takes longer. A file that differs from the model is not put into place."));
+    m_verify->setChecked(QSettings().value(verifyKey, false).toBool());
+    connect(m_verify, &QCheckBox::toggled, this, [](bool on) { QSettings().setValue(verifyKey, on); });
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_summary);
+    layout->addWidget(m_files, 1);
+    layout->addWidget(m_verify);
+}
+
+void PlanSheet::showPlan(const ExportPlan& plan)
+{
+    QString summary = plan.summary();
+    if (plan.freeBytes >= 0 && plan.bytes() > plan.freeBytes)
+        summary = QStringLiteral("<b>%1</b> ").arg(tr("The disk may be too small.")) + summary;
+    m_summary->setText(summary);
+    QList<QTreeWidgetItem*> items;
+    for (const ExportPlan::Output& output : plan.outputs) {
+        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output), QString::number(output.rows),
+                                          sizeText(output.bytes), objectsText(output.objects)});
+        item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
+        item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+        item->setToolTip(0, toolTipOf(output));
+        if (output.replaces)
+            item->setForeground(1, QColor(Qt::darkRed));
+        items.append(item);
+    }
+    m_files->clear();
+    m_files->addTopLevelItems(items);
+    m_files->header()->resizeSection(0, 260);
+    for (int column = 1; column < 4; ++column)
+        m_files->resizeColumnToContents(column);
+}
+
+bool PlanSheet::wantsVerification() const
+{
+    return m_verify->isChecked();
+}
+
+} // namespace refhost

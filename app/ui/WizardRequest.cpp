@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "app/ui/WizardRequest.h"
+
+#include "app/savers/HostSaver.h"
+#include "app/ui/HostContext.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+
+namespace refhost
+{
+
+namespace
+{
+
+QStringList chosenObjects(const HostContext& context, const HostSaver& saver)
+{
+    const std::vector<ObjectType> types = saver.format().info().types;
+    qint64 exportable = 0;
+    QHash<QString, int> names;
+    for (const ModelObject& object : context.model.objects()) {
+        exportable += std::find(types.begin(), types.end(), object.type) != types.end() ? 1 : 0;
+        ++names[object.name];
+    }
+    const std::vector<const ModelObject*>& chosen = saver.selection().objects;
+    if (static_cast<qint64>(chosen.size()) == exportable)
+        return {};
+    QStringList objects;
+    for (const ModelObject* object : chosen) {
+        const bool plain = names.value(object->name) == 1 && !object->name.startsWith(QLatin1String("id:"))
+                           && !object->name.contains(QLatin1Char('*')) && !object->name.contains(QLatin1Char('?'));
+        objects.append(plain ? object->name : QStringLiteral("id:%1").arg(object->id));
+    }
+    return objects;
+}
+
+QStringList chosenAttributes(const HostSaver& saver)
+{
+    const ExportSelection& selection = saver.selection();
+    if (!selection.attributes)
+        return {};
+    const auto lacks = [&selection](const QString& name) { return !selection.attributes->contains(name); };
+    const bool all = std::none_of(selection.objects.begin(), selection.objects.end(), [&lacks](const ModelObject* object) {
+        return std::any_of(object->vertexAttributes.begin(), object->vertexAttributes.end(), [&](const auto& column) { return lacks(column.name); })
+               || std::any_of(object->objectAttributes.begin(), object->objectAttributes.end(), [&](const auto& value) { return lacks(value.name); });
+    });
+    return all ? QStringList() : *selection.attributes;
+}
+
+} // namespace
+
+ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
+{
+    ExportRequest request;
+    request.models = context.modelPaths;
+    request.format = saver.format().info().key;
+    request.output = saver.selection().path;
+    request.objects = chosenObjects(context, saver);
+    request.attributes = chosenAttributes(saver);
+    request.overwrite = true;
+    request.verify = saver.selection().verify;
+    for (const auto& fresh : makeFormats()) {
+        if (fresh->info().key != request.format)
+            continue;
+        const SettingsMap defaults = fresh->settings();
+        const SettingsMap current = saver.format().settings();
+        for (const Setting& setting : current.settings()) {
+            const Setting* usual = defaults.find(setting.key);
+            if (!usual || usual->get() != setting.get())
+                request.settings.append({setting.key, setting.get()});
+        }
+    }
+    return request;
+}
+
+} // namespace refhost

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "ogr/OGRFeatureSource.h"
+
+namespace kpBaseExport
+{
+
+OGRFeatureSource::~OGRFeatureSource() = default;
+
+} // namespace kpBaseExport

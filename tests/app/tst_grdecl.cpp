@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: MIT
+// GRDECL grids: whole text, names and lines, inactive and undefined cells, real grids read by another project's
+// reader, failures.
+#include "app/savers/GrdeclFormat.h"
+#include "app/savers/GrdeclRecord.h"
+#include "tests/app/FormatTest.h"
+
+#include <QProcess>
+#include <QtTest>
+
+#include <cmath>
+
+using namespace formattest;
+
+class GrdeclTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wholeText();
+    void names_data();
+    void names();
+    void units_data();
+    void units();
+    void localOrigin();
+    void missingValues();
+    void undefinedCorners();
+    void realGrids_data();
+    void realGrids();
+    void severalGrids();
+    void failures();
+    void cancelled();
+};
+
+void GrdeclTest::wholeText()
+{
+    ModelObject box = cellBox(2, 1, 1);
+    box.name = QString::fromUtf8("Ярус ") + QString(200, QLatin1Char('x'));
+    CellGrid cells = *box.cells;
+    cells.active = {1, 0};
+    AttributeColumn rock;
+    rock.name = QStringLiteral("rock type code");
+    rock.kind = AttributeKind::Integer;
+    rock.values = {3, QVariant()};
+    cells.cellAttributes.push_back(rock);
+    cells.cellAttributes.push_back(realColumn(QStringLiteral("coord"), {1.0, -2.5e-7}));
+    cells.cellAttributes.back().unit = QStringLiteral("mD");
+    box.cells = std::make_shared<const CellGrid>(cells);
+    GrdeclFormat format;
+    format.settings().set(QStringLiteral("decimals"), QStringLiteral("1"));
+    QTemporaryDir folder;
+    Run run(format, {&box}, folder.filePath(QStringLiteral("g")));
+    QVERIFY(run.go());
+    QCOMPARE(run.files[0].path, folder.filePath(QStringLiteral("g.grdecl")));
+    const QByteArray text = run.bytes();
+    QCOMPARE(text.mid(text.indexOf('\n') + 1), QByteArray("-- lengths in metres, depths positive down\n"
+                                                          "\n"
+                                                          "MAPUNITS\n 'METRES'\n/\n"
+                                                          "\n"
+                                                          "MAPAXES\n 0.0 1000.0\n 0.0 0.0\n 1000.0 0.0\n/\n"
+                                                          "\n"
+                                                          "GRIDUNIT\n 'METRES' 'MAP'\n/\n"
+                                                          "\n"
+                                                          "SPECGRID\n 2 1 1 1 F\n/\n"
+                                                          "\n"
+                                                          "COORD\n"
+                                                          " 2*0.0 1000.0 2*0.0 1005.0 10.0 0.0 1000.0 10.0 0.0 1005.0 20.0 0.0 1000.0 20.0 0.0 1005.0 0.0 10.0\n"
+                                                          " 1000.0 0.0 10.0 1005.0 2*10.0 1000.0 2*10.0 1005.0 20.0 10.0 1000.0 20.0 10.0 1005.0\n"
+                                                          "/\n"
+                                                          "\n"
+                                                          "ZCORN\n 8*1000.0 8*1005.0\n/\n"
+                                                          "\n"
+                                                          "ACTNUM\n 1 0\n/\n"
+                                                          "\n"
+                                                          "PORO\n 2*0.25\n/\n"
+                                                          "\n"
+                                                          "ROCK_TYP\n 3 0\n/\n"
+                                                          "\n"
+                                                          "-- COORD2 in mD\n"
+                                                          "COORD2\n 1.0 -2.5e-07\n/\n"
+                                                          "\n"));
+    for (const QByteArray& line : text.split('\n'))
+        QVERIFY(line.size() <= 128);
+    QCOMPARE(run.kinds(), QStringList{QStringLiteral("renamed")});
+    QCOMPARE(run.report.findings()[0].count, 2);
+    QCOMPARE(run.verify().fault, QString());
+    QCOMPARE(run.verify().count, 2);
+}
+
+void GrdeclTest::names_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("keywords");
+    const auto row = [](const char* title, const QStringList& names, const QStringList& keywords) { QTest::newRow(title) << names << keywords; };
+    row("kept", {QStringLiteral("PORO"), QStringLiteral("PERMX")}, {QStringLiteral("PORO"), QStringLiteral("PERMX")});
+    row("twice", {QStringLiteral("permeability x"), QStringLiteral("permeability y"), QStringLiteral("PERMEABI")},
+        {QStringLiteral("PERMEABI"), QStringLiteral("PERMEAB2"), QStringLiteral("PERMEAB3")});
+    row("the format's own", {QStringLiteral("zcorn"), QStringLiteral("SPECGRID"), QStringLiteral("end")},
+        {QStringLiteral("ZCORN2"), QStringLiteral("SPECGRI2"), QStringLiteral("END2")});
+    row("first character", {QStringLiteral("2nd"), QStringLiteral("_x"), QString(), QString::fromUtf8("ярус")},
+        {QStringLiteral("P2ND"), QStringLiteral("PX"), QStringLiteral("P"), QStringLiteral("P___")});
+}
+
+void GrdeclTest::names()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QStringList, keywords);
+    GrdeclNames taken;
+    QStringList given;
+    for (const QString& name : names)
+        given.append(taken.take(name));
+    QCOMPARE(given, keywords);
+}
+
+void GrdeclTest::units_data()
+{
+    QTest::addColumn<QString>("modelUnit");
+    QTest::addColumn<QString>("lengthUnit");
+    QTest::addColumn<QString>("gridUnit");
+    QTest::addColumn<QString>("depth"); // 1000 in the model
+    QTest::newRow("model, metres") << "m" << "model" << "'METRES'" << "1000.000";
+    QTest::newRow("model, feet") << "ft" << "model" << "'FEET'" << "1000.000";
+    QTest::newRow("model, kilometres") << "km" << "model" << "'METRES'" << "1000000.000";
+    QTest::newRow("model, survey feet") << "ftUS" << "model" << "'FEET'" << "1000.002";
+    QTest::newRow("feet to metres") << "ft" << "m" << "'METRES'" << "304.800";
+    QTest::newRow("not known") << "m" << "km" << "" << "";
+}
+
+void GrdeclTest::units()
+{
+    QFETCH(QString, modelUnit);
+    QFETCH(QString, lengthUnit);
+    QFETCH(QString, gridUnit);
+    QFETCH(QString, depth);
+    ModelObject box = cellBox(2, 2, 2);
+    box.lengthUnit = modelUnit;
+    GrdeclFormat format;
+    format.settings().set(QStringLiteral("lengthUnit"), lengthUnit);
+    QTemporaryDir folder;
+    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
+    QCOMPARE(run.go(), !gridUnit.isEmpty());
+    if (gridUnit.isEmpty()) {
+        QVERIFY(run.error().contains(QStringLiteral("metres and feet only")));
+        return;
+    }
+    QVERIFY(run.bytes().contains("GRIDUNIT\n " + gridUnit.toUtf8() + " 'MAP'"));
+    QVERIFY(run.bytes().contains("ZCORN\n 16*" + depth.toUtf8()));
+    QCOMPARE(run.kinds().contains(QStringLiteral("length unit changed")), modelUnit == QLatin1String("km") || modelUnit == QLatin1String("ftUS"));
+    QCOMPARE(run.verify().fault, QString());
+    QVERIFY(run.verify().worstError < 0.002);
+}
+
+void GrdeclTest::localOrigin()
+{
+    Model model;
+    loadInto(model, sample("blocks.grdecl"));
+    GrdeclFormat format;
+    format.settings().set(QStringLiteral("origin"), QStringLiteral("local"));
+    format.settings().set(QStringLiteral("decimals"), QStringLiteral("0"));
+    QTemporaryDir folder;
+    Run run(format, pointers(model), folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(run.go());
+    QVERIFY(run.bytes().contains("MAPAXES\n 526211 7487835\n 526211 7486835\n 527211 7486835\n/"));
+    QVERIFY(run.bytes().contains("GRIDUNIT\n 'METRES'\n/"));
+    // Half a metre at most, though both the origin and the positions are rounded.
+    const Verification seen = run.verify();
+    QCOMPARE(seen.fault, QString());
+    QVERIFY2(seen.worstError <= 0.5, qPrintable(QString::number(seen.worstError)));
+}
+
+void GrdeclTest::missingValues()
+{
+    ModelObject box = cellBox(3, 1, 1);
+    CellGrid cells = *box.cells;
+    cells.active = {1, 1, 0};
+    cells.cellAttributes = {realColumn(QStringLiteral("NTG"), {0.5, 9.0, 9.0}, {0, 1, 1})};
+    AttributeColumn text;
+    text.name = QStringLiteral("FACIES");
+    text.kind = AttributeKind::Text;
+    text.values = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    cells.cellAttributes.push_back(text);
+    box.cells = std::make_shared<const CellGrid>(cells);
+    GrdeclFormat format;
+    format.settings().set(QStringLiteral("nullValue"), QStringLiteral("-1"));
+    QTemporaryDir folder;
+    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(run.go());
+    QVERIFY(run.bytes().contains("NTG\n 0.5 2*-1.0\n/"));
+    QCOMPARE(run.kinds().join(QLatin1Char('|')), QStringLiteral("attribute that is no number left out|missing value of an active cell written as -1"));
+    // The inactive cell's is no loss.
+    QCOMPARE(run.report.findings()[1].count, 1);
+    QCOMPARE(run.verify().fault, QString());
+    run.selection.attributes = QStringList{QStringLiteral("SWAT")};
+    QVERIFY(run.go());
+    QVERIFY(!run.bytes().contains("NTG"));
+    QVERIFY(run.kinds().contains(QStringLiteral("missing attribute")));
+}
+
+void GrdeclTest::undefinedCorners()
+{
+    ModelObject box = cellBox(2, 1, 2);
+    CellGrid cells = *box.cells;
+    cells.zcorn.back() = NAN; // of the last cell
+    cells.active = {1, 1, 1, 0};
+    box.cells = std::make_shared<const CellGrid>(cells);
+    GrdeclFormat format;
+    QTemporaryDir folder;
+    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(run.go());
+    QCOMPARE(run.kinds(), QStringList{QStringLiteral("corner of an inactive cell without a depth written as 0")});
+    cells.active = {1, 1, 0, 1};
+    box.cells = std::make_shared<const CellGrid>(cells);
+    Run active(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(!active.go());
+    QVERIFY2(active.error().contains(QStringLiteral("cell 4 of the grid box is active and has a corner without a depth")), qPrintable(active.error()));
+}
+
+void GrdeclTest::realGrids_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<int>("cells");
+    QTest::addColumn<QStringList>("properties");
+    QTest::newRow("sample") << sample("blocks.grdecl") << 192 << QStringList{QStringLiteral("PORO"), QStringLiteral("PERMX")};
+    QTest::newRow("simpleb8") << sharedData("eclipse/simpleb8.grdecl") << 24
+                              << QStringList{QStringLiteral("PORO"), QStringLiteral("PERMX"), QStringLiteral("PERMY"), QStringLiteral("PERMZ")};
+    QTest::newRow("emerald") << sharedData("eclipse/emerald.grdecl") << 48 << QStringList();
+    QTest::newRow("b") << sharedData("eclipse/b.grdecl") << 2400 << QStringList();
+    QTest::newRow("SPE9") << sharedData("eclipse/SPE9.GRDECL") << 9000 << QStringList();
+}
+
+void GrdeclTest::realGrids()
+{
+    QFETCH(QString, source);
+    QFETCH(int, cells);
+    QFETCH(QStringList, properties);
+    if (source.isEmpty())
+        QSKIP("the data is not here");
+    Model model;
+    loadInto(model, source);
+    GrdeclFormat format;
+    QTemporaryDir folder;
+    Run run(format, pointers(model), folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(run.go());
+    const Verification seen = run.verify();
+    QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
+    QCOMPARE(seen.count, cells);
+    QVERIFY(seen.worstError < 1e-3);
+
+    // Debian's own interpreter, for which the package is made.
+    QProcess other;
+    other.start(QStringLiteral("/usr/bin/python3"), QStringList{QStringLiteral(KP_SOURCE_DIR "/tests/app/compare_grdecl.py"), run.files[0].path, source} + properties);
+    if (!other.waitForStarted())
+        QSKIP("python3 is not here");
+    QVERIFY(other.waitForFinished(120000));
+    if (other.exitCode() == 2)
+        QSKIP("python3-opm-common is not installed");
+    QVERIFY2(other.exitCode() == 0, other.readAllStandardError().constData());
+    QVERIFY(other.readAllStandardOutput().contains("cells " + QByteArray::number(cells) + ", active "));
+}
+
+void GrdeclTest::severalGrids()
+{
+    const ModelObject first = cellBox(1, 1, 1);
+    const ModelObject second = cellBox(2, 1, 1);
+    ModelObject hollow = object(QStringLiteral("hollow"), {0}, {0}, {0});
+    hollow.type = ObjectType::GeoCellularVolumes;
+    GrdeclFormat format;
+    QTemporaryDir folder;
+    Run run(format, {&first, &second, &hollow}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(!run.go());
+    QCOMPARE(run.files.size(), std::size_t(3));
+    QCOMPARE(QFileInfo(run.files[1].path).fileName(), QStringLiteral("g_box_2.grdecl"));
+    QCOMPARE(run.verify(1).count, 2);
+    QVERIFY(run.error(2).contains(QStringLiteral("has no cells")));
+}
+
+void GrdeclTest::failures()
+{
+    const ModelObject box = cellBox(1, 1, 1);
+    GrdeclFormat format;
+    Run full(format, {&box}, QStringLiteral("/dev/full"));
+    QVERIFY(!full.go());
+    QVERIFY2(full.error().contains(QStringLiteral("could not be written completely")), qPrintable(full.error()));
+    ModelObject broken = cellBox(2, 2, 2);
+    CellGrid cells = *broken.cells;
+    cells.zcorn.pop_back();
+    broken.cells = std::make_shared<const CellGrid>(cells);
+    QTemporaryDir folder;
+    Run run(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(!run.go());
+    QVERIFY2(run.error().contains(QStringLiteral("are not as many as its size asks for")), qPrintable(run.error()));
+    cells.columns = 0;
+    broken.cells = std::make_shared<const CellGrid>(cells);
+    Run empty(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(!empty.go());
+    QVERIFY2(empty.error().contains(QStringLiteral("the grid has no cells")), qPrintable(empty.error()));
+}
+
+void GrdeclTest::cancelled()
+{
+    const ModelObject box = cellBox(50, 50, 40);
+    GrdeclFormat format;
+    QTemporaryDir folder;
+    CancelAt counter(1 << 30);
+    Run whole(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(whole.go(&counter));
+    QVERIFY(counter.calls() > 200);
+    QVERIFY(!counter.backwards);
+    CancelAt cancel(counter.calls() / 2);
+    QFile earlier(folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(earlier.open(QIODevice::WriteOnly));
+    earlier.write("earlier");
+    earlier.close();
+    QVERIFY(!whole.go(&cancel));
+    QVERIFY(whole.report.cancelled && cancel.largest > 20 && cancel.largest < 80);
+    QCOMPARE(whole.bytes(), QByteArray("earlier"));
+}
+
+QTEST_GUILESS_MAIN(GrdeclTest)
+#include "tst_grdecl.moc"

@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: MIT
+#include "app/model/SectionCutter.h"
+#include "app/readers/LoadError.h"
+#include "app/readers/ModelLoader.h"
+#include "app/readers/OpenTecReader.h"
+#include "tests/app/SaverRun.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <cmath>
+
+using namespace refhost;
+
+namespace
+{
+
+ModelObject section(const QString& name, std::vector<SectionSegment> segments,
+                    const std::vector<std::array<double, 3>>& trace = {{1000, 2000, 0}, {1500, 2000, 0}})
+{
+    ModelObject object = objectOf(ObjectType::CrossSections, name, trace, "");
+    object.hasZ = false;
+    auto drawing = std::make_shared<CrossSection>();
+    drawing->segments = std::move(segments);
+    object.section = drawing;
+    return object;
+}
+
+SectionSegment segment(const QString& name, std::vector<double> distance, std::vector<double> z)
+{
+    const std::vector<double> x(distance.size(), 0.0);
+    return {name, ObjectType::GridSurfaces, QColor(255, 0, 0), std::move(distance), x, x, std::move(z)};
+}
+
+const QByteArray head = "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\nxy_section_position\n";
+
+} // namespace
+
+class OpenTecTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void wholeFile();
+    void settings();
+    void hardNames();
+    void severalSections();
+    void wrongNames();
+    void failures();
+    void cancelledHalfWay();
+    void readerRefuses_data();
+    void readerRefuses();
+    void cutGrid();
+    void cutTurnedGrid();
+    void cutMesh();
+    void cutLines();
+    void sectionsOfModelFile();
+    void wrongSections_data();
+    void wrongSections();
+
+private:
+    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString write(const char* name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+        return file.fileName();
+    }
+    QStringList listing() const
+    {
+        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void OpenTecTest::wholeFile()
+{
+    const SaverRun run("opentec",
+                       {section(QStringLiteral("A"),
+                                {segment(QStringLiteral("H1"), {0, 500}, {-150, 0}),
+                                 segment(QStringLiteral("F"), {250}, {12.125}), segment(QStringLiteral("E"), {}, {})})},
+                       path("a"));
+    QCOMPARE(run.fault() + run.findings(), QString());
+    QCOMPARE(run.rows(), 3);
+    QCOMPARE(contentOf(path("a.otl")),
+             head
+                 + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\nopen_tec_link_section "
+                   "A\n\nsection_age 0.00\n\n"
+                   "segment\nname H1\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 0.00 0.00 150.00\nxyz 500.00 "
+                   "0.00 -0.00\npoints-end\nsegment-end\n\n"
+                   "segment\nname F\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 250.00 0.00 "
+                   "-12.12\npoints-end\nsegment-end\n\n"
+                   "segment\nname E\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\npoints-end\nsegment-end\n\n"
+                   "open_tec_link_section-end\n\n");
+}
+
+void OpenTecTest::settings()
+{
+    ModelObject feet = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, none, 100}, {-10, -20, -30})});
+    feet.lengthUnit = QStringLiteral("ft");
+    const SaverRun metres("opentec", {feet}, path("m.otl"),
+                          {{"decimals", QStringLiteral("4")}, {"age", QStringLiteral("65.5")}});
+    QCOMPARE(metres.fault(), QString());
+    QCOMPARE(metres.findings(), QStringLiteral("position left out: 1"));
+    const QByteArray text = contentOf(path("m.otl"));
+    QVERIFY(text.contains("xy 304.8000 609.6000 \n") && text.contains("section_age 65.5000\n"));
+    QVERIFY(text.contains("points\nxyz 0.0000 0.0000 3.0480\nxyz 30.4800 0.0000 9.1440\npoints-end"));
+    const SaverRun own("opentec", {feet}, path("f.otl"),
+                       {{"lengthUnit", QStringLiteral("model")}, {"decimals", QStringLiteral("0")}});
+    QCOMPARE(own.fault(), QString());
+    QCOMPARE(own.findings(), QStringLiteral("position left out: 1, unit not stated: 1"));
+    QVERIFY(contentOf(path("f.otl")).contains("xy 1000 2000 \n"));
+    const SaverRun bare("opentec", {section(QStringLiteral("A"), {})}, path("b.otl"));
+    QCOMPARE(bare.fault(), QString());
+    QCOMPARE(bare.findings(), QStringLiteral("section without lines: 1"));
+    QCOMPARE(contentOf(path("b.otl")), head + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n");
+}
+
+void OpenTecTest::hardNames()
+{
+    const QString hard = QString::fromUtf8("Разлом 斷層 ]]> & \"q\"");
+    const SaverRun run("opentec",
+                       {section(hard + QStringLiteral("\r\npoints-end"),
+                                {segment(hard, {0, 1}, {0, 1}), segment(QStringLiteral("a\nsegment-end"), {0}, {0})})},
+                       path("a.otl"));
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(), QStringLiteral("renamed: 1, renamed: 1"));
+    const OpenTecSection read = readOpenTec(path("a.otl"));
+    QCOMPARE(read.name, hard + QStringLiteral("  points-end"));
+    QCOMPARE(read.segments[0].name, hard);
+    QCOMPARE(read.segments[1].name, QStringLiteral("a segment-end"));
+}
+
+void OpenTecTest::severalSections()
+{
+    const std::vector<ModelObject> sections{
+        section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}),
+        section(QStringLiteral("B"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}, {{7, 8, 0}, {9, 8, 0}}),
+        section(QStringLiteral("C"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})})};
+    QCOMPARE(SaverRun("opentec", sections, path("o.otl"),
+                      {{"sections", QStringLiteral("A, B")}, {"traceLine", QStringLiteral("B")}})
+                 .fault(),
+             QString());
+    QCOMPARE(listing(), (QStringList{QStringLiteral("o_A.otl"), QStringLiteral("o_B.otl")}));
+    for (const char* name : {"o_A.otl", "o_B.otl"})
+        QVERIFY(contentOf(path(name)).startsWith(head + "xy 7.00 8.00 \nxy 9.00 8.00 \n"));
+    QCOMPARE(SaverRun("opentec", sections, path("c.otl"), {{"sections", QStringLiteral("C")}}).fault(), QString());
+    QVERIFY(contentOf(path("c.otl")).contains("open_tec_link_section C\n"));
+    const std::vector<ModelObject> commas{section(QStringLiteral("A, B"), {}), section(QStringLiteral("B"), {}),
+                                          section(QStringLiteral("C"), {})};
+    QCOMPARE(SaverRun("opentec", commas, path("n.otl"), {{"sections", QStringLiteral("C,A, B")}}).files.size(), std::size_t(2));
+}
+
+void OpenTecTest::wrongNames()
+{
+    const std::vector<ModelObject> sections{section(QStringLiteral("A"), {})};
+    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), {{"sections", QStringLiteral("X")}}).error(),
+             QStringLiteral("there is no section \"X\" among those chosen (there are: A)"));
+    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), {{"traceLine", QStringLiteral("Y")}}).error(),
+             QStringLiteral("there is no section \"Y\" among those chosen (there are: A)"));
+    QVERIFY(listing().isEmpty());
+}
+
+void OpenTecTest::failures()
+{
+    const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
+    for (const std::size_t count : {std::size_t(1), std::size_t(1000000)}) {
+        const std::vector<double> numbers(count, 1.0);
+        QVERIFY(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})},
+                         QStringLiteral("/dev/full"))
+                    .error()
+                    .contains(message));
+    }
+}
+
+void OpenTecTest::cancelledHalfWay()
+{
+    const std::vector<double> numbers(1000000, 1.0);
+    const std::vector<ModelObject> objects{
+        section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})};
+    write("a.otl", "earlier");
+    CancelAt progress(50);
+    const SaverRun run("opentec", objects, path("a.otl"), {}, &progress);
+    QVERIFY(run.report.cancelled);
+    QCOMPARE(progress.reached, 50);
+    QCOMPARE(contentOf(path("a.otl")), QByteArray("earlier"));
+    const SaverRun whole("opentec", objects, path("a.otl"));
+    QCOMPARE(whole.fault(), QString());
+    QCOMPARE(whole.readBack.front().count, 1000000);
+}
+
+void OpenTecTest::readerRefuses_data()
+{
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* from, const char* to, const char* message) {
+        QTest::newRow(message) << QByteArray(from) << QByteArray(to) << QString::fromLatin1(message);
+    };
+    row("points-end\n", "", "line 22: \"points-end\" is due here");
+    row("xyz 0.00 0.00 150.00", "xyz 0.00 150.00", "line 20: there are 2 numbers where 3 are due");
+    row("150.00", "nan", "line 20: \"nan\" is no number");
+    row("open_tec_link_section-end\n", "", "line 25: \"open_tec_link_section-end\" is due here");
+    row("section_age 0.00\n", "", "line 14: \"section_age\" is due here");
+}
+
+void OpenTecTest::readerRefuses()
+{
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    QFETCH(QString, message);
+    QCOMPARE(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})})},
+                      path("a.otl"))
+                 .fault(),
+             QString());
+    QByteArray text = contentOf(path("a.otl"));
+    QVERIFY(text.contains(from));
+    try {
+        readOpenTec(write("b.otl", text.replace(from, to)));
+        QFAIL("accepted");
+    } catch (const LoadError& error) {
+        QVERIFY2(QString::fromUtf8(error.what()).contains(message), error.what());
+    }
+}
+
+void OpenTecTest::cutGrid()
+{
+    // On a plane every sample is exact; a node without value splits the line in two.
+    std::vector<double> heights;
+    for (int node = 0; node < 100; ++node)
+        heights.push_back(100 + 2 * (node % 10) + 3 * (node / 10));
+    heights[55] = none;
+    const SectionCutter cutter({-2, 9, 9}, {5.0, 5.0, 20});
+    const std::vector<SectionSegment> segments = cutter.cut(gridOf(QStringLiteral("G"), 10, heights));
+    QCOMPARE(static_cast<int>(segments.size()), 2);
+    for (const SectionSegment& one : segments) {
+        for (std::size_t at = 0; at < one.z.size(); ++at)
+            QVERIFY(std::abs(one.z[at] - (100 + 2 * one.x[at] + 3 * one.y[at])) < 1e-9);
+    }
+    QCOMPARE(segments[0].x.front(), 0.0);
+    QCOMPARE(segments[0].distance.front(), 2.0);
+    QCOMPARE(segments[0].x.back(), 4.0);
+    // Round the corner of the trace, to the northern edge.
+    QCOMPARE(segments[1].x.front(), 6.0);
+    QCOMPARE(segments[1].y.back(), 9.0);
+    QCOMPARE(segments[1].distance.back(), 15.0);
+}
+
+void OpenTecTest::cutTurnedGrid()
+{
+    // Turned by 90 degrees: columns run north, rows run west.
+    ModelObject grid = gridOf(QStringLiteral("G"), 3, {0, 1, 2, 10, 11, 12});
+    grid.grid->rotation = 90;
+    const std::vector<SectionSegment> segments = SectionCutter({-0.5, -0.5}, {-1, 5}).cut(grid);
+    QCOMPARE(static_cast<int>(segments.size()), 1);
+    for (std::size_t at = 0; at < segments[0].z.size(); ++at)
+        QVERIFY(std::abs(segments[0].z[at] - (5 + segments[0].y[at])) < 1e-9);
+    QCOMPARE(segments[0].y.back(), 2.0);
+}
+
+void OpenTecTest::cutMesh()
+{
+    // A strip of a plane, cut lengthwise through a bend of the trace inside a triangle, and a second patch apart.
+    ModelObject mesh = objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"),
+                                {{0, 0, 0},
+                                 {10, 0, 10},
+                                 {10, 10, 30},
+                                 {0, 10, 20},
+                                 {20, 0, 20},
+                                 {20, 10, 40},
+                                 {30, 0, 1},
+                                 {40, 0, 1},
+                                 {30, 10, 1}},
+                                "");
+    mesh.triangles = {{0, 1, 2}, {0, 2, 3}, {1, 4, 5}, {1, 5, 2}, {6, 7, 8}};
+    const std::vector<SectionSegment> segments = SectionCutter({-5, 8, 50}, {4, 5, 5}).cut(mesh);
+    QCOMPARE(static_cast<int>(segments.size()), 2);
+    const SectionSegment& strip = segments[0].x.front() < 15 ? segments[0] : segments[1];
+    const SectionSegment& patch = segments[0].x.front() < 15 ? segments[1] : segments[0];
+    QVERIFY(std::abs(strip.x.front()) < 1e-9 && std::abs(strip.x.back() - 20) < 1e-9);
+    bool bend = false;
+    for (std::size_t at = 0; at < strip.z.size(); ++at) {
+        QVERIFY(std::abs(strip.z[at] - (strip.x[at] + 2 * strip.y[at])) < 1e-9);
+        QVERIFY(at == 0 || strip.distance[at] >= strip.distance[at - 1]);
+        bend = bend || (std::abs(strip.x[at] - 8) < 1e-9 && std::abs(strip.y[at] - 5) < 1e-9);
+    }
+    QVERIFY(bend);
+    QVERIFY(std::abs(patch.x.front() - 30) < 1e-9 && std::abs(patch.x.back() - 35) < 1e-9);
+    // Without heights there is nothing to draw.
+    mesh.hasZ = false;
+    QVERIFY(SectionCutter({-5, 50}, {4, 5}).cut(mesh).empty());
+}
+
+void OpenTecTest::cutLines()
+{
+    // Crosses the trace twice, the second time through the point where its legs meet, which counts once.
+    const ModelObject line =
+        objectOf(ObjectType::Polylines, QStringLiteral("F"),
+                 {{2, -1, 10}, {2, 1, 20}, {5, 1, 20}, {5, -1, 40}, {50, -50, none}, {6, 6, 1}}, "");
+    const std::vector<SectionSegment> segments = SectionCutter({0, 5, 5, 10}, {0, 0, 0, 0}).cut(line);
+    QCOMPARE(static_cast<int>(segments.size()), 2);
+    QCOMPARE(segments[0].distance, std::vector<double>{2});
+    QCOMPARE(segments[0].z, std::vector<double>{15});
+    QCOMPARE(segments[1].distance, std::vector<double>{5});
+    QCOMPARE(segments[1].z, std::vector<double>{30});
+}
+
+void OpenTecTest::sectionsOfModelFile()
+{
+    Model model;
+    loadInto(model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
+    std::vector<ModelObject> sections;
+    for (const ModelObject& object : model.objects()) {
+        if (object.type == ObjectType::CrossSections)
+            sections.push_back(object);
+    }
+    QCOMPARE(static_cast<int>(sections.size()), 2);
+    const SectionSegment* terrain = nullptr;
+    int faults = 0;
+    for (const SectionSegment& one : sections[0].section->segments) {
+        QVERIFY(std::all_of(one.z.begin(), one.z.end(), [](double z) { return std::isfinite(z); }));
+        faults += one.type == ObjectType::Polylines ? 1 : 0;
+        if (one.type == ObjectType::GridSurfaces)
+            terrain = &one;
+    }
+    QVERIFY(terrain && faults > 3);
+    // Along 64 km of trace, at heights of the terrain (297 to 1175 m).
+    QVERIFY(terrain->distance.back() > 64000 && terrain->distance.back() < 65300);
+    QVERIFY(*std::min_element(terrain->z.begin(), terrain->z.end()) >= 297
+            && *std::max_element(terrain->z.begin(), terrain->z.end()) <= 1175);
+    // The faults lie on the terrain from which their heights come.
+    for (const SectionSegment& one : sections[0].section->segments) {
+        if (one.type != ObjectType::Polylines)
+            continue;
+        const auto after = std::lower_bound(terrain->distance.begin(), terrain->distance.end(), one.distance[0])
+                           - terrain->distance.begin();
+        QVERIFY(std::abs(terrain->z[static_cast<std::size_t>(after)] - one.z[0]) < 120);
+    }
+    const SaverRun run("opentec", sections, m_folder->path());
+    QCOMPARE(run.fault() + run.findings(), QString());
+    QCOMPARE(listing(), (QStringList{QStringLiteral("Section A.otl"), QStringLiteral("Section B.otl")}));
+    QVERIFY(run.readBack.front().worstError <= 0.005);
+}
+
+void OpenTecTest::wrongSections_data()
+{
+    QTest::addColumn<QByteArray>("entry");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* entry, const char* message) {
+        QTest::newRow(message) << QByteArray(entry) << QString::fromLatin1(message);
+    };
+    row("\"trace\": [[0, 0], [1, 1]]", "section 1: there is no \"name\" (name the section)");
+    row("\"name\": \"A\"", "section 1: the trace has no length");
+    row("\"name\": \"A\", \"trace\": [[1, 2], [1, 2]]", "section 1: the trace has no length");
+    row("\"name\": \"A\", \"trace\": [[1, 2], [1]]", "section 1: point 2 of the trace is no pair of numbers");
+    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"objects\": [\"X\"]", "section 1: there is no object \"X\"");
+    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"crs\": \"X\"", "section 1: \"X\" is no coordinate system");
+    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"colour\": \"X\"",
+        "section 1: \"colour\" is not known (keys: name, trace");
+    row("\"name\": 7, \"trace\": [[0, 0], [1, 1]]", "section 1: \"name\" is no text");
+    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"color\": \"X\"", "section 1: \"X\" is no colour");
+}
+
+void OpenTecTest::wrongSections()
+{
+    QFETCH(QByteArray, entry);
+    QFETCH(QString, message);
+    write("points.csv", "x,y,z\n1,2,3\n");
+    const QString file = write(
+        "a.kpmodel", "{\"version\": 1, \"objects\": [{\"file\": \"points.csv\"}], \"sections\": [{" + entry + "}]}");
+    Model model;
+    try {
+        loadInto(model, file);
+        QFAIL("accepted");
+    } catch (const LoadError& error) {
+        QVERIFY2(QString::fromUtf8(error.what()).contains(message), error.what());
+    }
+}
+
+QTEST_GUILESS_MAIN(OpenTecTest)
+#include "tst_opentec.moc"

@@ -1,0 +1,489 @@
+// SPDX-License-Identifier: MIT
+// The library's option pages bound to formats of the program: what is set on the page arrives in the format's
+// settings, is remembered, and is not reset on the way through the wizard.
+#include "app/savers/OutputUnit.h"
+#include "app/ui/ExportWizard.h"
+#include "app/ui/HostContext.h"
+#include "core/saver/AbstractSaver.h"
+#include "host/ui/QImportUnitSelector.h"
+#include "wizard/QExportSheetSaveFile.h"
+#include "wizard/QObjectListModel.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSettings>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <deque>
+
+using namespace refhost;
+
+namespace
+{
+
+/// A format whose files hold its settings, the objects and the attributes of the run.
+class EchoFormat : public ExportFormat
+{
+public:
+    EchoFormat(const char* key, std::vector<ObjectType> types, bool attributes)
+    {
+        m_info.key = QString::fromLatin1(key);
+        m_info.displayName = m_info.key;
+        m_info.fileFormatName = m_info.key.toUpper();
+        m_info.defaultExtension = QStringLiteral("txt");
+        m_info.patterns = QStringLiteral("*.txt");
+        m_info.types = std::move(types);
+        m_info.supportsAttributes = attributes;
+    }
+    EchoFormat& choice(const char* name, const QStringList& values, int initial = 0)
+    {
+        m_numbers.push_back(initial);
+        m_map.addChoice(name, m_numbers.back(), values, "one of several");
+        return *this;
+    }
+    EchoFormat& text(const char* name)
+    {
+        m_texts.emplace_back();
+        m_map.addText(name, m_texts.back(), "a text");
+        return *this;
+    }
+    EchoFormat& flag(const char* name, bool initial)
+    {
+        m_flags.push_back(initial);
+        m_map.addBoolean(name, m_flags.back(), "yes or no");
+        return *this;
+    }
+    EchoFormat& unit() { return choice("lengthUnit", outputUnitKeys()); }
+    EchoFormat& files()
+    {
+        return choice("grouping", {QStringLiteral("single"), QStringLiteral("object"), QStringLiteral("set")}).text("filePrefix");
+    }
+
+    FormatInfo info() const override { return m_info; }
+    SettingsMap settings() override { return m_map; }
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override
+    {
+        const Setting* grouping = m_map.find(QStringLiteral("grouping"));
+        const Setting* prefix = m_map.find(QStringLiteral("filePrefix"));
+        FileGrouping kind = FileGrouping::Single;
+        if (grouping && grouping->get() != QLatin1String("single"))
+            kind = grouping->get() == QLatin1String("set") ? FileGrouping::Set : FileGrouping::Object;
+        return planFiles(selection, kind, m_info.defaultExtension, prefix ? prefix->get() : QString());
+    }
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport&, kpBase::AbstractProgress*) override
+    {
+        QStringList lines;
+        for (const Setting& setting : m_map.settings())
+            lines.append(setting.key + QLatin1Char('=') + setting.get());
+        QStringList objects;
+        for (const ModelObject* object : file.objects)
+            objects.append(object->name);
+        lines.append(QStringLiteral("objects=") + objects.join(QLatin1Char(',')));
+        lines.append(selection.attributes ? QStringLiteral("attributes=") + selection.attributes->join(QLatin1Char(','))
+                                          : QStringLiteral("all attributes"));
+        QFile out(path);
+        if (!out.open(QIODevice::WriteOnly))
+            throw std::runtime_error("not open");
+        out.write(lines.join(QLatin1Char(' ')).toUtf8());
+        return static_cast<qint64>(file.objects.size());
+    }
+
+private:
+    FormatInfo m_info;
+    std::deque<int> m_numbers; // a deque keeps its elements where they are
+    std::deque<QString> m_texts;
+    std::deque<bool> m_flags;
+    SettingsMap m_map;
+};
+
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
+std::vector<std::unique_ptr<ExportFormat>> echoFormats()
+{
+    std::vector<std::unique_ptr<ExportFormat>> formats;
+    const auto add = [&](const char* key, bool attributes) -> EchoFormat& {
+        auto format = std::make_unique<EchoFormat>(key, allObjectTypes(), attributes);
+        EchoFormat& added = *format;
+        formats.push_back(std::move(format));
+        return added;
+    };
+    add("dxf", false).unit().choice("dimension", words("3d map section")).files().choice("layers", words("set type none"))
+        .flag("faces", true).flag("meshPoints", false).flag("boundaries", false).text("crs");
+    add("gocad", true).files().flag("header", true).choice("zPositive", words("elevation depth")).unit();
+    add("off", false).text("filePrefix").unit().flag("zIsElevation", true);
+    add("zmap", false).text("nullText");
+    add("grdecl", true).text("filePrefix").unit();
+    add("shp", true).flag("attributes", true).flag("symbology", false);
+    add("tab", true);
+    add("opentec", false).text("sections").text("traceLine").choice("decimals", words("0 1"), 1);
+    add("plain", true).flag("attributes", true);
+    return formats;
+}
+
+template <typename Control>
+Control* child(QWidget& parent, const char* name)
+{
+    auto* found = parent.findChild<Control*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("no control %s", name);
+    return found;
+}
+
+} // namespace
+
+class OptionSheetsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void dxfControls();
+    void severalFiles();
+    void unitFollowsTheObjects();
+    void attributesStayChosen();
+    void noChoiceMeansAll();
+    void gocad();
+    void shapefileAttributes();
+    void missingSettings();
+    void oneGrid();
+    void sections();
+    void moreOptionsOnly();
+    void nothingIsCutOff_data();
+    void nothingIsCutOff();
+
+private:
+    void resetFormats();
+    std::unique_ptr<ExportWizard> wizardAt(const char* format, const std::vector<int>& ids);
+    void click(QWidget& wizard, const char* name);
+    QString save(ExportWizard& wizard, const char* name = "out.txt");
+    QString read(const QString& name);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QTemporaryDir m_settings;
+    QMap<QString, QString> m_defaults;
+    std::unique_ptr<HostContext> m_context;
+};
+
+void OptionSheetsTest::initTestCase()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
+    QCoreApplication::setApplicationName(QStringLiteral("optionsheets"));
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+    m_context = std::make_unique<HostContext>(echoFormats());
+    const auto add = [this](const char* name, ObjectType type, const char* unit, const char* attribute) {
+        ModelObject object;
+        object.name = QString::fromLatin1(name);
+        object.type = type;
+        object.set = QStringLiteral("set");
+        object.lengthUnit = QString::fromLatin1(unit);
+        object.x = object.y = object.z = std::make_shared<const std::vector<double>>();
+        if (type == ObjectType::GeoCellularVolumes) {
+            auto cells = std::make_shared<CellGrid>();
+            cells->columns = cells->rows = cells->layers = 1;
+            cells->coord.resize(24);
+            cells->zcorn.resize(8);
+            object.cells = cells;
+        }
+        for (const QString& column : words(attribute)) {
+            AttributeColumn values;
+            values.name = column;
+            values.numbers = object.x;
+            object.vertexAttributes.push_back(values);
+        }
+        m_context->model.add(object);
+    };
+    add("metric", ObjectType::MeshSurfaces, "m", "grade Grade rock");   // 1
+    add("imperial", ObjectType::MeshSurfaces, "ft", "rock depth");      // 2
+    add("grid a", ObjectType::GeoCellularVolumes, "m", "poro");         // 3
+    add("grid b", ObjectType::GeoCellularVolumes, "m", "poro");         // 4
+    add("S1", ObjectType::CrossSections, "m", "x");                     // 5
+    add("S2", ObjectType::CrossSections, "m", "x");                     // 6
+}
+
+void OptionSheetsTest::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QSettings().clear();
+    resetFormats();
+}
+
+/// The formats live as long as the program; this puts back what they had first.
+void OptionSheetsTest::resetFormats()
+{
+    for (const auto& format : m_context->formats()) {
+        const SettingsMap map = format->settings();
+        for (const Setting& setting : map.settings()) {
+            const QString id = format->info().key + setting.key;
+            if (!m_defaults.contains(id))
+                m_defaults.insert(id, setting.get());
+            setting.set(m_defaults.value(id));
+        }
+    }
+}
+
+/// A wizard that shows the format's page for these objects.
+std::unique_ptr<ExportWizard> OptionSheetsTest::wizardAt(const char* format, const std::vector<int>& ids)
+{
+    auto wizard = std::make_unique<ExportWizard>(*m_context, nullptr);
+    wizard->setFormatAndSelectedGeo(format, ids);
+    wizard->startup();
+    wizard->show();
+    return wizard;
+}
+
+void OptionSheetsTest::click(QWidget& wizard, const char* name)
+{
+    auto* button = child<QAbstractButton>(wizard, name);
+    QVERIFY2(button->isVisible() && button->isEnabled(), name);
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
+}
+
+QString OptionSheetsTest::save(ExportWizard& wizard, const char* name)
+{
+    const QString file = QString::fromLatin1(name);
+    wizard.slotSaveClicked(m_folder->filePath(file), true);
+    return read(file);
+}
+
+QString OptionSheetsTest::read(const QString& name)
+{
+    QFile file(m_folder->filePath(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QStringLiteral("no file");
+}
+
+void OptionSheetsTest::dxfControls()
+{
+    const QString defaults = QStringLiteral("lengthUnit=m dimension=3d grouping=single filePrefix= layers=set faces=true "
+                                            "meshPoints=false boundaries=false crs= objects=metric all attributes");
+    QCOMPARE(save(*wizardAt("dxf", {1})), defaults);
+    {
+        auto wizard = wizardAt("dxf", {1});
+        QCOMPARE(child<QComboBox>(*wizard, "m_layerSetComboBox")->currentText(), QStringLiteral("Set"));
+        QCOMPARE(child<QComboBox>(*wizard, "m_fileSetComboBox")->currentText(), QStringLiteral("Set"));
+        click(*wizard, "m_export2DMapCheck");
+        click(*wizard, "m_noLayers");
+        click(*wizard, "m_surfacePointsCheck");
+        click(*wizard, "m_surface3DFaceCheck");
+        QTest::keyClicks(child<QLineEdit>(*wizard, "crs"), QStringLiteral("EPSG:28350"));
+        QVERIFY(!wizard->findChild<QWidget*>(QStringLiteral("faces"))); // bound, so not listed again
+        QCOMPARE(save(*wizard), QStringLiteral("lengthUnit=m dimension=map grouping=single filePrefix= layers=none faces=false "
+                                               "meshPoints=true boundaries=true crs=EPSG:28350 objects=metric all attributes"));
+    }
+    // Another wizard shows the same again, and what is put back is put back.
+    resetFormats();
+    auto wizard = wizardAt("dxf", {1});
+    QVERIFY(child<QAbstractButton>(*wizard, "m_export2DMapCheck")->isChecked());
+    QVERIFY(child<QAbstractButton>(*wizard, "m_surfacePointsCheck")->isChecked());
+    QCOMPARE(child<QLineEdit>(*wizard, "crs")->text(), QStringLiteral("EPSG:28350"));
+    click(*wizard, "m_export3DCheck");
+    click(*wizard, "m_useSetsAsLayers");
+    click(*wizard, "m_surfacePointsCheck");
+    click(*wizard, "m_surface3DFaceCheck");
+    click(*wizard, "m_surfaceBoundaryCheck");
+    child<QLineEdit>(*wizard, "crs")->clear();
+    QCOMPARE(save(*wizard), defaults);
+}
+
+void OptionSheetsTest::severalFiles()
+{
+    {
+        auto wizard = wizardAt("dxf", {1, 2});
+        click(*wizard, "m_multipleRadio");
+        click(*wizard, "m_useObjectAsFilenames");
+        QTest::keyClicks(child<QLineEdit>(*wizard, "m_filePrefix"), QStringLiteral("run"));
+        wizard->slotSaveClicked(m_folder->path(), true);
+        QVERIFY(wizard->directoryMode());
+        QVERIFY(read(QStringLiteral("run_metric.txt")).contains(QStringLiteral("grouping=object filePrefix=run")));
+        QVERIFY(read(QStringLiteral("run_imperial.txt")).contains(QStringLiteral("objects=imperial")));
+    }
+    auto wizard = wizardAt("dxf", {1, 2});
+    QVERIFY(child<QAbstractButton>(*wizard, "m_multipleRadio")->isChecked());
+    QVERIFY(child<QAbstractButton>(*wizard, "m_useObjectAsFilenames")->isChecked());
+    click(*wizard, "m_useSetsAsFilenames");
+    child<QLineEdit>(*wizard, "m_filePrefix")->clear();
+    wizard->slotSaveClicked(m_folder->path(), true);
+    QVERIFY(read(QStringLiteral("set.txt")).contains(QStringLiteral("objects=metric,imperial")));
+    // One format's directory is not another's.
+    QVERIFY(wizard->directoryMode());
+    wizard->setFormatAndSelectedGeo("shp", {1, 2});
+    wizard->startup();
+    QVERIFY(!wizard->directoryMode());
+    // A file holds one object of this format, so two of them need a directory.
+    for (const std::vector<int>& ids : {std::vector<int>{1}, std::vector<int>{1, 2}}) {
+        auto meshes = wizardAt("off", ids);
+        meshes->activate_sheet(nullptr, false);
+        QCOMPARE(meshes->directoryMode(), ids.size() > 1);
+    }
+}
+
+void OptionSheetsTest::unitFollowsTheObjects()
+{
+    QVERIFY(save(*wizardAt("dxf", {2})).startsWith(QStringLiteral("lengthUnit=ft ")));
+    QVERIFY(save(*wizardAt("dxf", {1})).startsWith(QStringLiteral("lengthUnit=m ")));
+    {
+        auto wizard = wizardAt("dxf", {1});
+        child<QComboBox>(*wizard, "m_lengthUnit")->setCurrentIndex(3);
+        QVERIFY(save(*wizard).startsWith(QStringLiteral("lengthUnit=km ")));
+    }
+    QVERIFY(save(*wizardAt("dxf", {2})).startsWith(QStringLiteral("lengthUnit=km ")));
+}
+
+void OptionSheetsTest::attributesStayChosen()
+{
+    auto wizard = wizardAt("plain", {1});
+    auto* list = child<QListWidget>(*wizard, "m_attributeList");
+    QCOMPARE(list->count(), 2); // names that differ in case only are one entry
+    QCOMPARE(save(*wizard, "a.txt").section(QLatin1Char(' '), 2), QStringLiteral("attributes=Grade,rock,grade"));
+    wizard->startup();
+    list->item(1)->setCheckState(Qt::Unchecked);
+    QVERIFY(save(*wizard, "b.txt").endsWith(QStringLiteral("attributes=Grade,grade")));
+    // Other objects: the new attribute is chosen, the one that was refused is not.
+    wizard->setFormatAndSelectedGeo("plain", {1, 2});
+    wizard->startup();
+    QCOMPARE(list->count(), 3);
+    QVERIFY(save(*wizard, "c.txt").endsWith(QStringLiteral("attributes=depth,Grade,grade")));
+    wizard->startup();
+    click(*wizard, "m_deselectAllButton");
+    QVERIFY(save(*wizard, "d.txt").endsWith(QStringLiteral("attributes=")));
+}
+
+void OptionSheetsTest::noChoiceMeansAll()
+{
+    auto wizard = wizardAt("zmap", {1});
+    QVERIFY(!wizard->findChild<QWidget*>(QStringLiteral("m_attributeList")));
+    QVERIFY(save(*wizard).endsWith(QStringLiteral("all attributes")));
+}
+
+void OptionSheetsTest::gocad()
+{
+    auto wizard = wizardAt("gocad", {1});
+    QCOMPARE(wizard->findChildren<QListWidget*>(QStringLiteral("m_attributeList")).size(), 1);
+    click(*wizard, "m_headerCheck");
+    child<QComboBox>(*wizard, "zPositive")->setCurrentText(QStringLiteral("depth"));
+    child<QListWidget>(*wizard, "m_attributeList")->item(0)->setCheckState(Qt::Unchecked);
+    QCOMPARE(save(*wizard), QStringLiteral("grouping=single filePrefix= header=false zPositive=depth lengthUnit=model "
+                                           "objects=metric attributes=rock"));
+    QVERIFY(child<QAbstractButton>(*wizardAt("gocad", {1}), "m_headerCheck")->isChecked());
+}
+
+void OptionSheetsTest::shapefileAttributes()
+{
+    auto wizard = wizardAt("shp", {1});
+    auto* list = child<QListWidget>(*wizard, "m_attributeList");
+    QVERIFY(list->isEnabled());
+    click(*wizard, "m_exportAttsCheck");
+    QVERIFY(!list->isEnabled());
+    click(*wizard, "m_exportArcMapLyr");
+    QVERIFY(child<QWidget>(*wizard, "m_exportArcMapLyr")->toolTip().contains(QStringLiteral("open format")));
+    QVERIFY(save(*wizard).startsWith(QStringLiteral("attributes=false symbology=true ")));
+    QVERIFY(!child<QWidget>(*wizard, "moreOptions")->isVisible());
+}
+
+void OptionSheetsTest::missingSettings()
+{
+    // What the page offers and the format does not have is shown, but cannot be chosen.
+    auto meshes = wizardAt("off", {1});
+    click(*meshes, "m_depth");
+    QTest::keyClicks(child<QLineEdit>(*meshes, "m_filePrefix"), QStringLiteral("p"));
+    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zIsElevation=false ")));
+    QVERIFY(child<QAbstractButton>(*wizardAt("off", {1}), "m_depth")->isChecked());
+    auto bare = wizardAt("tab", {1});
+    QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->isEnabled());
+    QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->toolTip().isEmpty());
+    QCOMPARE(save(*bare), QStringLiteral("objects=metric attributes=Grade,rock,grade"));
+}
+
+void OptionSheetsTest::oneGrid()
+{
+    auto wizard = wizardAt("grdecl", {3});
+    QVERIFY(wizard->nextButton()->isEnabled());
+    QVERIFY(!child<QLabel>(*wizard, "m_multipleGridWarning")->isVisible());
+    for (const char* name : {"m_EGRIDFormatCheckBox", "m_GRIDFormatCheckBox", "m_FGRIDFormatCheckBox"}) {
+        QVERIFY(!child<QWidget>(*wizard, name)->isEnabled());
+        QVERIFY(child<QWidget>(*wizard, name)->toolTip().contains(QStringLiteral("GRDECL")));
+    }
+    QCOMPARE(save(*wizard), QStringLiteral("filePrefix= lengthUnit=m objects=grid a attributes=poro"));
+    wizard->setFormatAndSelectedGeo("grdecl", {3, 4});
+    wizard->startup();
+    QVERIFY(!wizard->nextButton()->isEnabled());
+    QVERIFY(child<QLabel>(*wizard, "m_multipleGridWarning")->isVisible());
+    wizard->setFormatAndSelectedGeo("grdecl", {4});
+    wizard->startup();
+    QVERIFY(wizard->nextButton()->isEnabled());
+    QVERIFY(!child<QLabel>(*wizard, "m_multipleGridWarning")->isVisible());
+}
+
+void OptionSheetsTest::sections()
+{
+    auto wizard = wizardAt("opentec", {5, 1, 6});
+    auto* view = child<QTableView>(*wizard, "tableViewSections");
+    QCOMPARE(view->model()->rowCount(), 2);
+    // All of them, each on its own trace line, need no words.
+    QVERIFY(save(*wizard).startsWith(QStringLiteral("sections= traceLine= decimals=1 ")));
+    wizard->startup();
+    child<QComboBox>(*wizard, "comboBoxXYSection")->setCurrentText(QStringLiteral("S2"));
+    click(*wizard, "pushButtonDeselectAll");
+    QVERIFY(!wizard->nextButton()->isEnabled());
+    view->model()->setData(view->model()->index(1, 0), QVariant(), Qt::CheckStateRole);
+    QVERIFY(wizard->nextButton()->isEnabled());
+    QVERIFY(save(*wizard, "b.txt").startsWith(QStringLiteral("sections=S2 traceLine=S2 decimals=1 ")));
+    // The other object leaves the selection; the section stays unchecked. The next wizard starts afresh.
+    wizard->setFormatAndSelectedGeo("opentec", {5, 6});
+    wizard->startup();
+    QVERIFY(save(*wizard, "c.txt").startsWith(QStringLiteral("sections=S2 traceLine=S2 decimals=1 ")));
+    QVERIFY(save(*wizardAt("opentec", {5, 6}), "d.txt").startsWith(QStringLiteral("sections= traceLine= decimals=1 ")));
+}
+
+void OptionSheetsTest::moreOptionsOnly()
+{
+    auto wizard = wizardAt("zmap", {1});
+    QCOMPARE(wizard->current_sheet()->title(), QStringLiteral("File Export: ZMAP Options"));
+    QTest::keyClicks(child<QLineEdit>(*wizard, "nullText"), QStringLiteral("1e30"));
+    QCOMPARE(save(*wizard), QStringLiteral("nullText=1e30 objects=metric all attributes"));
+    QCOMPARE(child<QLineEdit>(*wizardAt("zmap", {1}), "nullText")->text(), QStringLiteral("1e30"));
+}
+
+void OptionSheetsTest::nothingIsCutOff_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    for (const auto& format : m_context->formats())
+        QTest::newRow(qPrintable(format->info().key)) << format->info().key.toLatin1();
+}
+
+void OptionSheetsTest::nothingIsCutOff()
+{
+    QFETCH(QByteArray, format);
+    auto wizard = wizardAt(format.constData(), {1});
+    QVERIFY(QTest::qWaitForWindowExposed(wizard.get()));
+    const QWidget* page = wizard->current_sheet()->pageWidget();
+    for (const QWidget* control : page->findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(control);
+        if (!control->isVisible() || (!label && !qobject_cast<const QAbstractButton*>(control) && !qobject_cast<const QComboBox*>(control)))
+            continue;
+        const QByteArray name = control->objectName().toUtf8();
+        // On a small screen a tall form scrolls.
+        if (auto* area = page->findChild<QScrollArea*>(); area && area->widget()->isAncestorOf(control))
+            area->ensureWidgetVisible(const_cast<QWidget*>(control), 0, 0);
+        QVERIFY2(page->rect().contains(QRect(control->mapTo(page, QPoint()), control->size())), name.constData());
+        const int height = label && label->wordWrap() ? label->heightForWidth(label->width()) : control->minimumSizeHint().height();
+        QVERIFY2(control->height() >= height, name.constData());
+    }
+}
+
+QTEST_MAIN(OptionSheetsTest)
+#include "tst_optionsheets.moc"

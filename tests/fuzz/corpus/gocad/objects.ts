@@ -1,0 +1,23 @@
+GOCAD TSurf 1
+HEADER {
+name:top
+*solid*color:#ff0000
+}
+PROPERTIES v
+NO_DATA_VALUES -999
+TFACE
+PVRTX 1 0 0 0 1.5
+VRTX 2 1 0 0
+VRTX 3 1 1 0
+ATOM 4 1
+TRGL 1 2 3
+END
+GOCAD PLine 1
+HEADER {
+name:l
+}
+ILINE
+VRTX 1 0 0 0
+VRTX 2 1 0 0
+SEG 1 2
+END
