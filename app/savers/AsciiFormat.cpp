@@ -4,6 +4,9 @@
 #include "app/jobs/ExportError.h"
 #include "app/jobs/ShareOfProgress.h"
 #include "app/savers/AsciiOutput.h"
+#include "host/data/FormatFile.h"
+
+#include <QJsonObject>
 
 namespace refhost
 {
@@ -61,6 +64,29 @@ void AsciiFormat::loadLayout(const QString& path)
     // The kind of layout is the file's type, whatever its settings say.
     m_settings.mode = layout.mode;
     m_layout = std::move(layout);
+}
+
+bool AsciiFormat::saveLayout(const QString& path)
+{
+    if (!m_layout)
+        return false;
+    FormatFile file;
+    file.type() = m_settings.mode == AsciiExportSettings::Mode::Columns ? FormatFile::ColumnBased : FormatFile::FieldBased;
+    file.name() = path;
+    for (const kpBaseExport::QESAttribute& attribute : qAsConst(m_layout->fields)) {
+        FormatFile::Field field;
+        field.setAttribute(attribute.record());
+        file.addField(field);
+    }
+    QJsonObject members;
+    const SettingsMap map = settings();
+    for (const Setting& setting : map.settings()) {
+        // The kind of layout is said by the file itself.
+        if (setting.key != QLatin1String("mode"))
+            members.insert(setting.key, setting.get());
+    }
+    file.unknown().insert(QStringLiteral("settings"), members);
+    return file.write(path);
 }
 
 std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) const

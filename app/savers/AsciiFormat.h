@@ -25,6 +25,7 @@ public:
 
     /// The fields to write, their order and columns, and the settings that the file holds.
     void loadLayout(const QString& path) override;
+    bool saveLayout(const QString& path) override;
     /// Without a layout every attribute is written.
     void setLayout(std::optional<AsciiLayout> layout) { m_layout = std::move(layout); }
     const std::optional<AsciiLayout>& layout() const { return m_layout; }
