@@ -8,6 +8,11 @@ foreach(folder IN LISTS folders)
     target_sources(kpBaseExport PRIVATE $<TARGET_OBJECTS:${folder}>)
 endforeach()
 target_include_directories(kpBaseExport PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kpBaseExport>)
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${KP_PUBLIC_FORMS}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kpBaseExport>)
+# Whoever compiles against the library finds the public form made.
+if(TARGET kpPublicForms)
+    add_dependencies(kpBaseExport kpPublicForms)
+endif()
 target_link_libraries(kpBaseExport PRIVATE kpCommon
     PUBLIC kpHostData kpHostUi Qt5::Core Qt5::Gui Qt5::Widgets Boost::headers GDAL::GDAL)

@@ -8,12 +8,44 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 namespace kpBaseExport
 {
 
 namespace
 {
+
+// A value that has the very type of its field is taken as it lies there, past QVariant's conversions.
+
+template <typename Type>
+bool isOf(const QVariant& value)
+{
+    return value.userType() == qMetaTypeId<Type>();
+}
+
+template <typename Type>
+const Type& as(const QVariant& value)
+{
+    return *static_cast<const Type*>(value.constData());
+}
+
+/// Converts a text into memory that is kept for the next one.
+void encode(const QString& text, bool utf8, std::string& encoded)
+{
+    const int size = text.size();
+    encoded.resize(static_cast<std::size_t>(size));
+    const QChar* const from = text.constData();
+    for (int index = 0; index < size; ++index) {
+        const ushort code = from[index].unicode();
+        if (code == 0 || code >= 0x80) {
+            const QByteArray bytes = utf8 ? text.toUtf8() : text.toLatin1();
+            encoded.assign(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+            return;
+        }
+        encoded[static_cast<std::size_t>(index)] = static_cast<char>(code);
+    }
+}
 
 /// The style of a feature of one colour, in OGR's feature style language.
 std::string styleText(const char* colour, OGRwkbGeometryType type, bool byGeometry)
@@ -109,6 +141,7 @@ void OGRExporter::setFeatureAttributes(OGRFeature* feature, const OGRFeatureDeta
         return;
     int typeIndex = -1;
     double dip = std::numeric_limits<double>::quiet_NaN();
+    double number = 0;
     const QVector<QVariant> values = details.object_attributes();
     const std::vector<LayerColumns::Column>& columns = m_run->columns.columns;
     const int count = std::min(values.size(), static_cast<int>(columns.size()));
@@ -124,16 +157,21 @@ void OGRExporter::setFeatureAttributes(OGRFeature* feature, const OGRFeatureDeta
         }
         switch (column.type) {
         case OFTInteger:
-            feature->SetField(column.field, value.toInt());
+            feature->SetField(column.field, isOf<int>(value) ? as<int>(value) : value.toInt());
             break;
         case OFTReal:
-            feature->SetField(column.field, value.toDouble());
+            number = isOf<double>(value) ? as<double>(value) : value.toDouble();
+            feature->SetField(column.field, number);
             if (column.isDip)
-                dip = value.toDouble();
+                dip = number;
             break;
         case OFTString:
         case OFTStringList:
-            feature->SetField(column.field, encoded(value.toString()).constData());
+            if (isOf<QString>(value))
+                encode(as<QString>(value), m_options.utf8, m_run->text);
+            else
+                encode(value.toString(), m_options.utf8, m_run->text);
+            feature->SetField(column.field, m_run->text.c_str());
             if (column.isType)
                 typeIndex = column.field;
             break;

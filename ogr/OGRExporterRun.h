@@ -4,6 +4,7 @@
 #include "ogr/OGRExporter.h"
 #include "ogr/OGRMessageCatcher.h"
 
+#include <string>
 #include <vector>
 
 namespace kpBaseExport
@@ -39,6 +40,7 @@ struct OGRExporter::Run
     QString layerName;
     int number = 0; ///< of the feature, from 1
     bool refused = false;
+    std::string text; ///< of the field being set
 };
 
 } // namespace kpBaseExport

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ogr/OGRFeatureDetails.h"
 
+#include <utility>
+
 namespace kpBaseExport
 {
 
@@ -63,6 +65,11 @@ QVector<QVariant> OGRFeatureDetails::object_attributes() const
 void OGRFeatureDetails::append_object_attribute(const QVariant& value)
 {
     m_objectAttributes.append(value);
+}
+
+void OGRFeatureDetails::append_object_attribute(QVariant&& value)
+{
+    m_objectAttributes.append(std::move(value));
 }
 
 QVector<QVector<QVariant>> OGRFeatureDetails::vertex_attributes() const

@@ -45,6 +45,7 @@ public:
     /// One value per column of the layer; an invalid QVariant leaves the field unset.
     QVector<QVariant> object_attributes() const;
     void append_object_attribute(const QVariant& value);
+    void append_object_attribute(QVariant&& value);
 
     /// Values per vertex, carried for the caller; not used by the writer.
     QVector<QVector<QVariant>> vertex_attributes() const;

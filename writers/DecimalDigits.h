@@ -65,8 +65,7 @@ inline char* digitsBefore(char* end, std::uint64_t number, int least)
 
 /// mantissa * 2^exponent times 10^precision, rounded once. The product of a 53-bit mantissa and a power below 2^60
 /// fits in 128 bits, so nothing is lost before that. False when the result has more than 64 bits.
-template <Tie tie>
-bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
+template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
 {
     const Wide product = static_cast<Wide>(mantissa) * powersOfTen[precision];
     Wide rounded = 0;
@@ -89,8 +88,7 @@ bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& 
 
 /// The magnitude of \a value times 10^precision, from its exact binary value. False for what this way cannot do: very
 /// large values, infinities, NaN, a precision outside 0 to largestPrecision.
-template <Tie tie>
-bool scaledMagnitude(double value, int precision, std::uint64_t& result)
+template <Tie tie> bool scaledMagnitude(double value, int precision, std::uint64_t& result)
 {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);

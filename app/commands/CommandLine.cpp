@@ -23,7 +23,7 @@ constexpr char usage[] =
     "  kpexport inspect PATH... [--json]   what the files hold\n"
     "  kpexport export PATH... --format KEY --output PATH\n"
     "           [--object NAME|GLOB]... [--type TYPE]... [--attribute NAME]...\n"
-    "           [--set KEY=VALUE]... [--overwrite | --no-overwrite] [--strict]\n"
+    "           [--layout FILE.klf] [--set KEY=VALUE]... [--overwrite | --no-overwrite] [--strict]\n"
     "           [--verify] [--dry-run] [--report FILE.json] [--quiet]\n"
     "  kpexport run JOB.json               an export described in a file\n"
     "  kpexport --version | --help\n"

@@ -80,6 +80,8 @@ bool checkRequest(const ExportRequest& request)
         printError(QStringLiteral("export: no format is given (add --format KEY)"));
     else if (request.output.isEmpty())
         printError(QStringLiteral("export: no output is given (add --output PATH)"));
+    else if (!request.layout.isEmpty() && !request.attributes.isEmpty())
+        printError(QStringLiteral("export: a layout names its attributes itself (leave out --layout or --attribute)"));
     else {
         for (const QString& type : request.types) {
             if (!typeFromKey(type.toStdString())) {
@@ -165,6 +167,8 @@ int runRequest(const ExportRequest& request)
     if (!format)
         return WrongUse;
     try {
+        if (!request.layout.isEmpty())
+            format->loadLayout(request.layout);
         SettingsMap settings = format->settings();
         for (const auto& setting : request.settings)
             settings.set(setting.first, setting.second);
@@ -224,7 +228,7 @@ int exportCommand(const QStringList& arguments)
     const auto value = [&parser](const char* name) {
         parser.addOption({QString::fromLatin1(name), QString(), QStringLiteral("value")});
     };
-    for (const char* name : {"format", "output", "object", "type", "attribute", "set", "report"})
+    for (const char* name : {"format", "output", "object", "type", "attribute", "layout", "set", "report"})
         value(name);
     for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run"})
         parser.addOption({QString::fromLatin1(name), QString()});
@@ -239,6 +243,7 @@ int exportCommand(const QStringList& arguments)
     request.objects = parser.values(QStringLiteral("object"));
     request.types = parser.values(QStringLiteral("type"));
     request.attributes = parser.values(QStringLiteral("attribute"));
+    request.layout = parser.value(QStringLiteral("layout"));
     request.report = parser.value(QStringLiteral("report"));
     request.strict = parser.isSet(QStringLiteral("strict"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));

@@ -176,7 +176,10 @@ int formatsCommand(const QStringList& arguments)
             if (!parser.isSet(QStringLiteral("json")))
                 printLine(QStringLiteral("    %1 = %2\t%3 (%4)").arg(setting.key, setting.get(), setting.description, allowed));
         }
+        if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
+            printLine(QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
         all.append(QJsonObject{{QStringLiteral("key"), info.key},
+                               {QStringLiteral("layout"), info.takesLayout},
                                {QStringLiteral("name"), info.displayName},
                                {QStringLiteral("extension"), info.defaultExtension},
                                {QStringLiteral("patterns"), info.patterns},

@@ -76,6 +76,8 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
             request.output = folder.filePath(text(path, key, value));
         } else if (key == QLatin1String("report")) {
             request.report = folder.filePath(text(path, key, value));
+        } else if (key == QLatin1String("layout")) {
+            request.layout = folder.filePath(text(path, key, value));
         } else if (key == QLatin1String("objects")) {
             request.objects = textList(path, key, value);
         } else if (key == QLatin1String("types")) {
@@ -98,7 +100,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, settings, overwrite, strict, verify, dryRun, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, layout, settings, overwrite, strict, verify, dryRun, quiet, report"));
         }
     }
     return request;
@@ -122,6 +124,11 @@ QJsonObject readJob(const QString& path)
 
 } // namespace
 
+ExportRequest readJobFile(const QString& path)
+{
+    return requestOf(path, readJob(path));
+}
+
 int jobCommand(const QStringList& arguments)
 {
     if (arguments.size() != 1) {
@@ -129,7 +136,7 @@ int jobCommand(const QStringList& arguments)
         return WrongUse;
     }
     try {
-        return runRequest(requestOf(arguments.first(), readJob(arguments.first())));
+        return runRequest(readJobFile(arguments.first()));
     } catch (const std::invalid_argument& error) {
         printError(QString::fromUtf8(error.what()));
         return WrongUse;

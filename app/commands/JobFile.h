@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringList>
+#include "app/commands/ExportRequest.h"
 
 namespace refhost
 {
 
-/// kpexport run: an export described by a JSON object with the keys "models", "format", "output", "objects", "types",
-/// "attributes", "settings", "overwrite", "strict", "quiet", "report". Paths are relative to the job file.
-/// \returns the exit code
+/// The export that a job file describes: a JSON object with the keys "models", "format", "output", "objects", "types",
+/// "attributes", "layout", "settings", "overwrite", "strict", "verify", "dryRun", "quiet", "report". Paths in it are
+/// relative to the file.
+/// \throws std::invalid_argument "FILE: what is wrong (what to do)"
+ExportRequest readJobFile(const QString& path);
+
+/// kpexport run. \returns the exit code
 int jobCommand(const QStringList& arguments);
 
 } // namespace refhost

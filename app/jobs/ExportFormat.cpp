@@ -24,6 +24,11 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
     return bytes;
 }
 
+void ExportFormat::loadLayout(const QString&)
+{
+    throw SettingsError(QStringLiteral("%1: this format takes no layout (leave it out)").arg(info().key));
+}
+
 Verification ExportFormat::verify(const PlannedFile&, const QString&, const ExportSelection&)
 {
     return {};

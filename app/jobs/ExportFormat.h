@@ -31,6 +31,7 @@ struct FormatInfo
     QString patterns;         ///< "*.csv *.txt"
     std::vector<ObjectType> types;
     bool supportsAttributes = true;
+    bool takesLayout = false; ///< loadLayout() is for this format
 };
 
 /// One export format: used alike by the command line and by the wizard. A new format is one class derived from this
@@ -43,6 +44,9 @@ public:
     virtual FormatInfo info() const = 0;
     /// The format's settings, bound to its settings struct.
     virtual SettingsMap settings() = 0;
+    /// Takes a layout of fields saved in a file (".klf", ".fmt") and the settings in it.
+    /// \throws SettingsError when the file holds none, or the format takes none
+    virtual void loadLayout(const QString& path);
     /// The files that a run writes, under their final names, and what goes into each.
     virtual std::vector<PlannedFile> plan(const ExportSelection& selection) const = 0;
     /// Every extension, without dot, of the files that can stand beside a file of this format and belong to it.

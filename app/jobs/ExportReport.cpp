@@ -12,13 +12,13 @@ void ExportReport::note(const QString& kind, const QString& object, qint64 count
 {
     if (count <= 0)
         return;
-    const auto found = std::find_if(m_findings.begin(), m_findings.end(), [&](const Finding& finding) {
-        return finding.kind == kind && finding.object == object;
-    });
-    if (found == m_findings.end())
-        m_findings.push_back({kind, object, count, example});
-    else
-        found->count += count;
+    const auto found = m_places.constFind({kind, object});
+    if (found != m_places.constEnd()) {
+        m_findings[*found].count += count;
+        return;
+    }
+    m_places.insert({kind, object}, m_findings.size());
+    m_findings.push_back({kind, object, count, example});
 }
 
 bool ExportReport::anyFailed() const

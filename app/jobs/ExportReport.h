@@ -3,7 +3,9 @@
 
 #include "app/jobs/Verification.h"
 
+#include <QHash>
 #include <QJsonObject>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -67,6 +69,7 @@ public:
 
 private:
     std::vector<Finding> m_findings;
+    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of a finding by kind and object
     std::vector<FileOutcome> m_files;
 };
 

@@ -28,10 +28,8 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
     QString front = selection.path;
     QString back = QLatin1Char('.') + extension;
     if (QFileInfo(selection.path).isDir()) {
-        // QDir::filePath() of an empty name has no slash at its end.
-        front = QDir(selection.path).filePath(QStringLiteral(".")).chopped(1);
-        if (!prefix.isEmpty())
-            front += safeFileNamePart(prefix) + QLatin1Char('_');
+        front = QDir(selection.path).path() + QLatin1Char('/');
+        front += prefix.isEmpty() ? QString() : safeFileNamePart(prefix) + QLatin1Char('_');
     } else {
         const QFileInfo info(withExtension(selection.path, extension));
         front = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_');

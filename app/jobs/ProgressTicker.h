@@ -24,6 +24,18 @@ public:
         if (m_done >= m_next)
             report();
     }
+    /// One item of a loop is done. \returns false once the user has cancelled
+    bool next()
+    {
+        step(1.0);
+        return !m_cancelled;
+    }
+    /// Asks whether the user has cancelled, where no work can be counted yet.
+    bool poll()
+    {
+        report();
+        return m_cancelled;
+    }
     /// True once the user has cancelled.
     bool cancelled() const { return m_cancelled; }
 

@@ -27,8 +27,7 @@ SectionSegment newSegment(const ModelObject& object)
     return segment;
 }
 
-template <typename Point>
-void append(SectionSegment& segment, const Point& point)
+template <typename Point> void append(SectionSegment& segment, const Point& point)
 {
     segment.distance.push_back(point.distance);
     segment.x.push_back(point.x);
@@ -120,9 +119,9 @@ void SectionCutter::cutLines(const ModelObject& object, std::vector<SectionSegme
                 if ((sideA < 0) == (sideB < 0) || !std::isfinite(sideA + sideB))
                     continue;
                 const double way = sideA / (sideA - sideB);
-                const double share = ((x[a] + way * (x[b] - x[a]) - leg.x) * leg.dx
-                                      + (y[a] + way * (y[b] - y[a]) - leg.y) * leg.dy)
-                                     / (leg.length * leg.length);
+                const double share =
+                    ((x[a] + way * (x[b] - x[a]) - leg.x) * leg.dx + (y[a] + way * (y[b] - y[a]) - leg.y) * leg.dy)
+                    / (leg.length * leg.length);
                 const double height = z[a] + way * (z[b] - z[a]);
                 const bool last = &leg == &m_legs.back();
                 if (share < 0 || share > 1 || (share == 1 && !last) || !std::isfinite(height))
@@ -216,7 +215,8 @@ void SectionCutter::cutMesh(const ModelObject& object, std::vector<SectionSegmen
             used[next] = true;
             append(segment, pieces[next].ends[1]);
             const auto range = starts.equal_range(pieces[next].keys[1]);
-            const auto free = std::find_if(range.first, range.second, [&used](const auto& entry) { return !used[entry.second]; });
+            const auto free =
+                std::find_if(range.first, range.second, [&used](const auto& entry) { return !used[entry.second]; });
             if (free == range.second)
                 break;
             next = free->second;

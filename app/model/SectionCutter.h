@@ -25,9 +25,9 @@ public:
 private:
     struct Leg
     {
-        double x;      ///< start
+        double x; ///< start
         double y;
-        double dx;     ///< to its end
+        double dx; ///< to its end
         double dy;
         double length;
         double before; ///< length of the trace up to the start
@@ -45,7 +45,8 @@ private:
     void cutGrid(const ModelObject& object, std::vector<SectionSegment>& segments) const;
     void cutLines(const ModelObject& object, std::vector<SectionSegment>& segments) const;
     void cutMesh(const ModelObject& object, std::vector<SectionSegment>& segments) const;
-    static bool cutTriangle(const ModelObject& object, std::size_t triangle, const Leg& leg, long long number, Piece& piece);
+    static bool cutTriangle(const ModelObject& object, std::size_t triangle, const Leg& leg, long long number,
+                            Piece& piece);
 
     std::vector<Leg> m_legs;
 };

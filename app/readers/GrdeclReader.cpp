@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/readers/GrdeclReader.h"
 
-#include "app/readers/DeckWords.h"
+#include "app/readers/DeckValues.h"
 #include "app/readers/LoadError.h"
 #include "app/readers/MeshBuilder.h"
 #include "app/savers/OutputUnit.h"
@@ -22,39 +22,6 @@ namespace
 
 // A grid of this size takes some three gigabytes; more in a small file is a fault or an attack.
 constexpr qint64 mostCells = 30'000'000;
-constexpr double missingValue = std::numeric_limits<double>::quiet_NaN();
-
-struct Values
-{
-    std::vector<double> numbers; ///< NaN where a default was asked for
-    bool whole = true;           ///< every number is written without a decimal point
-    bool complete = true;        ///< false: there were more than was expected, or words that are no numbers
-};
-
-/// A number of a record: "0.25", "40*0.25" or "40*".
-struct Repeated
-{
-    qint64 count = 1;
-    double value = missingValue;
-    bool whole = true;
-};
-
-Repeated repeatedOf(const TextScanner& scanner, std::string_view word)
-{
-    Repeated repeated;
-    const std::size_t star = word.find('*');
-    if (star != std::string_view::npos) {
-        repeated.count = scanner.integer(word.substr(0, star));
-        if (repeated.count < 1)
-            scanner.fail(QStringLiteral("%1 repeats a number less than once").arg(quoted(word)), QStringLiteral("correct the count"));
-        word.remove_prefix(star + 1);
-        if (word.empty())
-            return repeated;
-    }
-    repeated.value = scanner.number(word);
-    repeated.whole = word.find_first_of(".eEdD") == std::string_view::npos;
-    return repeated;
-}
 
 QString unitOf(const TextScanner& scanner, std::string_view word)
 {
@@ -92,7 +59,6 @@ private:
     std::vector<double> readNumbers(const QString& keyword, qint64 count);
     void readActive();
     void readOther(const QString& keyword);
-    Values readValues(qint64 most, bool strict, const QString& keyword);
     void skipRecord();
     void needDimensions(const QString& keyword) const;
     void moveToMap();
@@ -183,49 +149,9 @@ void GrdeclFile::readDimensions(const QString& keyword)
     }
 }
 
-Values GrdeclFile::readValues(qint64 most, bool strict, const QString& keyword)
-{
-    Values values;
-    std::string_view word;
-    while (true) {
-        if (!m_words.next(word)) {
-            if (strict)
-                m_words.scanner().failAtEnd(QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most));
-            break;
-        }
-        if (word == "/")
-            break;
-        if (m_words.isKeyword()) {
-            m_words.putBack();
-            break;
-        }
-        const char first = word.front();
-        const bool numeric = (first >= '0' && first <= '9') || first == '-' || first == '+' || first == '.';
-        if (!strict && (!numeric || !values.complete)) {
-            values.complete = false;
-            continue;
-        }
-        const Repeated repeated = repeatedOf(at(), word);
-        // Looked at before memory is taken for it.
-        if (repeated.count > most - static_cast<qint64>(values.numbers.size())) {
-            if (strict)
-                at().fail(QStringLiteral("%1 has more than %2 numbers").arg(keyword).arg(most), QStringLiteral("correct it or the grid's size"));
-            values.complete = false;
-            values.numbers.clear();
-            continue;
-        }
-        values.whole = values.whole && repeated.whole;
-        values.numbers.insert(values.numbers.end(), static_cast<std::size_t>(repeated.count), repeated.value);
-    }
-    if (strict && static_cast<qint64>(values.numbers.size()) < most)
-        at().fail(QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most),
-                  QStringLiteral("correct it or the grid's size"));
-    return values;
-}
-
 std::vector<double> GrdeclFile::readNumbers(const QString& keyword, qint64 count)
 {
-    Values values = readValues(count, true, keyword);
+    DeckValues values = readDeckValues(m_words, count, true, keyword);
     if (std::any_of(values.numbers.begin(), values.numbers.end(), [](double number) { return std::isnan(number); }))
         at().fail(QStringLiteral("%1 has defaults instead of numbers").arg(keyword), QStringLiteral("write every number"));
     return std::move(values.numbers);
@@ -233,7 +159,7 @@ std::vector<double> GrdeclFile::readNumbers(const QString& keyword, qint64 count
 
 void GrdeclFile::readActive()
 {
-    const Values values = readValues(cells(), true, QStringLiteral("ACTNUM"));
+    const DeckValues values = readDeckValues(m_words, cells(), true, QStringLiteral("ACTNUM"));
     m_grid.active.clear();
     m_grid.active.reserve(values.numbers.size());
     for (const double number : values.numbers)
@@ -287,36 +213,14 @@ void GrdeclFile::readOther(const QString& keyword)
         return;
     }
     const qint64 most = cells();
-    Values values = readValues(most, false, keyword);
+    DeckValues values = readDeckValues(m_words, most, false, keyword);
     const bool perCell = most > 0 && values.complete && static_cast<qint64>(values.numbers.size()) == most;
     if (!perCell) {
         if (!values.numbers.empty() || !values.complete)
             m_passedOver.append(keyword);
         return;
     }
-    AttributeColumn column;
-    column.name = keyword;
-    column.unit = keyword.startsWith(QLatin1String("PERM")) ? QStringLiteral("mD") : QString();
-    const auto fits = [](double number) { return std::isnan(number) || std::abs(number) <= std::numeric_limits<int>::max(); };
-    if (values.whole && std::all_of(values.numbers.begin(), values.numbers.end(), fits)) {
-        column.kind = AttributeKind::Integer;
-        column.values.reserve(static_cast<int>(values.numbers.size()));
-        for (const double number : values.numbers)
-            column.values.append(std::isnan(number) ? QVariant() : QVariant(static_cast<int>(number)));
-    } else {
-        std::vector<unsigned char> missing(values.numbers.size(), 0);
-        bool any = false;
-        for (std::size_t cell = 0; cell < missing.size(); ++cell) {
-            if (std::isnan(values.numbers[cell])) {
-                missing[cell] = 1;
-                values.numbers[cell] = 0.0;
-                any = true;
-            }
-        }
-        column.numbers = std::make_shared<const std::vector<double>>(std::move(values.numbers));
-        if (any)
-            column.missing = std::make_shared<const std::vector<unsigned char>>(std::move(missing));
-    }
+    AttributeColumn column = deckColumn(keyword, std::move(values));
     auto& attributes = m_grid.cellAttributes;
     const auto earlier = std::find_if(attributes.begin(), attributes.end(),
                                       [&keyword](const AttributeColumn& known) { return known.name == keyword; });
@@ -370,7 +274,7 @@ void GrdeclFile::addVertices(ModelObject& object) const
             const std::size_t column = pillar % (columns + 1);
             const std::size_t row = pillar / (columns + 1);
             // Up to four cells meet at a pillar, at different depths where there is a fault.
-            double depth = missingValue;
+            double depth = std::numeric_limits<double>::quiet_NaN();
             for (const std::size_t i : {2 * column - 1, 2 * column}) {
                 for (const std::size_t j : {2 * row - 1, 2 * row}) {
                     if (i >= 2 * columns || j >= 2 * rows)

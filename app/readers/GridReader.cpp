@@ -6,6 +6,7 @@
 #include "app/readers/LoadError.h"
 #include "app/readers/VectorReader.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <cmath>
@@ -20,6 +21,22 @@ namespace
 constexpr double mostNodes = 1e9;
 
 } // namespace
+
+bool isZMapGrid(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        return false;
+    // Comments, then "@NAME HEADER, GRID, 5".
+    constexpr int mostComments = 100;
+    constexpr qint64 longestLine = 1000;
+    for (int number = 0; number < mostComments; ++number) {
+        const QByteArray line = file.readLine(longestLine);
+        if (!line.startsWith('!'))
+            return line.startsWith('@') && line.split(',').value(1).trimmed() == "GRID";
+    }
+    return false;
+}
 
 LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options)
 {

@@ -12,4 +12,7 @@ namespace refhost
 /// \throws LoadError
 LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options);
 
+/// True for a file that begins as a ZMap+ grid does, whatever its extension.
+bool isZMapGrid(const QString& path);
+
 } // namespace refhost

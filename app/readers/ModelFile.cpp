@@ -154,7 +154,10 @@ LoadNotes readModelFile(Model& model, const QString& path)
             throw LoadError(path, QStringLiteral("object %1 is a model file").arg(number), QStringLiteral("list its objects here"));
         notes += loadInto(model, file, entry.options());
     }
-    notes += readSections(model, path, root.value(QLatin1String("sections")).toArray());
+    const QJsonValue sections = root.value(QLatin1String("sections"));
+    if (!sections.isUndefined() && !sections.isArray())
+        throw LoadError(path, QStringLiteral("\"sections\" is no list"), QStringLiteral("put the sections in brackets"));
+    notes += readSections(model, path, sections.toArray());
     return notes;
 }
 

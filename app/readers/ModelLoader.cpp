@@ -32,7 +32,7 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
         return readModelFile(model, path);
     if (!options.survey.isEmpty())
         return readWells(model, path, options);
-    if (rasters.contains(suffix))
+    if (rasters.contains(suffix) || (suffix == QLatin1String("dat") && isZMapGrid(path)))
         return readGrid(model, path, options);
     if (suffix == QLatin1String("off"))
         return readOff(model, path, options);

@@ -7,9 +7,9 @@
 namespace refhost
 {
 
-/// Loads a file into the model: a model file (*.kpmodel), a raster as grid surface, a mesh (*.off, *.obj), GOCAD
-/// objects (*.ts, *.pl, *.vs, *.gp), a corner-point grid (*.grdecl), a table of collars when LoadOptions::survey is set,
-/// else whatever OGR reads.
+/// Loads a file into the model: a model file (*.kpmodel), a raster or ZMap+ grid as grid surface, a mesh (*.off,
+/// *.obj), GOCAD objects (*.ts, *.pl, *.vs, *.gp), a corner-point grid (*.grdecl), a table of collars when
+/// LoadOptions::survey is set, else whatever OGR reads.
 /// \returns notes on what was passed over
 /// \throws LoadError
 LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options = LoadOptions());

@@ -22,7 +22,8 @@ public:
         , m_file(path)
     {
         if (!m_file.open(QIODevice::ReadOnly))
-            throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check the path and its permissions"));
+            throw LoadError(path, QStringLiteral("the file cannot be read"),
+                            QStringLiteral("check the path and its permissions"));
     }
 
     bool next()
@@ -45,8 +46,7 @@ public:
     const QByteArray& keyword() const { return m_keyword; }
     QString text() const { return QString::fromUtf8(m_value); }
 
-    template <std::size_t count>
-    std::array<double, count> numbers() const
+    template <std::size_t count> std::array<double, count> numbers() const
     {
         const QList<QByteArray> words = m_value.trimmed().split(' ');
         if (words.size() != static_cast<int>(count))
@@ -70,7 +70,8 @@ public:
 
     [[noreturn]] void fail(const QString& cause) const
     {
-        throw LoadError(m_path, QStringLiteral("line %1: %2").arg(m_number).arg(cause), QStringLiteral("export it again"));
+        throw LoadError(m_path, QStringLiteral("line %1: %2").arg(m_number).arg(cause),
+                        QStringLiteral("export it again"));
     }
 
 private:

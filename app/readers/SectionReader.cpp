@@ -59,7 +59,8 @@ public:
                                       QStringLiteral("color"), QStringLiteral("crs"),   QStringLiteral("objects")};
         for (const QString& key : entry.keys()) {
             if (!keys.contains(key))
-                fail(QStringLiteral("\"%1\" is not known").arg(key), QStringLiteral("keys: %1").arg(keys.join(QStringLiteral(", "))));
+                fail(QStringLiteral("\"%1\" is not known").arg(key),
+                     QStringLiteral("keys: %1").arg(keys.join(QStringLiteral(", "))));
         }
     }
 
@@ -95,7 +96,8 @@ private:
     {
         const QJsonValue value = m_entry.value(QLatin1String(key));
         if (!value.isUndefined() && !value.isString())
-            fail(QStringLiteral("\"%1\" is no text").arg(QLatin1String(key)), QStringLiteral("put its value in quotes"));
+            fail(QStringLiteral("\"%1\" is no text").arg(QLatin1String(key)),
+                 QStringLiteral("put its value in quotes"));
         return value.toString();
     }
 
@@ -130,7 +132,8 @@ private:
         for (const QString& name : qAsConst(chosen)) {
             const auto isIt = [&name](const ModelObject& object) { return object.name == name; };
             if (std::none_of(model.objects().begin(), model.objects().end(), isIt))
-                fail(QStringLiteral("there is no object \"%1\"").arg(name), QStringLiteral("kpexport inspect lists the names"));
+                fail(QStringLiteral("there is no object \"%1\"").arg(name),
+                     QStringLiteral("kpexport inspect lists the names"));
         }
         const SectionCutter cutter(*section.x, *section.y);
         auto drawing = std::make_shared<CrossSection>();

@@ -3,66 +3,10 @@
 
 #include "app/jobs/ExportError.h"
 #include "app/jobs/ShareOfProgress.h"
-#include "app/savers/AsciiRecord.h"
-#include "writers/MatrixDataAsciiExporter.h"
+#include "app/savers/AsciiOutput.h"
 
 namespace refhost
 {
-
-namespace
-{
-
-using Settings = AsciiExportSettings;
-using Writer = kpBaseExport::MatrixDataAsciiExporter;
-
-/// The writer's code of a separator.
-int separatorCode(Settings::Separator separator)
-{
-    switch (separator) {
-    case Settings::Separator::Blank:
-        return 0;
-    case Settings::Separator::Tab:
-        return 1;
-    case Settings::Separator::Comma:
-        return 2;
-    case Settings::Separator::Semicolon:
-        return 3;
-    case Settings::Separator::Custom:
-        return 4;
-    }
-    return 2;
-}
-
-QString presetName(Settings::Preset preset)
-{
-    switch (preset) {
-    case Settings::Preset::None:
-        return {};
-    case Settings::Preset::Surfer:
-        return QStringLiteral("Surfer XYZ");
-    case Settings::Preset::GsPlus:
-        return QStringLiteral("GS+ XYZ");
-    case Settings::Preset::ArcView:
-        return QStringLiteral("ArcView XYZ");
-    }
-    return {};
-}
-
-/// The text that stands between two values; empty where values lie in fixed columns.
-QString separatorText(const Settings& settings)
-{
-    if (settings.mode == Settings::Mode::Columns)
-        return {};
-    if (settings.preset == Settings::Preset::GsPlus)
-        return QStringLiteral("\t");
-    if (settings.preset != Settings::Preset::None)
-        return QStringLiteral(",");
-    static const QString texts[] = {QStringLiteral(" "), QStringLiteral("\t"), QStringLiteral(","), QStringLiteral(";")};
-    return settings.separator == Settings::Separator::Custom ? settings.customSeparator
-                                                             : texts[static_cast<int>(settings.separator)];
-}
-
-} // namespace
 
 FormatInfo AsciiFormat::info() const
 {
@@ -72,6 +16,7 @@ FormatInfo AsciiFormat::info() const
     info.fileFormatName = QStringLiteral("ASCII");
     info.defaultExtension = QStringLiteral("csv");
     info.patterns = QStringLiteral("*.csv *.txt *.dat *.xyz");
+    info.takesLayout = true;
     info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts,
                   ObjectType::Wells,        ObjectType::Labels,       ObjectType::VertexClouds, ObjectType::GridSurfaces,
                   ObjectType::MeshSurfaces};
@@ -101,6 +46,23 @@ SettingsMap AsciiFormat::settings()
     return map;
 }
 
+void AsciiFormat::loadLayout(const QString& path)
+{
+    AsciiLayout layout = readAsciiLayout(path);
+    m_settings.mode = layout.mode;
+    SettingsMap map = settings();
+    for (const auto& setting : qAsConst(layout.settings)) {
+        try {
+            map.set(setting.first, setting.second);
+        } catch (const SettingsError& error) {
+            throw SettingsError(QStringLiteral("%1: \"settings\": %2").arg(path, QString::fromUtf8(error.what())));
+        }
+    }
+    // The kind of layout is the file's type, whatever its settings say.
+    m_settings.mode = layout.mode;
+    m_layout = std::move(layout);
+}
+
 std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) const
 {
     return planFiles(selection, m_settings.grouping, QStringLiteral("csv"));
@@ -109,34 +71,26 @@ std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) con
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {
-    AsciiTable table = asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
-    if (m_settings.mode == Settings::Mode::Columns)
+    const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
+    AsciiTable table = m_layout ? asciiTable(*m_layout, selection.objects, inColumns, report)
+                                : asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
+    if (inColumns && !m_layout)
         layOutColumns(table, file.objects, m_settings);
     double total = 0;
     for (const ModelObject* object : file.objects)
         total += object->weight();
     ShareOfProgress share(progress, total);
 
-    Writer writer(path, &share);
+    kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
     writer.useTruePath = true;
-    writer.fields = table.fields;
-    writer.mode = m_settings.mode == Settings::Mode::Columns ? Writer::ColumnBased : Writer::FieldBased;
-    writer.separator = separatorCode(m_settings.separator);
-    writer.customSeparator = m_settings.customSeparator;
-    writer.zIsElevation = m_settings.zIsElevation;
-    writer.headerPending = m_settings.header;
-    writer.writeNullValue = m_settings.writeNullValue;
-    writer.nullValue = m_settings.nullValue;
-    writer.insertLineBreaks = m_settings.lineBreaks;
+    prepareWriter(writer, table, m_settings);
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));
     qint64 rows = 0;
     for (const ModelObject* object : file.objects) {
         share.next(object->weight());
-        fillRecord(*writer.geoObject(), *object, table, m_settings, separatorText(m_settings), report);
-        writer.writeCustomHeader(writer.geoObject(), presetName(m_settings.preset));
-        writer.writeGeo(writer.geoObject());
+        writeObject(writer, *object, table, m_settings, report);
         rows += object->vertexCount();
         if (writer.cancelled() || writer.writeFailed())
             break;

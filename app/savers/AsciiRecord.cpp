@@ -2,10 +2,14 @@
 #include "app/savers/AsciiRecord.h"
 
 #include "app/savers/ConstantMatrixData.h"
+#include "app/savers/GridIndexMatrix.h"
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
+#include "spec/FieldLayout.h"
 
 #include <QColor>
+#include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -18,8 +22,7 @@ namespace
 
 using kpBase::DoubleMatrixData;
 using kpBase::MatrixData;
-
-constexpr std::size_t coordinateFields = 3;
+using kpBaseExport::GeoObject;
 
 /// The name under which an attribute is written: the writer takes x, y and z for the coordinates.
 QString fieldName(const QString& attribute)
@@ -88,6 +91,30 @@ int longestText(const QVector<QVariant>& values)
     return longest;
 }
 
+/// Characters of the longest value that an object writes into a column; 0 when it has none there.
+int longestIn(const ModelObject& object, const AsciiColumn& source, const AsciiExportSettings& settings)
+{
+    switch (source.source) {
+    case AsciiColumn::X:
+        return longestNumber(object.x, settings.decimals);
+    case AsciiColumn::Y:
+        return longestNumber(object.y, settings.decimals);
+    case AsciiColumn::Z:
+        return longestNumber(object.z, settings.decimals, !settings.zIsElevation);
+    case AsciiColumn::GridColumn:
+    case AsciiColumn::GridRow:
+        return QString::number(object.vertexCount()).size();
+    case AsciiColumn::Attribute:
+        break;
+    }
+    if (const AttributeColumn* column = vertexAttribute(object, source.attribute))
+        return column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals) : longestText(column->values);
+    if (const ObjectAttribute* attribute = objectAttribute(object, source.attribute))
+        return attribute->kind == AttributeKind::Real ? digitsOf(attribute->value.toDouble(), settings.decimals)
+                                                      : attribute->value.toString().size();
+    return 0;
+}
+
 /// A text that can stand in one field: its line ends would break the row.
 QString oneLine(const QString& text)
 {
@@ -96,6 +123,21 @@ QString oneLine(const QString& text)
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     line.replace(QLatin1Char('\r'), QLatin1Char(' '));
     return line;
+}
+
+/// Makes names of attribute fields differ from each other and from those of the grid indices.
+void makeDifferent(AsciiTable& table)
+{
+    QSet<QString> taken{QStringLiteral("i"), QStringLiteral("j")};
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        if (table.columns[index].source != AsciiColumn::Attribute)
+            continue;
+        QString& name = table.fields[index].name;
+        const QString base = name;
+        for (int number = 2; taken.contains(name); ++number)
+            name = QStringLiteral("%1_%2").arg(base).arg(number);
+        taken.insert(name);
+    }
 }
 
 /// Counts the texts of a column that a reader of the table would take apart.
@@ -186,12 +228,13 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
     AsciiTable table;
     for (const char* name : {"x", "y", "z"})
         table.fields.push_back({QString::fromLatin1(name), decimals, 0, 0});
+    table.columns = {{AsciiColumn::X, {}}, {AsciiColumn::Y, {}}, {AsciiColumn::Z, {}}};
     QSet<QString> known;
     const auto add = [&](const QString& name) {
         if (known.contains(name) || (chosen && !chosen->contains(name)))
             return;
         known.insert(name);
-        table.attributes.append(name);
+        table.columns.push_back({AsciiColumn::Attribute, name});
         table.fields.push_back({fieldName(name), decimals, 0, 0});
         if (fieldName(name) != name)
             report.note(QStringLiteral("renamed"), QString(), 1,
@@ -213,6 +256,47 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
     return table;
 }
 
+AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects, bool inColumns,
+                      ExportReport& report)
+{
+    const std::vector<OfferedField> offered = offeredFields(objects);
+    QHash<QString, const OfferedField*> byName;
+    for (const OfferedField& field : offered)
+        byName.insert(field.name, &field);
+    QStringList lacking = layout.lacking;
+    for (auto field = layout.fields.begin(); field != layout.fields.end(); ++field) {
+        if (!byName.contains(field.key()) && !lacking.contains(field.key()))
+            lacking.append(field.key());
+    }
+    for (const QString& name : qAsConst(lacking))
+        report.note(QStringLiteral("field of the layout left out"), QString(), 1,
+                    QStringLiteral("no chosen object has \"%1\"").arg(name.left(80)));
+
+    AsciiTable table;
+    const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(layout, offered);
+    table.fields = kpBaseExport::layout::fieldInfos(fields, inColumns);
+    for (int index = 0; index < fields.size(); ++index) {
+        const OfferedField& field = *byName.value(fields[index].name());
+        if (field.attribute.isEmpty()) {
+            static const char order[] = "XYZij";
+            static const AsciiColumn::Source sources[] = {AsciiColumn::X, AsciiColumn::Y, AsciiColumn::Z, AsciiColumn::GridColumn,
+                                                          AsciiColumn::GridRow};
+            table.columns.push_back({sources[QString::fromLatin1(order).indexOf(field.name)], {}});
+            continue;
+        }
+        table.columns.push_back({AsciiColumn::Attribute, field.attribute});
+        // The writer finds values by this name, so it must not occur twice, line ends taken out or not.
+        QString& written = table.fields[static_cast<std::size_t>(index)].name;
+        const QString line = oneLine(written);
+        if (line != written) {
+            report.note(QStringLiteral("line end in a name became a blank"), QString(), 1, QStringLiteral("in \"%1\"").arg(line.left(80)));
+            written = line;
+        }
+    }
+    makeDifferent(table);
+    return table;
+}
+
 void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                    const AsciiExportSettings& settings)
 {
@@ -221,19 +305,8 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
         widths.push_back(std::max(field.name.size(), settings.nullValue.size()));
     const auto widen = [&widths](std::size_t field, int width) { widths[field] = std::max(widths[field], width); };
     for (const ModelObject* object : objects) {
-        widen(0, longestNumber(object->x, settings.decimals));
-        widen(1, longestNumber(object->y, settings.decimals));
-        widen(2, longestNumber(object->z, settings.decimals, !settings.zIsElevation));
-        for (int index = 0; index < table.attributes.size(); ++index) {
-            const std::size_t field = coordinateFields + static_cast<std::size_t>(index);
-            if (const AttributeColumn* column = vertexAttribute(*object, table.attributes[index]))
-                widen(field, column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals)
-                                                                 : longestText(column->values));
-            else if (const ObjectAttribute* attribute = objectAttribute(*object, table.attributes[index]))
-                widen(field, attribute->kind == AttributeKind::Real
-                                 ? digitsOf(attribute->value.toDouble(), settings.decimals)
-                                 : attribute->value.toString().size());
-        }
+        for (std::size_t field = 0; field < table.columns.size(); ++field)
+            widen(field, longestIn(*object, table.columns[field], settings));
     }
     int position = 1;
     for (std::size_t index = 0; index < table.fields.size(); ++index) {
@@ -269,14 +342,26 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
                            new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ)};
     int absent = 0;
     QString firstAbsent;
-    for (const QString& name : table.attributes) {
+    GeoObject::MatrixList& matrices = record.vertexAttributeData();
+    for (std::size_t index = 0; index < table.columns.size(); ++index) {
+        const AsciiColumn& source = table.columns[index];
+        const QString& field = table.fields[index].name;
+        if (source.source == AsciiColumn::GridColumn || source.source == AsciiColumn::GridRow) {
+            if (object.grid)
+                matrices.push_back(new GridIndexMatrix(
+                    field, source.source == AsciiColumn::GridColumn ? GridIndexMatrix::Column : GridIndexMatrix::Row,
+                    object.grid->columns, object.vertexCount()));
+        }
+        if (source.source != AsciiColumn::Attribute)
+            continue;
+        const QString& name = source.attribute;
         if (const AttributeColumn* column = vertexAttribute(object, name)) {
-            record.vertexAttributeData().push_back(vertexMatrix(object, *column, fieldName(name), separator, report));
+            matrices.push_back(vertexMatrix(object, *column, field, separator, report));
             if (column->kind != AttributeKind::Text && !settings.writeNullValue)
                 report.note(QStringLiteral("missing value written as 0"), object.name, countMissing(*column),
                             QStringLiteral("in %1; switch writeNullValue on").arg(name));
         } else if (const ObjectAttribute* attribute = objectAttribute(object, name)) {
-            record.vertexAttributeData().push_back(objectMatrix(object, *attribute, fieldName(name), separator, report));
+            matrices.push_back(objectMatrix(object, *attribute, field, separator, report));
         } else {
             if (absent++ == 0)
                 firstAbsent = name;

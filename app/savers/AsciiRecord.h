@@ -4,6 +4,7 @@
 #include "app/jobs/ExportReport.h"
 #include "app/model/ModelObject.h"
 #include "app/savers/AsciiExportSettings.h"
+#include "app/savers/AsciiLayout.h"
 #include "core/GeoObject.h"
 #include "core/MatrixDataExporter.h"
 
@@ -15,17 +16,29 @@
 namespace refhost
 {
 
-/// The columns of a table of several objects: X, Y, Z, then every attribute in the order first met.
-/// An attribute named like a coordinate field gets another name.
+/// Where the values of a field come from.
+struct AsciiColumn
+{
+    enum Source { X, Y, Z, Attribute, GridColumn, GridRow };
+
+    Source source = Attribute;
+    QString attribute; ///< name in the model, of an Attribute
+};
+
+/// The columns of a table of several objects.
 struct AsciiTable
 {
     std::vector<kpBaseExport::MatrixDataExporter::FieldInfo> fields;
-    QStringList attributes; ///< names in the model, in the order of the fields after the third
+    std::vector<AsciiColumn> columns; ///< one per field
 };
 
-/// \a chosen limits the attributes; names that no object has are noted in the report.
+/// X, Y, Z, then every attribute in the order first met; an attribute named like a coordinate field gets another
+/// name.  chosen limits the attributes; names that no object has are noted in the report.
 AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std::optional<QStringList>& chosen,
                       int decimals, ExportReport& report);
+/// The fields of a layout that some of the chosen \a objects have; the others are noted in the report.
+AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects, bool inColumns,
+                      ExportReport& report);
 
 /// Gives each field the columns that its longest value needs, with one blank between.
 void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,

@@ -2,7 +2,6 @@
 #include "app/savers/DxfDrawing.h"
 
 #include "app/readers/CoordinateSystems.h"
-#include "app/savers/SurfaceFaces.h"
 
 #include <QSet>
 
@@ -19,7 +18,6 @@ namespace
 using Settings = DxfExportSettings;
 
 constexpr int pointsAtOnce = 1024;
-constexpr int facesAtOnce = 512;
 
 } // namespace
 
@@ -46,7 +44,8 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
         const qint64 before = m_entities;
         drawObject(*object);
         if (m_entities == before && !stopped())
-            m_report.note(QStringLiteral("object left out"), object->name, 1, QStringLiteral("nothing of it can be drawn"));
+            m_report.note(QStringLiteral("object left out"), object->name, 1,
+                          QStringLiteral("nothing of it can be drawn"));
         noteAttributes(*object);
     }
     return m_entities;
@@ -63,7 +62,8 @@ void DxfDrawing::project(PositionBlock& block) const
     if (!fromSide())
         return;
     for (std::size_t index = 0; index < block.size(); ++index) {
-        const double along = (block.x[index] - m_plane.x) * m_plane.alongX + (block.y[index] - m_plane.y) * m_plane.alongY;
+        const double along =
+            (block.x[index] - m_plane.x) * m_plane.alongX + (block.y[index] - m_plane.y) * m_plane.alongY;
         block.x[index] = along;
         block.y[index] = std::isnan(along) ? along : block.z[index];
         block.z[index] = 0.0;
@@ -135,27 +135,34 @@ void DxfDrawing::noteMixture(const std::vector<const ModelObject*>& objects)
         m_report.note(QStringLiteral("coordinate systems differ"), QString(), systems.size(),
                       QStringLiteral("set crs=EPSG:... or write a file for each"));
     if (m_settings.lengthUnit == OutputUnit::Model && units.size() > 1)
-        m_report.note(QStringLiteral("length units differ"), QString(), units.size(), QStringLiteral("set lengthUnit=m"));
+        m_report.note(QStringLiteral("length units differ"), QString(), units.size(),
+                      QStringLiteral("set lengthUnit=m"));
+}
+
+void DxfDrawing::takeColour(const QColor& colour, const QString& name)
+{
+    m_pen.colour = nearestColourIndex(colour);
+    const QColor shown = indexedColour(m_pen.colour);
+    // Black and white are one: what differs from the background.
+    if (colour.isValid() && shown.rgb() != colour.rgb() && m_pen.colour != 7)
+        m_report.note(QStringLiteral("colour changed"), QString(), 1,
+                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+    m_sink.setPen(m_pen);
 }
 
 void DxfDrawing::takePen(const ModelObject& object)
 {
-    const QString group = m_settings.layers == Settings::Layers::Set ? object.set
+    const QString group = m_settings.layers == Settings::Layers::Set    ? object.set
                           : m_settings.layers == Settings::Layers::Type ? typeName(object.type)
-                                                                         : QString();
+                                                                        : QString();
     m_pen.layer = m_layers.layer(group);
-    m_pen.colour = nearestColourIndex(object.color);
     m_pen.flat = isFlat();
     m_pen.decimals = m_rules.inDegrees(object) ? 9 : m_settings.lengthUnit == OutputUnit::Kilometre ? 7 : 4;
-    m_sink.setPen(m_pen);
-    if (!group.isEmpty() && m_layers.shown(group) != group) {
-        // Once for each layer.
-        const auto& findings = m_report.findings();
-        const bool known = std::any_of(findings.begin(), findings.end(), [&group](const Finding& finding) {
-            return finding.kind == QLatin1String("layer renamed") && finding.object == group;
-        });
-        if (!known)
-            m_report.note(QStringLiteral("layer renamed"), group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
+    takeColour(object.color, object.name);
+    // Once for each layer.
+    if (!group.isEmpty() && m_layers.shown(group) != group && !m_renamed.contains(group)) {
+        m_renamed.insert(group);
+        m_report.note(QStringLiteral("layer renamed"), group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
     }
     // There is no place for the name of a line or surface but a remark.
     bool changed = false;
@@ -167,20 +174,24 @@ void DxfDrawing::noteAttributes(const ModelObject& object)
     qint64 lost = 0;
     QString first;
     const auto count = [&](const QString& name) {
-        if (m_selection->wantsAttribute(name) && lost++ == 0)
+        // The wizard does not ask which attributes to write where none can be.
+        const bool wanted = m_selection->wantsAttribute(name) || m_selection->attributes->isEmpty();
+        if (wanted && lost++ == 0)
             first = name;
     };
     for (const ObjectAttribute& attribute : object.objectAttributes)
         count(attribute.name);
     for (const AttributeColumn& column : object.vertexAttributes)
         count(column.name);
-    m_report.note(QStringLiteral("attribute not written"), QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
+    m_report.note(QStringLiteral("attribute not written"), QString(), lost,
+                  QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
 void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
 {
-    m_report.note(QStringLiteral("position left out"), object.name, reader.leftOut(),
-                  QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
+    m_report.note(
+        QStringLiteral("position left out"), object.name, reader.leftOut(),
+        QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
 }
 
 void DxfDrawing::drawObject(const ModelObject& object)
@@ -240,7 +251,8 @@ void DxfDrawing::drawLines(const ModelObject& object, bool area)
             ++closed;
     }
     m_report.note(QStringLiteral("line of fewer than two points left out"), object.name, tooShort, object.name);
-    m_report.note(QStringLiteral("ring closed"), object.name, closed, QStringLiteral("its last point was not its first"));
+    m_report.note(QStringLiteral("ring closed"), object.name, closed,
+                  QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
 }
 
@@ -253,7 +265,8 @@ void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& plac
     m_sink.text(place, m_textHeight, text);
     ++m_entities;
     if (changed)
-        m_report.note(QStringLiteral("text changed"), object.name, 1, QStringLiteral("characters that a drawing does not have"));
+        m_report.note(QStringLiteral("text changed"), object.name, 1,
+                      QStringLiteral("characters that a drawing does not have"));
 }
 
 void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
@@ -306,129 +319,6 @@ void DxfDrawing::drawWell(const ModelObject& object)
         ++m_entities;
     }
     drawName(object, corner(collar, 0));
-}
-
-void DxfDrawing::drawSurface(const ModelObject& object)
-{
-    if (!m_settings.faces && !m_settings.meshPoints && !m_settings.boundaries) {
-        m_report.note(QStringLiteral("surface left out"), object.name, 1,
-                      QStringLiteral("faces, meshPoints and boundaries are all off"));
-        return;
-    }
-    if (m_settings.faces)
-        drawFaces(object);
-    if (m_settings.meshPoints)
-        drawPoints(object, true, false);
-    if (m_settings.boundaries)
-        drawBoundaries(object);
-}
-
-void DxfDrawing::drawFaces(const ModelObject& object)
-{
-    const PositionReader reader = readerOf(PositionSource::of(object), object);
-    const qint64 count = faceCount(object);
-    std::vector<int> vertices;
-    PositionBlock block;
-    qint64 empty = 0;
-    for (qint64 first = 0; first < count && !stopped(); first += facesAtOnce) {
-        const qint64 end = std::min<qint64>(first + facesAtOnce, count);
-        vertices.clear();
-        for (qint64 number = first; number < end; ++number) {
-            Face face;
-            if (faceAt(object, number, face))
-                vertices.insert(vertices.end(), face.begin(), face.end());
-            else
-                ++empty;
-        }
-        reader.gather(vertices.data(), vertices.size(), block);
-        project(block);
-        for (std::size_t at = 0; at < block.size(); at += 4) {
-            const std::array<DxfSink::Corner, 4> corners{corner(block, at), corner(block, at + 1), corner(block, at + 2), corner(block, at + 3)};
-            if (std::any_of(corners.begin(), corners.end(), [](const DxfSink::Corner& one) { return std::isnan(one[0]); })) {
-                ++empty;
-                continue;
-            }
-            m_sink.face(corners);
-            ++m_entities;
-        }
-        m_ticker.step(static_cast<double>(object.vertexCount()) * static_cast<double>(end - first) / static_cast<double>(count));
-    }
-    m_report.note(QStringLiteral("cell without values"), object.name, empty, QStringLiteral("there is no face"));
-}
-
-void DxfDrawing::drawBoundaries(const ModelObject& object)
-{
-    for (const std::vector<int>& line : boundaryLines(object)) {
-        if (stopped())
-            return;
-        const bool closed = line.size() > 2 && line.front() == line.back();
-        PositionBlock block;
-        readerOf(PositionSource::of(object), object).gather(line.data(), line.size() - (closed ? 1 : 0), block);
-        project(block);
-        if (std::any_of(block.x.begin(), block.x.end(), [](double x) { return std::isnan(x); })) {
-            m_report.note(QStringLiteral("boundary left out"), object.name, 1, QStringLiteral("it has no place in the coordinate system"));
-            continue;
-        }
-        m_sink.beginLine(closed);
-        m_sink.positions(block);
-        m_sink.endLine();
-        ++m_entities;
-    }
-}
-
-/// In space the trace and, where they are, the lines on the section; on a map the trace; from the side the lines,
-/// unfolded along the trace.
-void DxfDrawing::drawSection(const ModelObject& object)
-{
-    if (!fromSide()) {
-        PositionReader trace = readerOf(PositionSource::of(object), object);
-        drawLine(trace, 0, object.vertexCount(), false);
-        noteLeftOut(object, trace);
-    }
-    if (!object.section || m_settings.dimension == Settings::Dimension::Map)
-        return;
-    for (const SectionSegment& segment : object.section->segments) {
-        if (stopped())
-            return;
-        m_pen.colour = nearestColourIndex(segment.color);
-        m_sink.setPen(m_pen);
-        bool changed = false;
-        m_sink.comment(dxfText(segment.name, changed));
-        if (fromSide()) {
-            drawUnfolded(object, segment);
-            continue;
-        }
-        PositionReader reader = readerOf(PositionSource::of(segment), object);
-        const int end = static_cast<int>(segment.z.size());
-        PositionBlock block;
-        int next = 0;
-        if (!drawLine(reader, 0, end, false) && reader.read(next, end, block)) {
-            m_sink.point(corner(block, 0));
-            ++m_entities;
-        }
-        noteLeftOut(object, reader);
-    }
-}
-
-void DxfDrawing::drawUnfolded(const ModelObject& object, const SectionSegment& segment)
-{
-    const PositionRules rules = m_rules.of(object, true);
-    PositionBlock block;
-    block.resize(segment.z.size());
-    for (std::size_t index = 0; index < block.size(); ++index) {
-        block.x[index] = segment.distance[index] * rules.factor;
-        block.y[index] = segment.z[index] * rules.heightFactor;
-        block.z[index] = 0.0;
-    }
-    if (block.size() == 1) {
-        m_sink.point(corner(block, 0));
-    } else {
-        m_sink.beginLine(false);
-        m_sink.positions(block);
-        m_sink.endLine();
-    }
-    m_ticker.step(static_cast<double>(block.size()));
-    ++m_entities;
 }
 
 } // namespace refhost

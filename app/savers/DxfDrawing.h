@@ -43,6 +43,7 @@ private:
     void findTextHeight(const std::vector<const ModelObject*>& objects);
     void noteMixture(const std::vector<const ModelObject*>& objects);
     void takePen(const ModelObject& object);
+    void takeColour(const QColor& colour, const QString& name);
     void drawObject(const ModelObject& object);
     void drawLines(const ModelObject& object, bool area);
     void drawPoints(const ModelObject& object, bool points, bool names);
@@ -65,6 +66,7 @@ private:
     const ExportSelection* m_selection = nullptr;
     OutputRules m_rules;
     DxfLayerNames m_layers;
+    QSet<QString> m_renamed;
     DxfSink::Pen m_pen;
     Plane m_plane;
     double m_textHeight = 1.0;

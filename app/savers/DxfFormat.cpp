@@ -18,9 +18,10 @@ FormatInfo DxfFormat::info() const
     info.fileFormatName = QStringLiteral("DXF");
     info.defaultExtension = QStringLiteral("dxf");
     info.patterns = QStringLiteral("*.dxf");
-    info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines, ObjectType::Posts,
-                  ObjectType::Wells,        ObjectType::Labels,       ObjectType::VertexClouds,
-                  ObjectType::GridSurfaces, ObjectType::MeshSurfaces, ObjectType::CrossSections};
+    info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,
+                  ObjectType::Posts,        ObjectType::Wells,        ObjectType::Labels,
+                  ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces,
+                  ObjectType::CrossSections};
     info.supportsAttributes = false;
     return info;
 }
@@ -36,12 +37,15 @@ SettingsMap DxfFormat::settings()
     SettingsMap map;
     map.addChoice("dimension", m_settings.dimension, texts({"3d", "map", "section"}),
                   "in space, flat as seen from above, or flat as seen from the side");
-    map.addChoice("layers", m_settings.layers, texts({"set", "type", "none"}), "a layer for each set, each type of object, or one");
-    map.addBoolean("unicodeLayers", m_settings.unicodeLayers, "layer names keep letters that are not ASCII, as \\U+XXXX");
+    map.addChoice("layers", m_settings.layers, texts({"set", "type", "none"}),
+                  "a layer for each set, each type of object, or one");
+    map.addBoolean("unicodeLayers", m_settings.unicodeLayers,
+                   "layer names keep letters that are not ASCII, as \\U+XXXX");
     map.addBoolean("faces", m_settings.faces, "surfaces as faces");
     map.addBoolean("meshPoints", m_settings.meshPoints, "surfaces as points");
     map.addBoolean("boundaries", m_settings.boundaries, "surfaces as their boundary lines");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}), "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}),
+                  "one file, one per object, one per set");
     map.addText("filePrefix", m_settings.filePrefix, "front of the names of several files in a directory");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of the coordinates");
     map.addText("crs", m_settings.crs, "coordinate system to write; objects of another are transformed");
@@ -60,9 +64,12 @@ qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const Expo
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
                           QStringLiteral("give one like --set crs=EPSG:28350"));
+    const int passes = (m_settings.faces ? 1 : 0) + (m_settings.meshPoints ? 1 : 0) + (m_settings.boundaries ? 1 : 0);
     double weight = 0;
-    for (const ModelObject* object : file.objects)
-        weight += object->weight();
+    for (const ModelObject* object : file.objects) {
+        const bool surface = object->type == ObjectType::GridSurfaces || object->type == ObjectType::MeshSurfaces;
+        weight += object->weight() + (surface ? object->vertexCount() * (passes - 1.0) : 0.0);
+    }
     ProgressTicker ticker(progress, weight);
     DxfEntityWriter writer(path);
     writer.useTruePath = true;

@@ -92,7 +92,10 @@ void DxfReadBack::compare(const Corner& place)
 void DxfReadBack::finish()
 {
     if (good() && m_next != m_places.size())
-        fail(QStringLiteral("entity %1 has %2 positions where %3 were written").arg(m_result.count).arg(m_places.size()).arg(m_next));
+        fail(QStringLiteral("entity %1 has %2 positions where %3 were written")
+                 .arg(m_result.count)
+                 .arg(m_places.size())
+                 .arg(m_next));
 }
 
 void DxfReadBack::point(const Corner& place)

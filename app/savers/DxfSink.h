@@ -16,10 +16,10 @@ public:
     /// What all entities share until it is set anew.
     struct Pen
     {
-        std::string layer;  ///< as it stands in the file
-        int colour = 7;     ///< colour index
-        int decimals = 4;   ///< of x and y
-        bool flat = false;  ///< two-dimensional: z is not used
+        std::string layer; ///< as it stands in the file
+        int colour = 7;    ///< colour index
+        int decimals = 4;  ///< of x and y
+        bool flat = false; ///< two-dimensional: z is not used
     };
     using Corner = std::array<double, 3>;
 

@@ -21,7 +21,8 @@ std::string encoded(const QString& text)
         if (character.unicode() < 0x80)
             result += character.toLatin1();
         else
-            result += QStringLiteral("\\U+%1").arg(character.unicode(), 4, 16, QLatin1Char('0')).toUpper().toStdString();
+            result +=
+                QStringLiteral("\\U+%1").arg(character.unicode(), 4, 16, QLatin1Char('0')).toUpper().toStdString();
     }
     return result;
 }
@@ -33,8 +34,9 @@ bool isControl(QChar character)
 }
 
 /// Cyrillic small letters from U+0430 on.
-constexpr const char* cyrillic[] = {"a", "b", "v", "g",  "d", "e",  "zh", "z",  "i",   "y", "k", "l", "m", "n",  "o",  "p",
-                                    "r", "s", "t", "u",  "f", "kh", "ts", "ch", "sh",  "shch", "", "y", "", "e", "yu", "ya"};
+constexpr const char* cyrillic[] = {"a",  "b",  "v",  "g",    "d", "e", "zh", "z", "i",  "y", "k",
+                                    "l",  "m",  "n",  "o",    "p", "r", "s",  "t", "u",  "f", "kh",
+                                    "ts", "ch", "sh", "shch", "",  "y", "",   "e", "yu", "ya"};
 
 /// A character spelled in ASCII.
 QString spelled(QChar character)
@@ -86,8 +88,8 @@ QRgb wheelColour(int index)
 const std::array<QRgb, 256>& palette()
 {
     static const std::array<QRgb, 256> colours = [] {
-        std::array<QRgb, 256> made{qRgb(0, 0, 0),       qRgb(255, 0, 0),     qRgb(255, 255, 0),   qRgb(0, 255, 0),
-                                   qRgb(0, 255, 255),   qRgb(0, 0, 255),     qRgb(255, 0, 255),   qRgb(255, 255, 255),
+        std::array<QRgb, 256> made{qRgb(0, 0, 0),       qRgb(255, 0, 0),    qRgb(255, 255, 0), qRgb(0, 255, 0),
+                                   qRgb(0, 255, 255),   qRgb(0, 0, 255),    qRgb(255, 0, 255), qRgb(255, 255, 255),
                                    qRgb(128, 128, 128), qRgb(192, 192, 192)};
         for (int index = 10; index < 250; ++index)
             made[static_cast<std::size_t>(index)] = wheelColour(index);

@@ -111,13 +111,15 @@ OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection
     return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
 }
 
-void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report) const
+void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report, const kpBase::AbstractProgress*) const
 {
     options.explicitNulls = true;
     const bool degrees = isGeographic(output.systems.target());
     const int decimals = m_settings.decimals >= 0 ? m_settings.decimals : degrees ? degreeDecimals : lengthDecimals;
     options.layerOptions.append(m_settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
     options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals));
+    // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
+    options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
         report.note(QStringLiteral("coordinates rounded"), QString(), 1, QStringLiteral("to %1 decimals").arg(decimals));
     if (!m_settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))

@@ -18,7 +18,8 @@ public:
 protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
-    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report) const override;
+    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+              const kpBase::AbstractProgress* progress) const override;
     OgrSystems systems(const PlannedFile& file, const ExportSelection& selection) const override;
     void check(const Output& output, ExportReport& report) const override;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/GocadVerification.h"
 
-#include "app/readers/GocadReader.h"
+#include "app/readers/GocadFile.h"
 #include "app/savers/GocadWriter.h"
 #include "app/savers/SurfaceMesh.h"
 

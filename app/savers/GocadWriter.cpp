@@ -102,7 +102,8 @@ qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* p
     m_withoutPosition = 0;
     m_equalToNull = 0;
     const GocadKind kind = gocadKindOf(object, m_settings);
-    m_progress = LoopProgress(progress, object.vertexCount());
+    m_whole = progress;
+    m_progress = ProgressTicker(progress, object.vertexCount());
     writeHead(kind);
     switch (kind) {
     case GocadKind::VSet:
@@ -299,7 +300,7 @@ void GocadWriter::writeSurface()
     m_withoutPosition = mesh.leftOutVertices();
     m_report.note(QStringLiteral("triangle without a position left out"), m_object->name, mesh.leftOutTriangles(),
                   QStringLiteral("a corner's height or place is missing"));
-    m_progress = LoopProgress(m_progress.whole(), m_object->vertexCount() + mesh.triangleCount());
+    m_progress = ProgressTicker(m_whole, static_cast<double>(m_object->vertexCount() + mesh.triangleCount()));
     m_out.text() += "TFACE\n";
     for (int vertex = 0; vertex < m_object->vertexCount(); ++vertex) {
         if (mesh.number(vertex) >= 0)

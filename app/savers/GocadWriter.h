@@ -3,9 +3,9 @@
 
 #include "app/jobs/ExportReport.h"
 #include "app/jobs/ExportSelection.h"
+#include "app/jobs/ProgressTicker.h"
 #include "app/savers/BlockWriter.h"
 #include "app/savers/GocadExportSettings.h"
-#include "app/savers/LoopProgress.h"
 #include "app/savers/NumberColumns.h"
 
 namespace refhost
@@ -54,7 +54,8 @@ private:
     qint64 m_written = 0;
     qint64 m_withoutPosition = 0;
     qint64 m_equalToNull = 0;
-    LoopProgress m_progress{nullptr, 1};
+    kpBase::AbstractProgress* m_whole = nullptr;
+    ProgressTicker m_progress{nullptr, 1};
 };
 
 } // namespace refhost

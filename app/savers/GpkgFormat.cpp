@@ -84,7 +84,7 @@ OgrTraits GpkgFormat::traits() const
     return traits;
 }
 
-void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&) const
+void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
     if (!m_settings.spatialIndex)
         options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));

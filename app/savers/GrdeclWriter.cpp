@@ -107,7 +107,7 @@ bool GrdeclWriter::write(const ExportSelection& selection, kpBase::AbstractProgr
 {
     const std::vector<NumberColumn> columns = cellColumns(m_object, selection, m_report);
     const std::size_t numbers = m_grid.coord.size() + m_grid.zcorn.size() + m_cells * (1 + columns.size());
-    LoopProgress loop(progress, static_cast<qint64>(numbers));
+    ProgressTicker loop(progress, static_cast<double>(numbers));
     writeHead();
     if (!writeCoordinates(loop) || !writeDepths(loop) || !writeActive(loop))
         return false;
@@ -153,7 +153,7 @@ void GrdeclWriter::writeHead()
     text += "1 F\n/\n\n";
 }
 
-bool GrdeclWriter::writeCoordinates(LoopProgress& progress)
+bool GrdeclWriter::writeCoordinates(ProgressTicker& progress)
 {
     // MAPAXES is rounded, so the rounded origin is what positions count from.
     const double scale = std::pow(10.0, m_settings.decimals);
@@ -171,7 +171,7 @@ bool GrdeclWriter::writeCoordinates(LoopProgress& progress)
     return true;
 }
 
-bool GrdeclWriter::writeDepths(LoopProgress& progress)
+bool GrdeclWriter::writeDepths(ProgressTicker& progress)
 {
     GrdeclRecord record(m_out, "ZCORN", GrdeclRecord::Style::Fixed, m_settings.decimals);
     for (const double depth : m_grid.zcorn) {
@@ -183,7 +183,7 @@ bool GrdeclWriter::writeDepths(LoopProgress& progress)
     return true;
 }
 
-bool GrdeclWriter::writeActive(LoopProgress& progress)
+bool GrdeclWriter::writeActive(ProgressTicker& progress)
 {
     GrdeclRecord record(m_out, "ACTNUM", GrdeclRecord::Style::Whole);
     for (std::size_t cell = 0; cell < m_cells; ++cell) {
@@ -195,7 +195,7 @@ bool GrdeclWriter::writeActive(LoopProgress& progress)
     return true;
 }
 
-bool GrdeclWriter::writeProperty(const NumberColumn& column, const QString& keyword, LoopProgress& progress)
+bool GrdeclWriter::writeProperty(const NumberColumn& column, const QString& keyword, ProgressTicker& progress)
 {
     if (!column.unit().isEmpty())
         m_out.text() += commentLine(QStringLiteral("%1 in %2").arg(keyword, column.unit()));

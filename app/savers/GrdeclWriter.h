@@ -3,10 +3,10 @@
 
 #include "app/jobs/ExportReport.h"
 #include "app/jobs/ExportSelection.h"
+#include "app/jobs/ProgressTicker.h"
 #include "app/savers/BlockWriter.h"
 #include "app/savers/GrdeclExportSettings.h"
 #include "app/savers/GrdeclRecord.h"
-#include "app/savers/LoopProgress.h"
 
 namespace refhost
 {
@@ -28,10 +28,10 @@ public:
 private:
     void checkGeometry();
     void writeHead();
-    bool writeCoordinates(LoopProgress& progress);
-    bool writeDepths(LoopProgress& progress);
-    bool writeActive(LoopProgress& progress);
-    bool writeProperty(const class NumberColumn& column, const QString& keyword, LoopProgress& progress);
+    bool writeCoordinates(ProgressTicker& progress);
+    bool writeDepths(ProgressTicker& progress);
+    bool writeActive(ProgressTicker& progress);
+    bool writeProperty(const class NumberColumn& column, const QString& keyword, ProgressTicker& progress);
     bool isActive(std::size_t cell) const { return m_grid.active.empty() || m_grid.active[cell] != 0; }
     /// The cell that a corner's depth belongs to.
     std::size_t cellOf(std::size_t corner) const;

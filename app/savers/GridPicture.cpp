@@ -17,7 +17,8 @@ namespace
 constexpr int mostPixels = 2048; ///< of a side
 
 /// Colours from low to high in even steps, as red, green, blue.
-constexpr double ramp[][3] = {{38, 98, 64}, {120, 158, 82}, {222, 205, 130}, {168, 110, 66}, {120, 82, 70}, {250, 248, 245}};
+constexpr double ramp[][3] = {{38, 98, 64},   {120, 158, 82}, {222, 205, 130},
+                              {168, 110, 66}, {120, 82, 70},  {250, 248, 245}};
 
 QRgb colourOf(double share)
 {
@@ -52,7 +53,8 @@ bool findBox(const ModelObject& surface, const QString& crs, DegreeBox& box)
     const int rows = surface.grid->rows;
     PositionBlock edge;
     const auto add = [&](int column, int row) {
-        const auto node = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(column);
+        const auto node =
+            static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(column);
         edge.x.push_back((*surface.x)[node]);
         edge.y.push_back((*surface.y)[node]);
         edge.z.push_back(0.0);
@@ -66,7 +68,8 @@ bool findBox(const ModelObject& surface, const QString& crs, DegreeBox& box)
         add(columns - 1, row);
     }
     CoordinateTransform(crs, wktOf(QStringLiteral("EPSG:4326"))).transform(edge.x, edge.y, edge.z);
-    edge.x.erase(std::remove_if(edge.x.begin(), edge.x.end(), [](double x) { return std::abs(x) > 180; }), edge.x.end());
+    edge.x.erase(std::remove_if(edge.x.begin(), edge.x.end(), [](double x) { return std::abs(x) > 180; }),
+                 edge.x.end());
     edge.y.erase(std::remove_if(edge.y.begin(), edge.y.end(), [](double y) { return std::abs(y) > 90; }), edge.y.end());
     return findRange(edge.x, box.west, box.east) && findRange(edge.y, box.south, box.north) && box.west < box.east
            && box.south < box.north;
@@ -74,7 +77,8 @@ bool findBox(const ModelObject& surface, const QString& crs, DegreeBox& box)
 
 } // namespace
 
-std::optional<GridPicture> drawGrid(const ModelObject& surface, const QString& crs, ProgressTicker& ticker, double weight)
+std::optional<GridPicture> drawGrid(const ModelObject& surface, const QString& crs, ProgressTicker& ticker,
+                                    double weight)
 {
     GridPicture picture;
     if (!surface.grid || surface.grid->columns < 2 || surface.grid->rows < 2
@@ -92,7 +96,8 @@ std::optional<GridPicture> drawGrid(const ModelObject& surface, const QString& c
     for (int y = 0; y < height && !ticker.cancelled(); ++y) {
         line.resize(static_cast<std::size_t>(width));
         for (std::size_t x = 0; x < line.size(); ++x) {
-            line.x[x] = picture.box.west + (static_cast<double>(x) + 0.5) / width * (picture.box.east - picture.box.west);
+            line.x[x] =
+                picture.box.west + (static_cast<double>(x) + 0.5) / width * (picture.box.east - picture.box.west);
             line.y[x] = picture.box.north - (y + 0.5) / height * (picture.box.north - picture.box.south);
             line.z[x] = 0.0;
         }

@@ -24,6 +24,7 @@ struct GridPicture
 
 /// Draws the surface; \a crs as WKT is its coordinate system. Nothing when no node has a value, when it has no place
 /// on the earth, or when the user cancels. \a weight is what drawing counts for in \a ticker.
-std::optional<GridPicture> drawGrid(const ModelObject& surface, const QString& crs, ProgressTicker& ticker, double weight);
+std::optional<GridPicture> drawGrid(const ModelObject& surface, const QString& crs, ProgressTicker& ticker,
+                                    double weight);
 
 } // namespace refhost

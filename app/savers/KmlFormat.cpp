@@ -29,10 +29,10 @@ double weightOf(const PlannedFile& file)
     return weight;
 }
 
-/// "png" for the first picture of a file, then "2.png", "3.png" ...
+/// "overlay.png" for the first picture of a file, then "overlay2.png" ... No picture of the user's own is named so.
 QString pictureExtension(int number)
 {
-    return number == 1 ? QStringLiteral("png") : QStringLiteral("%1.png").arg(number);
+    return number == 1 ? QStringLiteral("overlay.png") : QStringLiteral("overlay%1.png").arg(number);
 }
 
 /// A file name as the document refers to it: what a reader would take for part of the address is encoded.
@@ -45,7 +45,8 @@ QString reference(QString name)
 
 QString pictureName(const QString& path, bool inArchive, int number)
 {
-    return (inArchive ? QStringLiteral("picture") : QFileInfo(path).completeBaseName()) + QLatin1Char('.') + pictureExtension(number);
+    return (inArchive ? QStringLiteral("picture") : QFileInfo(path).completeBaseName()) + QLatin1Char('.')
+           + pictureExtension(number);
 }
 
 bool isDevice(const QString& path)
@@ -70,9 +71,10 @@ FormatInfo KmlFormat::info() const
     info.fileFormatName = QStringLiteral("KML");
     info.defaultExtension = QStringLiteral("kml");
     info.patterns = QStringLiteral("*.kml *.kmz");
-    info.types = {ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts,
-                  ObjectType::Wells,  ObjectType::Images,       ObjectType::Labels,       ObjectType::VertexClouds,
-                  ObjectType::GridSurfaces, ObjectType::MeshSurfaces, ObjectType::CrossSections};
+    info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,
+                  ObjectType::Posts,        ObjectType::Wells,        ObjectType::Images,
+                  ObjectType::Labels,       ObjectType::VertexClouds, ObjectType::GridSurfaces,
+                  ObjectType::MeshSurfaces, ObjectType::CrossSections};
     return info;
 }
 
@@ -91,7 +93,8 @@ SettingsMap KmlFormat::settings()
     map.addBoolean("compress", m_settings.compress, "one .kmz file with its pictures");
     map.addBoolean("attributes", m_settings.attributes, "attributes as tables in the descriptions");
     map.addBoolean("boundingArea", m_settings.boundingArea, "a half-transparent rectangle around everything");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}), "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}),
+                  "one file, one per object, one per set");
     return map;
 }
 
@@ -101,15 +104,18 @@ std::vector<PlannedFile> KmlFormat::plan(const ExportSelection& selection) const
         planFiles(selection, m_settings.grouping, m_settings.compress ? QStringLiteral("kmz") : QStringLiteral("kml"));
     for (PlannedFile& file : files) {
         // An archive under the other name would not be recognised.
-        if (m_settings.compress && QFileInfo(file.path).suffix().compare(QLatin1String("kml"), Qt::CaseInsensitive) == 0)
+        if (m_settings.compress
+            && QFileInfo(file.path).suffix().compare(QLatin1String("kml"), Qt::CaseInsensitive) == 0)
             file.path = file.path.chopped(3) + QStringLiteral("kmz");
     }
+    m_archivesPlanned = !files.empty() && archived(files.front().path);
     return files;
 }
 
 QStringList KmlFormat::sidecars() const
 {
-    if (m_settings.compress)
+    // The pictures of a .kml of the same name are not those of an archive.
+    if (m_settings.compress || m_archivesPlanned)
         return {};
     QStringList extensions;
     const int pictures = m_settings.grouping == FileGrouping::Object ? 1 : mostPictures;
@@ -138,12 +144,13 @@ void KmlFormat::requireSystems(const PlannedFile& file) const
     if (without == 1)
         throw ExportError(file.path, QStringLiteral("the object %1 has no coordinate system").arg(first), cure);
     if (without > 1)
-        throw ExportError(file.path,
-                          QStringLiteral("%1 objects have no coordinate system, the first is %2").arg(without).arg(first), cure);
+        throw ExportError(
+            file.path, QStringLiteral("%1 objects have no coordinate system, the first is %2").arg(without).arg(first),
+            cure);
 }
 
-qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document,
-                                const ExportSelection& selection, ExportReport& report, ProgressTicker& ticker) const
+qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document, const ExportSelection& selection,
+                                ExportReport& report, ProgressTicker& ticker) const
 {
     KmlDocumentWriter writer(document);
     writer.useTruePath = true;

@@ -29,6 +29,8 @@ private:
                          ExportReport& report, ProgressTicker& ticker) const;
 
     KmlExportSettings m_settings;
+    /// Whether the files last planned are archives by their name; those of one plan share it.
+    mutable bool m_archivesPlanned = false;
 };
 
 } // namespace refhost

@@ -130,7 +130,8 @@ bool KmlReadBack::nextFeature(const QString& name)
     return true;
 }
 
-void KmlReadBack::beginPlacemark(const QString& name, const QString&, Look, const QColor&, KmlExportSettings::AltitudeMode mode)
+void KmlReadBack::beginPlacemark(const QString& name, const QString&, Look, const QColor&,
+                                 KmlExportSettings::AltitudeMode mode)
 {
     m_hasHeights = mode != KmlExportSettings::AltitudeMode::Clamp;
     nextFeature(name);
@@ -139,7 +140,10 @@ void KmlReadBack::beginPlacemark(const QString& name, const QString&, Look, cons
 void KmlReadBack::endPlacemark()
 {
     if (good() && m_next != m_places.size())
-        fail(QStringLiteral("%1 has %2 positions where %3 were written").arg(nameOf(*m_feature)).arg(m_places.size()).arg(m_next));
+        fail(QStringLiteral("%1 has %2 positions where %3 were written")
+                 .arg(nameOf(*m_feature))
+                 .arg(m_places.size())
+                 .arg(m_next));
 }
 
 void KmlReadBack::point(double longitude, double latitude, double height)

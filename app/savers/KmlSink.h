@@ -48,7 +48,8 @@ public:
     /// More positions of the line or ring that is open.
     virtual void positions(const PositionBlock& block) = 0;
     /// A picture laid on the ground.
-    virtual void overlay(const QString& name, const QString& description, const QString& picture, const DegreeBox& box) = 0;
+    virtual void overlay(const QString& name, const QString& description, const QString& picture,
+                         const DegreeBox& box) = 0;
     /// False when there is no use in going on.
     virtual bool good() const { return true; }
 };

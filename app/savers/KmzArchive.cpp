@@ -44,7 +44,8 @@ void writeArchive(const QString& path, const QString& folder, const QStringList&
     if (archive)
         written = CPLCloseZip(archive) == CE_None && written;
     if (!written)
-        throw std::runtime_error("the archive could not be written completely (make room on the disk or choose another)");
+        throw std::runtime_error(
+            "the archive could not be written completely (make room on the disk or choose another)");
 }
 
 } // namespace refhost

@@ -11,9 +11,11 @@ namespace refhost
 /// How an OFF export looks. There is always one file per object.
 struct OffExportSettings
 {
+    enum class ZPositive { Elevation, Depth };
+
     QString filePrefix;                        ///< of several files in a directory
     OutputUnit lengthUnit = OutputUnit::Model; ///< of coordinates
-    bool zIsElevation = true;                  ///< false: z is written as depth, positive down
+    ZPositive zPositive = ZPositive::Elevation; ///< which way z counts
     int decimals = 4;                          ///< of coordinates
     bool colours = false;                      ///< the object's colour at each face
     bool header = true;                        ///< comment lines with name, unit and direction of z

@@ -2,9 +2,9 @@
 #include "app/savers/OffFormat.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/ProgressTicker.h"
 #include "app/readers/OffReader.h"
 #include "app/savers/BlockWriter.h"
-#include "app/savers/LoopProgress.h"
 #include "app/savers/NumberColumns.h"
 #include "app/savers/SurfaceMesh.h"
 #include "writers/FixedNumber.h"
@@ -25,7 +25,7 @@ void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& 
     if (settings.header) {
         text += "# " + object.name.simplified().toStdString() + '\n';
         text += "# unit: " + writtenUnit(object.lengthUnit, settings.lengthUnit).toStdString() + '\n';
-        text += settings.zIsElevation ? "# z: elevation, positive up\n" : "# z: depth, positive down\n";
+        text += settings.zPositive == OffExportSettings::ZPositive::Elevation ? "# z: elevation, positive up\n" : "# z: depth, positive down\n";
     }
     appendInteger(text, mesh.vertexCount());
     text += ' ';
@@ -34,10 +34,10 @@ void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& 
 }
 
 bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings,
-                   LoopProgress& progress)
+                   ProgressTicker& progress)
 {
     const double factor = unitFactor(object.lengthUnit, settings.lengthUnit);
-    const double zFactor = settings.zIsElevation ? factor : -factor;
+    const double zFactor = settings.zPositive == OffExportSettings::ZPositive::Elevation ? factor : -factor;
     std::string& text = out.text();
     for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
         if (mesh.number(vertex) >= 0) {
@@ -57,7 +57,7 @@ bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMes
 }
 
 bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings,
-                LoopProgress& progress)
+                ProgressTicker& progress)
 {
     std::string ending = "\n";
     if (settings.colours && object.color.isValid())
@@ -105,7 +105,7 @@ SettingsMap OffFormat::settings()
     SettingsMap map;
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of coordinates; model keeps each object's own");
-    map.addBoolean("zIsElevation", m_settings.zIsElevation, "false writes depths, positive down");
+    map.addChoice("zPositive", m_settings.zPositive, {QStringLiteral("elevation"), QStringLiteral("depth")}, "z counts up or down");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
     map.addBoolean("colours", m_settings.colours, "the object's colour at each face");
     map.addBoolean("header", m_settings.header, "comment lines with name, unit and direction of z");
@@ -126,7 +126,7 @@ qint64 OffFormat::write(const PlannedFile& file, const QString& path, const Expo
         throw ExportError(file.path, QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
                           QStringLiteral("choose a surface with values, or export its points as ASCII"));
     noteLosses(object, mesh, report);
-    LoopProgress loop(progress, object.vertexCount() + mesh.triangleCount());
+    ProgressTicker loop(progress, static_cast<double>(object.vertexCount() + mesh.triangleCount()));
     BlockWriter out(path, file.path);
     writeHead(out.text(), object, mesh, m_settings);
     if (writeVertices(out, object, mesh, m_settings, loop) && writeFaces(out, object, mesh, m_settings, loop))
@@ -158,7 +158,7 @@ Verification OffFormat::verify(const PlannedFile& file, const QString& path, con
         return verification;
     }
     const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    const double up = m_settings.zIsElevation ? 1.0 : -1.0;
+    const double up = m_settings.zPositive == OffExportSettings::ZPositive::Elevation ? 1.0 : -1.0;
     std::size_t next = 0;
     for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
         if (!hasPosition(object, vertex))

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/OgrColumnScan.h"
 
+#include "host/data/AbstractProgress.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -17,6 +19,8 @@ constexpr int mostWidth = 32;
 constexpr int mostDecimals = 15;
 constexpr int keptDigits = 15;
 constexpr double widest = 1e31;
+constexpr double exactWhole = 9007199254740992.0; // 2^53
+constexpr double powersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 /// The power of ten of the first digit and the number of digits of the shortest text that gives the number back.
 struct Digits
@@ -34,6 +38,12 @@ Digits digitsOf(double number)
     std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, digits.exponent);
     digits.count = mark == text + 1 ? 1 : static_cast<int>(mark - text) - 1;
     return digits;
+}
+
+bool stopped(const kpBase::AbstractProgress* progress, std::size_t row)
+{
+    constexpr std::size_t block = 1 << 14;
+    return progress && row % block == 0 && progress->isCancelled();
 }
 
 int utf8Size(const QString& text)
@@ -54,22 +64,28 @@ void OgrColumnScan::lookAtNumber(double number, qint64 features)
         m_notFinite += features;
         return;
     }
-    if (number == 0.0) {
-        ++m_byDecimals[0];
+    if (number == 0.0)
         return;
-    }
     if (std::abs(number) >= widest) {
         if (m_wide == 0)
             m_wideExample = number;
         m_wide += features;
         return;
     }
+    m_negative = m_negative || number < 0;
+    // Most columns have numbers of a few decimals, and those need no closer look.
+    const double scaled = number * powersOfTen[std::min(m_mostDecimals, 15)];
+    if (!m_exact && std::abs(scaled) < exactWhole && scaled == std::floor(scaled) && std::abs(number) < m_range) {
+        m_byDecimals[static_cast<std::size_t>(m_mostDecimals)] += features;
+        return;
+    }
     const Digits digits = digitsOf(number);
     const int decimals = std::clamp(std::min(digits.count, keptDigits) - 1 - digits.exponent, 0,
                                     static_cast<int>(m_byDecimals.size()) - 1);
     m_byDecimals[static_cast<std::size_t>(decimals)] += features;
+    m_mostDecimals = std::max(m_mostDecimals, decimals);
     m_digits = std::max(m_digits, digits.exponent + 1);
-    m_negative = m_negative || number < 0;
+    m_range = std::pow(10.0, m_digits);
 }
 
 void OgrColumnScan::lookAtText(const QString& text, qint64 features)
@@ -101,13 +117,15 @@ void OgrColumnScan::lookAtValue(const QVariant& value, qint64 features)
             m_nullObject = m_object;
         return;
     }
-    if (m_column.kind == AttributeKind::Text)
+    if (m_column.kind == AttributeKind::Text && value.userType() == QMetaType::QString)
+        lookAtText(*static_cast<const QString*>(value.constData()), features);
+    else if (m_column.kind == AttributeKind::Text)
         lookAtText(writtenValue(m_column, value).toString(), features);
     else
         lookAtNumber(value.toDouble(), features);
 }
 
-void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features)
+void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress)
 {
     m_object = object.name;
     switch (m_column.content) {
@@ -139,11 +157,11 @@ void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 featu
         return;
     }
     if (values->kind != AttributeKind::Real) {
-        for (const QVariant& value : values->values)
-            lookAtValue(value, 1);
+        for (int row = 0; row < values->values.size() && !stopped(progress, static_cast<std::size_t>(row)); ++row)
+            lookAtValue(values->values[row], 1);
         return;
     }
-    for (std::size_t row = 0; row < values->numbers->size(); ++row) {
+    for (std::size_t row = 0; row < values->numbers->size() && !stopped(progress, row); ++row) {
         if (values->missing && (*values->missing)[row])
             lookAtValue(QVariant(), 1);
         else if (m_column.kind == AttributeKind::Text)
@@ -167,11 +185,10 @@ void OgrColumnScan::size(OgrColumn& column, const OgrTraits& traits, int decimal
     column.width = m_digits + sign;
     if (column.kind != AttributeKind::Real)
         return;
-    int needed = static_cast<int>(m_byDecimals.size()) - 1;
-    while (needed > 0 && m_byDecimals[static_cast<std::size_t>(needed)] == 0)
-        --needed;
     const int room = std::max(0, usualWidth - 1 - column.width);
-    column.decimals = decimals >= 0 ? decimals : std::min({needed, room, mostDecimals});
+    column.decimals = decimals >= 0 ? decimals : std::min({m_mostDecimals, room, mostDecimals});
+    // Rounding may carry into one digit more.
+    column.width += column.decimals < m_mostDecimals ? 1 : 0;
     column.width = std::min(column.width + (column.decimals > 0 ? column.decimals + 1 : 0), mostWidth);
     // A real field without decimals would be read as one of whole numbers.
     if (column.decimals == 0 && decimals < 0 && column.width + 2 <= mostWidth) {

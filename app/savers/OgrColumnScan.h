@@ -12,17 +12,21 @@ namespace refhost
 class OgrColumnScan
 {
 public:
-    OgrColumnScan(const OgrColumn& column, int mostTextBytes)
+    /// Not \a exact, the numbers that need few decimals are counted with those that need more.
+    OgrColumnScan(const OgrColumn& column, int mostTextBytes, bool exact)
         : m_column(column)
         , m_mostTextBytes(mostTextBytes)
+        , m_exact(exact)
     {
     }
 
-    /// Looks at the attribute's values in an object that makes \a features features.
-    void look(const ModelObject& object, OgrShape shape, qint64 features);
+    /// Looks at the attribute's values in an object that makes \a features features; stops when the user cancels.
+    void look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress);
 
     /// Sets width and decimals of the column. \a decimals as the user wants them; -1 for as many as needed.
     void size(OgrColumn& column, const OgrTraits& traits, int decimals) const;
+    /// Whether a number needs more decimals than the column has.
+    bool rounds(const OgrColumn& column) const { return m_mostDecimals > column.decimals; }
     /// Notes what is lost.
     void report(const OgrColumn& column, const OgrTraits& traits, ExportReport& report) const;
 
@@ -35,6 +39,9 @@ private:
 
     const OgrColumn& m_column;
     int m_mostTextBytes;
+    bool m_exact;
+    int m_mostDecimals = 0; ///< that a number needs
+    double m_range = 10;    ///< the power of ten with m_digits zeros
     bool m_negative = false;
     int m_digits = 1;                       ///< most digits before the decimal point
     std::array<qint64, 64> m_byDecimals{};  ///< numbers that need so many decimals to keep 15 digits

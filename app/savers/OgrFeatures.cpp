@@ -205,7 +205,9 @@ void OgrFeatures::addValues(OGRFeatureDetails& details)
             details.append_object_attribute(source.constant);
         } else if (source.values->kind == AttributeKind::Real) {
             const bool missing = source.values->missing && (*source.values->missing)[row];
-            details.append_object_attribute(missing ? QVariant() : writtenValue(column, (*source.values->numbers)[row]));
+            const double number = (*source.values->numbers)[row];
+            const bool plain = column.kind == AttributeKind::Real && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
+            details.append_object_attribute(missing ? QVariant() : plain ? QVariant(number) : writtenValue(column, number));
         } else {
             details.append_object_attribute(writtenValue(column, source.values->values[static_cast<int>(row)]));
         }

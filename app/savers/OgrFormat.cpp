@@ -232,7 +232,7 @@ OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& se
     return OgrSystems(target, target);
 }
 
-void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&) const {}
+void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&, const kpBase::AbstractProgress*) const {}
 
 void OgrFormat::noteSystems(Output& output, ExportReport& report) const
 {
@@ -255,7 +255,7 @@ void OgrFormat::noteSystems(Output& output, ExportReport& report) const
 }
 
 OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                                     ExportReport& report) const
+                                     ExportReport& report, const kpBase::AbstractProgress* progress) const
 {
     const OgrTraits able = traits();
     Output output{file, path, ogrLayers(file.objects, m_settings, able.heights), {}, {}, systems(file, selection)};
@@ -263,7 +263,7 @@ OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& pat
     if (!able.heights)
         noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, report);
     for (const OgrLayer& layer : output.layers)
-        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report));
+        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report, progress));
     return output;
 }
 
@@ -275,11 +275,11 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
         throw ExportError(file.path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
                           QStringLiteral("give the name of a file"));
     registerGdalDrivers();
-    Output output = prepare(file, path, selection, report);
+    Output output = prepare(file, path, selection, report, progress);
+    OGRExporterOptions options = hostOptions(m_settings, able);
+    tune(output, options, report, progress);
     if (progress && progress->isCancelled())
         return 0;
-    OGRExporterOptions options = hostOptions(m_settings, able);
-    tune(output, options, report);
 
     QVector<OGRLayerInfo> layers;
     std::vector<std::shared_ptr<OgrFeatures>> sources;
@@ -328,15 +328,13 @@ void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
     for (int index = 0; index < static_cast<int>(output.layers.size()); ++index) {
         OGRLayer* const layer = dataset->GetLayer(index);
         const qint64 wanted = output.features[static_cast<std::size_t>(index)];
-        const qint64 found = layer->GetFeatureCount();
+        // Not forced: some drivers would read every feature.
+        const qint64 quick = layer->GetFeatureCount(FALSE);
+        const qint64 found = quick >= 0 ? quick : layer->GetFeatureCount(TRUE);
         if (found != wanted)
             failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(found).arg(wanted));
-        const bool lastThere = wanted == 0
-                               || (layer->SetNextByIndex(wanted - 1) == OGRERR_NONE && [layer] {
-                                      const OGRFeatureUniquePtr last(layer->GetNextFeature());
-                                      return last && last->GetGeometryRef();
-                                  }());
-        if (!lastThere)
+        const OGRFeatureUniquePtr last(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));
+        if (wanted > 0 && (!last || !last->GetGeometryRef()))
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();
         if (!output.systems.target().isEmpty() && (!system || system->IsLocal()))

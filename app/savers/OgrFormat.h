@@ -39,8 +39,9 @@ protected:
     virtual QStringList extensions() const = 0;
     /// The systems of an output. \throws ExportError
     virtual OgrSystems systems(const PlannedFile& file, const ExportSelection& selection) const;
-    /// Creation options of the driver, made for the data.
-    virtual void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report) const;
+    /// Creation options of the driver, made for the data. Stops early when the user cancels.
+    virtual void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+                      const kpBase::AbstractProgress* progress) const;
     /// WKT written where the objects have no system.
     virtual QString noSystem() const { return {}; }
     /// Whether all that was written is there: GDAL closes files without a word when the disk is full.
@@ -61,8 +62,8 @@ protected:
     OgrExportSettings m_settings;
 
 private:
-    Output prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                   ExportReport& report) const;
+    Output prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+                   const kpBase::AbstractProgress* progress) const;
     void noteSystems(Output& output, ExportReport& report) const;
 };
 

@@ -214,14 +214,14 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
             text = value.toString();
         return cutToBytes(text, column.cutTo);
     }
-    const double number = value.toDouble();
+    const double number = value.userType() == QMetaType::Double ? *static_cast<const double*>(value.constData()) : value.toDouble();
     if (!std::isfinite(number) || (column.most > 0 && std::abs(number) >= column.most))
         return {};
     return column.kind == AttributeKind::Real ? QVariant(number) : QVariant(value.toInt());
 }
 
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report)
+                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress)
 {
     OgrTable table;
     if (!settings.attributes)
@@ -246,11 +246,15 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
     qint64 booleans = 0;
     QString firstBoolean;
     for (OgrColumn& column : table.columns) {
-        OgrColumnScan scan(column, traits.mostTextBytes);
-        for (const ModelObject* object : layer.objects)
-            scan.look(*object, layer.shape, featuresOf(layer, *object));
+        const auto scanned = [&](bool exact) {
+            OgrColumnScan made(column, traits.mostTextBytes, exact);
+            for (const ModelObject* object : layer.objects)
+                made.look(*object, layer.shape, featuresOf(layer, *object), progress);
+            return made;
+        };
+        const OgrColumnScan scan = scanned(false);
         scan.size(column, traits, settings.decimals);
-        scan.report(column, traits, report);
+        (scan.rounds(column) ? scanned(true) : scan).report(column, traits, report);
         table.foreignTexts += scan.foreignTexts();
         if (column.kind == AttributeKind::Boolean && !traits.booleans && booleans++ == 0)
             firstBoolean = column.attribute;

@@ -11,6 +11,11 @@
 
 #include <vector>
 
+namespace kpBase
+{
+class AbstractProgress;
+}
+
 namespace kpBaseExport
 {
 class OGRAttributeInfo;
@@ -49,9 +54,9 @@ struct OgrTable
     QVector<kpBaseExport::OGRAttributeInfo> fields() const;
 };
 
-/// Looks at every value once and notes in \a report what the fields cannot hold.
+/// Looks at every value once and notes in \a report what the fields cannot hold. Of no use when the user cancels.
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report);
+                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress);
 
 /// \a value as the column holds it; an invalid one for a missing value.
 QVariant writtenValue(const OgrColumn& column, const QVariant& value);

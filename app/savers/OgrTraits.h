@@ -22,6 +22,7 @@ struct OgrTraits
     bool nulls = true;         ///< false: a missing number becomes 0, a missing text an empty one
     bool emptyTexts = true;    ///< an empty text can be told from a missing one
     bool heights = true;       ///< coordinates have a z
+    int firstId = 1;           ///< number that the driver gives the first feature
     bool manyLayers = false;   ///< points, lines and polygons go into one file
 };
 

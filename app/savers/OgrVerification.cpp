@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace refhost
 {
@@ -41,31 +42,35 @@ void addCurves(const OGRGeometry& geometry, Curves& curves)
     }
 }
 
-/// The runs of each feature that an object should have made.
-std::vector<std::vector<Run>> expectedOf(const OgrLayer& layer, const ModelObject& object)
+/// Calls \a look with the runs of each feature that an object should have made, until it returns false.
+void forEachFeature(const OgrLayer& layer, const ModelObject& object, const std::function<bool(const std::vector<Run>&)>& look)
 {
     const auto placed = [&object](std::size_t vertex) {
         return std::isfinite((*object.x)[vertex]) && std::isfinite((*object.y)[vertex]);
     };
     const auto node = [&](std::size_t vertex) { return placed(vertex) && (!object.grid || !std::isnan((*object.z)[vertex])); };
-    std::vector<std::vector<Run>> features;
+    std::vector<Run> runs(1);
+    bool more = true;
     if (layer.shape == OgrShape::Points) {
-        for (std::size_t vertex = 0; vertex < object.x->size(); ++vertex) {
-            if (node(vertex))
-                features.push_back({{vertex}});
+        for (std::size_t vertex = 0; more && vertex < object.x->size(); ++vertex) {
+            runs.front().assign(1, vertex);
+            more = !node(vertex) || look(runs);
         }
     } else if (asCells(layer, object) && object.grid) {
         const auto columns = static_cast<std::size_t>(object.grid->columns);
-        for (std::size_t corner = 0; corner + columns + 1 < object.x->size(); ++corner) {
-            const Run cell{corner, corner + 1, corner + columns + 1, corner + columns};
-            if (corner % columns + 1 < columns && std::all_of(cell.begin(), cell.end(), node))
-                features.push_back({cell});
+        for (std::size_t corner = 0; more && corner + columns + 1 < object.x->size(); ++corner) {
+            Run& cell = runs.front();
+            cell = {corner, corner + 1, corner + columns + 1, corner + columns};
+            const bool there = corner % columns + 1 < columns && std::all_of(cell.begin(), cell.end(), node);
+            more = !there || look(runs);
         }
     } else if (asCells(layer, object)) {
-        for (const auto& triangle : object.triangles)
-            features.push_back({Run(triangle.begin(), triangle.end())});
+        for (std::size_t index = 0; more && index < object.triangles.size(); ++index) {
+            runs.front().assign(object.triangles[index].begin(), object.triangles[index].end());
+            more = look(runs);
+        }
     } else {
-        std::vector<Run> runs;
+        runs.clear();
         for (const Part& part : partsOf(object)) {
             Run run;
             for (int index = 0; index < part.count; ++index) {
@@ -76,9 +81,8 @@ std::vector<std::vector<Run>> expectedOf(const OgrLayer& layer, const ModelObjec
                 runs.push_back(run);
         }
         if (!runs.empty())
-            features.push_back(runs);
+            look(runs);
     }
-    return features;
 }
 
 class LayerCheck
@@ -96,15 +100,16 @@ public:
         m_layer.ResetReading();
         for (const ModelObject* object : source.objects) {
             m_object = object;
-            for (const std::vector<Run>& runs : expectedOf(source, *object)) {
+            forEachFeature(source, *object, [this](const std::vector<Run>& runs) {
                 const OGRFeatureUniquePtr feature(m_layer.GetNextFeature());
                 if (!feature) {
-                    fault(QStringLiteral("features of %1 are missing").arg(object->name));
-                    return;
+                    fault(QStringLiteral("features of %1 are missing").arg(m_object->name));
+                    return false;
                 }
                 ++m_result.count;
                 look(*feature, runs);
-            }
+                return true;
+            });
             flush();
         }
         if (OGRFeatureUniquePtr(m_layer.GetNextFeature()))

@@ -11,10 +11,10 @@ namespace refhost
 /// How an OpenTecLink export looks.
 struct OpenTecExportSettings
 {
-    QString sections;                          ///< names of the sections to write, separated by commas; empty: all
-    QString traceLine;                         ///< section whose trace gives the positions on the map; empty: each its own
-    double age = 0.0;                          ///< age of the sections
-    int decimals = 2;                          ///< of every number
+    QString sections;  ///< names of the sections to write, separated by commas; empty: all
+    QString traceLine; ///< section whose trace gives the positions on the map; empty: each its own
+    double age = 0.0;  ///< age of the sections
+    int decimals = 2;  ///< of every number
     OutputUnit lengthUnit = OutputUnit::Metre; ///< of coordinates; the format says metre whatever stands here
 };
 

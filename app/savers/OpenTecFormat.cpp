@@ -28,10 +28,13 @@ struct SectionColumns
     qint64 leftOut = 0;
 };
 
-SectionColumns columnsOf(const std::shared_ptr<const CrossSection>& section, const SectionSegment& segment, double factor)
+SectionColumns columnsOf(const std::shared_ptr<const CrossSection>& section, const SectionSegment& segment,
+                         double factor)
 {
     SectionColumns columns;
-    const auto isGood = [&segment](std::size_t row) { return std::isfinite(segment.distance[row]) && std::isfinite(segment.z[row]); };
+    const auto isGood = [&segment](std::size_t row) {
+        return std::isfinite(segment.distance[row]) && std::isfinite(segment.z[row]);
+    };
     std::vector<double> distance;
     std::vector<double> z;
     bool same = factor == 1.0;
@@ -77,22 +80,29 @@ QString lineNamed(const QString& name, ExportReport& report)
     return line;
 }
 
-QStringList namesIn(const QString& list)
-{
-    QStringList names;
-    for (const QString& name : list.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        if (!name.trimmed().isEmpty())
-            names.append(name.trimmed());
-    }
-    return names;
-}
-
 const ModelObject* findSection(const ExportSelection& selection, const QString& name)
 {
-    const auto found = std::find_if(selection.objects.begin(), selection.objects.end(), [&name](const ModelObject* object) {
-        return object->section && object->name == name;
-    });
+    const auto found =
+        std::find_if(selection.objects.begin(), selection.objects.end(),
+                     [&name](const ModelObject* object) { return object->section && object->name == name; });
     return found == selection.objects.end() ? nullptr : *found;
+}
+
+/// The names in a list separated by commas. A section whose own name has commas is found too.
+QStringList namesIn(const QString& list, const ExportSelection& selection)
+{
+    const QStringList parts = list.split(QLatin1Char(','));
+    QStringList names;
+    for (int first = 0; first < parts.size();) {
+        int count = parts.size() - first;
+        const auto joined = [&] { return parts.mid(first, count).join(QLatin1Char(',')).trimmed(); };
+        while (count > 1 && !findSection(selection, joined()))
+            --count;
+        if (!joined().isEmpty())
+            names.append(joined());
+        first += count;
+    }
+    return names;
 }
 
 DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
@@ -107,7 +117,8 @@ DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
 
 /// The largest difference of two lists of numbers; infinite when one is longer.
 template <std::size_t count>
-double worstOf(const std::vector<std::array<double, count>>& read, const std::array<DoubleMatrixData::Values, count>& columns)
+double worstOf(const std::vector<std::array<double, count>>& read,
+               const std::array<DoubleMatrixData::Values, count>& columns)
 {
     double worst = 0;
     for (std::size_t column = 0; column < count; ++column) {
@@ -142,17 +153,20 @@ FormatInfo OpenTecFormat::info() const
 SettingsMap OpenTecFormat::settings()
 {
     SettingsMap map;
-    map.addText("sections", m_settings.sections, "names of the sections to write, separated by commas; empty writes all");
-    map.addText("traceLine", m_settings.traceLine, "section whose trace gives the positions on the map; empty is each its own");
+    map.addText("sections", m_settings.sections,
+                "names of the sections to write, separated by commas; empty writes all");
+    map.addText("traceLine", m_settings.traceLine,
+                "section whose trace gives the positions on the map; empty is each its own");
     map.addReal("age", m_settings.age, -1e6, 1e6, "age of the sections");
     map.addInteger("decimals", m_settings.decimals, 0, 17, "decimals of every number");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of the coordinates; the format is made for m");
+    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
+                  "unit of the coordinates; the format is made for m");
     return map;
 }
 
 std::vector<const ModelObject*> OpenTecFormat::chosen(const ExportSelection& selection) const
 {
-    const QStringList names = namesIn(m_settings.sections);
+    const QStringList names = namesIn(m_settings.sections, selection);
     std::vector<const ModelObject*> sections;
     for (const ModelObject* object : selection.objects) {
         if (names.isEmpty() || names.contains(object->name))
@@ -166,12 +180,13 @@ std::vector<PlannedFile> OpenTecFormat::plan(const ExportSelection& selection) c
     ExportSelection sections = selection;
     sections.objects = chosen(selection);
     // A file holds one section.
-    return planFiles(sections, sections.objects.size() > 1 ? FileGrouping::Object : FileGrouping::Single, QStringLiteral("otl"));
+    return planFiles(sections, sections.objects.size() > 1 ? FileGrouping::Object : FileGrouping::Single,
+                     QStringLiteral("otl"));
 }
 
 void OpenTecFormat::requireNames(const PlannedFile& file, const ExportSelection& selection) const
 {
-    QStringList wanted = namesIn(m_settings.sections);
+    QStringList wanted = namesIn(m_settings.sections, selection);
     if (!m_settings.traceLine.isEmpty())
         wanted.append(m_settings.traceLine);
     for (const QString& name : qAsConst(wanted)) {
@@ -206,25 +221,29 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
     writer.precision = m_settings.decimals;
     writer.sectionName = lineNamed(object.name, report);
     writer.sectionAge = m_settings.age;
-    writer.sectionPositions =
-        new DoubleMatrixData(trace.name, {{scaled(trace.x, traceFactor), nullptr}, {scaled(trace.y, traceFactor), nullptr}});
+    writer.sectionPositions = new DoubleMatrixData(
+        trace.name, {{scaled(trace.x, traceFactor), nullptr}, {scaled(trace.y, traceFactor), nullptr}});
     qint64 points = 0;
     for (const SectionSegment& segment : object.section->segments) {
         const SectionColumns columns = columnsOf(object.section, segment, factor);
         auto matrix = std::make_unique<DoubleMatrixData>(
-            lineNamed(segment.name, report),
-            std::vector<DoubleMatrixData::Column>{{columns.distance, nullptr}, {columns.across, nullptr}, {columns.z, nullptr}});
+            lineNamed(segment.name, report), std::vector<DoubleMatrixData::Column>{{columns.distance, nullptr},
+                                                                                   {columns.across, nullptr},
+                                                                                   {columns.z, nullptr}});
         matrix->setColor(segment.color.name());
         matrix->setGeoType(typeName(segment.type));
         writer.geoObject()->sectionData().push_back(matrix.release());
         points += static_cast<qint64>(columns.z->size());
-        report.note(QStringLiteral("position left out"), object.name, columns.leftOut, QStringLiteral("on the line of %1").arg(segment.name));
+        report.note(QStringLiteral("position left out"), object.name, columns.leftOut,
+                    QStringLiteral("on the line of %1").arg(segment.name));
     }
     if (object.section->segments.empty())
-        report.note(QStringLiteral("section without lines"), object.name, 1, QStringLiteral("the file holds its trace only"));
+        report.note(QStringLiteral("section without lines"), object.name, 1,
+                    QStringLiteral("the file holds its trace only"));
     const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
     if (unit != QLatin1String("m"))
-        report.note(QStringLiteral("unit not stated"), object.name, 1, QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+        report.note(QStringLiteral("unit not stated"), object.name, 1,
+                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));
@@ -250,7 +269,8 @@ Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path,
         const std::vector<SectionSegment>& segments = object.section->segments;
         if ((!segments.empty() && read.name != oneLine(object.name)) || read.segments.size() != segments.size()) {
             result.fault = QStringLiteral("section %1 with %2 lines was read as %3 with %4")
-                               .arg(object.name, QString::number(segments.size()), read.name, QString::number(read.segments.size()));
+                               .arg(object.name, QString::number(segments.size()), read.name,
+                                    QString::number(read.segments.size()));
             return result;
         }
         result.worstError = worstOf<2>(read.trace, {scaled(trace.x, traceFactor), scaled(trace.y, traceFactor)});
@@ -260,7 +280,8 @@ Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path,
             if (line.name != oneLine(segments[index].name) || line.color != segments[index].color.name()
                 || line.type != typeName(segments[index].type))
                 result.fault = QStringLiteral("line %1 was read as %2").arg(segments[index].name, line.name);
-            result.worstError = std::max(result.worstError, worstOf<3>(line.points, {columns.distance, columns.across, negated(columns.z)}));
+            result.worstError = std::max(
+                result.worstError, worstOf<3>(line.points, {columns.distance, columns.across, negated(columns.z)}));
             result.count += static_cast<qint64>(line.points.size());
         }
         // Half of the last decimal, and what a double of seven digits cannot tell apart.

@@ -50,10 +50,10 @@ struct PositionSource
 struct PositionRules
 {
     const CoordinateTransform* transform = nullptr; ///< null or identity: none
-    double factor = 1.0;       ///< x and y are multiplied with this after the transform
-    double heightFactor = 1.0; ///< and z with this
-    bool needsHeight = true;   ///< a position without a height has no place in the file
-    bool geographic = false;   ///< longitudes and latitudes: beyond 180 or 90 degrees there is no place
+    double factor = 1.0;                            ///< x and y are multiplied with this after the transform
+    double heightFactor = 1.0;                      ///< and z with this
+    bool needsHeight = true;                        ///< a position without a height has no place in the file
+    bool geographic = false; ///< longitudes and latitudes: beyond 180 or 90 degrees there is no place
 };
 
 /// Takes positions to those of a file, block by block. Those that have no place there are left out and counted.

@@ -20,6 +20,12 @@ QByteArray head(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.read(headerSize) : QByteArray();
 }
 
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// The size that the header of a .shp or .shx tells, in bytes; counted there in words of 16 bits.
 qint64 toldSize(const QString& path)
 {
@@ -82,10 +88,11 @@ OgrTraits ShpFormat::traits() const
     traits.sizedNumbers = true;
     traits.booleans = false;
     traits.emptyTexts = false;
+    traits.firstId = 0;
     return traits;
 }
 
-void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&) const
+void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
 }
@@ -102,9 +109,11 @@ void ShpFormat::check(const Output& output, ExportReport& report) const
     const qint64 needed = tableSize(table);
     if (needed < 0 || QFileInfo(table).size() < needed)
         failIncomplete(output.file.path, QStringLiteral(".dbf is shorter than it says"));
-    const bool systemThere = output.systems.target().isEmpty() || QFileInfo(base + QStringLiteral(".prj")).size() > 0;
-    if (!systemThere || QFileInfo(base + QStringLiteral(".cpg")).size() == 0)
-        failIncomplete(output.file.path, QStringLiteral(".prj or .cpg is empty"));
+    const QString system = base + QStringLiteral(".prj");
+    if (QFileInfo::exists(system) && !contentOf(system).trimmed().endsWith(']'))
+        failIncomplete(output.file.path, QStringLiteral(".prj is cut off"));
+    if (contentOf(base + QStringLiteral(".cpg")).trimmed() != "UTF-8")
+        failIncomplete(output.file.path, QStringLiteral(".cpg is cut off"));
     openAndCount(output, report);
 }
 

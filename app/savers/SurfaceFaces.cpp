@@ -33,12 +33,15 @@ bool isFace(const ModelObject& surface, int column, int row)
 }
 
 /// An edge of a face is shared when the cell on its other side has a face: that one then has both nodes of the edge.
-std::vector<Edge> gridBorder(const ModelObject& surface)
+std::vector<Edge> gridBorder(const ModelObject& surface, ProgressTicker& ticker)
 {
+    constexpr qint64 facesBetween = 16384;
     const GridGeometry& grid = *surface.grid;
     std::vector<Edge> border;
     Face face;
     for (qint64 number = 0; number < faceCount(surface); ++number) {
+        if (number % facesBetween == 0 && ticker.poll())
+            return {};
         if (!faceAt(surface, number, face))
             continue;
         const int column = static_cast<int>(number % (grid.columns - 1));
@@ -118,9 +121,9 @@ bool faceAt(const ModelObject& surface, qint64 number, Face& face)
     return found >= 3;
 }
 
-std::vector<std::vector<int>> boundaryLines(const ModelObject& surface)
+std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker)
 {
-    const std::vector<Edge> border = surface.grid ? gridBorder(surface) : meshBorder(surface);
+    const std::vector<Edge> border = surface.grid ? gridBorder(surface, ticker) : meshBorder(surface);
     // Each edge twice, by either end, sorted: the edges of a vertex lie together.
     struct End
     {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/jobs/ProgressTicker.h"
 #include "app/model/ModelObject.h"
 
 #include <array>
@@ -20,7 +21,7 @@ qint64 faceCount(const ModelObject& surface);
 bool faceAt(const ModelObject& surface, qint64 number, Face& face);
 
 /// The boundary of a surface: the edges that belong to one face only, joined to lines. The last vertex of a closed line
-/// is its first.
-std::vector<std::vector<int>> boundaryLines(const ModelObject& surface);
+/// is its first. None when the user cancels.
+std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker);
 
 } // namespace refhost

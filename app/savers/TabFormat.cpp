@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/TabFormat.h"
 
+#include "host/data/AbstractProgress.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
@@ -128,7 +130,7 @@ OgrTraits TabFormat::traits() const
     return traits;
 }
 
-void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report) const
+void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report, const kpBase::AbstractProgress* progress) const
 {
     options.styleByGeometry = m_settings.symbology;
     Bounds bounds;
@@ -137,6 +139,8 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& 
     for (const ModelObject* object : output.file.objects) {
         vertices.start(*object);
         for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
+            if (progress && vertex % (1 << 14) == 0 && progress->isCancelled())
+                return;
             const std::array<double, 3>& position = vertices.at(vertex);
             if (!std::isnan(position[0]))
                 bounds.add(position);

@@ -2,10 +2,10 @@
 #include "app/savers/ZMapFormat.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/ProgressTicker.h"
 #include "app/readers/CoordinateSystems.h"
 #include "app/readers/GdalSession.h"
 #include "app/savers/BlockWriter.h"
-#include "app/savers/LoopProgress.h"
 #include "app/savers/ZMapGrid.h"
 #include "writers/FixedNumber.h"
 
@@ -104,7 +104,7 @@ void writeHeader(std::string& text, const ModelObject& object, const ZMapGrid& g
 
 /// False when the user has cancelled.
 bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSettings& settings, std::size_t width,
-                 LoopProgress& progress)
+                 ProgressTicker& progress)
 {
     const std::string nullText = fixedText(settings.nullValue, settings.decimals);
     std::string number;
@@ -226,7 +226,7 @@ qint64 ZMapFormat::write(const PlannedFile& file, const QString& path, const Exp
         throw ExportError(file.path, QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
                           QStringLiteral("choose fewer decimals or a smaller nullValue"));
     noteLosses(object, m_settings, survey, report);
-    LoopProgress loop(progress, object.vertexCount());
+    ProgressTicker loop(progress, object.vertexCount());
     BlockWriter out(path, file.path);
     writeHeader(out.text(), object, grid, m_settings, survey);
     if (writeValues(out, grid, m_settings, survey.width, loop))

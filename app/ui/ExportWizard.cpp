@@ -41,7 +41,7 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     : QExportWizard(parent)
     , m_context(context)
 {
-    resize(860, 560);
+    resize(900, 720);
 }
 
 void ExportWizard::insertFileFormatDependentSheet()

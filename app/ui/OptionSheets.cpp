@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/OptionSheets.h"
 
+#include "app/savers/AsciiFormat.h"
+#include "app/ui/AsciiSheet.h"
 #include "app/ui/DxfSheet.h"
 #include "app/ui/FilePerObjectSheet.h"
 #include "app/ui/GocadSheet.h"
@@ -73,6 +75,8 @@ constexpr PageOfFormat pages[] = {
 
 kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(ExportFormat& format, HostContext& context)
 {
+    if (auto* ascii = dynamic_cast<AsciiFormat*>(&format))
+        return new AsciiSheet(*ascii, context);
     for (const PageOfFormat& page : pages) {
         if (format.info().key == QLatin1String(page.key))
             return page.make(format, context.model);

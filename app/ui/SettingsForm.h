@@ -19,8 +19,6 @@ public:
     bool isEmpty() const { return m_empty; }
 
 private:
-    QWidget* makeControl(const Setting& setting);
-
     bool m_empty = true;
 };
 

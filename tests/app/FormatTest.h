@@ -140,7 +140,15 @@ public:
         QFile written(files.at(file).path);
         return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray("none");
     }
-    QString error(std::size_t file = 0) const { return report.files().at(file).error; }
+    /// What went wrong with a file or an object of it.
+    QString error(std::size_t file = 0) const
+    {
+        const FileOutcome& outcome = report.files().at(file);
+        QString text = outcome.error;
+        for (const FailedObject& failed : outcome.failedObjects)
+            text += QStringLiteral("; %1: %2").arg(failed.name, failed.reason);
+        return text;
+    }
     QStringList kinds() const
     {
         QStringList found;

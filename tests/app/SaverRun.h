@@ -15,16 +15,23 @@
 
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
+/// The vertices of a very long line. Under the address sanitizer every allocation of the readers takes its time.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int manyVertices = 50000;
+#else
+constexpr int manyVertices = 1000000;
+#endif
+
 /// An object from rows of x, y, z, all one part.
-inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& name, const std::vector<std::array<double, 3>>& rows,
-                                     const char* crs = "EPSG:4326")
+inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& name,
+                                     const std::vector<std::array<double, 3>>& rows, const char* crs = "EPSG:4326")
 {
     refhost::ModelObject object;
     object.type = type;
     object.name = name;
     object.set = QStringLiteral("S");
     object.crs = refhost::wktOf(QString::fromLatin1(crs));
-    object.color = QColor(1, 2, 3);
+    object.color = QColor(0, 127, 255);
     std::vector<double> columns[3];
     for (const auto& row : rows) {
         for (std::size_t axis = 0; axis < 3; ++axis)

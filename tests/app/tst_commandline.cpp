@@ -47,6 +47,7 @@ private Q_SLOTS:
     void formatsAsJson();
     void interrupted();
     void sampleModel();
+    void mixedSelection();
 
 private:
     struct Result
@@ -299,6 +300,8 @@ void CommandLineTest::sampleModel()
     QCOMPARE(types.value(QStringLiteral("well")), 399);
     QCOMPARE(types.value(QStringLiteral("vertex_cloud")), 3);
     QCOMPARE(types.value(QStringLiteral("grid_surface")), 1);
+    QCOMPARE(types.value(QStringLiteral("mesh_surface")), 1);
+    QCOMPARE(types.value(QStringLiteral("geocellular_volume")), 1);
     const Result result = run({QStringLiteral("export"), sample, QStringLiteral("--format"), QStringLiteral("ascii"), QStringLiteral("--output"),
                                QStringLiteral("s.txt"), QStringLiteral("--set"), QStringLiteral("separator=tab"), QStringLiteral("--type"),
                                QStringLiteral("well"), QStringLiteral("--object"), QStringLiteral("B1-1*")});
@@ -308,6 +311,25 @@ void CommandLineTest::sampleModel()
     QVERIFY(lines.size() > 500);
     for (const QByteArray& line : lines)
         QVERIFY(line.isEmpty() || line.count('\t') == 3);
+}
+
+void CommandLineTest::mixedSelection()
+{
+    // A format gets what it can take; what it cannot is said.
+    const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
+    const auto exported = [&](const char* format, const char* output) {
+        return run({QStringLiteral("export"), sample, QStringLiteral("--format"), QString::fromLatin1(format), QStringLiteral("--output"), QString::fromLatin1(output)});
+    };
+    const Result off = exported("off", "s.off");
+    QVERIFY2(off.code == 0, qPrintable(off.error));
+    QCOMPARE(off.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size(), 2);
+    QVERIFY2(off.error.contains(QStringLiteral("object of a type that the format does not take: ")), qPrintable(off.error));
+    QVERIFY(read("s_Terrain mesh.off").startsWith("OFF\n"));
+    const Result grdecl = exported("grdecl", "s.grdecl");
+    QVERIFY2(grdecl.code == 0, qPrintable(grdecl.error));
+    QVERIFY(read("s.grdecl").contains("\nROCKTYPE\n"));
+    QVERIFY(exported("zmap", "s").code == 0 && read("s.dat").contains("@Terrain HEADER, GRID, 5\n"));
+    QVERIFY(exported("gocad", "s").code == 0 && read("s.gp").count("\nEND\n") > 499);
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)

@@ -246,6 +246,7 @@ void GrdeclTest::realGrids()
     QCOMPARE(seen.count, cells);
     QVERIFY(seen.worstError < 1e-3);
 
+    // Debian's own interpreter, for which the package is made.
     QProcess other;
     other.start(QStringLiteral("/usr/bin/python3"), QStringList{QStringLiteral(KP_SOURCE_DIR "/tests/app/compare_grdecl.py"), run.files[0].path, source} + properties);
     if (!other.waitForStarted())
@@ -287,11 +288,12 @@ void GrdeclTest::failures()
     QTemporaryDir folder;
     Run run(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
     QVERIFY(!run.go());
-    QVERIFY(run.error().contains(QStringLiteral("is not complete")));
+    QVERIFY2(run.error().contains(QStringLiteral("are not as many as its size asks for")), qPrintable(run.error()));
     cells.columns = 0;
     broken.cells = std::make_shared<const CellGrid>(cells);
-    QVERIFY(!run.go());
-    QVERIFY(run.report.files().back().error.contains(QStringLiteral("is empty")));
+    Run empty(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
+    QVERIFY(!empty.go());
+    QVERIFY2(empty.error().contains(QStringLiteral("the grid has no cells")), qPrintable(empty.error()));
 }
 
 void GrdeclTest::cancelled()

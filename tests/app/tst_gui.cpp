@@ -191,7 +191,7 @@ void GuiTest::walk()
 {
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("out"));
-    Script first({click("nextButton"), choose("separator", "semicolon"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
+    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
     exportWith(first);
     const QByteArray expected = "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
@@ -215,7 +215,7 @@ void GuiTest::aFileForEachObject()
     earlier.close();
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
-    Script script({click("nextButton"), choose("grouping", "object"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::No),
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::No),
                    readReport(report), click("closeButton")});
     exportWith(script);
     QCOMPARE(read(QStringLiteral("each_lines 1.txt")), QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
@@ -226,7 +226,7 @@ void GuiTest::aFileForEachObject()
     Script all({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
     exportWith(all);
     QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
-    Script restore({click("nextButton"), choose("grouping", "single"), click("closeButton")});
+    Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
     exportWith(restore);
 }
 
@@ -247,7 +247,7 @@ void GuiTest::planAndCommandLine()
     QFile earlier(path);
     QVERIFY(earlier.open(QIODevice::WriteOnly));
     earlier.close();
-    Script script({click("nextButton"), choose("separator", "blank"), click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
+    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
                    click("nextButton"), readReport(report), click("copyCommandLine"),
                    [](QWidget&) { return !QApplication::clipboard()->text().isEmpty(); }, click("closeButton")});
     exportWith(script);
@@ -263,7 +263,7 @@ void GuiTest::planAndCommandLine()
     QVERIFY(shell.waitForFinished(60000));
     QVERIFY2(shell.exitCode() == 0, qPrintable(command + QString::fromUtf8(shell.readAllStandardError())));
     QCOMPARE(read(QStringLiteral("it's.csv")), written);
-    Script restore({click("nextButton"), choose("separator", "semicolon"), click("closeButton")});
+    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("closeButton")});
     exportWith(restore);
 }
 
@@ -283,13 +283,13 @@ void GuiTest::failedPartAgain()
         return success.contains(QStringLiteral("successfully!")) && !success.contains(QStringLiteral("has not been"));
     };
     const QString path = m_folder.filePath(QStringLiteral("again.txt"));
-    Script script({click("nextButton"), choose("grouping", "object"), click("nextButton"), nameFile(path), click("nextButton"),
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"),
                    answerBox(QMessageBox::Yes), readReport(failure), clearTheWay, click("retryFailed"), readSuccess, click("closeButton")});
     exportWith(script);
     QVERIFY2(failure.contains(QStringLiteral("again_lines 2.txt")) && failure.contains(QStringLiteral("this is a directory")), qPrintable(failure));
     QVERIFY(read(QStringLiteral("again_lines 2.txt")).startsWith("X;Y;Z;n"));
     QVERIFY2(!QFile::exists(first), "written again although it had not failed");
-    Script restore({click("nextButton"), choose("grouping", "single"), click("closeButton")});
+    Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
     exportWith(restore);
 }
 

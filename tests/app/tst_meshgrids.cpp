@@ -39,7 +39,7 @@ void MeshGridsTest::offText()
     OffFormat format;
     format.settings().set(QStringLiteral("decimals"), QStringLiteral("1"));
     format.settings().set(QStringLiteral("colours"), QStringLiteral("true"));
-    format.settings().set(QStringLiteral("zIsElevation"), QStringLiteral("false"));
+    format.settings().set(QStringLiteral("zPositive"), QStringLiteral("depth"));
     QTemporaryDir folder;
     Run run(format, {&mesh}, folder.filePath(QStringLiteral("m")));
     QVERIFY(run.go());
@@ -206,7 +206,7 @@ void MeshGridsTest::zmapTerrain()
     loadInto(model, sample("dtm_rp.tif"));
     ZMapFormat format;
     QTemporaryDir folder;
-    Run run(format, pointers(model), folder.filePath(QStringLiteral("terrain.zmap")));
+    Run run(format, pointers(model), folder.filePath(QStringLiteral("terrain")));
     QVERIFY(run.go());
     const Verification seen = run.verify();
     QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
@@ -232,7 +232,7 @@ void MeshGridsTest::zmapRefused_data()
     QTest::newRow("rotated a little") << 3 << 0.1 << "decimals=1" << "is rotated by 0.1 degrees";
     QTest::newRow("one column") << 1 << 0.0 << "registration=corners" << "has a single row or column";
     QTest::newRow("rounding") << 3 << 1e-9 << "decimals=1" << "";
-    QTest::newRow("empty") << 0 << 0.0 << "decimals=1" << "is empty";
+    QTest::newRow("empty") << 0 << 0.0 << "decimals=1" << "the grid's size is not that of its nodes";
     QTest::newRow("too wide") << 3 << 0.0 << "nullValue=1e30;decimals=12" << "does not fit into a field";
 }
 

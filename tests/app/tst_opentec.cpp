@@ -15,7 +15,8 @@ using namespace refhost;
 namespace
 {
 
-ModelObject section(const QString& name, std::vector<SectionSegment> segments, const std::vector<std::array<double, 3>>& trace = {{1000, 2000, 0}, {1500, 2000, 0}})
+ModelObject section(const QString& name, std::vector<SectionSegment> segments,
+                    const std::vector<std::array<double, 3>>& trace = {{1000, 2000, 0}, {1500, 2000, 0}})
 {
     ModelObject object = objectOf(ObjectType::CrossSections, name, trace, "");
     object.hasZ = false;
@@ -67,37 +68,48 @@ private:
             file.write(content);
         return file.fileName();
     }
-    QStringList listing() const { return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name); }
+    QStringList listing() const
+    {
+        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void OpenTecTest::wholeFile()
 {
-    const SaverRun run("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H1"), {0, 500}, {-150, 0}), segment(QStringLiteral("F"), {250}, {12.125}),
-                                                                  segment(QStringLiteral("E"), {}, {})})},
+    const SaverRun run("opentec",
+                       {section(QStringLiteral("A"),
+                                {segment(QStringLiteral("H1"), {0, 500}, {-150, 0}),
+                                 segment(QStringLiteral("F"), {250}, {12.125}), segment(QStringLiteral("E"), {}, {})})},
                        path("a"));
     QCOMPARE(run.fault() + run.findings(), QString());
     QCOMPARE(run.rows(), 3);
     QCOMPARE(contentOf(path("a.otl")),
-             head + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\nopen_tec_link_section A\n\nsection_age 0.00\n\n"
-                    "segment\nname H1\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 0.00 0.00 150.00\nxyz 500.00 0.00 -0.00\npoints-end\nsegment-end\n\n"
-                    "segment\nname F\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 250.00 0.00 -12.12\npoints-end\nsegment-end\n\n"
-                    "segment\nname E\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\npoints-end\nsegment-end\n\n"
-                    "open_tec_link_section-end\n\n");
+             head
+                 + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\nopen_tec_link_section "
+                   "A\n\nsection_age 0.00\n\n"
+                   "segment\nname H1\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 0.00 0.00 150.00\nxyz 500.00 "
+                   "0.00 -0.00\npoints-end\nsegment-end\n\n"
+                   "segment\nname F\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\nxyz 250.00 0.00 "
+                   "-12.12\npoints-end\nsegment-end\n\n"
+                   "segment\nname E\ncolor_rgb #ff0000\ntype Grid Surfaces\npoints\npoints-end\nsegment-end\n\n"
+                   "open_tec_link_section-end\n\n");
 }
 
 void OpenTecTest::settings()
 {
     ModelObject feet = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, none, 100}, {-10, -20, -30})});
     feet.lengthUnit = QStringLiteral("ft");
-    const SaverRun metres("opentec", {feet}, path("m.otl"), {{"decimals", QStringLiteral("4")}, {"age", QStringLiteral("65.5")}});
+    const SaverRun metres("opentec", {feet}, path("m.otl"),
+                          {{"decimals", QStringLiteral("4")}, {"age", QStringLiteral("65.5")}});
     QCOMPARE(metres.fault(), QString());
     QCOMPARE(metres.findings(), QStringLiteral("position left out: 1"));
     const QByteArray text = contentOf(path("m.otl"));
     QVERIFY(text.contains("xy 304.8000 609.6000 \n") && text.contains("section_age 65.5000\n"));
     QVERIFY(text.contains("points\nxyz 0.0000 0.0000 3.0480\nxyz 30.4800 0.0000 9.1440\npoints-end"));
-    const SaverRun own("opentec", {feet}, path("f.otl"), {{"lengthUnit", QStringLiteral("model")}, {"decimals", QStringLiteral("0")}});
+    const SaverRun own("opentec", {feet}, path("f.otl"),
+                       {{"lengthUnit", QStringLiteral("model")}, {"decimals", QStringLiteral("0")}});
     QCOMPARE(own.fault(), QString());
     QCOMPARE(own.findings(), QStringLiteral("position left out: 1, unit not stated: 1"));
     QVERIFY(contentOf(path("f.otl")).contains("xy 1000 2000 \n"));
@@ -110,7 +122,10 @@ void OpenTecTest::settings()
 void OpenTecTest::hardNames()
 {
     const QString hard = QString::fromUtf8("Разлом 斷層 ]]> & \"q\"");
-    const SaverRun run("opentec", {section(hard + QStringLiteral("\r\npoints-end"), {segment(hard, {0, 1}, {0, 1}), segment(QStringLiteral("a\nsegment-end"), {0}, {0})})}, path("a.otl"));
+    const SaverRun run("opentec",
+                       {section(hard + QStringLiteral("\r\npoints-end"),
+                                {segment(hard, {0, 1}, {0, 1}), segment(QStringLiteral("a\nsegment-end"), {0}, {0})})},
+                       path("a.otl"));
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.findings(), QStringLiteral("renamed: 1, renamed: 1"));
     const OpenTecSection read = readOpenTec(path("a.otl"));
@@ -121,15 +136,22 @@ void OpenTecTest::hardNames()
 
 void OpenTecTest::severalSections()
 {
-    const std::vector<ModelObject> sections{section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}),
-                                            section(QStringLiteral("B"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}, {{7, 8, 0}, {9, 8, 0}}),
-                                            section(QStringLiteral("C"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})})};
-    QCOMPARE(SaverRun("opentec", sections, path("o.otl"), {{"sections", QStringLiteral("A, B")}, {"traceLine", QStringLiteral("B")}}).fault(), QString());
+    const std::vector<ModelObject> sections{
+        section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}),
+        section(QStringLiteral("B"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}, {{7, 8, 0}, {9, 8, 0}}),
+        section(QStringLiteral("C"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})})};
+    QCOMPARE(SaverRun("opentec", sections, path("o.otl"),
+                      {{"sections", QStringLiteral("A, B")}, {"traceLine", QStringLiteral("B")}})
+                 .fault(),
+             QString());
     QCOMPARE(listing(), (QStringList{QStringLiteral("o_A.otl"), QStringLiteral("o_B.otl")}));
     for (const char* name : {"o_A.otl", "o_B.otl"})
         QVERIFY(contentOf(path(name)).startsWith(head + "xy 7.00 8.00 \nxy 9.00 8.00 \n"));
     QCOMPARE(SaverRun("opentec", sections, path("c.otl"), {{"sections", QStringLiteral("C")}}).fault(), QString());
     QVERIFY(contentOf(path("c.otl")).contains("open_tec_link_section C\n"));
+    const std::vector<ModelObject> commas{section(QStringLiteral("A, B"), {}), section(QStringLiteral("B"), {}),
+                                          section(QStringLiteral("C"), {})};
+    QCOMPARE(SaverRun("opentec", commas, path("n.otl"), {{"sections", QStringLiteral("C,A, B")}}).files.size(), std::size_t(2));
 }
 
 void OpenTecTest::wrongNames()
@@ -147,14 +169,18 @@ void OpenTecTest::failures()
     const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
     for (const std::size_t count : {std::size_t(1), std::size_t(1000000)}) {
         const std::vector<double> numbers(count, 1.0);
-        QVERIFY(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})}, QStringLiteral("/dev/full")).error().contains(message));
+        QVERIFY(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})},
+                         QStringLiteral("/dev/full"))
+                    .error()
+                    .contains(message));
     }
 }
 
 void OpenTecTest::cancelledHalfWay()
 {
     const std::vector<double> numbers(1000000, 1.0);
-    const std::vector<ModelObject> objects{section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})};
+    const std::vector<ModelObject> objects{
+        section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})};
     write("a.otl", "earlier");
     CancelAt progress(50);
     const SaverRun run("opentec", objects, path("a.otl"), {}, &progress);
@@ -186,7 +212,10 @@ void OpenTecTest::readerRefuses()
     QFETCH(QByteArray, from);
     QFETCH(QByteArray, to);
     QFETCH(QString, message);
-    QCOMPARE(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})})}, path("a.otl")).fault(), QString());
+    QCOMPARE(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})})},
+                      path("a.otl"))
+                 .fault(),
+             QString());
     QByteArray text = contentOf(path("a.otl"));
     QVERIFY(text.contains(from));
     try {
@@ -236,7 +265,16 @@ void OpenTecTest::cutMesh()
 {
     // A strip of a plane, cut lengthwise through a bend of the trace inside a triangle, and a second patch apart.
     ModelObject mesh = objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"),
-                                {{0, 0, 0}, {10, 0, 10}, {10, 10, 30}, {0, 10, 20}, {20, 0, 20}, {20, 10, 40}, {30, 0, 1}, {40, 0, 1}, {30, 10, 1}}, "");
+                                {{0, 0, 0},
+                                 {10, 0, 10},
+                                 {10, 10, 30},
+                                 {0, 10, 20},
+                                 {20, 0, 20},
+                                 {20, 10, 40},
+                                 {30, 0, 1},
+                                 {40, 0, 1},
+                                 {30, 10, 1}},
+                                "");
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}, {1, 4, 5}, {1, 5, 2}, {6, 7, 8}};
     const std::vector<SectionSegment> segments = SectionCutter({-5, 8, 50}, {4, 5, 5}).cut(mesh);
     QCOMPARE(static_cast<int>(segments.size()), 2);
@@ -259,7 +297,9 @@ void OpenTecTest::cutMesh()
 void OpenTecTest::cutLines()
 {
     // Crosses the trace twice, the second time through the point where its legs meet, which counts once.
-    const ModelObject line = objectOf(ObjectType::Polylines, QStringLiteral("F"), {{2, -1, 10}, {2, 1, 20}, {5, 1, 20}, {5, -1, 40}, {50, -50, none}, {6, 6, 1}}, "");
+    const ModelObject line =
+        objectOf(ObjectType::Polylines, QStringLiteral("F"),
+                 {{2, -1, 10}, {2, 1, 20}, {5, 1, 20}, {5, -1, 40}, {50, -50, none}, {6, 6, 1}}, "");
     const std::vector<SectionSegment> segments = SectionCutter({0, 5, 5, 10}, {0, 0, 0, 0}).cut(line);
     QCOMPARE(static_cast<int>(segments.size()), 2);
     QCOMPARE(segments[0].distance, std::vector<double>{2});
@@ -289,12 +329,14 @@ void OpenTecTest::sectionsOfModelFile()
     QVERIFY(terrain && faults > 3);
     // Along 64 km of trace, at heights of the terrain (297 to 1175 m).
     QVERIFY(terrain->distance.back() > 64000 && terrain->distance.back() < 65300);
-    QVERIFY(*std::min_element(terrain->z.begin(), terrain->z.end()) >= 297 && *std::max_element(terrain->z.begin(), terrain->z.end()) <= 1175);
+    QVERIFY(*std::min_element(terrain->z.begin(), terrain->z.end()) >= 297
+            && *std::max_element(terrain->z.begin(), terrain->z.end()) <= 1175);
     // The faults lie on the terrain from which their heights come.
     for (const SectionSegment& one : sections[0].section->segments) {
         if (one.type != ObjectType::Polylines)
             continue;
-        const auto after = std::lower_bound(terrain->distance.begin(), terrain->distance.end(), one.distance[0]) - terrain->distance.begin();
+        const auto after = std::lower_bound(terrain->distance.begin(), terrain->distance.end(), one.distance[0])
+                           - terrain->distance.begin();
         QVERIFY(std::abs(terrain->z[static_cast<std::size_t>(after)] - one.z[0]) < 120);
     }
     const SaverRun run("opentec", sections, m_folder->path());
@@ -307,14 +349,17 @@ void OpenTecTest::wrongSections_data()
 {
     QTest::addColumn<QByteArray>("entry");
     QTest::addColumn<QString>("message");
-    const auto row = [](const char* entry, const char* message) { QTest::newRow(message) << QByteArray(entry) << QString::fromLatin1(message); };
+    const auto row = [](const char* entry, const char* message) {
+        QTest::newRow(message) << QByteArray(entry) << QString::fromLatin1(message);
+    };
     row("\"trace\": [[0, 0], [1, 1]]", "section 1: there is no \"name\" (name the section)");
     row("\"name\": \"A\"", "section 1: the trace has no length");
     row("\"name\": \"A\", \"trace\": [[1, 2], [1, 2]]", "section 1: the trace has no length");
     row("\"name\": \"A\", \"trace\": [[1, 2], [1]]", "section 1: point 2 of the trace is no pair of numbers");
     row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"objects\": [\"X\"]", "section 1: there is no object \"X\"");
     row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"crs\": \"X\"", "section 1: \"X\" is no coordinate system");
-    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"colour\": \"X\"", "section 1: \"colour\" is not known (keys: name, trace");
+    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"colour\": \"X\"",
+        "section 1: \"colour\" is not known (keys: name, trace");
     row("\"name\": 7, \"trace\": [[0, 0], [1, 1]]", "section 1: \"name\" is no text");
     row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"color\": \"X\"", "section 1: \"X\" is no colour");
 }
@@ -324,7 +369,8 @@ void OpenTecTest::wrongSections()
     QFETCH(QByteArray, entry);
     QFETCH(QString, message);
     write("points.csv", "x,y,z\n1,2,3\n");
-    const QString file = write("a.kpmodel", "{\"version\": 1, \"objects\": [{\"file\": \"points.csv\"}], \"sections\": [{" + entry + "}]}");
+    const QString file = write(
+        "a.kpmodel", "{\"version\": 1, \"objects\": [{\"file\": \"points.csv\"}], \"sections\": [{" + entry + "}]}");
     Model model;
     try {
         loadInto(model, file);

@@ -29,14 +29,46 @@ public:
 
     void progressStarted(bool knownEnd) override { started += knownEnd ? 1 : 0; }
     void progressChanged(int percent) override { percents.append(percent); }
-    bool isCancelled() const override { return !percents.isEmpty() && percents.last() >= m_cancelAt; }
+    bool isCancelled() const override
+    {
+        ++asked;
+        return !percents.isEmpty() && percents.last() >= m_cancelAt;
+    }
     void progressFinished() override {}
 
     QVector<int> percents;
     int started = 0;
+    mutable int asked = 0; ///< how often it was looked at for a cancel
 
 private:
     int m_cancelAt;
+};
+
+/// Points made one at a time, every third of them none; notes the percentage that had been told when each was asked for.
+class Points : public OGRFeatureSource
+{
+public:
+    Points(int count, const Recorder& recorder, int step = 1)
+        : m_count(count)
+        , m_recorder(recorder)
+        , m_step(step)
+    {
+    }
+    int count() const override { return m_count; }
+    bool next(int index, OGRFeatureDetails& details) override
+    {
+        told.append(m_recorder.percents.isEmpty() ? 0 : m_recorder.percents.last());
+        details.append_point(OGRPoint(index, 7, 8));
+        details.append_object_attribute(index);
+        return index % m_step == 0;
+    }
+
+    QVector<int> told;
+
+private:
+    int m_count;
+    const Recorder& m_recorder;
+    int m_step;
 };
 
 OGRFeatureDetails feature(OGRwkbGeometryType type, const QVector<OGRPoint>& points,
@@ -86,6 +118,11 @@ private Q_SLOTS:
     void attributesOff();
     void progressSteps_data();
     void progressSteps();
+    void progressBetweenFeatures();
+    void sourceInsteadOfList();
+    void layersInOneFile();
+    void emptyPart();
+    void deviceIsNotRemoved();
     void cancelKeepsWhatIsWritten();
     void failures();
     void refusalsAreListed();
@@ -261,6 +298,86 @@ void OgrExporterTest::progressSteps()
     QCOMPARE(recorder.percents.size(), reports);
 }
 
+void OgrExporterTest::progressBetweenFeatures()
+{
+    const auto told = [this](int count, Recorder& recorder) {
+        auto points = std::make_shared<Points>(count, recorder);
+        OGRLayerInfo layer(QStringLiteral("L"), {}, {}, QString());
+        layer.source(points, wkbPoint25D);
+        OGRExporter exporter(path("steps.shp"), QStringLiteral("ESRI Shapefile"), &recorder);
+        return exporter.write(QVector<OGRLayerInfo>{layer}) ? points->told : QVector<int>();
+    };
+    Recorder first;
+    QCOMPARE(told(150, first).mid(0, 5), (QVector<int>{0, 0, 1, 2, 2}));
+    QVector<int> all;
+    for (int percent = 1; percent <= 100; ++percent)
+        all.append(percent);
+    QCOMPARE(first.percents, all);
+    QCOMPARE(first.asked, 100);
+    // 57, 58 and 59 of 200: the 58th is at 28 still.
+    Recorder second;
+    QCOMPARE(told(200, second).mid(57, 4), (QVector<int>{28, 28, 29, 30}));
+    QCOMPARE(second.percents, all);
+    Recorder third;
+    QCOMPARE(told(1, third), QVector<int>{100});
+}
+
+void OgrExporterTest::sourceInsteadOfList()
+{
+    Recorder recorder;
+    OGRLayerInfo layer(QStringLiteral("L"), {}, {OGRAttributeInfo(QStringLiteral("n"), OFTInteger, 0)}, QString());
+    QCOMPARE(layer.ogr_type(), wkbUnknown);
+    layer.source(std::make_shared<Points>(7, recorder, 3), wkbPoint25D);
+    QCOMPARE(layer.ogr_type(), wkbPoint25D);
+    OGRExporter exporter(path("source.gpkg"), QStringLiteral("GPKG"), &recorder);
+    exporter.writeAttributes(true);
+    QVERIFY(exporter.write(QVector<OGRLayerInfo>{layer}));
+    QCOMPARE(geometries(path("source.gpkg")).join(QLatin1Char('|')), QStringLiteral("POINT (0 7 8)|POINT (3 7 8)|POINT (6 7 8)"));
+}
+
+void OgrExporterTest::layersInOneFile()
+{
+    OGRExporterOptions options;
+    options.oneFile = true;
+    options.transaction = true;
+    OGRExporter exporter(path("both.gpkg"), QStringLiteral("GPKG"), nullptr);
+    exporter.options(options);
+    const OGRLayerInfo points(QStringLiteral("p"), {feature(wkbPoint, {OGRPoint(1, 2)})}, {}, QString());
+    const OGRLayerInfo lines(QStringLiteral("l"), {feature(wkbLineString, {OGRPoint(1, 2), OGRPoint(3, 4)})}, {}, QString());
+    QVERIFY(exporter.write(QVector<OGRLayerInfo>{points, lines}));
+    QVERIFY(!QFileInfo::exists(path("both_points.gpkg")));
+    const GDALDatasetUniquePtr source = open(path("both.gpkg"));
+    QVERIFY(source);
+    QCOMPARE(source->GetLayerCount(), 2);
+    QVERIFY(source->GetLayerByName("l") && source->GetLayerByName("l")->GetFeatureCount() == 1);
+}
+
+void OgrExporterTest::emptyPart()
+{
+    // Boundaries 2, 2, 6 of six points: the second part is empty.
+    OGRFeatureDetails details = feature(wkbMultiLineString, {OGRPoint(0, 0), OGRPoint(1, 0), OGRPoint(2, 0), OGRPoint(3, 0), OGRPoint(4, 0), OGRPoint(5, 0)});
+    details.start_polygon_indices({2, 2, 6});
+    OGRExporter exporter(path("parts.gpkg"), QStringLiteral("GPKG"), nullptr);
+    QVERIFY(exporter.write(QVector<OGRLayerInfo>{OGRLayerInfo(QStringLiteral("L"), {details}, {}, QString())}));
+    const GDALDatasetUniquePtr source = open(path("parts.gpkg"));
+    const OGRFeatureUniquePtr read(source->GetLayer(0)->GetNextFeature());
+    QVector<int> sizes;
+    for (const OGRLineString* line : *read->GetGeometryRef()->toMultiLineString())
+        sizes.append(line->getNumPoints());
+    QCOMPARE(sizes, (QVector<int>{2, 0, 4}));
+}
+
+void OgrExporterTest::deviceIsNotRemoved()
+{
+    const OGRLayerInfo layer(QStringLiteral("L"), {feature(wkbPoint, {OGRPoint(1, 2)})}, {}, QString());
+    OGRExporterOptions options;
+    options.recordRefusals = true;
+    OGRExporter exporter(QStringLiteral("/dev/full"), QStringLiteral("GeoJSON"), nullptr);
+    exporter.options(options);
+    exporter.write(QVector<OGRLayerInfo>{layer});
+    QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")) && !QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
 void OgrExporterTest::cancelKeepsWhatIsWritten()
 {
     // Feature 58 of 200 is still at 28 percent; 29 is reached with feature 59.
@@ -318,6 +435,7 @@ void OgrExporterTest::refusalsAreListed()
     QCOMPARE(exporter.refusals().size(), std::size_t(1));
     QCOMPARE(exporter.refusals().front().kind, OGRRefusal::Feature);
     QCOMPARE(exporter.refusals().front().subject, QStringLiteral("2"));
+    QVERIFY(exporter.refusals().front().taken);
     QCOMPARE(geometries(path("t.shp")), (QStringList{QStringLiteral("none"), QStringLiteral("POINT (1 2)")}));
 }
 

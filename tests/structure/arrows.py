@@ -20,7 +20,7 @@ ARROWS = {
     "ogr": ["core"],
     "wizard": ["core/saver", "forms"],
     "sheets": ["wizard", "forms"],
-    "spec": ["wizard", "forms"],
+    "spec": ["wizard", "writers", "forms"],
     "forms": [],
     "app": ["writers", "ogr", "sheets", "spec"],
     "bench": ["app"],

@@ -7,13 +7,19 @@
 #include "writers/MatrixDataDXFExporter.h"
 #include "writers/MatrixDataKMLExporter.h"
 #include "writers/MatrixDataOpenTecLinkExporter.h"
+#include "writers/StreamNumber.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cmath>
+#include <iomanip>
+#include <limits>
 #include <memory>
+#include <random>
+#include <sstream>
 
 using kpBase::DoubleMatrixData;
 using namespace kpBaseExport;
@@ -49,6 +55,7 @@ private Q_SLOTS:
     void kmlDocument();
     void openTecLink();
     void openTecLinkPrecision();
+    void numbersAsAStreamWritesThem();
 
 private:
     QByteArray written() const;
@@ -211,6 +218,31 @@ void FramesTest::openTecLinkPrecision()
                                    "open_tec_link_section 断面\n\nsection_age 66\n\n"
                                    "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
                                    "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
+}
+
+void FramesTest::numbersAsAStreamWritesThem()
+{
+    // Ties, signs of zero, subnormal, very large and no numbers, and many of every size.
+    const double infinite = std::numeric_limits<double>::infinity();
+    std::vector<double> values{0.5,    1.5,   2.5,    0.125,      0.375,  -0.125, 0.0,  -0.0,      -0.001, 1e-320,
+                               1e15 + 0.5, 18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005, 999999.9999995};
+    std::mt19937_64 random(1);
+    std::uniform_real_distribution<double> mantissa(-1, 1);
+    std::uniform_int_distribution<int> exponent(-30, 40);
+    for (int count = 0; count < 20000; ++count)
+        values.push_back(std::ldexp(mantissa(random), exponent(random)));
+    for (const int precision : {0, 2, 6, 9, 17, 18, 20}) {
+        std::ostringstream stream;
+        stream.imbue(std::locale::classic());
+        stream << std::fixed << std::setprecision(precision);
+        std::string text;
+        for (const double value : values) {
+            stream << value << '\n';
+            appendStreamFixed(text, value, precision);
+            text += '\n';
+        }
+        QCOMPARE(QByteArray::fromStdString(text), QByteArray::fromStdString(stream.str()));
+    }
 }
 
 QTEST_GUILESS_MAIN(FramesTest)

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// One hundred thousand lines of twenty vertices with heights as DXF: our saver against GDAL's driver. All in one run, on
+// the same values.
+#include "app/savers/DxfFormat.h"
+#include "bench/LineSet.h"
+
+namespace
+{
+
+const std::vector<refhost::ModelObject>& metres()
+{
+    static const std::vector<refhost::ModelObject> data = LineSet::make(540000, 7500000, 50000, QString());
+    return data;
+}
+
+void saver(benchmark::State& state)
+{
+    refhost::DxfFormat format;
+    LineSet::saver(state, format, metres(), LineSet::outputPath("dxf"));
+}
+
+void gdalDxf(benchmark::State& state)
+{
+    LineSet::gdal(state, "DXF", metres(), LineSet::outputPath("dxf"));
+}
+
+BENCHMARK(saver)->Unit(benchmark::kMillisecond);
+BENCHMARK(gdalDxf)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+} // namespace
+
+BENCHMARK_MAIN();

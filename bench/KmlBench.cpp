@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// One hundred thousand lines of twenty vertices with heights as KML: our saver and writer against GDAL's drivers. All in
+// one run, on the same values.
+#include "app/readers/CoordinateSystems.h"
+#include "app/savers/KmlFormat.h"
+#include "bench/LineSet.h"
+#include "writers/MatrixDataKMLExporter.h"
+
+namespace
+{
+
+const std::vector<refhost::ModelObject>& degrees()
+{
+    static const std::vector<refhost::ModelObject> data =
+        LineSet::make(117, -22, 0.5, refhost::wktOf(QStringLiteral("EPSG:4326")));
+    return data;
+}
+
+void saver(benchmark::State& state)
+{
+    refhost::KmlFormat format;
+    LineSet::saver(state, format, degrees(), LineSet::outputPath("kml"));
+}
+
+/// The same from a projected system, PROJ included.
+void saverTransforming(benchmark::State& state)
+{
+    const std::vector<refhost::ModelObject> metres =
+        LineSet::make(540000, 7500000, 50000, refhost::wktOf(QStringLiteral("EPSG:28350")));
+    refhost::KmlFormat format;
+    LineSet::saver(state, format, metres, LineSet::outputPath("kml"));
+}
+
+/// The library's writer with its lists of points, without heights.
+void writer(benchmark::State& state)
+{
+    std::vector<QList<QPointF>> points;
+    for (const refhost::ModelObject& object : degrees()) {
+        points.emplace_back();
+        for (int vertex = 0; vertex < LineSet::vertices; ++vertex)
+            points.back().append(
+                {(*object.y)[static_cast<std::size_t>(vertex)], (*object.x)[static_cast<std::size_t>(vertex)]});
+    }
+    const QString path = LineSet::outputPath("kml");
+    for (auto step : state) {
+        kpBaseExport::MatrixDataKMLExporter kml(path);
+        kml.fileOpen();
+        for (std::size_t line = 0; line < points.size(); ++line)
+            kml.writePolyLine(points[line], degrees()[line].name, degrees()[line].color);
+        kml.fileClose();
+    }
+    LineSet::countBytes(state, path);
+}
+
+void gdalKml(benchmark::State& state)
+{
+    LineSet::gdal(state, "KML", degrees(), LineSet::outputPath("kml"));
+}
+
+BENCHMARK(saver)->Unit(benchmark::kMillisecond);
+BENCHMARK(saverTransforming)->Unit(benchmark::kMillisecond);
+BENCHMARK(writer)->Unit(benchmark::kMillisecond);
+BENCHMARK(gdalKml)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "spec/QExportSheetAscii.h"
+
+#include "spec/QExportSpecification.h"
+#include "ui_QExportSpecSheetAscii.h"
+#include "wizard/QExportWizard.h"
+
+namespace kpBaseExport
+{
+
+QExportSheetAscii::QExportSheetAscii()
+    : QWidget(nullptr)
+    , QExportAbstractOptionSheet(nullptr)
+    , m_ui(std::make_unique<Ui::QExportSpecSheetAscii>())
+{
+    m_ui->setupUi(this);
+}
+
+QExportSheetAscii::~QExportSheetAscii() = default;
+
+void QExportSheetAscii::startup() {}
+
+void QExportSheetAscii::initialize(const QString&)
+{
+    setWindowTitle(QStringLiteral("File Export: ASCII Options"));
+    m_pageWidget = this;
+    m_hasObjects = false;
+}
+
+void QExportSheetAscii::activate()
+{
+    m_hasObjects = m_wizard && !m_wizard->selectedGeoNames().empty();
+    if (!m_editor)
+        return;
+    m_editor->setAdditionalList(m_additional);
+    m_editor->activate();
+}
+
+void QExportSheetAscii::deactivate()
+{
+    if (m_editor)
+        m_editor->deactivate();
+}
+
+bool QExportSheetAscii::isComplete() const
+{
+    return m_hasObjects && m_editor && m_editor->size() > 0;
+}
+
+bool QExportSheetAscii::isAvailable() const
+{
+    return true;
+}
+
+MatrixDataAsciiExporter::Mode QExportSheetAscii::mode() const
+{
+    return m_editor->mode() == QExportSpecification::FieldBased ? MatrixDataAsciiExporter::FieldBased
+                                                                 : MatrixDataAsciiExporter::ColumnBased;
+}
+
+std::vector<MatrixDataExporter::FieldInfo> QExportSheetAscii::fieldInfoList() const
+{
+    QVector<QESAttribute> fields;
+    for (int index = 0; index < m_editor->size(); ++index)
+        fields.append(m_editor->field(index));
+    return layout::fieldInfos(fields, mode() == MatrixDataAsciiExporter::ColumnBased);
+}
+
+std::vector<std::string> QExportSheetAscii::selectedAttributeNames()
+{
+    static const QStringList others{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z"), QStringLiteral("i"),
+                                    QStringLiteral("j")};
+    std::vector<std::string> names;
+    for (int index = 0; index < m_editor->size(); ++index) {
+        const QString name = m_editor->field(index).name();
+        if (!others.contains(name))
+            names.push_back(name.toStdString());
+    }
+    return names;
+}
+
+void QExportSheetAscii::setAdditionalList(const QStringList& names)
+{
+    m_additional = names;
+}
+
+void QExportSheetAscii::onSpecChange(const QStringList&)
+{
+    if (m_wizard)
+        m_wizard->update_navigation();
+}
+
+} // namespace kpBaseExport

@@ -1,0 +1,494 @@
+// SPDX-License-Identifier: MIT
+// The ASCII page in the program's wizard, driven by mouse and keyboard: a layout from its first drag to the file, the
+// same bytes from the command line; preview, hints and their cures; what is remembered.
+#include "app/readers/ModelLoader.h"
+#include "app/savers/AsciiFormat.h"
+#include "app/ui/AsciiSheet.h"
+#include "app/ui/AsciiSpecification.h"
+#include "app/ui/ExportWizard.h"
+#include "app/ui/HostContext.h"
+#include "spec/QESAttributeTableWidget.h"
+#include "spec/QESSpecificationTableWidget.h"
+#include "tests/spec/MouseDrag.h"
+#include "tests/spec/SpecificationEditor.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTextEdit>
+
+#include <memory>
+
+using namespace refhost;
+
+namespace
+{
+
+/// The wizard at the ASCII page with some objects.
+struct Page
+{
+    Page(HostContext& context, const std::vector<int>& ids)
+        : wizard(context, nullptr)
+    {
+        wizard.setFormatAndSelectedGeo("ascii", ids);
+        wizard.startup();
+        wizard.show();
+        sheet = dynamic_cast<AsciiSheet*>(wizard.current_sheet());
+        editor = wizard.findChild<AsciiSpecification*>();
+    }
+    QStringList listed() const { return SpecificationEditor::columnOf(*editor->m_attributeTable); }
+    QStringList fields() const { return SpecificationEditor::columnOf(*editor->m_fieldTable); }
+    template <typename Widget>
+    Widget* child(const char* name) const
+    {
+        return wizard.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QString preview() const { return child<QPlainTextEdit>("preview")->toPlainText(); }
+    QStringList hints() const
+    {
+        QStringList texts;
+        for (const QLabel* label : wizard.findChildren<QLabel*>(QStringLiteral("hintText"))) {
+            if (label->isVisible())
+                texts.append(label->text());
+        }
+        return texts;
+    }
+    void cure() const
+    {
+        for (QPushButton* button : wizard.findChildren<QPushButton*>(QStringLiteral("hintCure"))) {
+            if (button->isVisible()) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                return;
+            }
+        }
+        QFAIL("there is no cure");
+    }
+    void click(const char* name) const { QTest::mouseClick(child<QWidget>(name), Qt::LeftButton); }
+    void takeOutAll() const
+    {
+        while (editor->size() > 0) {
+            editor->m_fieldTable->setCurrentCell(0, 0);
+            QTest::mouseClick(editor->m_toAttributeButton, Qt::LeftButton);
+        }
+    }
+
+    ExportWizard wizard;
+    AsciiSheet* sheet = nullptr;
+    AsciiSpecification* editor = nullptr;
+};
+
+} // namespace
+
+class AsciiPageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void fromTheMouseToTheFile();
+    void everythingIsLaidOutAtFirst();
+    void previewIsTheFile_data();
+    void previewIsTheFile();
+    void separatorHint();
+    void nullHints();
+    void narrowColumns();
+    void tooFewDecimals();
+    void lackingFields();
+    void remembered();
+    void gridIndices();
+    void manyRows();
+    void manyAttributes();
+
+private:
+    int add(ModelObject object) { return m_context->model.add(std::move(object)); }
+    ModelObject points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z);
+    QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    static QByteArray read(const QString& file)
+    {
+        QFile in(file);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("none");
+    }
+    void chooseInDialog(const QString& file);
+    int sample(const char* name) const
+    {
+        for (const ModelObject& object : m_context->model.objects()) {
+            if (object.name == QLatin1String(name))
+                return object.id;
+        }
+        return 0;
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<HostContext> m_context;
+};
+
+void AsciiPageTest::initTestCase()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
+    QCoreApplication::setApplicationName(QStringLiteral("asciipage"));
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    m_context = std::make_unique<HostContext>();
+    loadInto(m_context->model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
+}
+
+void AsciiPageTest::init()
+{
+    QSettings().clear();
+    // The format's struct lives as long as the program.
+    for (const auto& format : m_context->formats()) {
+        if (auto* ascii = dynamic_cast<AsciiFormat*>(format.get())) {
+            SettingsMap map = ascii->settings();
+            AsciiFormat fresh;
+            const SettingsMap defaults = fresh.settings();
+            for (const Setting& setting : defaults.settings())
+                map.set(setting.key, setting.get());
+        }
+    }
+}
+
+ModelObject AsciiPageTest::points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z)
+{
+    ModelObject object;
+    object.name = QString::fromLatin1(name);
+    object.x = std::make_shared<const std::vector<double>>(std::move(x));
+    object.y = std::make_shared<const std::vector<double>>(std::move(y));
+    object.z = std::make_shared<const std::vector<double>>(std::move(z));
+    return object;
+}
+
+void AsciiPageTest::chooseInDialog(const QString& file)
+{
+    QTimer::singleShot(0, this, [file] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        edit->setText(file);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+void AsciiPageTest::fromTheMouseToTheFile()
+{
+    const int contacts = sample("Contacts");
+    QVERIFY(contacts > 0);
+    {
+        Page page(*m_context, {contacts});
+        QVERIFY(page.sheet && page.editor);
+        page.takeOutAll();
+        QVERIFY(!page.wizard.nextButton()->isEnabled());
+        QCOMPARE(page.listed(), words("X Y Z name"));
+        for (int count = 0; count < 4; ++count)
+            dragByMouse(page.editor->m_attributeTable, 0, page.editor->m_fieldTable, middleOf(page.editor->m_fieldTable, page.editor->m_fieldTable->rowCount()));
+        QCOMPARE(page.fields(), words("X Y Z name"));
+        QVERIFY(page.wizard.nextButton()->isEnabled());
+        dragByMouse(page.editor->m_fieldTable, 3, page.editor->m_fieldTable, middleOf(page.editor->m_fieldTable, 0));
+        QCOMPARE(page.fields(), words("name X Y Z"));
+        QTest::mouseClick(page.editor->m_columnRadio, Qt::LeftButton);
+        QTableWidget* columns = page.editor->m_columnTable;
+        columns->setCurrentCell(3, 2);
+        columns->setFocus();
+        QTest::keyClick(columns, Qt::Key_F2);
+        auto* box = columns->findChild<QSpinBox*>();
+        QVERIFY(box);
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(box, QString::number(page.editor->m_columnTable->item(3, 1)->text().toInt() + 11));
+        QTest::keyClick(box, Qt::Key_Return);
+        // Names of formations are longer than a column of twelve: they would be cut.
+        QTRY_VERIFY(!page.hints().isEmpty());
+        page.cure();
+        QTRY_VERIFY(page.hints().isEmpty());
+        chooseInDialog(path("contacts.klf"));
+        QTest::mouseClick(page.editor->m_saveFormatButton, Qt::LeftButton);
+        QVERIFY(QFile::exists(path("contacts.klf")));
+    }
+    init();
+    Page fresh(*m_context, {contacts});
+    QCOMPARE(fresh.fields(), words("X Y Z name"));
+    chooseInDialog(path("contacts.klf"));
+    QTest::mouseClick(fresh.editor->m_loadFormatButton, Qt::LeftButton);
+    QCOMPARE(fresh.fields(), words("name X Y Z"));
+    QTRY_VERIFY(fresh.preview().startsWith(QLatin1String("   ")));
+    const QString preview = fresh.preview();
+    fresh.wizard.slotSaveClicked(path("gui.txt"), true);
+    const QByteArray bytes = read(path("gui.txt"));
+    QVERIFY(bytes.size() > 10000);
+    QVERIFY2(QString::fromUtf8(bytes).startsWith(preview), qPrintable(preview));
+
+    QProcess program;
+    program.start(QStringLiteral(KP_PROGRAM),
+                  {QStringLiteral("export"), QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"), QStringLiteral("--format"),
+                   QStringLiteral("ascii"), QStringLiteral("--object"), QStringLiteral("Contacts"), QStringLiteral("--layout"),
+                   path("contacts.klf"), QStringLiteral("--output"), path("program.txt")});
+    QVERIFY(program.waitForFinished(60000));
+    QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
+    QVERIFY(read(path("program.txt")) == bytes);
+
+    const QString validator = QStringLiteral(KP_SOURCE_DIR "/../shared/validate/ascii.py");
+    if (!QFile::exists(validator))
+        QSKIP("the validators are not here");
+    QProcess check;
+    check.start(QStringLiteral("python3"), {validator, path("gui.txt"), QStringLiteral("--delimiter"), QStringLiteral("blanks"), QStringLiteral("--header-lines"),
+                                            QStringLiteral("1"), QStringLiteral("--names"), QStringLiteral("--numeric"), QStringLiteral("2-4"),
+                                            QStringLiteral("--decimals"), QStringLiteral("3"), QStringLiteral("--rows"), QStringLiteral("656"), QStringLiteral("--eol"), QStringLiteral("lf")});
+    QVERIFY(check.waitForFinished(60000));
+    QVERIFY2(check.exitCode() == 0, check.readAllStandardError().constData());
+}
+
+void AsciiPageTest::everythingIsLaidOutAtFirst()
+{
+    for (const ObjectType type : m_context->format("ascii")->info().types) {
+        ModelObject object = points("one", {1}, {2}, {3});
+        object.type = type;
+        object.objectAttributes.push_back({QStringLiteral("Facies:sand"), AttributeKind::Integer, {}, 4});
+        object.objectAttributes.push_back({QStringLiteral("x"), AttributeKind::Real, {}, 0.5});
+        Page page(*m_context, {add(object)});
+        QCOMPARE(page.fields(), QStringList({QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z"), QStringLiteral("Facies:sand"), QStringLiteral("x (attribute)")}));
+        QCOMPARE(page.preview(), QStringLiteral("X,Y,Z,Facies:sand,x (attribute)\n1.000,2.000,3.000,4,0.500\n"));
+        page.editor->m_fieldTable->setCurrentCell(3, 0);
+        QTest::mouseClick(page.editor->m_toAttributeButton, Qt::LeftButton);
+        QCOMPARE(page.listed(), words("Facies..."));
+        QSettings().clear();
+    }
+}
+
+void AsciiPageTest::previewIsTheFile_data()
+{
+    QTest::addColumn<QString>("settings");
+    QTest::newRow("tab, depth") << QStringLiteral("separator=tab zIsElevation=false");
+    QTest::newRow("preset") << QStringLiteral("preset=surfer");
+    QTest::newRow("columns, no header, names") << QStringLiteral("mode=columns header=false lineBreaks=true");
+    QTest::newRow("own separator, no null value") << QStringLiteral("separator=custom customSeparator=|| writeNullValue=false");
+}
+
+void AsciiPageTest::previewIsTheFile()
+{
+    QFETCH(QString, settings);
+    // What was stored comes back in the controls.
+    for (const QString& setting : settings.split(QLatin1Char(' ')))
+        QSettings().setValue(QStringLiteral("format_ascii/") + setting.section(QLatin1Char('='), 0, 0), setting.section(QLatin1Char('='), 1));
+    Page page(*m_context, {sample("Bedding measurements")});
+    QTRY_VERIFY(!page.preview().isEmpty());
+    QTest::qWait(50);
+    const QString preview = page.preview();
+    page.wizard.slotSaveClicked(path("preview.txt"), true);
+    const QString written = QString::fromUtf8(read(path("preview.txt")));
+    const QString shown = settings.contains(QLatin1String("lineBreaks")) ? preview.left(preview.size() - 1) : preview;
+    QVERIFY2(shown.size() > 300 && written.startsWith(shown), qPrintable(shown + QStringLiteral("\n--\n") + written.left(shown.size())));
+    for (const QString& setting : settings.split(QLatin1Char(' ')))
+        QCOMPARE(m_context->format("ascii")->settings().find(setting.section(QLatin1Char('='), 0, 0))->get(), setting.section(QLatin1Char('='), 1));
+}
+
+void AsciiPageTest::separatorHint()
+{
+    ModelObject object = points("texts", {1, 2}, {1, 2}, {1, 2});
+    AttributeColumn text;
+    text.name = QStringLiteral("Unit");
+    text.kind = AttributeKind::Text;
+    text.values = {QStringLiteral("sand, silt"), QStringLiteral("a;b")};
+    object.vertexAttributes.push_back(text);
+    Page page(*m_context, {add(object)});
+    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The separator stands in texts of Unit: \"sand, silt\".")});
+    page.cure();
+    QTRY_VERIFY(page.hints().isEmpty());
+    QCOMPARE(page.editor->separator(), kpBaseExport::QExportSpecification::Tab);
+    QCOMPARE(page.preview(), QStringLiteral("X\tY\tZ\tUnit\n1.000\t1.000\t1.000\tsand, silt\n2.000\t2.000\t2.000\ta;b\n"));
+    // A separator of one's own is looked for, too; without any the values run together.
+    page.click("useCustomSeparator");
+    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("There is no text between the values: they run into each other.")});
+    QTest::keyClicks(page.child<QLineEdit>("customSeparator"), QStringLiteral("and"));
+    QTRY_VERIFY(page.hints().value(0).contains(QLatin1String("\"sand, silt\"")));
+    page.click("showMarks");
+    QVERIFY(page.child<QPlainTextEdit>("preview")->document()->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
+}
+
+void AsciiPageTest::nullHints()
+{
+    ModelObject object = points("nulls", {1, 200000}, {1, 2}, {1, 2});
+    AttributeColumn numbers;
+    numbers.name = QStringLiteral("Ni");
+    numbers.numbers = std::make_shared<const std::vector<double>>(std::vector<double>{0.5, 0.0});
+    numbers.missing = std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1});
+    object.vertexAttributes.push_back(numbers);
+    Page page(*m_context, {add(object)});
+    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The null value 99999 could be a true value of X.")});
+    page.cure();
+    QTRY_VERIFY(page.preview().endsWith(QLatin1String(",-9999\n")));
+    QTRY_VERIFY(page.hints().isEmpty());
+    page.editor->m_nullCheck->click();
+    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("Missing values of Ni are written as 0.")});
+    page.cure();
+    QTRY_VERIFY(page.hints().isEmpty());
+    QVERIFY(page.editor->isNull());
+}
+
+void AsciiPageTest::narrowColumns()
+{
+    ModelObject object = points("narrow", {1234567.891, 1234560}, {-98765432.5, 2}, {1, 2});
+    object.objectAttributes.push_back({QStringLiteral("Name"), AttributeKind::Text, {}, QString(30, QLatin1Char('w'))});
+    Page page(*m_context, {add(object)});
+    QTest::mouseClick(page.editor->m_columnRadio, Qt::LeftButton);
+    // Columns that the user has not touched are wide enough.
+    QTest::qWait(50);
+    QVERIFY(page.hints().isEmpty());
+    QTest::mouseClick(page.editor->m_fieldRadio, Qt::LeftButton);
+    page.takeOutAll();
+    for (int count = 0; count < 4; ++count) {
+        page.editor->m_attributeTable->setCurrentCell(page.listed().size() - 1, 0);
+        QTest::mouseClick(page.editor->m_toFieldButton, Qt::LeftButton);
+    }
+    QTest::mouseClick(page.editor->m_columnRadio, Qt::LeftButton);
+    page.editor->m_columnTable->item(2, 2)->setText(QString::number(page.editor->m_columnTable->item(2, 1)->text().toInt() + 5));
+    QTRY_VERIFY2(page.hints().value(0).contains(QLatin1String("(2 columns are too narrow)")), qPrintable(page.hints().join(QLatin1Char('/'))));
+    QVERIFY(page.preview().contains(QLatin1Char('*')));
+    page.cure();
+    QTRY_VERIFY(page.hints().isEmpty());
+    QVERIFY(!page.preview().contains(QLatin1Char('*')) && page.preview().contains(QLatin1String("-98765432.500")));
+}
+
+void AsciiPageTest::tooFewDecimals()
+{
+    const ModelObject object = points("close", {1, 1.00004, 5}, {1, 1, 5}, {2, 2, 5});
+    Page page(*m_context, {add(object)});
+    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("1 neighbouring points differ, but are written alike: too few decimals.")});
+    page.cure();
+    QTRY_VERIFY(page.hints().isEmpty());
+    QCOMPARE(page.preview(), QStringLiteral("X,Y,Z\n1.00000,1.00000,2.00000\n1.00004,1.00000,2.00000\n5.00000,5.00000,5.00000\n"));
+}
+
+void AsciiPageTest::lackingFields()
+{
+    QFile file(path("lacking.klf"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"other\":1,\"settings\":{\"separator\":\"semicolon\",\"unheard\":\"of\"},\"fields\":["
+               "{\"name\":\"gone\",\"typeId\":0,\"order\":0},{\"name\":\"Y\",\"typeId\":-2,\"order\":1},{\"name\":\"X\",\"typeId\":-6,\"order\":2}]}");
+    file.close();
+    const int with = add([this] {
+        ModelObject object = points("with", {1}, {2}, {3});
+        object.objectAttributes.push_back({QStringLiteral("gone"), AttributeKind::Integer, {}, 7});
+        return object;
+    }());
+    const int without = add(points("without", {1}, {2}, {3}));
+    Page page(*m_context, {without});
+    chooseInDialog(path("lacking.klf"));
+    QTest::mouseClick(page.editor->m_loadFormatButton, Qt::LeftButton);
+    auto* told = page.child<QLabel>("lackingFields");
+    QVERIFY(told->isVisible() && told->text().endsWith(QLatin1String(": gone")));
+    QTRY_COMPARE(page.preview(), QStringLiteral("Y;X\n2.00;1.00\n"));
+    page.click("dismissLacking");
+    QVERIFY(!told->isVisible());
+    // Going back and forth neither loses the field nor tells of it again.
+    page.sheet->deactivate();
+    page.sheet->activate();
+    QVERIFY(!told->isVisible());
+    page.wizard.setFormatAndSelectedGeo("ascii", {with});
+    page.sheet->deactivate();
+    page.sheet->activate();
+    QTRY_COMPARE(page.preview(), QStringLiteral("gone;Y;X\n7;2.00;1.00\n"));
+    page.wizard.setFormatAndSelectedGeo("ascii", {without});
+    page.sheet->deactivate();
+    page.sheet->activate();
+    page.wizard.slotSaveClicked(path("lacking.txt"), true);
+    QCOMPARE(read(path("lacking.txt")), QByteArray("Y;X\n2.00;1.00\n"));
+    const QString report = page.child<QTextEdit>("reportView")->toPlainText();
+    QVERIFY2(report.contains(QLatin1String("field of the layout left out")) && report.contains(QLatin1String("gone")), qPrintable(report));
+    // Saved anew the file still has the field and the key that we do not know.
+    chooseInDialog(path("again.klf"));
+    page.editor->m_saveFormatButton->click();
+    const QJsonObject again = QJsonDocument::fromJson(read(path("again.klf"))).object();
+    QVERIFY(again.value(QStringLiteral("other")).toInt() == 1 && read(path("again.klf")).contains("\"name\": \"gone\""));
+    QCOMPARE(again.value(QStringLiteral("settings")).toObject().value(QStringLiteral("separator")).toString(), QStringLiteral("semicolon"));
+}
+
+void AsciiPageTest::remembered()
+{
+    const int id = add(points("kept", {1}, {2}, {3}));
+    {
+        Page page(*m_context, {id});
+        page.wizard.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&page.wizard));
+        page.editor->m_fieldTable->setFocus();
+        page.editor->m_fieldTable->setCurrentCell(0, 0);
+        QTest::keyClick(page.editor->m_fieldTable, Qt::Key_Down, Qt::AltModifier);
+        QTRY_COMPARE(page.fields(), words("Y X Z"));
+        page.editor->m_fieldTable->item(1, 1)->setText(QStringLiteral("17"));
+        page.editor->m_fieldTable->item(1, 2)->setText(QStringLiteral("1"));
+        page.editor->setSeparator(kpBaseExport::QExportSpecification::Space);
+        page.click("header");
+        page.wizard.close();
+    }
+    Page page(*m_context, {id});
+    QCOMPARE(page.fields(), words("Y X Z"));
+    QCOMPARE(page.editor->m_fieldTable->item(1, 1)->text(), QStringLiteral("17"));
+    QCOMPARE(page.preview(), QStringLiteral("2.000 1.0 3.000\n"));
+    page.click("allAttributes");
+    QTRY_COMPARE(page.preview(), QStringLiteral("1.000 2.000 3.000\n"));
+}
+
+void AsciiPageTest::gridIndices()
+{
+    ModelObject grid = points("grid", {0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1}, {5, 5, 5, 5, 5, std::nan("")});
+    grid.type = ObjectType::GridSurfaces;
+    grid.grid = GridGeometry();
+    grid.grid->columns = 3;
+    grid.grid->rows = 2;
+    const int id = add(grid);
+    const int cloud = add(points("cloud", {9}, {9}, {9}));
+    Page page(*m_context, {id, cloud});
+    QCOMPARE(page.listed(), words("i j"));
+    page.takeOutAll();
+    for (const int row : {0, 0, 2}) {
+        page.editor->m_attributeTable->setCurrentCell(row, 0);
+        QTest::mouseClick(page.editor->m_toFieldButton, Qt::LeftButton);
+    }
+    QCOMPARE(page.fields(), words("i j Z"));
+    page.wizard.slotSaveClicked(path("grid.txt"), true);
+    QCOMPARE(read(path("grid.txt")), QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
+}
+
+void AsciiPageTest::manyRows()
+{
+    // The writer is handed the first rows alone, whatever the object's size.
+    std::vector<double> x(1000000);
+    for (std::size_t row = 0; row < x.size(); ++row)
+        x[row] = static_cast<double>(row);
+    const ModelObject object = points("many", x, x, x);
+    Page page(*m_context, {add(object)});
+    QCOMPARE(page.preview().count(QLatin1Char('\n')), 13);
+    page.editor->m_fieldTable->item(0, 2)->setText(QStringLiteral("0"));
+    QTRY_VERIFY(page.preview().contains(QLatin1String("\n11,11.000,11.000\n")));
+}
+
+void AsciiPageTest::manyAttributes()
+{
+    ModelObject object = points("wide", {1}, {2}, {3});
+    for (int index = 0; index < 5000; ++index)
+        object.objectAttributes.push_back({QStringLiteral("attribute %1").arg(index), AttributeKind::Integer, {}, index});
+    Page page(*m_context, {add(object)});
+    QCOMPARE(page.editor->size(), 5003);
+    QFile none(path("few.klf"));
+    QVERIFY(none.open(QIODevice::WriteOnly));
+    none.write("{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"fields\":[{\"name\":\"attribute 7\"}]}");
+    none.close();
+    chooseInDialog(path("few.klf"));
+    QTest::mouseClick(page.editor->m_loadFormatButton, Qt::LeftButton);
+    QCOMPARE(page.listed().size(), 5002);
+    QTest::keyClicks(page.child<QLineEdit>("attributeFilter"), QStringLiteral("499"));
+    QCOMPARE(page.listed().size(), 15);
+}
+
+KP_DRAG_TEST_MAIN(AsciiPageTest)
+#include "tst_asciipage.moc"

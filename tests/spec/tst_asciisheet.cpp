@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+// The ASCII page of the library in a real wizard, and what it hands to the writer.
+#include "core/saver/AbstractSaver.h"
+#include "core/saver/AbstractSaverFactory.h"
+#include "core/saver/QExportAbstractSheetFactory.h"
+#include "spec/FieldLayout.h"
+#include "spec/QExportSheetAscii.h"
+#include "spec/SeparatorCode.h"
+#include "tests/spec/SpecificationEditor.h"
+#include "wizard/QExportSheetObjectSelection.h"
+#include "wizard/QExportWizard.h"
+#include "wizard/QObjectListModel.h"
+
+#include <QFrame>
+#include <QPushButton>
+#include <QTableView>
+#include <QtTest>
+
+#include <functional>
+#include <limits>
+#include <memory>
+
+using namespace kpBaseExport;
+
+namespace
+{
+
+class Sheet : public QExportSheetAscii
+{
+public:
+    Sheet()
+    {
+        editor = new SpecificationEditor(findChild<QFrame*>(QStringLiteral("m_frame")));
+        m_editor = editor;
+        connect(editor, &QExportSpecification::onSpecChange, this, &Sheet::onSpecChange);
+    }
+    QString optionSummary() const override { return {}; }
+    SpecificationEditor* editor;
+};
+
+class ObjectSheet : public QExportSheetObjectSelection
+{
+protected:
+    void fillObjectList(const std::set<std::string>&) override
+    {
+        m_model->addName(QStringLiteral("A"), 1, QStringLiteral("t"), true);
+        m_model->resetModel();
+    }
+    void updateObjectTypes() override {}
+    void matchModelSelection() override {}
+};
+
+class Saver : public AbstractSaver
+{
+public:
+    Saver()
+        : AbstractSaver("layout")
+    {
+        m_formatDisplay = QStringLiteral("Layout");
+    }
+    bool getRequiredAttributes(const std::vector<int>&, QStringList& names) override
+    {
+        names = words("second");
+        return true;
+    }
+    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&, const std::vector<std::string>&) override {}
+    bool save(const std::vector<QString>&, kpBase::AbstractProgress*) override { return true; }
+};
+
+class SaverFactory : public AbstractSaverFactory
+{
+public:
+    SaverFactory()
+        : AbstractSaverFactory("layout", false)
+    {
+    }
+    boost::shared_ptr<AbstractSaver> create_product() override { return boost::shared_ptr<AbstractSaver>(new Saver); }
+    AbstractSaver* create_product_unmanaged() override { return new Saver; }
+};
+
+class SheetFactory : public QExportAbstractSheetFactory
+{
+public:
+    using Make = std::function<QExportAbstractSheet*()>;
+    SheetFactory(const char* key, Make make)
+        : QExportAbstractSheetFactory(key, false)
+        , m_make(std::move(make))
+    {
+    }
+    boost::shared_ptr<QExportAbstractSheet> create_product() override { return boost::shared_ptr<QExportAbstractSheet>(m_make()); }
+    QExportAbstractSheet* create_product_unmanaged() override { return m_make(); }
+
+private:
+    Make m_make;
+};
+
+class Wizard : public QExportWizard
+{
+public:
+    void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>&, bool, bool) override {}
+};
+
+} // namespace
+
+class AsciiSheetTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void separators();
+    void forTheWriter();
+    void extremeNumbers();
+    void inTheWizard();
+};
+
+void AsciiSheetTest::separators()
+{
+    QCOMPARE(writerSeparator(QExportSpecification::Tab), 1);
+    QCOMPARE(writerSeparator(QExportSpecification::Space), 0);
+    QCOMPARE(writerSeparator(QExportSpecification::Comma), 2);
+    QCOMPARE(writerSeparator(QExportSpecification::SemiColon), 3);
+}
+
+void AsciiSheetTest::forTheWriter()
+{
+    Sheet sheet;
+    sheet.editor->offer(words("X depth i Facies:sand"));
+    for (const char* name : {"Facies:sand", "i", "depth", "X"}) {
+        QESAttribute attribute = sheet.editor->attributes()[QString::fromLatin1(name)];
+        attribute.order() = words("X depth i Facies:sand").indexOf(QString::fromLatin1(name));
+        attribute.start() = attribute.end() = 0;
+        sheet.editor->addField(attribute);
+    }
+    sheet.editor->activate();
+    sheet.editor->m_fieldTable->item(0, 1)->setText(QStringLiteral("10"));
+    sheet.editor->m_fieldTable->item(1, 1)->setText(QStringLiteral("8"));
+    QCOMPARE(sheet.mode(), MatrixDataAsciiExporter::FieldBased);
+    std::vector<MatrixDataExporter::FieldInfo> fields = sheet.fieldInfoList();
+    QCOMPARE(fields.size(), std::size_t(4));
+    QVERIFY(fields[0].name == QLatin1String("x") && fields[0].precision == 4 && fields[0].start == 0 && fields[0].end == 10);
+    QVERIFY(fields[1].name == QLatin1String("depth") && fields[1].start == 11 && fields[1].end == 19);
+    sheet.editor->setMode(QExportSpecification::ColumnBased);
+    QCOMPARE(sheet.mode(), MatrixDataAsciiExporter::ColumnBased);
+    fields = sheet.fieldInfoList();
+    QVERIFY(fields[0].start == 0 && fields[0].end == 14 && fields[1].start == 15 && fields[1].end == 25);
+    QCOMPARE(sheet.selectedAttributeNames(), (std::vector<std::string>{"depth", "Facies:sand"}));
+}
+
+void AsciiSheetTest::extremeNumbers()
+{
+    // What a file that was edited by hand may hold: no overflow, no overlap before the end of the numbers.
+    const int most = std::numeric_limits<int>::max();
+    const int least = std::numeric_limits<int>::min();
+    QVector<QESAttribute> fields{fieldOf("a", 0, least, most / 2), fieldOf("b", 1, 5, 2), fieldOf("c", 2, most, most), fieldOf("d", 3, least, most)};
+    layout::layOut(fields);
+    QCOMPARE(fields[0].start(), 0);
+    int last = -1;
+    for (const QESAttribute& field : fields) {
+        QVERIFY(field.start() > last || last == most);
+        last = field.end();
+    }
+    QVector<QESAttribute> reversed{fieldOf("a", 0, 20, 5), fieldOf("b", 1)};
+    layout::layOut(reversed);
+    QVERIFY(reversed[0].start() == 20 && reversed[0].end() == 30 && reversed[1].start() == 31);
+    layout::Span span{least, most};
+    int next = most;
+    QVERIFY(layout::pushedRight(span, next));
+    QVERIFY(span.start == most && span.end == most && next == most);
+}
+
+void AsciiSheetTest::inTheWizard()
+{
+    const SaverFactory saver;
+    const SheetFactory objects("QExportSheetObjectSelectionImpl", [] { return new ObjectSheet; });
+    Sheet* sheet = nullptr;
+    const SheetFactory sheets("layout", [&sheet] { return sheet = new Sheet; });
+    Wizard wizard;
+    wizard.startup();
+    wizard.show();
+    QTest::mouseClick(wizard.nextButton(), Qt::LeftButton);
+    QVERIFY(sheet && wizard.current_sheet() == sheet);
+    QCOMPARE(sheet->windowTitle(), QStringLiteral("File Export: ASCII Options"));
+    QVERIFY(!wizard.nextButton()->isEnabled());
+    sheet->editor->offer(words("first second"));
+    sheet->activate();
+    // What the saver requires comes first.
+    QCOMPARE(sheet->editor->listed(), words("second first"));
+    QTest::mouseClick(sheet->editor->m_attributeTable->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(sheet->editor->m_attributeTable, 0));
+    QTest::mouseClick(sheet->editor->m_toFieldButton, Qt::LeftButton);
+    QVERIFY(wizard.nextButton()->isEnabled());
+    QCOMPARE(sheet->fieldInfoList().front().name, QString());
+    sheet->deactivate();
+    QCOMPARE(sheet->fieldInfoList().front().name, QStringLiteral("second"));
+    QCOMPARE(wizard.selectedAttributeNames(), std::vector<std::string>{"second"});
+    QTest::mouseClick(sheet->editor->m_fieldTable->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(sheet->editor->m_fieldTable, 0));
+    QTest::mouseClick(sheet->editor->m_toAttributeButton, Qt::LeftButton);
+    QVERIFY(!wizard.nextButton()->isEnabled());
+    // Without objects a layout alone is not enough.
+    sheet->editor->addAttributeToSpec(0, fieldOf("first", 0));
+    QVERIFY(sheet->isComplete());
+    QTest::mouseClick(wizard.backButton(), Qt::LeftButton);
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonDeselectAllObjects")), Qt::LeftButton);
+    sheet->activate();
+    QVERIFY(!sheet->isComplete());
+    QCOMPARE(sheet->editor->fieldNames(), words("first"));
+}
+
+QTEST_MAIN(AsciiSheetTest)
+#include "tst_asciisheet.moc"
