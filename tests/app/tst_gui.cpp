@@ -148,6 +148,7 @@ private Q_SLOTS:
     void failedPartAgain();
     void failureIsReported();
     void selectionInTheWindow();
+    void everyFormatHasItsPage();
 
 private:
     QByteArray read(const QString& name)
@@ -332,6 +333,29 @@ void GuiTest::selectionInTheWindow()
     const QList<QTreeWidgetItem*> tetra =
         wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Tetra Volumes"), Qt::MatchExactly | Qt::MatchRecursive);
     QVERIFY(tetra.first()->isDisabled());
+}
+
+/// Each control of a library's page stands for a setting that the format really has.
+void GuiTest::everyFormatHasItsPage()
+{
+    const std::map<QString, const char*> pages{
+        {QStringLiteral("dxf"), "kpBaseExport::QExportSheetDxf"},        {QStringLiteral("gocad"), "kpBaseExport::QExportSheetGocad"},
+        {QStringLiteral("grdecl"), "kpBaseExport::QExportSheetEclipse"}, {QStringLiteral("off"), "kpBaseExport::QExportSheetOff"},
+        {QStringLiteral("opentec"), "kpBaseExport::QExportSheetOpenTecLink"}, {QStringLiteral("shp"), "kpBaseExport::QExportSheetShp"},
+        {QStringLiteral("tab"), "kpBaseExport::QExportSheetTab"},        {QStringLiteral("zmap"), "kpBaseExport::QExportSheetZMap"}};
+    for (const auto& format : m_context->formats()) {
+        const QString key = format->info().key;
+        ExportWizard wizard(*m_context, m_window.get());
+        wizard.setFormatAndSelectedGeo(key.toStdString(), {1});
+        wizard.startup();
+        wizard.show();
+        QWidget* page = wizard.current_sheet()->pageWidget();
+        QVERIFY2(page->windowTitle().startsWith(QStringLiteral("File Export: ")), qPrintable(key));
+        if (pages.count(key) != 0)
+            QCOMPARE(page->metaObject()->className(), pages.at(key));
+        for (const QWidget* control : page->findChildren<QWidget*>())
+            QVERIFY2(!control->toolTip().contains(QStringLiteral("has no such option")), qPrintable(key + QLatin1Char(' ') + control->objectName()));
+    }
 }
 
 QTEST_MAIN(GuiTest)
