@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/AsciiSheet.h"
 
-#include "app/savers/AsciiFormat.h"
+#include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSpecification.h"
 #include "app/ui/HostContext.h"
 #include "host/data/FormatFile.h"

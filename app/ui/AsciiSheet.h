@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/jobs/SettingsMap.h"
-#include "app/savers/AsciiHints.h"
-#include "app/savers/AsciiProfile.h"
+#include "app/savers/ascii/AsciiHints.h"
+#include "app/savers/ascii/AsciiProfile.h"
 #include "spec/QExportSheetAscii.h"
 
 #include <QJsonObject>

@@ -2,7 +2,7 @@
 // The ASCII page in the program's wizard, driven by mouse and keyboard: a layout from its first drag to the file, the
 // same bytes from the command line; preview, hints and their cures; what is remembered.
 #include "app/readers/ModelLoader.h"
-#include "app/savers/AsciiFormat.h"
+#include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSheet.h"
 #include "app/ui/AsciiSpecification.h"
 #include "app/ui/ExportWizard.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/readers/ModelLoader.h"
-#include "app/savers/DxfText.h"
+#include "app/savers/dxf/DxfText.h"
 #include "app/savers/SurfaceFaces.h"
 #include "host/data/kpProductInfo.h"
 #include "tests/app/SaverRun.h"

@@ -4,7 +4,7 @@
 
 #include "app/readers/CoordinateSystems.h"
 #include "app/readers/ModelLoader.h"
-#include "app/savers/FieldNames.h"
+#include "app/savers/ogr/FieldNames.h"
 
 #include <QColor>
 #include <QProcess>
