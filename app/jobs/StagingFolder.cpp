@@ -7,7 +7,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 #include <fcntl.h>
@@ -35,6 +37,37 @@ int lockFolder(const QString& path, bool evenWithout)
         return descriptor;
     ::close(descriptor);
     return -1;
+}
+
+bool isSameFile(const QString& one, const QString& other)
+{
+    struct stat first = {};
+    struct stat second = {};
+    return ::stat(QFile::encodeName(one).constData(), &first) == 0 && ::stat(QFile::encodeName(other).constData(), &second) == 0
+           && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+/// A run was killed while it moved files into place, after all had been made durable. When some have been moved, the
+/// others follow; a file that somebody has replaced since stays.
+void finishCommit(const QDir& parent, const QDir& folder)
+{
+    const QDir earlier(folder.filePath(backups));
+    const QStringList kept = earlier.entryList(QDir::Files | QDir::Hidden);
+    const bool begun = std::any_of(kept.begin(), kept.end(), [&](const QString& name) {
+        return !isSameFile(earlier.filePath(name), parent.filePath(name));
+    });
+    if (!begun)
+        return;
+    for (const QFileInfo& room : folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (room.fileName() == backups)
+            continue;
+        const QDir waiting(room.filePath());
+        for (const QString& name : waiting.entryList(QDir::Files | QDir::Hidden)) {
+            const QString target = parent.filePath(name);
+            if (!QFile::exists(target) || isSameFile(earlier.filePath(name), target))
+                std::rename(QFile::encodeName(waiting.filePath(name)).constData(), QFile::encodeName(target).constData());
+        }
+    }
 }
 
 } // namespace
@@ -91,11 +124,12 @@ void StagingFolder::removeAbandoned(const QString& directory)
     for (const QString& name : names) {
         QDir folder(parent.filePath(name));
         const int lock = lockFolder(folder.path(), false);
-        // A run that was killed while it moved files has left earlier ones there, which are not ours to delete.
-        if (lock >= 0 && !folder.exists(backups))
-            folder.removeRecursively();
-        if (lock >= 0)
-            ::close(lock);
+        if (lock < 0)
+            continue;
+        if (folder.exists(backups))
+            finishCommit(parent, folder);
+        folder.removeRecursively();
+        ::close(lock);
     }
 }
 

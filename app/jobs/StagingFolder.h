@@ -7,7 +7,8 @@ namespace refhost
 {
 
 /// A hidden folder in a directory in which files are prepared. Its owner holds a lock on it, so that the folder of a
-/// run that was killed can be told from that of one that is at work; the former are removed when a new one is made.
+/// run that was killed can be told from that of one that is at work; the former are removed when a new one is made,
+/// after a commit that had begun has been finished.
 class StagingFolder
 {
 public:

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <unistd.h>
+
 using namespace refhost;
 
 namespace
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void replacedTogether();
     void sidecars();
     void abandonedFolders();
+    void killedWhileMoving();
     void droppedAndAbandoned();
     void broughtBack();
     void links();
@@ -103,6 +106,30 @@ void JobsTest::abandonedFolders()
     running.commit();
     QCOMPARE(entries(folder.path()), QStringList{QStringLiteral("a")});
     QCOMPARE(read(folder.filePath(QStringLiteral("a"))), QByteArray("a"));
+}
+
+void JobsTest::killedWhileMoving()
+{
+    // As a run leaves it that was killed between two moves: the .dbf has been replaced, the .shp waits, and so does a
+    // .prj that was new. Somebody has replaced the .cpg since.
+    QTemporaryDir folder;
+    const auto at = [&folder](const char* name) { return folder.filePath(QString::fromLatin1(name)); };
+    QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/1"));
+    QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/earlier"));
+    write(at("m.shp"), "earlier");
+    QCOMPARE(::link(QFile::encodeName(at("m.shp")).constData(), QFile::encodeName(at(".kpexport-1-1/earlier/m.shp")).constData()), 0);
+    write(at(".kpexport-1-1/1/m.shp"), "new");
+    write(at(".kpexport-1-1/earlier/m.dbf"), "earlier");
+    write(at("m.dbf"), "new");
+    write(at(".kpexport-1-1/1/m.prj"), "new");
+    write(at(".kpexport-1-1/earlier/m.cpg"), "earlier");
+    write(at(".kpexport-1-1/1/m.cpg"), "new");
+    write(at("m.cpg"), "the user's");
+    OutputTransaction next;
+    write(next.stage(at("other")), "other");
+    next.commit();
+    QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.prj m.shp other"));
+    QCOMPARE(read(at("m.shp")) + read(at("m.dbf")) + read(at("m.prj")) + read(at("m.cpg")), QByteArray("newnewnewthe user's"));
 }
 
 void JobsTest::droppedAndAbandoned()

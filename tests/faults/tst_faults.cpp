@@ -343,6 +343,11 @@ void FaultsTest::hardPaths()
     for (const QString& stem : {QString::fromUtf8("слои №1 é"), QString(longest / 2, QChar(0x0436))}) {
         const QString path = deep + QLatin1Char('/') + stem + QLatin1Char('.') + m_extension;
         const Result result = run(command(m_small, path) << QStringLiteral("--verify"));
+        if (result.error.contains(QStringLiteral("shorten it to"))) {
+            QVERIFY(result.code == 1 && isMessage(result.error) && snapshot(deep).isEmpty());
+            note("path of 255 bytes", QStringLiteral("exit code 1: the format needs a shorter name"));
+            continue;
+        }
         QVERIFY2(result.code == 0, qPrintable(result.error));
         QCOMPARE(snapshot(deep).size(), expected.size());
         for (const QString& name : snapshot(deep).keys()) {

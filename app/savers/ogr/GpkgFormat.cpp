@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/ogr/GpkgFormat.h"
 
+#include "app/jobs/ExportError.h"
 #include "app/readers/GdalSession.h"
 #include "app/savers/ogr/QgisStyle.h"
+
+#include <QFileInfo>
 
 #include <ogrsf_frmts.h>
 
@@ -84,8 +87,13 @@ OgrTraits GpkgFormat::traits() const
     return traits;
 }
 
-void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+void GpkgFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
+    // SQLite keeps a journal beside the file, under its name and nine bytes more.
+    constexpr int longestName = 255 - 9;
+    if (QFileInfo(output.file.path).fileName().toUtf8().size() > longestName)
+        throw ExportError(output.file.path, QStringLiteral("the name is too long for a GeoPackage"),
+                          QStringLiteral("shorten it to %1 bytes").arg(longestName));
     if (!m_settings.spatialIndex)
         options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
 }
