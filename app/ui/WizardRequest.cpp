@@ -4,8 +4,12 @@
 #include "app/savers/HostSaver.h"
 #include "app/ui/HostContext.h"
 
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
 #include <QHash>
 #include <QSet>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -49,6 +53,25 @@ QStringList chosenAttributes(const HostSaver& saver)
     return all ? QStringList() : *selection.attributes;
 }
 
+/// The layout of the export in a file of its own for each content, so that a command that was copied stays true.
+QString keptLayout(ExportFormat& format)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/layouts");
+    const QString draft = folder + QStringLiteral("/draft.klf");
+    if (!format.info().takesLayout || !QDir().mkpath(folder) || !format.saveLayout(draft))
+        return {};
+    QFile file(draft);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray mark = QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex().left(16);
+    file.close();
+    const QString path = folder + QLatin1Char('/') + QString::fromLatin1(mark) + QStringLiteral(".klf");
+    if (!QFile::exists(path) && !file.rename(path))
+        return {};
+    QFile::remove(draft);
+    return path;
+}
+
 } // namespace
 
 ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
@@ -58,7 +81,9 @@ ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
     request.format = saver.format().info().key;
     request.output = saver.selection().path;
     request.objects = chosenObjects(context, saver);
-    request.attributes = chosenAttributes(saver);
+    request.layout = keptLayout(saver.format());
+    if (request.layout.isEmpty())
+        request.attributes = chosenAttributes(saver);
     request.overwrite = true;
     request.verify = saver.selection().verify;
     for (const auto& fresh : makeFormats()) {

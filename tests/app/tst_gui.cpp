@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTextEdit>
 #include <QTimer>
@@ -174,6 +175,7 @@ void GuiTest::initTestCase()
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
     QFile lines(m_folder.filePath(QStringLiteral("lines.geojson")));
     QVERIFY(lines.open(QIODevice::WriteOnly));
     lines.write("{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
@@ -247,14 +249,21 @@ void GuiTest::planAndCommandLine()
     QFile earlier(path);
     QVERIFY(earlier.open(QIODevice::WriteOnly));
     earlier.close();
-    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
+    const auto oneDecimal = [](QWidget& window) {
+        auto* fields = window.findChild<QTableWidget*>(QStringLiteral("m_fieldTable"));
+        if (!fields || !fields->isVisible())
+            return false;
+        fields->item(0, 2)->setText(QStringLiteral("1"));
+        return true;
+    };
+    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), oneDecimal, click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
                    click("nextButton"), readReport(report), click("copyCommandLine"),
                    [](QWidget&) { return !QApplication::clipboard()->text().isEmpty(); }, click("closeButton")});
     exportWith(script);
     QVERIFY2(plan.startsWith(QStringLiteral("1 file, which replaces an existing one; about ")) && plan.endsWith(QStringLiteral("|it's.csv|replaces a file")),
              qPrintable(plan));
     const QByteArray written = read(QStringLiteral("it's.csv"));
-    QVERIFY(written.startsWith("X Y Z n\n"));
+    QVERIFY(written.startsWith("X Y Z n\n0.0 1.000 5.000 1\n"));
     QVERIFY(QFile::remove(path));
     const QString command = QApplication::clipboard()->text();
     QVERIFY2(command.startsWith(QStringLiteral("kpexport export ")), qPrintable(command));
@@ -263,7 +272,7 @@ void GuiTest::planAndCommandLine()
     QVERIFY(shell.waitForFinished(60000));
     QVERIFY2(shell.exitCode() == 0, qPrintable(command + QString::fromUtf8(shell.readAllStandardError())));
     QCOMPARE(read(QStringLiteral("it's.csv")), written);
-    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("closeButton")});
+    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("allAttributes"), click("closeButton")});
     exportWith(restore);
 }
 

@@ -72,7 +72,7 @@ bool AsciiFormat::saveLayout(const QString& path)
         return false;
     FormatFile file;
     file.type() = m_settings.mode == AsciiExportSettings::Mode::Columns ? FormatFile::ColumnBased : FormatFile::FieldBased;
-    file.name() = path;
+    // Without its path the file is the same for the same layout.
     for (const kpBaseExport::QESAttribute& attribute : qAsConst(m_layout->fields)) {
         FormatFile::Field field;
         field.setAttribute(attribute.record());
