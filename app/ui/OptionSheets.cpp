@@ -43,7 +43,7 @@ Page* makeOff(ExportFormat& format, const Model& model)
 {
     return new FilePerObjectSheet<kpBaseExport::QExportSheetOff>(format, model,
                                                                  {{"m_units", "lengthUnit", B::LengthUnit},
-                                                                  {"m_units", "zIsElevation", B::Direction},
+                                                                  {"m_units", "zPositive", B::Direction},
                                                                   {"m_filePrefix", "filePrefix", B::Text}});
 }
 
