@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // One hundred thousand lines of twenty vertices with heights as DXF: our saver against GDAL's driver. All in one run, on
 // the same values.
-#include "app/savers/DxfFormat.h"
+#include "app/savers/dxf/DxfFormat.h"
 #include "bench/LineSet.h"
 
 namespace

@@ -2,7 +2,7 @@
 // One hundred thousand lines of twenty vertices with heights as KML: our saver and writer against GDAL's drivers. All in
 // one run, on the same values.
 #include "app/readers/CoordinateSystems.h"
-#include "app/savers/KmlFormat.h"
+#include "app/savers/kml/KmlFormat.h"
 #include "bench/LineSet.h"
 #include "writers/MatrixDataKMLExporter.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Surfaces, meshes and cell grids of ten thousand to a million nodes or cells as GOCAD, OFF, ZMap+ and GRDECL, with
 // fprintf and GDAL's ZMap driver on the same values in the same run.
-#include "app/savers/GocadFormat.h"
-#include "app/savers/GrdeclFormat.h"
-#include "app/savers/OffFormat.h"
-#include "app/savers/ZMapFormat.h"
+#include "app/savers/gocad/GocadFormat.h"
+#include "app/savers/grdecl/GrdeclFormat.h"
+#include "app/savers/off/OffFormat.h"
+#include "app/savers/zmap/ZMapFormat.h"
 
 #include <QTemporaryDir>
 

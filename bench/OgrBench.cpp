@@ -4,8 +4,8 @@
 // with the same fields and options.
 #include "app/jobs/ExportReport.h"
 #include "app/readers/GdalSession.h"
-#include "app/savers/ShpFormat.h"
-#include "app/savers/TabFormat.h"
+#include "app/savers/ogr/ShpFormat.h"
+#include "app/savers/ogr/TabFormat.h"
 #include "ogr/OGRExporter.h"
 
 #include <QFileInfo>

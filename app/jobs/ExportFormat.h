@@ -47,6 +47,9 @@ public:
     /// Takes a layout of fields saved in a file (".klf", ".fmt") and the settings in it.
     /// \throws SettingsError when the file holds none, or the format takes none
     virtual void loadLayout(const QString& path);
+    /// Saves the layout that the next export uses, with the settings, so that loadLayout() gives the same bytes.
+    /// \returns false when there is none, or the file cannot be written
+    virtual bool saveLayout(const QString& path);
     /// The files that a run writes, under their final names, and what goes into each.
     virtual std::vector<PlannedFile> plan(const ExportSelection& selection) const = 0;
     /// Every extension, without dot, of the files that can stand beside a file of this format and belong to it.

@@ -14,14 +14,14 @@ namespace refhost
 class NumberColumn
 {
 public:
-    NumberColumn(const AttributeColumn& column)
+    explicit NumberColumn(const AttributeColumn& column)
         : m_name(column.name)
         , m_unit(column.unit)
         , m_kind(column.kind)
         , m_column(&column)
     {
     }
-    NumberColumn(const ObjectAttribute& attribute);
+    explicit NumberColumn(const ObjectAttribute& attribute);
 
     const QString& name() const { return m_name; }
     const QString& unit() const { return m_unit; }

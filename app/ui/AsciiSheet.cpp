@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/AsciiSheet.h"
 
-#include "app/savers/AsciiFormat.h"
+#include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSpecification.h"
 #include "app/ui/HostContext.h"
 #include "host/data/FormatFile.h"
@@ -228,18 +228,29 @@ void AsciiSheet::activate()
 
 void AsciiSheet::deactivate()
 {
-    QExportSheetAscii::deactivate();
+    handToFormat();
     m_refreshTimer.stop();
     m_workTimer.stop();
-    m_format.setLayout(m_layout->asciiLayout());
     store();
+}
+
+/// The format writes what the page holds. Columns that are still to be fitted to their values are fitted first.
+void AsciiSheet::handToFormat()
+{
+    if (!m_own && !m_profile.done() && m_layout->mode() == kpBaseExport::QExportSpecification::ColumnBased) {
+        const QScopedValueRollback<bool> ours(m_filling, true);
+        while (!m_profile.advance(1000)) {
+        }
+        fitColumns();
+    }
+    m_layout->deactivate();
+    m_format.setLayout(m_layout->asciiLayout());
 }
 
 std::vector<std::string> AsciiSheet::selectedAttributeNames()
 {
     // The save run asks for these first; what it then writes is what the page shows.
-    m_layout->deactivate();
-    m_format.setLayout(m_layout->asciiLayout());
+    handToFormat();
     return QExportSheetAscii::selectedAttributeNames();
 }
 

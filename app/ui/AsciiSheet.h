@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/jobs/SettingsMap.h"
-#include "app/savers/AsciiHints.h"
-#include "app/savers/AsciiProfile.h"
+#include "app/savers/ascii/AsciiHints.h"
+#include "app/savers/ascii/AsciiProfile.h"
 #include "spec/QExportSheetAscii.h"
 
 #include <QJsonObject>
@@ -41,6 +41,8 @@ public:
     void deactivate() override;
     QString optionSummary() const override;
     std::vector<std::string> selectedAttributeNames() override;
+    /// True when preview and hints show the present choice.
+    bool isSettled() const { return !m_refreshTimer.isActive() && m_profile.done(); }
 
 private:
     void buildSettings(QVBoxLayout& page);
@@ -64,6 +66,7 @@ private:
     void addHint(const AsciiHint& hint, const QString& text, std::function<void()> cure);
     void cure(const AsciiHint& hint);
     void fitColumns();
+    void handToFormat();
 
     AsciiFormat& m_format;
     HostContext& m_context;

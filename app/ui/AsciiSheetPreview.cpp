@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The lower half of the ASCII page: settings, notices, hints, the preview.
-#include "app/savers/AsciiFormat.h"
-#include "app/savers/AsciiOutput.h"
+#include "app/savers/ascii/AsciiFormat.h"
+#include "app/savers/ascii/AsciiOutput.h"
 #include "app/ui/AsciiSheet.h"
 #include "app/ui/AsciiSpecification.h"
 #include "app/ui/SettingControl.h"

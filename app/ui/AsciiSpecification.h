@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/savers/AsciiLayout.h"
+#include "app/savers/ascii/AsciiLayout.h"
 #include "spec/QExportSpecification.h"
 
 #include <QJsonObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/OptionSheets.h"
 
-#include "app/savers/AsciiFormat.h"
+#include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSheet.h"
 #include "app/ui/DxfSheet.h"
 #include "app/ui/FilePerObjectSheet.h"

@@ -2,7 +2,7 @@
 // The ASCII page in the program's wizard, driven by mouse and keyboard: a layout from its first drag to the file, the
 // same bytes from the command line; preview, hints and their cures; what is remembered.
 #include "app/readers/ModelLoader.h"
-#include "app/savers/AsciiFormat.h"
+#include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSheet.h"
 #include "app/ui/AsciiSpecification.h"
 #include "app/ui/ExportWizard.h"
@@ -96,6 +96,7 @@ class AsciiPageTest : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
+    void cleanup();
     void fromTheMouseToTheFile();
     void everythingIsLaidOutAtFirst();
     void previewIsTheFile_data();
@@ -106,7 +107,9 @@ private Q_SLOTS:
     void tooFewDecimals();
     void lackingFields();
     void remembered();
+    void backAndNext();
     void gridIndices();
+    void savedBeforeTheColumnsFit();
     void manyRows();
     void manyAttributes();
 
@@ -157,6 +160,13 @@ void AsciiPageTest::init()
                 map.set(setting.key, setting.get());
         }
     }
+}
+
+void AsciiPageTest::cleanup()
+{
+    // Animations of controls that are gone end with the next tick, and go.
+    QTest::qWait(50);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 ModelObject AsciiPageTest::points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z)
@@ -228,14 +238,18 @@ void AsciiPageTest::fromTheMouseToTheFile()
     QVERIFY(bytes.size() > 10000);
     QVERIFY2(QString::fromUtf8(bytes).startsWith(preview), qPrintable(preview));
 
-    QProcess program;
-    program.start(QStringLiteral(KP_PROGRAM),
-                  {QStringLiteral("export"), QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"), QStringLiteral("--format"),
-                   QStringLiteral("ascii"), QStringLiteral("--object"), QStringLiteral("Contacts"), QStringLiteral("--layout"),
-                   path("contacts.klf"), QStringLiteral("--output"), path("program.txt")});
-    QVERIFY(program.waitForFinished(60000));
-    QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
-    QVERIFY(read(path("program.txt")) == bytes);
+    // The layout as the user saved it, and as the format keeps it for a later run.
+    QVERIFY(m_context->format("ascii")->saveLayout(path("kept.klf")));
+    for (const char* layout : {"contacts.klf", "kept.klf"}) {
+        QProcess program;
+        program.start(QStringLiteral(KP_PROGRAM),
+                      {QStringLiteral("export"), QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"), QStringLiteral("--format"),
+                       QStringLiteral("ascii"), QStringLiteral("--object"), QStringLiteral("Contacts"), QStringLiteral("--layout"), path(layout),
+                       QStringLiteral("--overwrite"), QStringLiteral("--output"), path("program.txt")});
+        QVERIFY(program.waitForFinished(60000));
+        QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
+        QVERIFY(read(path("program.txt")) == bytes);
+    }
 
     const QString validator = QStringLiteral(KP_SOURCE_DIR "/../shared/validate/ascii.py");
     if (!QFile::exists(validator))
@@ -281,8 +295,8 @@ void AsciiPageTest::previewIsTheFile()
     for (const QString& setting : settings.split(QLatin1Char(' ')))
         QSettings().setValue(QStringLiteral("format_ascii/") + setting.section(QLatin1Char('='), 0, 0), setting.section(QLatin1Char('='), 1));
     Page page(*m_context, {sample("Bedding measurements")});
+    QTRY_VERIFY(page.sheet->isSettled());
     QTRY_VERIFY(!page.preview().isEmpty());
-    QTest::qWait(50);
     const QString preview = page.preview();
     page.wizard.slotSaveClicked(path("preview.txt"), true);
     const QString written = QString::fromUtf8(read(path("preview.txt")));
@@ -342,7 +356,7 @@ void AsciiPageTest::narrowColumns()
     Page page(*m_context, {add(object)});
     QTest::mouseClick(page.editor->m_columnRadio, Qt::LeftButton);
     // Columns that the user has not touched are wide enough.
-    QTest::qWait(50);
+    QTRY_VERIFY(page.sheet->isSettled());
     QVERIFY(page.hints().isEmpty());
     QTest::mouseClick(page.editor->m_fieldRadio, Qt::LeftButton);
     page.takeOutAll();
@@ -438,6 +452,28 @@ void AsciiPageTest::remembered()
     QTRY_COMPARE(page.preview(), QStringLiteral("1.000 2.000 3.000\n"));
 }
 
+void AsciiPageTest::backAndNext()
+{
+    ExportWizard wizard(*m_context, nullptr);
+    wizard.startup();
+    wizard.show();
+    QTest::mouseClick(wizard.nextButton(), Qt::LeftButton);
+    auto* editor = wizard.findChild<AsciiSpecification*>();
+    QVERIFY(editor && editor->size() > 10);
+    dragByMouse(editor->m_fieldTable, 0, editor->m_fieldTable, middleOf(editor->m_fieldTable, 2));
+    editor->m_fieldTable->item(1, 1)->setText(QStringLiteral("19"));
+    wizard.findChild<QCheckBox*>(QStringLiteral("header"))->click();
+    const QStringList fields = SpecificationEditor::columnOf(*editor->m_fieldTable);
+    QCOMPARE(fields.mid(0, 3), words("Y Z X"));
+    QTest::mouseClick(wizard.backButton(), Qt::LeftButton);
+    QVERIFY(!dynamic_cast<AsciiSheet*>(wizard.current_sheet()));
+    QTest::mouseClick(wizard.nextButton(), Qt::LeftButton);
+    QCOMPARE(wizard.findChild<AsciiSpecification*>(), editor);
+    QCOMPARE(SpecificationEditor::columnOf(*editor->m_fieldTable), fields);
+    QCOMPARE(editor->m_fieldTable->item(1, 1)->text(), QStringLiteral("19"));
+    QVERIFY(!wizard.findChild<QCheckBox*>(QStringLiteral("header"))->isChecked());
+}
+
 void AsciiPageTest::gridIndices()
 {
     ModelObject grid = points("grid", {0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1}, {5, 5, 5, 5, 5, std::nan("")});
@@ -457,6 +493,19 @@ void AsciiPageTest::gridIndices()
     QCOMPARE(page.fields(), words("i j Z"));
     page.wizard.slotSaveClicked(path("grid.txt"), true);
     QCOMPARE(read(path("grid.txt")), QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
+}
+
+void AsciiPageTest::savedBeforeTheColumnsFit()
+{
+    // A save at once does not cut what the page has not looked at yet.
+    std::vector<double> x(200000, 1.0);
+    x.back() = 123456789012345.0;
+    ModelObject object = points("quick", x, x, x);
+    QSettings().setValue(QStringLiteral("format_ascii/mode"), QStringLiteral("columns"));
+    Page page(*m_context, {add(object)});
+    page.wizard.slotSaveClicked(path("quick.txt"), true);
+    const QByteArray written = read(path("quick.txt"));
+    QVERIFY(!written.contains('*') && written.endsWith(" 123456789012345.000 123456789012345.000 123456789012345.000\n"));
 }
 
 void AsciiPageTest::manyRows()

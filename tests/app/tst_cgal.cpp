@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the GOCAD and OFF savers write, read by CGAL.
-#include "app/savers/GocadFormat.h"
-#include "app/savers/OffFormat.h"
+#include "app/savers/gocad/GocadFormat.h"
+#include "app/savers/off/OffFormat.h"
 #include "tests/app/FormatTest.h"
 
 #include <QtTest>

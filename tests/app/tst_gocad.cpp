@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // GOCAD files: whole texts of small models, real data there and back, what is left out, failures.
-#include "app/savers/GocadFormat.h"
+#include "app/savers/gocad/GocadFormat.h"
 #include "tests/app/FormatTest.h"
 
 #include <QtTest>

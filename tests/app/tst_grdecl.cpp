@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // GRDECL grids: whole text, names and lines, inactive and undefined cells, real grids read by another project's
 // reader, failures.
-#include "app/savers/GrdeclFormat.h"
-#include "app/savers/GrdeclRecord.h"
+#include "app/savers/grdecl/GrdeclFormat.h"
+#include "app/savers/grdecl/GrdeclRecord.h"
 #include "tests/app/FormatTest.h"
 
 #include <QProcess>

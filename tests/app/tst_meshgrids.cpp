@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // OFF meshes and ZMap+ grids: whole texts, read back by the program's reader and by GDAL, real data, failures.
-#include "app/savers/OffFormat.h"
-#include "app/savers/ZMapFormat.h"
+#include "app/savers/off/OffFormat.h"
+#include "app/savers/zmap/ZMapFormat.h"
 #include "tests/app/FormatTest.h"
 
 #include <QtTest>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the vector formats do when something goes wrong: full disks, devices, systems that are not known, cancelling.
-#include "OgrTestTools.h"
+#include "tests/app/OgrTestTools.h"
 
 #include "app/readers/CoordinateSystems.h"
 #include "app/readers/ModelLoader.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The vector formats: real data sets written by the savers and read back through a fresh OGR open.
-#include "OgrTestTools.h"
+#include "tests/app/OgrTestTools.h"
 
 #include "app/readers/CoordinateSystems.h"
 #include "app/readers/ModelLoader.h"
-#include "app/savers/FieldNames.h"
+#include "app/savers/ogr/FieldNames.h"
 
 #include <QColor>
 #include <QProcess>

@@ -167,7 +167,7 @@ void OpenTecTest::wrongNames()
 void OpenTecTest::failures()
 {
     const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
-    for (const std::size_t count : {std::size_t(1), std::size_t(1000000)}) {
+    for (const std::size_t count : {std::size_t(1), std::size_t(manyVertices)}) {
         const std::vector<double> numbers(count, 1.0);
         QVERIFY(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})},
                          QStringLiteral("/dev/full"))
@@ -178,18 +178,18 @@ void OpenTecTest::failures()
 
 void OpenTecTest::cancelledHalfWay()
 {
-    const std::vector<double> numbers(1000000, 1.0);
+    const std::vector<double> numbers(manyVertices, 1.0);
     const std::vector<ModelObject> objects{
         section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})};
     write("a.otl", "earlier");
     CancelAt progress(50);
     const SaverRun run("opentec", objects, path("a.otl"), {}, &progress);
     QVERIFY(run.report.cancelled);
-    QCOMPARE(progress.reached, 50);
+    QVERIFY(progress.reached >= 50 && progress.reached < 60);
     QCOMPARE(contentOf(path("a.otl")), QByteArray("earlier"));
     const SaverRun whole("opentec", objects, path("a.otl"));
     QCOMPARE(whole.fault(), QString());
-    QCOMPARE(whole.readBack.front().count, 1000000);
+    QCOMPARE(whole.readBack.front().count, manyVertices);
 }
 
 void OpenTecTest::readerRefuses_data()

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void cleanup();
     void attributeRecord();
     void newEditor();
+    void signalAndSlots();
     void orderAndColumns();
     void insertion();
     void groups();
@@ -142,6 +143,18 @@ void SpecificationTest::newEditor()
     QCOMPARE(out.order(), 6);
     m_editor->getNonAttribute(QStringLiteral("Y"), out);
     QVERIFY(out.typeId() == -2 && out.start() == 15 && out.end() == 28 && out.width() == 14 && out.precision() == 4);
+}
+
+void SpecificationTest::signalAndSlots()
+{
+    QStringList names;
+    const QMetaObject& meta = QExportSpecification::staticMetaObject;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index)
+        names.append(QString::fromLatin1(meta.method(index).name()));
+    QCOMPARE(names, words("onSpecChange columnTableCellChanged onFieldToggle onColumnToggle onToFieldClicked onToAttributeClicked "
+                          "onFieldSelectionChanged onColumnSelectionChanged onAttributeSelectionChanged onNullChecked "
+                          "onLoadFormatClicked onSaveFormatClicked onAttributeDoubleClicked"));
+    QCOMPARE(meta.method(meta.methodOffset()).methodSignature(), QByteArray("onSpecChange(QStringList)"));
 }
 
 void SpecificationTest::orderAndColumns()

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/ascii/AsciiExportSettings.h"
+#include "app/savers/ascii/AsciiLayout.h"
+
+#include <optional>
+#include <utility>
+
+namespace refhost
+{
+
+/// Vertices as lines of text: X, Y, Z and every attribute of the chosen objects. Attributes of a whole object stand
+/// in each of its rows; an object that lacks an attribute of another has the null value there. A layout says which
+/// fields are written instead, in which order and columns.
+class AsciiFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                 ExportReport& report, kpBase::AbstractProgress* progress) override;
+
+    /// The fields to write, their order and columns, and the settings that the file holds.
+    void loadLayout(const QString& path) override;
+    bool saveLayout(const QString& path) override;
+    /// Without a layout every attribute is written.
+    void setLayout(std::optional<AsciiLayout> layout) { m_layout = std::move(layout); }
+    const std::optional<AsciiLayout>& layout() const { return m_layout; }
+    const AsciiExportSettings& current() const { return m_settings; }
+
+private:
+    AsciiExportSettings m_settings;
+    std::optional<AsciiLayout> m_layout;
+};
+
+} // namespace refhost

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/dxf/DxfExportSettings.h"
+
+namespace refhost
+{
+
+/// Drawings for CAD programs: DXF of release 12, which has neither attributes nor a coordinate system.
+class DxfFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+                 kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
+
+private:
+    DxfExportSettings m_settings;
+};
+
+} // namespace refhost

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/grdecl/GrdeclExportSettings.h"
+
+namespace refhost
+{
+
+/// Eclipse GRDECL: one corner-point grid per file with MAPUNITS, MAPAXES, GRIDUNIT, SPECGRID, COORD, ZCORN, ACTNUM and
+/// a keyword per cell attribute. Depths count downwards.
+/// The format: https://docs.opengosim.com/manual/input_deck/grid/grdecl and
+/// http://docs.energistics.org/RESQML/RESQML_TOPICS/RESQML-000-292-0-C-sv2010.html
+class GrdeclFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                 ExportReport& report, kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
+
+private:
+    GrdeclExportSettings m_settings;
+};
+
+} // namespace refhost

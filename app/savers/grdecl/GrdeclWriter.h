@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportReport.h"
+#include "app/jobs/ExportSelection.h"
+#include "app/jobs/ProgressTicker.h"
+#include "app/savers/BlockWriter.h"
+#include "app/savers/grdecl/GrdeclExportSettings.h"
+#include "app/savers/grdecl/GrdeclRecord.h"
+
+namespace refhost
+{
+
+/// The unit that a grid is written in: metres or feet. \throws ExportError naming \a file for another one
+OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file);
+
+/// Writes one corner-point grid.
+class GrdeclWriter
+{
+public:
+    /// \a file names the output in messages. \throws ExportError when the grid has no complete geometry
+    GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings, const QString& file,
+                 ExportReport& report);
+
+    /// Stops early when the user cancels: then it returns false. \throws ExportError
+    bool write(const ExportSelection& selection, kpBase::AbstractProgress* progress);
+
+private:
+    void checkGeometry();
+    void writeHead();
+    bool writeCoordinates(ProgressTicker& progress);
+    bool writeDepths(ProgressTicker& progress);
+    bool writeActive(ProgressTicker& progress);
+    bool writeProperty(const class NumberColumn& column, const QString& keyword, ProgressTicker& progress);
+    bool isActive(std::size_t cell) const { return m_grid.active.empty() || m_grid.active[cell] != 0; }
+    /// The cell that a corner's depth belongs to.
+    std::size_t cellOf(std::size_t corner) const;
+
+    BlockWriter& m_out;
+    const ModelObject& m_object;
+    const CellGrid& m_grid;
+    const GrdeclExportSettings& m_settings;
+    QString m_file;
+    ExportReport& m_report;
+    OutputUnit m_unit;
+    double m_factor;
+    double m_originX = 0.0; ///< in the output's unit
+    double m_originY = 0.0;
+    std::size_t m_cells = 0;
+};
+
+} // namespace refhost

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/off/OffExportSettings.h"
+
+namespace refhost
+{
+
+/// Geomview OFF: one mesh or grid surface per file, as vertices and triangles. The format knows no attributes; unit
+/// and direction of z stand in comments.
+/// The format: http://javaview.de/doc/userManual/formats/Format_Off.html, from the Geomview manual.
+class OffFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                 ExportReport& report, kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
+
+private:
+    OffExportSettings m_settings;
+};
+
+} // namespace refhost

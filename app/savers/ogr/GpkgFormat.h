@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/savers/ogr/OgrFormat.h"
+
+namespace refhost
+{
+
+/// GeoPackage (OGC 12-128): one file with a layer per geometry type.
+class GpkgFormat : public OgrFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    QStringList sidecars() const override;
+
+protected:
+    OgrTraits traits() const override;
+    QStringList extensions() const override;
+    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+              const kpBase::AbstractProgress* progress) const override;
+    QString noSystem() const override;
+    void addStyle(const Output& output, ExportReport& report) const override;
+};
+
+} // namespace refhost

@@ -1,0 +1,369 @@
+// SPDX-License-Identifier: MIT
+#include "app/savers/ogr/OgrFormat.h"
+
+#include "app/jobs/ExportError.h"
+#include "app/jobs/SafeNames.h"
+#include "app/jobs/ShareOfProgress.h"
+#include "app/readers/CoordinateSystems.h"
+#include "app/readers/GdalSession.h"
+#include "app/savers/ogr/OgrFeatures.h"
+#include "app/savers/ogr/OgrVerification.h"
+#include "app/savers/ogr/QgisStyle.h"
+#include "ogr/OGRExporter.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <ogr_spatialref.h>
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace refhost
+{
+
+namespace
+{
+
+using kpBaseExport::OGRExporter;
+using kpBaseExport::OGRExporterOptions;
+using kpBaseExport::OGRLayerInfo;
+using kpBaseExport::OGRRefusal;
+
+bool isDevice(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() && !info.isFile() && !info.isDir();
+}
+
+/// \a path with one of the extensions, in the case in which drivers write them.
+QString withOneOf(const QString& path, const QStringList& extensions)
+{
+    const QFileInfo info(path);
+    const QString suffix = info.suffix().toLower();
+    if (!extensions.contains(suffix))
+        return path + QLatin1Char('.') + extensions.first();
+    return path.left(path.size() - suffix.size()) + suffix;
+}
+
+QString layerName(const QString& path, const OgrLayer& layer, bool single)
+{
+    return QFileInfo(single ? path : OGRExporter::layerFileName(path, layer.type())).completeBaseName();
+}
+
+/// The progress of several layers as one: the exporter starts again with each.
+class LayersProgress : public ShareOfProgress
+{
+public:
+    LayersProgress(kpBase::AbstractProgress* whole, std::vector<double> weights, double total)
+        : ShareOfProgress(whole, total)
+        , m_weights(std::move(weights))
+    {
+    }
+    void progressStarted(bool) override
+    {
+        if (m_next < m_weights.size())
+            next(m_weights[m_next++]);
+    }
+
+private:
+    std::vector<double> m_weights;
+    std::size_t m_next = 0;
+};
+
+LayersProgress layersProgress(kpBase::AbstractProgress* progress, const std::vector<OgrLayer>& layers)
+{
+    std::vector<double> weights;
+    double total = 0;
+    for (const OgrLayer& layer : layers) {
+        weights.push_back(0);
+        for (const ModelObject* object : layer.objects)
+            weights.back() += object->weight();
+        total += weights.back();
+    }
+    return LayersProgress(progress, weights, total);
+}
+
+OGRExporterOptions hostOptions(const OgrExportSettings& settings, const OgrTraits& traits)
+{
+    OGRExporterOptions options;
+    options.utf8 = true;
+    options.fieldSizes = true;
+    options.closeRings = true;
+    options.ringParts = true;
+    options.keepTypeTexts = !settings.dipInType;
+    options.oneFile = traits.manyLayers;
+    options.transaction = true;
+    options.recordRefusals = true;
+    options.stopAtRefusal = true;
+    return options;
+}
+
+void noteRefusals(const std::vector<OGRRefusal>& refusals, ExportReport& report)
+{
+    for (const OGRRefusal& refusal : refusals) {
+        if (refusal.kind == OGRRefusal::SpatialReference)
+            report.note(QStringLiteral("coordinate system not carried"), QString(), 1, refusal.message);
+        else if (refusal.kind == OGRRefusal::Field)
+            report.note(QStringLiteral("attribute left out"), QString(), 1,
+                        QStringLiteral("%1: %2").arg(refusal.subject, refusal.message));
+        else if (refusal.taken)
+            report.note(QStringLiteral("changed by the driver"), QString(), 1, refusal.message);
+    }
+}
+
+/// What made the exporter give up.
+QString failure(const std::vector<OGRRefusal>& refusals)
+{
+    for (const OGRRefusal& refusal : refusals) {
+        const bool minor = refusal.taken || refusal.kind == OGRRefusal::SpatialReference || refusal.kind == OGRRefusal::Field;
+        if (minor)
+            continue;
+        const QString what = refusal.kind == OGRRefusal::Feature
+                                 ? QStringLiteral("feature %1 was not taken: ").arg(refusal.subject)
+                                 : QString();
+        return what + (refusal.message.isEmpty() ? QStringLiteral("the driver does not say why") : refusal.message);
+    }
+    return {};
+}
+
+void noteDroppedHeights(const std::vector<OgrLayer>& layers, bool inField, ExportReport& report)
+{
+    for (const OgrLayer& layer : layers) {
+        if (layer.shape == OgrShape::Points && inField)
+            continue;
+        for (const ModelObject* object : layer.objects) {
+            if (object->hasZ)
+                report.note(QStringLiteral("z dropped"), object->name, object->vertexCount(),
+                            QStringLiteral("the format has two dimensions"));
+        }
+    }
+}
+
+} // namespace
+
+void failIncomplete(const QString& file, const QString& why)
+{
+    throw ExportError(file, QStringLiteral("the file could not be written completely: %1").arg(why),
+                      QStringLiteral("make room on the disk or choose another"));
+}
+
+FormatInfo OgrFormat::vectorInfo() const
+{
+    FormatInfo info;
+    info.types = {ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts, ObjectType::Wells,
+                  ObjectType::Labels, ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
+    info.defaultExtension = extensions().first();
+    for (const QString& extension : extensions())
+        info.patterns += (info.patterns.isEmpty() ? QStringLiteral("*.") : QStringLiteral(" *.")) + extension;
+    return info;
+}
+
+SettingsMap OgrFormat::commonSettings()
+{
+    const auto texts = [](std::initializer_list<const char*> names) {
+        QStringList list;
+        for (const char* name : names)
+            list.append(QString::fromLatin1(name));
+        return list;
+    };
+    SettingsMap map;
+    map.addText("crs", m_settings.crs, "coordinate system, EPSG:n or WKT; empty for that of the first object");
+    map.addBoolean("attributes", m_settings.attributes, "attributes as fields");
+    map.addBoolean("symbology", m_settings.symbology, "colours as a style that goes with the file");
+    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}), "one file, one per object, one per set");
+    map.addBoolean("objectName", m_settings.objectName, "the object's name in a field");
+    map.addBoolean("color", m_settings.color, "the object's colour in a field colorval");
+    map.addBoolean("unitsInNames", m_settings.unitsInNames, "the unit of an attribute behind its name");
+    map.addBoolean("dipInType", m_settings.dipInType, "Horizontal or Vertical before the text of type where dip is 0 or 90");
+    map.addChoice("surfaces", m_settings.surfaces, texts({"points", "polygons"}), "surfaces as their nodes, or as triangles and cells");
+    return map;
+}
+
+std::vector<PlannedFile> OgrFormat::plan(const ExportSelection& selection) const
+{
+    // Neither can be written to; the export says why.
+    const bool folder = QFileInfo(selection.path).isDir();
+    if (isDevice(selection.path) || (folder && m_settings.grouping == FileGrouping::Single))
+        return {{selection.path, selection.objects}};
+    ExportSelection named = selection;
+    if (!folder)
+        named.path = withOneOf(selection.path, extensions());
+    const std::vector<PlannedFile> groups = planFiles(named, m_settings.grouping, extensions().first());
+    if (traits().manyLayers)
+        return groups;
+    std::vector<PlannedFile> files;
+    UniqueNames names;
+    for (const PlannedFile& group : groups) {
+        const std::vector<OgrLayer> layers = ogrLayers(group.objects, m_settings, traits().heights);
+        for (const OgrLayer& layer : layers) {
+            const QString path = layers.size() == 1 ? group.path : OGRExporter::layerFileName(group.path, layer.type());
+            const QString extension = QLatin1Char('.') + QFileInfo(path).suffix();
+            files.push_back({names.take(path.left(path.size() - extension.size())) + extension, layer.objects});
+        }
+    }
+    return files;
+}
+
+QString OgrFormat::chosenSystem(const PlannedFile& file, const ExportSelection& selection) const
+{
+    if (!m_settings.crs.isEmpty()) {
+        const QString wkt = wktOf(m_settings.crs);
+        if (wkt.isEmpty())
+            throw ExportError(file.path, QStringLiteral("crs: \"%1\" is no coordinate system that is known").arg(m_settings.crs),
+                              QStringLiteral("give EPSG:n or WKT"));
+        return wkt;
+    }
+    // The files of one geometry type each belong together; those of one object or set each stand alone.
+    const auto& objects = m_settings.grouping == FileGrouping::Single ? selection.objects : file.objects;
+    for (const auto* list : {&objects, &file.objects}) {
+        for (const ModelObject* object : *list) {
+            if (!object->crs.isEmpty())
+                return object->crs;
+        }
+    }
+    return {};
+}
+
+OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& selection) const
+{
+    const QString target = chosenSystem(file, selection);
+    return OgrSystems(target, target);
+}
+
+void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&, const kpBase::AbstractProgress*) const {}
+
+void OgrFormat::noteSystems(Output& output, ExportReport& report) const
+{
+    // What the user has asked for need not be told.
+    const bool asked = !m_settings.crs.isEmpty();
+    const QString target = output.systems.target();
+    for (const ModelObject* object : output.file.objects) {
+        try {
+            if (output.systems.to(*object) && !asked && output.systems.followsObjects())
+                report.note(QStringLiteral("transformed"), object->name, object->vertexCount(),
+                            QStringLiteral("from %1 to %2").arg(crsName(object->crs), crsName(target)));
+        } catch (const std::exception& error) {
+            throw ExportError(output.file.path, QStringLiteral("%1: %2").arg(object->name, QString::fromUtf8(error.what())),
+                              QStringLiteral("leave the object out, or give another crs"));
+        }
+        if (!asked && object->crs.isEmpty() && !target.isEmpty())
+            report.note(QStringLiteral("coordinate system assumed"), object->name, 1,
+                        QStringLiteral("the object has none and is taken to be in that of the first one that has"));
+    }
+}
+
+OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                                     ExportReport& report, const kpBase::AbstractProgress* progress) const
+{
+    const OgrTraits able = traits();
+    Output output{file, path, ogrLayers(file.objects, m_settings, able.heights), {}, {}, systems(file, selection)};
+    noteSystems(output, report);
+    if (!able.heights)
+        noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, report);
+    for (const OgrLayer& layer : output.layers)
+        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report, progress));
+    return output;
+}
+
+qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                        ExportReport& report, kpBase::AbstractProgress* progress)
+{
+    const OgrTraits able = traits();
+    if (isDevice(path))
+        throw ExportError(file.path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
+                          QStringLiteral("give the name of a file"));
+    registerGdalDrivers();
+    Output output = prepare(file, path, selection, report, progress);
+    OGRExporterOptions options = hostOptions(m_settings, able);
+    tune(output, options, report, progress);
+    if (progress && progress->isCancelled())
+        return 0;
+
+    QVector<OGRLayerInfo> layers;
+    std::vector<std::shared_ptr<OgrFeatures>> sources;
+    for (std::size_t index = 0; index < output.layers.size(); ++index) {
+        const OgrLayer& layer = output.layers[index];
+        sources.push_back(std::make_shared<OgrFeatures>(layer, output.tables[index], output.systems, report));
+        OGRLayerInfo info(layerName(path, layer, output.layers.size() == 1), {}, output.tables[index].fields(), QString());
+        info.source(sources.back(), layer.type());
+        layers.append(info);
+    }
+    LayersProgress share = layersProgress(progress, output.layers);
+    OGRExporter exporter(path, able.driver, &share);
+    exporter.options(options);
+    exporter.writeAttributes(m_settings.attributes);
+    exporter.coordSystem(output.systems.target().isEmpty() ? noSystem() : output.systems.target());
+    const bool written = exporter.write(layers);
+    qint64 features = 0;
+    for (const auto& source : sources) {
+        output.features.push_back(source->made());
+        features += source->made();
+    }
+    const QString fault = failure(exporter.refusals());
+    if (share.isCancelled() && fault.isEmpty())
+        return features;
+    if (!written || !fault.isEmpty())
+        failIncomplete(file.path, fault);
+    noteRefusals(exporter.refusals(), report);
+    if (m_settings.symbology)
+        addStyle(output, report);
+    check(output, report);
+    return features;
+}
+
+void OgrFormat::check(const Output& output, ExportReport& report) const
+{
+    openAndCount(output, report);
+}
+
+void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
+{
+    const QuietGdal quiet;
+    const GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(output.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    if (!dataset || dataset->GetLayerCount() < static_cast<int>(output.layers.size()))
+        failIncomplete(output.file.path, QStringLiteral("it cannot be opened again; %1").arg(QuietGdal::lastMessage()));
+    for (int index = 0; index < static_cast<int>(output.layers.size()); ++index) {
+        OGRLayer* const layer = dataset->GetLayer(index);
+        const qint64 wanted = output.features[static_cast<std::size_t>(index)];
+        // Not forced: some drivers would read every feature.
+        const qint64 quick = layer->GetFeatureCount(FALSE);
+        const qint64 found = quick >= 0 ? quick : layer->GetFeatureCount(TRUE);
+        if (found != wanted)
+            failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(found).arg(wanted));
+        const OGRFeatureUniquePtr last(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));
+        if (wanted > 0 && (!last || !last->GetGeometryRef()))
+            failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
+        const OGRSpatialReference* system = layer->GetSpatialRef();
+        if (!output.systems.target().isEmpty() && (!system || system->IsLocal()))
+            report.note(QStringLiteral("coordinate system not carried"), QString(), 1,
+                        QStringLiteral("the format does not know %1").arg(crsName(output.systems.target())));
+    }
+}
+
+void OgrFormat::addStyle(const Output& output, ExportReport& report) const
+{
+    const QFileInfo info(output.path);
+    const QString path = info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".qml");
+    const QByteArray style = qgisStyle(output.layers.front(), m_settings.attributes && m_settings.color, report);
+    if (style.isEmpty())
+        return;
+    QFile file(path);
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(style) == style.size() && file.flush();
+    file.close();
+    if (!written || file.error() != QFile::NoError)
+        throw ExportError(output.file.path, QStringLiteral("the style %1 could not be written: %2").arg(info.completeBaseName() + QStringLiteral(".qml"), file.errorString()),
+                          QStringLiteral("make room on the disk, or switch symbology off"));
+}
+
+Verification OgrFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
+{
+    registerGdalDrivers();
+    const OgrTraits able = traits();
+    OgrSystems ways = systems(file, selection);
+    return verifyOgrFile(path, able.driver, ogrLayers(file.objects, m_settings, able.heights), ways);
+}
+
+} // namespace refhost

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "app/savers/ogr/ShpFormat.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <QtEndian>
+
+namespace refhost
+{
+
+namespace
+{
+
+constexpr int headerSize = 100;
+
+QByteArray head(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(headerSize) : QByteArray();
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The size that the header of a .shp or .shx tells, in bytes; counted there in words of 16 bits.
+qint64 toldSize(const QString& path)
+{
+    const QByteArray bytes = head(path);
+    return bytes.size() < headerSize ? -1 : 2 * static_cast<qint64>(qFromBigEndian<qint32>(bytes.constData() + 24));
+}
+
+/// The size that a table needs for its records.
+qint64 tableSize(const QString& path)
+{
+    const QByteArray bytes = head(path);
+    if (bytes.size() < 12)
+        return -1;
+    const auto records = static_cast<qint64>(qFromLittleEndian<quint32>(bytes.constData() + 4));
+    return qFromLittleEndian<quint16>(bytes.constData() + 8) + records * qFromLittleEndian<quint16>(bytes.constData() + 10);
+}
+
+} // namespace
+
+FormatInfo ShpFormat::info() const
+{
+    FormatInfo info = vectorInfo();
+    info.key = QStringLiteral("shp");
+    info.displayName = QStringLiteral("ESRI Shapefile");
+    info.fileFormatName = QStringLiteral("SHP");
+    return info;
+}
+
+SettingsMap ShpFormat::settings()
+{
+    SettingsMap map = commonSettings();
+    map.addInteger("decimals", m_settings.decimals, -1, 15, "decimals of real numbers in the table; -1 for as many as they need");
+    return map;
+}
+
+QStringList ShpFormat::extensions() const
+{
+    return {QStringLiteral("shp")};
+}
+
+QStringList ShpFormat::sidecars() const
+{
+    // A style (.qml) is not among them: it may be the user's own work.
+    QStringList list;
+    for (const char* extension : {"shx", "dbf", "prj", "cpg", "qix", "qpj", "sbn", "sbx", "fbn", "fbx", "ain", "aih", "idm", "ind", "shp.xml"})
+        list.append(QString::fromLatin1(extension));
+    return list;
+}
+
+OgrTraits ShpFormat::traits() const
+{
+    OgrTraits traits;
+    traits.driver = QStringLiteral("ESRI Shapefile");
+    traits.fileKind = QStringLiteral("Shapefile");
+    traits.names.mostBytes = 10;
+    traits.names.plain = true;
+    traits.mostFields = 255;
+    traits.mostTextBytes = 254;
+    traits.sizedTexts = true;
+    traits.sizedNumbers = true;
+    traits.booleans = false;
+    traits.emptyTexts = false;
+    traits.firstId = 0;
+    return traits;
+}
+
+void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+{
+    options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
+}
+
+void ShpFormat::check(const Output& output, ExportReport& report) const
+{
+    const QString base = output.path.left(output.path.size() - 4);
+    for (const char* extension : {".shp", ".shx"}) {
+        const QString path = base + QString::fromLatin1(extension);
+        if (toldSize(path) != QFileInfo(path).size())
+            failIncomplete(output.file.path, QStringLiteral("%1 is shorter than it says").arg(QString::fromLatin1(extension)));
+    }
+    const QString table = base + QStringLiteral(".dbf");
+    const qint64 needed = tableSize(table);
+    if (needed < 0 || QFileInfo(table).size() < needed)
+        failIncomplete(output.file.path, QStringLiteral(".dbf is shorter than it says"));
+    const QString system = base + QStringLiteral(".prj");
+    if (QFileInfo::exists(system) && !contentOf(system).trimmed().endsWith(']'))
+        failIncomplete(output.file.path, QStringLiteral(".prj is cut off"));
+    if (contentOf(base + QStringLiteral(".cpg")).trimmed() != "UTF-8")
+        failIncomplete(output.file.path, QStringLiteral(".cpg is cut off"));
+    openAndCount(output, report);
+}
+
+} // namespace refhost

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/opentec/OpenTecExportSettings.h"
+
+namespace refhost
+{
+
+/// Cross-sections in the OpenTecLink text format, a file for each: its trace on the map and the lines drawn on it as
+/// distances along the trace and depths.
+class OpenTecFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+                 kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
+
+private:
+    /// The chosen sections, or none of a file that says which names there are not.
+    std::vector<const ModelObject*> chosen(const ExportSelection& selection) const;
+    void requireNames(const PlannedFile& file, const ExportSelection& selection) const;
+    const ModelObject& traceOf(const ModelObject& section, const ExportSelection& selection) const;
+
+    OpenTecExportSettings m_settings;
+};
+
+} // namespace refhost

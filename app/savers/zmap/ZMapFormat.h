@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportFormat.h"
+#include "app/savers/zmap/ZMapExportSettings.h"
+
+namespace refhost
+{
+
+/// ZMap+ (ZYCOR) grid: one regular grid per file, columns from west to east, each from north to south. Its axes are
+/// parallel to the coordinates'; a rotated grid is refused.
+/// The format: http://lists.osgeo.org/pipermail/gdal-dev/2011-June/029173.html; how GDAL takes the header's limits:
+/// https://gdal.org/drivers/raster/zmap.html
+class ZMapFormat : public ExportFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                 ExportReport& report, kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
+
+private:
+    ZMapExportSettings m_settings;
+};
+
+} // namespace refhost
