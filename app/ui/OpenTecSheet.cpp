@@ -78,7 +78,7 @@ void OpenTecSheet::deactivate()
 {
     BoundSheet::deactivate();
     const QStringList checked = chosenNames(*this);
-    // A list of names cannot hold a name with a comma; all of them need no list.
+    // All of them need no list.
     const bool allChecked = checked.size() == sectionList()->rowCount();
     if (const Setting* sections = m_binding.settings().find(sectionsKey))
         sections->set(allChecked ? QString() : checked.join(QLatin1Char(',')));

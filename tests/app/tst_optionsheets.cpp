@@ -123,7 +123,7 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
     add("dxf", false).unit().choice("dimension", words("3d map section")).files().choice("layers", words("set type none"))
         .flag("faces", true).flag("meshPoints", false).flag("boundaries", false).text("crs");
     add("gocad", true).files().flag("header", true).choice("zPositive", words("elevation depth")).unit();
-    add("off", false).text("filePrefix").unit().flag("zIsElevation", true);
+    add("off", false).text("filePrefix").unit().choice("zPositive", words("elevation depth"));
     add("zmap", false).text("nullText");
     add("grdecl", true).text("filePrefix").unit();
     add("shp", true).flag("attributes", true).flag("symbology", false);
@@ -400,7 +400,7 @@ void OptionSheetsTest::missingSettings()
     auto meshes = wizardAt("off", {1});
     click(*meshes, "m_depth");
     QTest::keyClicks(child<QLineEdit>(*meshes, "m_filePrefix"), QStringLiteral("p"));
-    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zIsElevation=false ")));
+    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zPositive=depth ")));
     QVERIFY(child<QAbstractButton>(*wizardAt("off", {1}), "m_depth")->isChecked());
     auto bare = wizardAt("tab", {1});
     QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->isEnabled());
