@@ -121,13 +121,15 @@ private:
     void readDescription(GocadObject& object, std::string_view keyword)
     {
         if (keyword == "PROPERTIES") {
+            if (!object.x.empty())
+                m_scanner.fail(QStringLiteral("PROPERTIES stands behind vertices"), QStringLiteral("put it before the first vertex"));
             object.properties = wordsOf(m_scanner.rest());
             object.values.resize(static_cast<std::size_t>(object.properties.size()));
             m_sizes.assign(static_cast<std::size_t>(object.properties.size()), 1);
         } else if (keyword == "ESIZES") {
             std::string_view word;
             for (std::size_t property = 0; property < m_sizes.size() && m_scanner.nextWord(word); ++property)
-                m_sizes[property] = m_scanner.integer(word);
+                m_sizes[property] = sizeOf(word);
         } else if (keyword == "NO_DATA_VALUES") {
             std::string_view word;
             object.noDataValues.clear();
@@ -140,6 +142,14 @@ private:
         } else if (keyword == "ZPOSITIVE") {
             object.zIsDepth = m_scanner.rest() == "Depth";
         }
+    }
+
+    qint64 sizeOf(std::string_view word) const
+    {
+        const qint64 size = m_scanner.integer(word);
+        if (size < 1)
+            m_scanner.fail(QStringLiteral("a property has %1 numbers").arg(size), QStringLiteral("correct ESIZES"));
+        return size;
     }
 
     /// "HEADER {", then "key:value" a line, then "}"; the first pair may stand behind the brace.
@@ -186,17 +196,16 @@ private:
         return word;
     }
 
-    void addIndex(const GocadObject& object)
+    qint64 newVertex(const GocadObject& object)
     {
         if (object.x.size() >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
             m_scanner.fail(QStringLiteral("there are more vertices than an object can have"), QStringLiteral("split the file"));
-        const qint64 id = m_scanner.integer(need("the vertex number"));
-        m_indices[id] = static_cast<int>(object.x.size());
+        return m_scanner.integer(need("the vertex number"));
     }
 
     void readVertex(GocadObject& object, bool withProperties)
     {
-        addIndex(object);
+        m_indices[newVertex(object)] = static_cast<int>(object.x.size());
         for (std::vector<double>* axis : {&object.x, &object.y, &object.z})
             axis->push_back(m_scanner.number(need("a coordinate")));
         for (std::size_t property = 0; property < object.values.size(); ++property) {
@@ -214,8 +223,10 @@ private:
 
     void readAtom(GocadObject& object)
     {
-        addIndex(object);
+        const qint64 id = newVertex(object);
+        // Before the new one is known: an atom cannot share its own position.
         const auto shared = static_cast<std::size_t>(indexOf(m_scanner.integer(need("the shared vertex"))));
+        m_indices[id] = static_cast<int>(object.x.size());
         object.x.push_back(object.x[shared]);
         object.y.push_back(object.y[shared]);
         object.z.push_back(object.z[shared]);

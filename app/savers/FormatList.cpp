@@ -20,17 +20,17 @@ std::vector<std::unique_ptr<ExportFormat>> makeFormats()
 {
     std::vector<std::unique_ptr<ExportFormat>> formats;
     formats.push_back(std::make_unique<AsciiFormat>());
-    formats.push_back(std::make_unique<GocadFormat>());
-    formats.push_back(std::make_unique<GrdeclFormat>());
-    formats.push_back(std::make_unique<OffFormat>());
-    formats.push_back(std::make_unique<ZMapFormat>());
-    formats.push_back(std::make_unique<GeoJsonFormat>());
-    formats.push_back(std::make_unique<GpkgFormat>());
+    formats.push_back(std::make_unique<KmlFormat>());
+    formats.push_back(std::make_unique<DxfFormat>());
+    formats.push_back(std::make_unique<OpenTecFormat>());
     formats.push_back(std::make_unique<ShpFormat>());
     formats.push_back(std::make_unique<TabFormat>());
-    formats.push_back(std::make_unique<DxfFormat>());
-    formats.push_back(std::make_unique<KmlFormat>());
-    formats.push_back(std::make_unique<OpenTecFormat>());
+    formats.push_back(std::make_unique<GpkgFormat>());
+    formats.push_back(std::make_unique<GeoJsonFormat>());
+    formats.push_back(std::make_unique<GocadFormat>());
+    formats.push_back(std::make_unique<OffFormat>());
+    formats.push_back(std::make_unique<ZMapFormat>());
+    formats.push_back(std::make_unique<GrdeclFormat>());
     return formats;
 }
 

@@ -322,8 +322,12 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
     record.clearData();
     record.name = object.name.simplified().toStdString();
     DoubleMatrixData::Missing missingZ;
+    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
+                                                    : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
-        report.note(QStringLiteral("no z"), object.name, object.vertexCount(), QStringLiteral("the object is flat; z is written as 0"));
+        // No height is known, which is not the same as a height of 0.
+        missingZ = std::make_shared<std::vector<unsigned char>>(object.z->size(), static_cast<unsigned char>(1));
+        report.note(QStringLiteral("no z"), object.name, object.vertexCount(), QStringLiteral("the object is flat; ") + written);
     } else {
         const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
         if (undefined > 0) {
@@ -332,9 +336,7 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             for (const double z : *object.z)
                 flags->push_back(std::isnan(z) ? 1 : 0);
             missingZ = flags;
-            report.note(QStringLiteral("vertex without z"), object.name, undefined,
-                        settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
-                                                : QStringLiteral("z is written as 0"));
+            report.note(QStringLiteral("vertex without z"), object.name, undefined, written);
         }
     }
     record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x), new DoubleMatrixData(QStringLiteral("X"), object.x),

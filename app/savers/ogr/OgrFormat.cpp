@@ -198,7 +198,9 @@ std::vector<PlannedFile> OgrFormat::plan(const ExportSelection& selection) const
     for (const PlannedFile& group : groups) {
         const std::vector<OgrLayer> layers = ogrLayers(group.objects, m_settings, traits().heights);
         for (const OgrLayer& layer : layers) {
-            const QString path = layers.size() == 1 ? group.path : OGRExporter::layerFileName(group.path, layer.type());
+            QString path = group.path;
+            if (layers.size() > 1) // beside it, in the words of the user
+                path = QFileInfo(path).path() + QLatin1Char('/') + QFileInfo(OGRExporter::layerFileName(path, layer.type())).fileName();
             const QString extension = QLatin1Char('.') + QFileInfo(path).suffix();
             files.push_back({names.take(path.left(path.size() - extension.size())) + extension, layer.objects});
         }
