@@ -22,7 +22,7 @@ constexpr char usage[] =
     "  kpexport formats [--json]           the formats and their settings\n"
     "  kpexport inspect PATH... [--json]   what the files hold\n"
     "  kpexport export PATH... --format KEY --output PATH\n"
-    "           [--object NAME|GLOB]... [--type TYPE]... [--attribute NAME]...\n"
+    "           [--object NAME|GLOB]... [--type TYPE]... [--attribute NAME]... | --no-attributes\n"
     "           [--layout FILE.klf] [--set KEY=VALUE]... [--overwrite | --no-overwrite] [--strict]\n"
     "           [--verify] [--dry-run] [--report FILE.json] [--quiet]\n"
     "  kpexport run JOB.json               an export described in a file\n"

@@ -80,7 +80,9 @@ bool checkRequest(const ExportRequest& request)
         printError(QStringLiteral("export: no format is given (add --format KEY)"));
     else if (request.output.isEmpty())
         printError(QStringLiteral("export: no output is given (add --output PATH)"));
-    else if (!request.layout.isEmpty() && !request.attributes.isEmpty())
+    else if (request.noAttributes && !request.attributes.isEmpty())
+        printError(QStringLiteral("export: --attribute and --no-attributes exclude each other (give one)"));
+    else if (!request.layout.isEmpty() && (request.noAttributes || !request.attributes.isEmpty()))
         printError(QStringLiteral("export: a layout names its attributes itself (leave out --layout or --attribute)"));
     else {
         for (const QString& type : request.types) {
@@ -195,6 +197,8 @@ int runRequest(const ExportRequest& request)
     selection.path = request.output;
     if (!request.attributes.isEmpty())
         selection.attributes = request.attributes;
+    if (request.noAttributes)
+        selection.attributes = QStringList();
     if (selection.objects.empty()) {
         printError(QStringLiteral("no object matches (kpexport inspect lists the names and types)"));
         return NothingMatched;
@@ -230,7 +234,7 @@ int exportCommand(const QStringList& arguments)
     };
     for (const char* name : {"format", "output", "object", "type", "attribute", "layout", "set", "report"})
         value(name);
-    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run"})
+    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run", "no-attributes"})
         parser.addOption({QString::fromLatin1(name), QString()});
     if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)) {
         printError(parser.errorText() + QStringLiteral(" (see kpexport --help)"));
@@ -247,6 +251,7 @@ int exportCommand(const QStringList& arguments)
     request.report = parser.value(QStringLiteral("report"));
     request.strict = parser.isSet(QStringLiteral("strict"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));
+    request.noAttributes = parser.isSet(QStringLiteral("no-attributes"));
     request.verify = parser.isSet(QStringLiteral("verify"));
     request.dryRun = parser.isSet(QStringLiteral("dry-run"));
     request.overwrite = parser.isSet(QStringLiteral("overwrite"));

@@ -18,6 +18,7 @@ struct ExportRequest
     QStringList objects;    ///< names, globs or "id:NUMBER"; all when empty
     QStringList types;      ///< type keys; all when empty
     QStringList attributes; ///< all when empty
+    bool noAttributes = false; ///< coordinates only
     QString layout;         ///< layout file of the ASCII format; none when empty
     QVector<QPair<QString, QString>> settings;
     bool overwrite = false;

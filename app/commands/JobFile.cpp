@@ -88,6 +88,8 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
             request.overwrite = truth(path, key, value);
         } else if (key == QLatin1String("strict")) {
             request.strict = truth(path, key, value);
+        } else if (key == QLatin1String("noAttributes")) {
+            request.noAttributes = truth(path, key, value);
         } else if (key == QLatin1String("verify")) {
             request.verify = truth(path, key, value);
         } else if (key == QLatin1String("dryRun")) {
@@ -100,7 +102,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, layout, settings, overwrite, strict, verify, dryRun, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, settings, overwrite, strict, verify, dryRun, quiet, report"));
         }
     }
     return request;

@@ -45,6 +45,7 @@ QString commandLineOf(const ExportRequest& request)
     options("--object", request.objects);
     options("--type", request.types);
     options("--attribute", request.attributes);
+    flag("--no-attributes", request.noAttributes);
     option("--layout", request.layout);
     for (const auto& setting : request.settings)
         option("--set", setting.first + QLatin1Char('=') + setting.second);
@@ -77,6 +78,7 @@ QJsonObject jobOf(const ExportRequest& request)
     list("objects", request.objects);
     list("types", request.types);
     list("attributes", request.attributes);
+    flag("noAttributes", request.noAttributes);
     text("layout", request.layout);
     if (!request.settings.isEmpty()) {
         QJsonObject settings;

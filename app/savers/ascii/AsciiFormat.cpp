@@ -4,6 +4,7 @@
 #include "app/jobs/ExportError.h"
 #include "app/jobs/ShareOfProgress.h"
 #include "app/savers/ascii/AsciiOutput.h"
+#include "app/savers/ascii/AsciiVerification.h"
 #include "host/data/FormatFile.h"
 
 #include <QJsonObject>
@@ -94,14 +95,27 @@ std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) con
     return planFiles(selection, m_settings.grouping, QStringLiteral("csv"));
 }
 
+AsciiTable AsciiFormat::tableOf(const PlannedFile& file, const ExportSelection& selection, ExportReport& report) const
+{
+    const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
+    if (m_layout)
+        return asciiTable(*m_layout, selection.objects, inColumns, report);
+    AsciiTable table = asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
+    if (inColumns)
+        layOutColumns(table, file.objects, m_settings);
+    return table;
+}
+
+Verification AsciiFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
+{
+    ExportReport alreadyReported;
+    return verifyAscii(file, path, tableOf(file, selection, alreadyReported), m_settings);
+}
+
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {
-    const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
-    AsciiTable table = m_layout ? asciiTable(*m_layout, selection.objects, inColumns, report)
-                                : asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
-    if (inColumns && !m_layout)
-        layOutColumns(table, file.objects, m_settings);
+    const AsciiTable table = tableOf(file, selection, report);
     double total = 0;
     for (const ModelObject* object : file.objects)
         total += object->weight();

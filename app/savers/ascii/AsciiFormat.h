@@ -4,6 +4,7 @@
 #include "app/jobs/ExportFormat.h"
 #include "app/savers/ascii/AsciiExportSettings.h"
 #include "app/savers/ascii/AsciiLayout.h"
+#include "app/savers/ascii/AsciiRecord.h"
 
 #include <optional>
 #include <utility>
@@ -22,6 +23,7 @@ public:
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
     qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                  ExportReport& report, kpBase::AbstractProgress* progress) override;
+    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
 
     /// The fields to write, their order and columns, and the settings that the file holds.
     void loadLayout(const QString& path) override;
@@ -32,6 +34,8 @@ public:
     const AsciiExportSettings& current() const { return m_settings; }
 
 private:
+    AsciiTable tableOf(const PlannedFile& file, const ExportSelection& selection, ExportReport& report) const;
+
     AsciiExportSettings m_settings;
     std::optional<AsciiLayout> m_layout;
 };
