@@ -177,6 +177,9 @@ std::vector<OutputTransaction::Move> OutputTransaction::moves() const
             written.insert(name);
             moves.push_back({target.name, target.folder + QLatin1Char('/') + name, directory.filePath(name), {}});
         }
+        if (written.isEmpty())
+            throw ExportError(target.name, QStringLiteral("what was written is gone: %1 was removed during the run").arg(resolved.absolutePath()),
+                              QStringLiteral("create the directory and export again"));
         for (const QString& extension : target.sidecars) {
             const QString name = resolved.completeBaseName() + QLatin1Char('.') + extension;
             if (!written.contains(name) && QFileInfo(directory.filePath(name)).isFile())

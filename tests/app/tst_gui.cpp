@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QProcess>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSettings>
 #include <QTableView>
@@ -150,6 +151,7 @@ private Q_SLOTS:
     void failureIsReported();
     void selectionInTheWindow();
     void everyFormatHasItsPage();
+    void cancelledInTheWizard();
 
 private:
     QByteArray read(const QString& name)
@@ -300,6 +302,42 @@ void GuiTest::failedPartAgain()
     QVERIFY2(!QFile::exists(first), "written again although it had not failed");
     Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
     exportWith(restore);
+}
+
+void GuiTest::cancelledInTheWizard()
+{
+    // The close button cancels while the file is written; the earlier file is as it was.
+    ModelObject large;
+    large.name = QStringLiteral("Large");
+    large.x = std::make_shared<const std::vector<double>>(std::vector<double>(3000000, 1234.5678));
+    large.y = large.z = large.x;
+    const int id = m_context->model.add(large);
+    const QString path = m_folder.filePath(QStringLiteral("cancelled.csv"));
+    QFile earlier(path);
+    QVERIFY(earlier.open(QIODevice::WriteOnly));
+    earlier.write("earlier");
+    earlier.close();
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.setFormatAndSelectedGeo("ascii", {id});
+    wizard.startup();
+    wizard.show();
+    auto* bar = wizard.findChild<QProgressBar*>(QStringLiteral("progressBar"));
+    QElapsedTimer sinceCancel;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        if (!sinceCancel.isValid() && bar->isVisible() && bar->value() > 10) {
+            sinceCancel.start();
+            QTest::mouseClick(wizard.closeButton(), Qt::LeftButton);
+        }
+    });
+    watch.start(1);
+    wizard.slotSaveClicked(path, true);
+    QVERIFY2(sinceCancel.isValid(), "the run ended before it was cancelled");
+    const QString report = wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
+    QVERIFY2(report.contains(QStringLiteral("cancelled by the user")), qPrintable(report));
+    QCOMPARE(read(QStringLiteral("cancelled.csv")), QByteArray("earlier"));
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
 }
 
 void GuiTest::failureIsReported()

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void sidecars();
     void abandonedFolders();
     void killedWhileMoving();
+    void removedMeanwhile();
     void droppedAndAbandoned();
     void broughtBack();
     void links();
@@ -130,6 +131,27 @@ void JobsTest::killedWhileMoving()
     next.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.prj m.shp other"));
     QCOMPARE(read(at("m.shp")) + read(at("m.dbf")) + read(at("m.prj")) + read(at("m.cpg")), QByteArray("newnewnewthe user's"));
+}
+
+void JobsTest::removedMeanwhile()
+{
+    // The target goes while its successor is written: the new file comes all the same.
+    QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("a"));
+    write(target, "earlier");
+    OutputTransaction transaction;
+    write(transaction.stage(target), "new");
+    QVERIFY(QFile::remove(target));
+    transaction.commit();
+    QCOMPARE(read(target), QByteArray("new"));
+
+    // The whole directory goes: an error, and nothing is created elsewhere.
+    QDir(folder.path()).mkdir(QStringLiteral("gone"));
+    OutputTransaction lost;
+    write(lost.stage(folder.filePath(QStringLiteral("gone/a"))), "new");
+    QVERIFY(QDir(folder.filePath(QStringLiteral("gone"))).removeRecursively());
+    QVERIFY_EXCEPTION_THROWN(lost.commit(), ExportError);
+    QCOMPARE(entries(folder.path()), QStringList{QStringLiteral("a")});
 }
 
 void JobsTest::droppedAndAbandoned()
