@@ -29,6 +29,7 @@ QString ExportPlan::summary() const
     QString text = outputs.size() == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(outputs.size());
     if (replaced() > 0)
         text += outputs.size() == 1 ? QStringLiteral(", which replaces an existing one")
+                : replaced() == 1   ? QStringLiteral(", 1 of which replaces an existing one")
                                     : QStringLiteral(", %1 of which replace existing ones").arg(replaced());
     text += QStringLiteral("; about %1").arg(sizeText(bytes()));
     if (freeBytes >= 0)

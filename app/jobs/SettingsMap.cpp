@@ -89,6 +89,10 @@ void SettingsMap::set(const QString& key, const QString& value)
 
 QString labelOf(const QString& key)
 {
+    if (key == QLatin1String("crs"))
+        return QStringLiteral("CRS");
+    if (key == QLatin1String("rfc7946"))
+        return QStringLiteral("RFC 7946");
     QString label;
     for (const QChar character : key) {
         if (character.isUpper() && !label.isEmpty())

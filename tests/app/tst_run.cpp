@@ -220,7 +220,7 @@ void RunTest::plan()
     QCOMPARE(lines.join(QLatin1Char('\n')), QStringLiteral("out_one.nam new   2\n"
                                                            "out_two_2.nam overwrite two/2 out_two_2.num 2\n"
                                                            "out_two_2_2.nam new two/2  2"));
-    QVERIFY(plan.summary().startsWith(QStringLiteral("3 files, 1 of which replace existing ones; about ")));
+    QVERIFY(plan.summary().startsWith(QStringLiteral("3 files, 1 of which replaces an existing one; about ")));
     QVERIFY(plan.freeBytes > 0);
 
     // A directory takes the files under the objects' own names.
