@@ -1,8 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/ExportFormat.h"
 
+#include <QHash>
+
+#include <algorithm>
+
 namespace refhost
 {
+
+namespace
+{
+
+/// Characters of a value and what parts it from the next, guessed from the first values.
+qint64 widthOf(const AttributeColumn& column)
+{
+    constexpr int numberWidth = 11;
+    constexpr int looked = 50;
+    if (column.kind == AttributeKind::Real || column.values.isEmpty())
+        return numberWidth;
+    qint64 characters = 0;
+    const int count = std::min(looked, column.values.size());
+    for (int index = 0; index < count; ++index)
+        characters += column.values[index].toString().size();
+    return characters / count + 1;
+}
+
+} // namespace
 
 qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelection& selection) const
 {
@@ -10,18 +33,34 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
     constexpr int bytesPerValue = 11;
     constexpr int bytesPerTriangle = 24;
     constexpr int cornersPerCell = 8;
+    // As in a table: every row has every column of the file, be it with a mark for "missing".
+    QHash<QString, qint64> columns;
+    const bool withAttributes = info().supportsAttributes;
+    qint64 vertices = 0;
     qint64 bytes = 0;
     for (const ModelObject* object : file.objects) {
-        qint64 attributes = 0;
-        for (const AttributeColumn& column : object->vertexAttributes)
-            attributes += selection.wantsAttribute(column.name) ? 1 : 0;
-        bytes += object->vertexCount() * (3 * bytesPerCoordinate + attributes * bytesPerValue);
+        for (const AttributeColumn& column : object->vertexAttributes) {
+            if (withAttributes && selection.wantsAttribute(column.name) && !columns.contains(column.name))
+                columns.insert(column.name, widthOf(column));
+        }
+        for (const ObjectAttribute& attribute : object->objectAttributes) {
+            if (withAttributes && selection.wantsAttribute(attribute.name) && !columns.contains(attribute.name))
+                columns.insert(attribute.name, attribute.value.toString().size() + 1);
+        }
+        vertices += object->vertexCount();
+        if (object->section) {
+            for (const SectionSegment& segment : object->section->segments)
+                vertices += static_cast<qint64>(segment.z.size());
+        }
         bytes += static_cast<qint64>(object->triangles.size()) * bytesPerTriangle;
         if (object->cells)
             bytes += (object->rowCount() - object->vertexCount())
                      * (cornersPerCell + static_cast<qint64>(object->cells->cellAttributes.size())) * bytesPerValue;
     }
-    return bytes;
+    qint64 row = 3 * bytesPerCoordinate;
+    for (const qint64 width : qAsConst(columns))
+        row += width;
+    return bytes + vertices * row;
 }
 
 void ExportFormat::loadLayout(const QString&)

@@ -91,6 +91,9 @@ private:
         }
         if (key == QLatin1String("color") && !QColor(text).isValid())
             fail(QStringLiteral("\"%1\" is no colour").arg(text), QStringLiteral("write it as #rrggbb"));
+        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"), QStringLiteral("km")};
+        if (key == QLatin1String("lengthUnit") && !units.contains(text))
+            fail(QStringLiteral("\"%1\" is no length unit").arg(text), QStringLiteral("units: %1").arg(units.join(QStringLiteral(", "))));
         for (const TextKey& known : textKeys) {
             if (key == QLatin1String(known.key)) {
                 options.*known.member = text;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/HostSaver.h"
 
+#include "app/jobs/AttributeNames.h"
 #include "app/jobs/ExportRun.h"
 #include "core/saver/AttributeNamesSheet.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
@@ -8,6 +9,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -54,10 +56,14 @@ void HostSaver::set_selection(const QString& path, const std::vector<int>& geoId
     }
     // An empty list is a choice only where there was one; else everything goes out.
     if (offersAttributes()) {
-        QStringList attributes;
+        QStringList chosen;
         for (const std::string& name : attributeNames)
-            attributes.append(QString::fromStdString(name));
-        m_selection.attributes = attributes;
+            chosen.append(QString::fromStdString(name));
+        // All of them is no choice: an object that lacks some of the others' has lost nothing.
+        const QStringList all = refhost::attributeNames(m_selection.objects);
+        const QSet<QString> wanted(chosen.begin(), chosen.end());
+        if (all.isEmpty() || std::any_of(all.begin(), all.end(), [&wanted](const QString& name) { return !wanted.contains(name); }))
+            m_selection.attributes = chosen;
     }
     m_selection.verify = m_verify;
     m_plan = m_retry ? m_failed : m_format.plan(m_selection);
@@ -81,23 +87,23 @@ void HostSaver::generateFileNames(const QString&, const std::vector<int>&, const
 
 bool HostSaver::save(const std::vector<QString>& acceptedFiles, kpBase::AbstractProgress* progress)
 {
+    const QSet<QString> accepted(acceptedFiles.begin(), acceptedFiles.end());
     std::vector<PlannedFile> files;
     for (const PlannedFile& file : m_plan) {
-        if (std::find(acceptedFiles.begin(), acceptedFiles.end(), file.path) != acceptedFiles.end())
+        if (accepted.contains(file.path))
             files.push_back(file);
     }
     ExportReport report;
     m_failed.clear();
     const bool written = runExport(m_format, m_selection, files, progress, report);
-    for (const PlannedFile& file : files) {
-        const QFileInfo info(file.path);
-        const auto outcome = std::find_if(report.files().begin(), report.files().end(),
-                                          [&file](const FileOutcome& entry) { return entry.path == file.path; });
-        const bool filled = !report.cancelled && outcome != report.files().end() && outcome->written();
-        if (!filled && info.isFile() && info.size() == 0)
-            QFile::remove(file.path);
-        if (report.cancelled || outcome == report.files().end() || !outcome->complete())
-            m_failed.push_back(file);
+    // Outcomes come in the order of the files, up to the one at which the user cancelled.
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        const FileOutcome* const outcome = !report.cancelled && index < report.files().size() ? &report.files()[index] : nullptr;
+        const QFileInfo info(files[index].path);
+        if (!(outcome && outcome->written()) && info.isFile() && info.size() == 0)
+            QFile::remove(info.filePath());
+        if (!(outcome && outcome->complete()))
+            m_failed.push_back(files[index]);
     }
     reportTo(report);
     return written;
@@ -114,7 +120,7 @@ void HostSaver::reportTo(const ExportReport& report)
                         .arg(file.bytes)
                     + verifiedHtml(file.verification);
     }
-    m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br>");
+    m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br><br>");
     m_warnings += report.findingsHtml();
     auto* wizard = dynamic_cast<kpBaseExport::QExportWizard*>(get_wizard());
     if (!wizard)

@@ -41,7 +41,7 @@ MainWindow::MainWindow(HostContext& context)
     splitter->addWidget(m_tree);
     splitter->addWidget(m_map);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({340, 760});
+    splitter->setSizes({400, 700});
     setCentralWidget(splitter);
     statusBar()->addPermanentWidget(m_position);
     buildActions();

@@ -35,6 +35,11 @@ void ObjectSelectionSheet::initialize(const QString& key)
     QExportSheetObjectSelection::initialize(key);
     auto* tree = findChild<QTreeWidget*>(QStringLiteral("m_objectTree"));
     const QSignalBlocker blocker(tree);
+    // A type of this program beside those that every host has.
+    for (QTreeWidgetItem* group : tree->findItems(QStringLiteral("Miscellaneous"), Qt::MatchExactly)) {
+        auto* leaf = new QTreeWidgetItem(group, {typeName(ObjectType::CrossSections)});
+        leaf->setCheckState(0, Qt::Checked);
+    }
     forEachLeaf(*tree, [](QTreeWidgetItem& leaf) {
         for (const ObjectType type : allObjectTypes()) {
             if (leaf.text(0) == typeName(type))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/WizardRequest.h"
 
+#include "app/jobs/AttributeNames.h"
 #include "app/savers/HostSaver.h"
 #include "app/ui/HostContext.h"
 
@@ -40,27 +41,6 @@ QStringList chosenObjects(const HostContext& context, const HostSaver& saver)
     return objects;
 }
 
-QStringList chosenAttributes(const HostSaver& saver)
-{
-    const ExportSelection& selection = saver.selection();
-    if (!selection.attributes)
-        return {};
-    const auto lacks = [&selection](const QString& name) { return !selection.attributes->contains(name); };
-    const bool all = std::none_of(selection.objects.begin(), selection.objects.end(), [&lacks](const ModelObject* object) {
-        return std::any_of(object->vertexAttributes.begin(), object->vertexAttributes.end(), [&](const auto& column) { return lacks(column.name); })
-               || (object->cells && std::any_of(object->cells->cellAttributes.begin(), object->cells->cellAttributes.end(), [&](const auto& column) { return lacks(column.name); }))
-               || std::any_of(object->objectAttributes.begin(), object->objectAttributes.end(), [&](const auto& value) { return lacks(value.name); });
-    });
-    return all ? QStringList() : *selection.attributes;
-}
-
-bool someHaveAttributes(const ExportSelection& selection)
-{
-    return std::any_of(selection.objects.begin(), selection.objects.end(), [](const ModelObject* object) {
-        return !object->vertexAttributes.empty() || !object->objectAttributes.empty() || (object->cells && !object->cells->cellAttributes.empty());
-    });
-}
-
 /// The layout of the export in a file of its own for each content, so that a command that was copied stays true.
 QString keptLayout(ExportFormat& format)
 {
@@ -91,8 +71,9 @@ ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
     request.objects = chosenObjects(context, saver);
     request.layout = keptLayout(saver.format());
     if (request.layout.isEmpty()) {
-        request.attributes = chosenAttributes(saver);
-        request.noAttributes = someHaveAttributes(saver.selection()) && saver.selection().attributes && saver.selection().attributes->isEmpty();
+        const ExportSelection& selection = saver.selection();
+        request.attributes = selection.attributes.value_or(QStringList());
+        request.noAttributes = selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
     }
     request.overwrite = true;
     request.verify = saver.selection().verify;

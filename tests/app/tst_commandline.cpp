@@ -111,6 +111,7 @@ void CommandLineTest::exportsALine_data()
         "X | Y | Z | name | grade\n6789012 | 101 | -1 | Грифон | 1\n2 | 3 | 4 | a, b | -1\n");
     row("columns", set("mode=columns") + set("decimals=1"),
         "        X     Y     Z   name grade\n6789012.3 100.5  -1.0 Грифон   1.3\n      2.0   3.0   4.0   a, b 99999\n");
+    row("no attribute", {QStringLiteral("--no-attributes")}, "X,Y,Z\n6789012.346,100.500,-1.000\n2.000,3.000,4.000\n");
     row("one attribute", QStringList{QStringLiteral("--attribute"), QStringLiteral("grade")} + set("decimals=2") + set("lineBreaks=true"),
         "X,Y,Z,grade\npoints\n6789012.35,100.50,-1.00,1.25\n2.00,3.00,4.00,99999\n\n");
 }

@@ -380,6 +380,10 @@ void GuiTest::selectionInTheWindow()
     const QList<QTreeWidgetItem*> tetra =
         wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Tetra Volumes"), Qt::MatchExactly | Qt::MatchRecursive);
     QVERIFY(tetra.first()->isDisabled());
+    // Sections are a type of this program; the format for them takes nothing else.
+    auto* sections = wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Cross Sections"), Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    QVERIFY(sections && sections->isDisabled() && sections->checkState(0) == Qt::Checked);
+    QCOMPARE(sections->data(0, Qt::UserRole).toString(), QStringLiteral("cross_section"));
 }
 
 /// Each control of a library's page stands for a setting that the format really has.

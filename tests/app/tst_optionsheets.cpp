@@ -348,7 +348,7 @@ void OptionSheetsTest::attributesStayChosen()
     auto wizard = wizardAt("plain", {1});
     auto* list = child<QListWidget>(*wizard, "m_attributeList");
     QCOMPARE(list->count(), 2); // names that differ in case only are one entry
-    QCOMPARE(save(*wizard, "a.txt").section(QLatin1Char(' '), 2), QStringLiteral("attributes=Grade,rock,grade"));
+    QCOMPARE(save(*wizard, "a.txt").section(QLatin1Char(' '), 2), QStringLiteral("all attributes"));
     wizard->startup();
     list->item(1)->setCheckState(Qt::Unchecked);
     QVERIFY(save(*wizard, "b.txt").endsWith(QStringLiteral("attributes=Grade,grade")));
@@ -405,7 +405,7 @@ void OptionSheetsTest::missingSettings()
     auto bare = wizardAt("tab", {1});
     QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->isEnabled());
     QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->toolTip().isEmpty());
-    QCOMPARE(save(*bare), QStringLiteral("objects=metric attributes=Grade,rock,grade"));
+    QCOMPARE(save(*bare), QStringLiteral("objects=metric all attributes"));
 }
 
 void OptionSheetsTest::oneGrid()
@@ -417,7 +417,7 @@ void OptionSheetsTest::oneGrid()
         QVERIFY(!child<QWidget>(*wizard, name)->isEnabled());
         QVERIFY(child<QWidget>(*wizard, name)->toolTip().contains(QStringLiteral("GRDECL")));
     }
-    QCOMPARE(save(*wizard), QStringLiteral("filePrefix= lengthUnit=m objects=grid a attributes=poro"));
+    QCOMPARE(save(*wizard), QStringLiteral("filePrefix= lengthUnit=m objects=grid a all attributes"));
     wizard->setFormatAndSelectedGeo("grdecl", {3, 4});
     wizard->startup();
     QVERIFY(!wizard->nextButton()->isEnabled());

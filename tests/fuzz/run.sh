@@ -8,7 +8,7 @@ cd "$(dirname "$0")/../.."
 seconds=${1:?how many seconds for each target}
 shift
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(FuzzGocad FuzzGrdecl FuzzJob FuzzLayout FuzzModel FuzzObj FuzzOff FuzzTable)
+[ ${#targets[@]} -gt 0 ] || targets=(FuzzGocad FuzzGrdecl FuzzJob FuzzLayout FuzzModel FuzzObj FuzzOff FuzzOpenTec FuzzTable)
 mkdir -p build/fuzz/findings
 export QT_QPA_PLATFORM=offscreen LSAN_OPTIONS=suppressions=tests/lsan.supp:print_suppressions=0
 for target in "${targets[@]}"; do
