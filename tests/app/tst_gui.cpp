@@ -2,6 +2,7 @@
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
 #include "app/ui/ExportWizard.h"
 #include "app/ui/MainWindow.h"
+#include "tests/app/FileContent.h"
 
 #include <QAction>
 #include <QApplication>
@@ -152,11 +153,7 @@ private Q_SLOTS:
     void everyFormatHasItsPage();
 
 private:
-    QByteArray read(const QString& name)
-    {
-        QFile file(m_folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-    }
+    QByteArray read(const QString& name) { return contentOf(m_folder.filePath(name)); }
     void exportWith(Script& script)
     {
         m_window->findChild<QAction*>(QStringLiteral("exportAction"))->trigger();
