@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <string>
 
+/// Digits of a number in fixed notation, for writers that differ in how they round and in the sign of zero.
 namespace kpBaseExport::DecimalDigits
 {
 
@@ -34,39 +35,59 @@ constexpr std::uint64_t powersOfTen[largestPrecision + 1] = {
     1000000000000000000ULL,
 };
 
-constexpr char digitPairs[] = "00010203040506070809101112131415161718192021222324"
-                              "25262728293031323334353637383940414243444546474849"
-                              "50515253545556575859606162636465666768697071727374"
-                              "75767778798081828384858687888990919293949596979899";
-
 /// What becomes of a value that lies exactly between two decimals.
 enum class Tie { AwayFromZero, ToEven };
 
-/// Writes the digits of \a number so that they end at \a end, at least \a least of them. Returns where they begin.
-inline char* digitsBefore(char* end, std::uint64_t number, int least)
+constexpr std::uint64_t eightZeros = 0x3030303030303030ULL;
+constexpr std::uint64_t tenToTheEighth = 100000000ULL;
+constexpr std::uint64_t tenToTheSixteenth = tenToTheEighth * tenToTheEighth;
+
+/// The eight decimal digits of a number below 10^8, one a byte, the first one lowest in memory: halves of four,
+/// two and one digit are split side by side in one word. For machines that store the lowest byte first.
+inline std::uint64_t eightDigits(std::uint32_t number)
 {
-    char* first = end;
-    while (number >= 100) {
-        const auto pair = static_cast<unsigned>(number % 100) * 2;
-        number /= 100;
-        first -= 2;
-        std::memcpy(first, digitPairs + pair, 2);
-    }
-    if (number >= 10) {
-        first -= 2;
-        std::memcpy(first, digitPairs + number * 2, 2);
-    } else {
-        *--first = static_cast<char>('0' + number);
-    }
-    while (end - first < least)
-        *--first = '0';
-    return first;
+    const std::uint64_t fours = number / 10000 | static_cast<std::uint64_t>(number % 10000) << 32;
+    const std::uint64_t hundreds = (fours * 5243 >> 19) & 0x0000007f0000007fULL;
+    const std::uint64_t pairs = hundreds | (fours - hundreds * 100) << 16;
+    const std::uint64_t tens = (pairs * 103 >> 10) & 0x000f000f000f000fULL;
+    return tens | (pairs - tens * 10) << 8;
 }
 
-/// mantissa * 2^exponent times 10^precision, rounded once. The product of a 53-bit mantissa and a power below 2^60
-/// fits in 128 bits, so nothing is lost before that. False when the result has more than 64 bits.
+/// The sixteen digits of a number below 10^16 as characters.
+inline Wide sixteenDigits(std::uint64_t number)
+{
+    const std::uint64_t upper = eightDigits(static_cast<std::uint32_t>(number / tenToTheEighth));
+    const std::uint64_t lower = eightDigits(static_cast<std::uint32_t>(number % tenToTheEighth));
+    return static_cast<Wide>(lower | eightZeros) << 64 | upper | eightZeros;
+}
+
+/// How many decimal digits a number has; 1 for 0.
+inline int digitCount(std::uint64_t number)
+{
+    const int bits = 64 - __builtin_clzll(number | 1);
+    const int estimate = bits * 1233 >> 12; // bits * log10(2), right or one too small
+    return estimate + (number >= powersOfTen[estimate] ? 1 : 0) + (number == 0 ? 1 : 0);
+}
+
+/// product / 2^places, rounded. For places from 1 on and products that leave the topmost bit free.
+template <Tie tie, typename Word> Word halved(Word product, int places)
+{
+    if constexpr (tie == Tie::AwayFromZero)
+        return ((product >> (places - 1)) + 1) >> 1;
+    const Word belowHalf = (static_cast<Word>(1) << (places - 1)) - 1;
+    return (product + belowHalf + (product >> places & 1U)) >> places;
+}
+
+/// The magnitude of a finite value, mantissa * 2^exponent, times 10^precision, rounded once. The product of a 53-bit
+/// mantissa and a power below 2^60 fits in 128 bits, so nothing is lost before that.
+/// False when the result has more than 64 bits.
 template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
 {
+    constexpr int largestNarrowPrecision = 3; // 2^53 * 10^3 fits in 63 bits
+    if (precision <= largestNarrowPrecision && exponent < 0 && exponent > -64) {
+        result = halved<tie>(mantissa * powersOfTen[precision], -exponent);
+        return true;
+    }
     const Wide product = static_cast<Wide>(mantissa) * powersOfTen[precision];
     Wide rounded = 0;
     if (exponent >= 0) {
@@ -74,11 +95,7 @@ template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precisi
             return false;
         rounded = product << exponent;
     } else if (exponent > -128) {
-        rounded = product >> -exponent;
-        const Wide half = static_cast<Wide>(1) << (-exponent - 1);
-        const Wide rest = product & (half + (half - 1));
-        const bool up = tie == Tie::AwayFromZero ? rest >= half : rest > half || (rest == half && (rounded & 1U));
-        rounded += up ? 1U : 0U;
+        rounded = halved<tie>(product, -exponent);
     } // else: below half of the last decimal
     if (rounded >> 64)
         return false;
@@ -86,36 +103,82 @@ template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precisi
     return true;
 }
 
-/// The magnitude of \a value times 10^precision, from its exact binary value. False for what this way cannot do: very
-/// large values, infinities, NaN, a precision outside 0 to largestPrecision.
-template <Tie tie> bool scaledMagnitude(double value, int precision, std::uint64_t& result)
+/// "000" to "999", each in four bytes.
+struct ThreeDigits
 {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    const auto biased = static_cast<int>((bits >> 52) & 0x7ffU);
-    if (biased == 0x7ff || precision < 0 || precision > largestPrecision)
-        return false;
-    std::uint64_t mantissa = bits & 0xfffffffffffffULL;
-    // Subnormal numbers have no hidden bit and the exponent of the smallest normal ones.
-    if (biased != 0)
-        mantissa |= 0x10000000000000ULL;
-    return scaled<tie>(mantissa, (biased == 0 ? 1 : biased) - 1075, precision, result);
+    char text[1000][4];
+};
+
+constexpr ThreeDigits makeThreeDigits()
+{
+    ThreeDigits table = {};
+    for (int number = 0; number < 1000; ++number) {
+        table.text[number][0] = static_cast<char>('0' + number / 100);
+        table.text[number][1] = static_cast<char>('0' + number / 10 % 10);
+        table.text[number][2] = static_cast<char>('0' + number % 10);
+    }
+    return table;
 }
 
-inline void appendScaled(std::string& text, bool negative, std::uint64_t number, int precision)
+constexpr ThreeDigits threeDigits = makeThreeDigits();
+
+/// Precisions of writeUsual(), for which one multiplication divides by the power of ten.
+constexpr int largestUsualPrecision = 5;
+/// 2^64 / 10^precision, rounded up. The quotient is exact for numbers below 10^(8 + precision).
+constexpr std::uint64_t reciprocals[largestUsualPrecision + 1] = {
+    0, 1844674407370955162ULL, 184467440737095517ULL, 18446744073709552ULL, 1844674407370956ULL, 184467440737096ULL};
+
+/// A scaled number below 10^(8 + precision): nearly every coordinate. Whole part and fraction have eight digits each
+/// at most, so that a word holds each.
+inline char* writeUsual(char* out, std::uint64_t number, int precision)
 {
-    char buffer[32];
-    char* const end = buffer + sizeof buffer - 1;
-    char* first = digitsBefore(end, number, precision + 1);
-    char* last = end;
-    if (precision > 0) {
-        std::memmove(end - precision + 1, end - precision, static_cast<std::size_t>(precision));
-        end[-precision] = '.';
-        ++last;
+    const auto whole = static_cast<std::uint64_t>(static_cast<Wide>(number) * reciprocals[precision] >> 64);
+    const std::uint64_t fraction = number - whole * powersOfTen[precision];
+    const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(whole));
+    // The last digit counts also when it is 0.
+    const int leadingZeroBits = __builtin_ctzll(digits | 1ULL << 63) & ~7;
+    const std::uint64_t wholeText = (digits | eightZeros) >> leadingZeroBits;
+    std::memcpy(out, &wholeText, sizeof wholeText);
+    out += 8U - static_cast<unsigned>(leadingZeroBits) / 8U;
+    *out++ = '.';
+    if (precision <= 3) {
+        std::memcpy(out, threeDigits.text[fraction] + 3 - precision, 3);
+        return out + precision;
     }
-    if (negative)
-        *--first = '-';
-    text.append(first, static_cast<std::size_t>(last - first));
+    const std::uint64_t fractionText = (eightDigits(static_cast<std::uint32_t>(fraction)) | eightZeros) >> 8 * (8 - precision);
+    std::memcpy(out, &fractionText, sizeof fractionText);
+    return out + precision;
+}
+
+/// The magnitude of the double with these bits at \a out, for which 63 characters have room; those behind the text
+/// may change. Takes numbers of up to 16 digits, decimals included.
+/// \returns the end of the text, or null when the number is none of these
+template <Tie tie> char* writeMagnitude(char* out, std::uint64_t bits, int precision)
+{
+    const auto biased = static_cast<int>((bits >> 52) & 0x7ffU);
+    if (biased == 0x7ff || precision < 0 || precision > largestPrecision)
+        return nullptr;
+    // Subnormal numbers have no hidden bit and the exponent of the smallest normal ones.
+    const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | (biased != 0 ? 0x10000000000000ULL : 0);
+    std::uint64_t number = 0;
+    if (!scaled<tie>(mantissa, (biased == 0 ? 1 : biased) - 1075, precision, number) || number >= tenToTheSixteenth)
+        return nullptr;
+    if (precision > 0 && precision <= largestUsualPrecision && number < tenToTheEighth * powersOfTen[precision])
+        return writeUsual(out, number, precision);
+
+    const int count = std::max(digitCount(number), precision + 1);
+    if (count > 16)
+        return nullptr;
+    // Sixteen digits in a register, the first one lowest; shifting drops the zeros in front.
+    Wide digits = sixteenDigits(number) >> 8 * (16 - count);
+    std::memcpy(out, &digits, sizeof digits);
+    out += count - precision;
+    if (precision == 0)
+        return out;
+    *out++ = '.';
+    digits >>= 8 * (count - precision);
+    std::memcpy(out, &digits, sizeof digits);
+    return out + precision;
 }
 
 } // namespace kpBaseExport::DecimalDigits

@@ -1,182 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "writers/FixedNumber.h"
 
-#include <QByteArray>
+#include "writers/DecimalDigits.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <cstring>
+#include <QByteArray>
 
 namespace kpBaseExport
 {
-
-namespace
-{
-
-__extension__ using Wide = unsigned __int128; // of GCC and Clang
-
-constexpr int largestFastPrecision = 18;
-
-constexpr std::uint64_t powersOfTen[largestFastPrecision + 1] = {
-    1ULL,
-    10ULL,
-    100ULL,
-    1000ULL,
-    10000ULL,
-    100000ULL,
-    1000000ULL,
-    10000000ULL,
-    100000000ULL,
-    1000000000ULL,
-    10000000000ULL,
-    100000000000ULL,
-    1000000000000ULL,
-    10000000000000ULL,
-    100000000000000ULL,
-    1000000000000000ULL,
-    10000000000000000ULL,
-    100000000000000000ULL,
-    1000000000000000000ULL,
-};
-
-constexpr std::uint64_t eightZeros = 0x3030303030303030ULL;
-constexpr std::uint64_t tenToTheEighth = 100000000ULL;
-constexpr std::uint64_t tenToTheSixteenth = tenToTheEighth * tenToTheEighth;
-
-/// The eight decimal digits of a number below 10^8, one a byte, the first one lowest in memory: halves of four,
-/// two and one digit are split side by side in one word. For machines that store the lowest byte first.
-std::uint64_t eightDigits(std::uint32_t number)
-{
-    const std::uint64_t fours = number / 10000 | static_cast<std::uint64_t>(number % 10000) << 32;
-    const std::uint64_t hundreds = (fours * 5243 >> 19) & 0x0000007f0000007fULL;
-    const std::uint64_t pairs = hundreds | (fours - hundreds * 100) << 16;
-    const std::uint64_t tens = (pairs * 103 >> 10) & 0x000f000f000f000fULL;
-    return tens | (pairs - tens * 10) << 8;
-}
-
-/// The sixteen digits of a number below 10^16 as characters.
-Wide sixteenDigits(std::uint64_t number)
-{
-    const std::uint64_t upper = eightDigits(static_cast<std::uint32_t>(number / tenToTheEighth));
-    const std::uint64_t lower = eightDigits(static_cast<std::uint32_t>(number % tenToTheEighth));
-    return static_cast<Wide>(lower | eightZeros) << 64 | upper | eightZeros;
-}
-
-/// How many decimal digits a number has; 1 for 0.
-int digitCount(std::uint64_t number)
-{
-    const int bits = 64 - __builtin_clzll(number | 1);
-    const int estimate = bits * 1233 >> 12; // bits * log10(2), right or one too small
-    return estimate + (number >= powersOfTen[estimate] ? 1 : 0) + (number == 0 ? 1 : 0);
-}
-
-/// The magnitude of a finite value, mantissa * 2^exponent, times 10^precision, rounded half up. The product of a
-/// 53-bit mantissa and a power below 2^60 fits in 128 bits, so nothing is lost before the one rounding.
-/// False when the result has more than 64 bits.
-bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
-{
-    constexpr int largestNarrowPrecision = 3; // 2^53 * 10^3 fits in 64 bits
-    if (precision <= largestNarrowPrecision && exponent < 0 && exponent > -64) {
-        const std::uint64_t product = mantissa * powersOfTen[precision];
-        result = ((product >> (-exponent - 1)) + 1) >> 1;
-        return true;
-    }
-    const Wide product = static_cast<Wide>(mantissa) * powersOfTen[precision];
-    Wide rounded = 0;
-    if (exponent >= 0) {
-        if (exponent > 10)
-            return false;
-        rounded = product << exponent;
-    } else if (exponent > -128) {
-        rounded = product >> -exponent;
-        rounded += (product >> (-exponent - 1)) & 1U;
-    } // else: below half of the last decimal
-    if (rounded >> 64)
-        return false;
-    result = static_cast<std::uint64_t>(rounded);
-    return true;
-}
-
-/// "000" to "999", each in four bytes.
-struct ThreeDigits
-{
-    char text[1000][4];
-};
-
-constexpr ThreeDigits makeThreeDigits()
-{
-    ThreeDigits table = {};
-    for (int number = 0; number < 1000; ++number) {
-        table.text[number][0] = static_cast<char>('0' + number / 100);
-        table.text[number][1] = static_cast<char>('0' + number / 10 % 10);
-        table.text[number][2] = static_cast<char>('0' + number % 10);
-    }
-    return table;
-}
-
-constexpr ThreeDigits threeDigits = makeThreeDigits();
-
-/// Precisions of writeUsual(), for which one multiplication divides by the power of ten.
-constexpr int largestUsualPrecision = 5;
-/// 2^64 / 10^precision, rounded up. The quotient is exact for numbers below 10^(8 + precision).
-constexpr std::uint64_t reciprocals[largestUsualPrecision + 1] = {
-    0, 1844674407370955162ULL, 184467440737095517ULL, 18446744073709552ULL, 1844674407370956ULL, 184467440737096ULL};
-
-/// A scaled number below 10^(8 + precision): nearly every coordinate. Whole part and fraction have eight digits each
-/// at most, so that a word holds each.
-char* writeUsual(char* out, std::uint64_t number, int precision)
-{
-    const auto whole = static_cast<std::uint64_t>(static_cast<Wide>(number) * reciprocals[precision] >> 64);
-    const std::uint64_t fraction = number - whole * powersOfTen[precision];
-    const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(whole));
-    // The last digit counts also when it is 0.
-    const int leadingZeroBits = __builtin_ctzll(digits | 1ULL << 63) & ~7;
-    const std::uint64_t wholeText = (digits | eightZeros) >> leadingZeroBits;
-    std::memcpy(out, &wholeText, sizeof wholeText);
-    out += 8U - static_cast<unsigned>(leadingZeroBits) / 8U;
-    *out++ = '.';
-    if (precision <= 3) {
-        std::memcpy(out, threeDigits.text[fraction] + 3 - precision, 3);
-        return out + precision;
-    }
-    const std::uint64_t fractionText = (eightDigits(static_cast<std::uint32_t>(fraction)) | eightZeros) >> 8 * (8 - precision);
-    std::memcpy(out, &fractionText, sizeof fractionText);
-    return out + precision;
-}
-
-} // namespace
 
 char* writeFixed(char* out, double value, int precision)
 {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
-    const auto biased = static_cast<int>((bits >> 52) & 0x7ffU);
-    if (biased == 0x7ff || precision < 0 || precision > largestFastPrecision)
-        return nullptr;
-    // Subnormal numbers have no hidden bit and the exponent of the smallest normal ones.
-    const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | (biased != 0 ? 0x10000000000000ULL : 0);
-    std::uint64_t number = 0;
-    if (!scaled(mantissa, (biased == 0 ? 1 : biased) - 1075, precision, number) || number >= tenToTheSixteenth)
-        return nullptr;
     // Without a branch: signs come in no order. -0 has none.
     *out = '-';
     out += (bits >> 63) & static_cast<std::uint64_t>((bits << 1) != 0);
-    if (precision > 0 && precision <= largestUsualPrecision && number < tenToTheEighth * powersOfTen[precision])
-        return writeUsual(out, number, precision);
-
-    const int count = std::max(digitCount(number), precision + 1);
-    if (count > 16)
-        return nullptr;
-    // Sixteen digits in a register, the first one lowest; shifting drops the zeros in front.
-    Wide digits = sixteenDigits(number) >> 8 * (16 - count);
-    std::memcpy(out, &digits, sizeof digits);
-    out += count - precision;
-    if (precision == 0)
-        return out;
-    *out++ = '.';
-    digits >>= 8 * (count - precision);
-    std::memcpy(out, &digits, sizeof digits);
-    return out + precision;
+    return DecimalDigits::writeMagnitude<DecimalDigits::Tie::AwayFromZero>(out, bits, precision);
 }
 
 void appendFixed(std::string& text, double value, int precision)

@@ -2,9 +2,9 @@
 #include "writers/StreamNumber.h"
 
 #include "writers/DecimalDigits.h"
+#include "writers/FixedNumber.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace kpBaseExport
 {
@@ -13,9 +13,13 @@ void appendStreamFixed(std::string& text, double value, int precision)
 {
     if (precision < 0)
         precision = 6;
-    std::uint64_t number = 0;
-    if (DecimalDigits::scaledMagnitude<DecimalDigits::Tie::ToEven>(value, precision, number)) {
-        DecimalDigits::appendScaled(text, std::signbit(value), number, precision);
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    char buffer[longestFastNumber];
+    buffer[0] = '-';
+    char* const digits = buffer + (bits >> 63);
+    if (const char* const end = DecimalDigits::writeMagnitude<DecimalDigits::Tie::ToEven>(digits, bits, precision)) {
+        text.append(buffer, static_cast<std::size_t>(end - buffer));
         return;
     }
     // The largest double has 309 digits before the point.

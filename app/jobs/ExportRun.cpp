@@ -18,14 +18,6 @@ namespace refhost
 namespace
 {
 
-double weightOf(const PlannedFile& file)
-{
-    double weight = 0;
-    for (const ModelObject* object : file.objects)
-        weight += object->weight();
-    return weight;
-}
-
 qint64 bytesOf(const QString& staged)
 {
     qint64 bytes = 0;
@@ -137,12 +129,12 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
     OutputTransaction transaction;
     double total = 0;
     for (const PlannedFile& file : files)
-        total += weightOf(file);
+        total += weightOf(file.objects);
     if (progress)
         progress->progressStarted(true);
     ShareOfProgress share(progress, total);
     for (const PlannedFile& file : files) {
-        share.next(weightOf(file));
+        share.next(weightOf(file.objects));
         report.add(FileRun(format, selection, file, transaction, report).run(share));
         if (!file.renamedFrom.isEmpty())
             report.note(QStringLiteral("renamed file"), file.renamedFrom, 1, QFileInfo(file.path).fileName());

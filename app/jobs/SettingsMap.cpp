@@ -17,6 +17,14 @@ Setting& SettingsMap::add(const char* key, const char* description, Setting::Kin
     return m_settings.back();
 }
 
+QStringList SettingsMap::texts(std::initializer_list<const char*> latin)
+{
+    QStringList list;
+    for (const char* text : latin)
+        list.append(QString::fromLatin1(text));
+    return list;
+}
+
 void SettingsMap::addText(const char* key, QString& value, const char* description)
 {
     Setting& setting = add(key, description, Setting::Text);

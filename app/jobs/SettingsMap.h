@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <initializer_list>
 #include <stdexcept>
 #include <vector>
 
@@ -49,6 +50,11 @@ public:
         setting.get = [&value, choices] { return choices.value(static_cast<int>(value)); };
         setting.set = [&value, choices](const QString& text) { value = static_cast<Enum>(choices.indexOf(text)); };
     }
+    template <typename Enum>
+    void addChoice(const char* key, Enum& value, std::initializer_list<const char*> choices, const char* description)
+    {
+        addChoice(key, value, texts(choices), description);
+    }
     void addText(const char* key, QString& value, const char* description);
     void addBoolean(const char* key, bool& value, const char* description);
     void addInteger(const char* key, int& value, int least, int most, const char* description);
@@ -61,6 +67,7 @@ public:
     void set(const QString& key, const QString& value);
 
 private:
+    static QStringList texts(std::initializer_list<const char*> latin);
     Setting& add(const char* key, const char* description, Setting::Kind kind);
 
     std::vector<Setting> m_settings;

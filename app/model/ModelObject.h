@@ -93,4 +93,13 @@ struct ModelObject
     }
 };
 
+/// Of all of them together.
+inline double weightOf(const std::vector<const ModelObject*>& objects)
+{
+    double weight = 0;
+    for (const ModelObject* object : objects)
+        weight += object->weight();
+    return weight;
+}
+
 } // namespace refhost

@@ -72,4 +72,12 @@ const std::vector<ObjectType>& allObjectTypes()
     return types;
 }
 
+const std::vector<ObjectType>& positionedObjectTypes()
+{
+    static const std::vector<ObjectType> types = {
+        ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts, ObjectType::Wells,
+        ObjectType::Labels, ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
+    return types;
+}
+
 } // namespace refhost

@@ -37,5 +37,7 @@ std::optional<ObjectType> typeFromKey(const std::string& key);
 QString typeName(ObjectType type);
 /// Every type, in the order of the enumeration.
 const std::vector<ObjectType>& allObjectTypes();
+/// Those whose objects are points, lines, areas or surfaces with positions of their own.
+const std::vector<ObjectType>& positionedObjectTypes();
 
 } // namespace refhost

@@ -4,8 +4,8 @@
 #include "app/jobs/ExportRun.h"
 #include "app/readers/ModelLoader.h"
 #include "host/data/AbstractProgress.h"
+#include "tests/app/FileContent.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -135,11 +135,7 @@ public:
     }
 
     Verification verify(std::size_t file = 0) { return m_format.verify(files.at(file), files.at(file).path, selection); }
-    QByteArray bytes(std::size_t file = 0) const
-    {
-        QFile written(files.at(file).path);
-        return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray("none");
-    }
+    QByteArray bytes(std::size_t file = 0) const { return contentOf(files.at(file).path); }
     /// What went wrong with a file or an object of it.
     QString error(std::size_t file = 0) const
     {

@@ -4,7 +4,8 @@
 #include "app/jobs/ExportRun.h"
 #include "app/model/Model.h"
 #include "app/readers/GdalSession.h"
-#include "host/data/AbstractProgress.h"
+#include "tests/app/CancelAt.h"
+#include "tests/app/FileContent.h"
 
 #include <QDir>
 #include <QFile>
@@ -141,29 +142,9 @@ inline void addRuns(const OGRGeometry& geometry, std::vector<Positions>& runs)
 inline QMap<QString, QByteArray> contentsOf(const QString& folder)
 {
     QMap<QString, QByteArray> contents;
-    for (const QString& name : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
-        QFile file(folder + QLatin1Char('/') + name);
-        contents.insert(name, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file"));
-    }
+    for (const QString& name : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        contents.insert(name, contentOf(folder + QLatin1Char('/') + name));
     return contents;
 }
-
-/// Cancels when a percentage is reached.
-class CancelAt : public kpBase::AbstractProgress
-{
-public:
-    explicit CancelAt(int percent)
-        : m_percent(percent)
-    {
-    }
-    void progressStarted(bool) override {}
-    void progressChanged(int percent) override { m_reached = m_reached || percent >= m_percent; }
-    bool isCancelled() const override { return m_reached; }
-    void progressFinished() override {}
-
-private:
-    int m_percent;
-    bool m_reached = false;
-};
 
 } // namespace refhost

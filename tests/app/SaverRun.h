@@ -3,7 +3,8 @@
 
 #include "app/jobs/ExportRun.h"
 #include "app/readers/CoordinateSystems.h"
-#include "host/data/AbstractProgress.h"
+#include "tests/app/CancelAt.h"
+#include "tests/app/FileContent.h"
 
 #include <QFile>
 #include <QProcess>
@@ -58,31 +59,6 @@ inline refhost::ModelObject gridOf(const QString& name, int columns, const std::
     grid.grid = refhost::GridGeometry{columns, static_cast<int>(heights.size()) / columns, x0, y0, step, step, 0.0};
     return grid;
 }
-
-inline QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("could not open");
-}
-
-/// Cancels when a share of the work is done.
-class CancelAt : public kpBase::AbstractProgress
-{
-public:
-    explicit CancelAt(int percent)
-        : m_limit(percent)
-    {
-    }
-    void progressStarted(bool) override {}
-    void progressChanged(int percent) override { reached = percent; }
-    bool isCancelled() const override { return reached >= m_limit; }
-    void progressFinished() override {}
-
-    int reached = 0;
-
-private:
-    int m_limit;
-};
 
 /// One run of a format over objects, with a read-back of each file written.
 struct SaverRun

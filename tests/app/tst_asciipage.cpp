@@ -9,6 +9,7 @@
 #include "app/ui/HostContext.h"
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
+#include "tests/app/FileContent.h"
 #include "tests/spec/MouseDrag.h"
 #include "tests/spec/SpecificationEditor.h"
 
@@ -117,11 +118,6 @@ private:
     int add(ModelObject object) { return m_context->model.add(std::move(object)); }
     ModelObject points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z);
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
-    static QByteArray read(const QString& file)
-    {
-        QFile in(file);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("none");
-    }
     void chooseInDialog(const QString& file);
     int sample(const char* name) const
     {
@@ -234,7 +230,7 @@ void AsciiPageTest::fromTheMouseToTheFile()
     QTRY_VERIFY(fresh.preview().startsWith(QLatin1String("   ")));
     const QString preview = fresh.preview();
     fresh.wizard.slotSaveClicked(path("gui.txt"), true);
-    const QByteArray bytes = read(path("gui.txt"));
+    const QByteArray bytes = contentOf(path("gui.txt"));
     QVERIFY(bytes.size() > 10000);
     QVERIFY2(QString::fromUtf8(bytes).startsWith(preview), qPrintable(preview));
 
@@ -248,7 +244,7 @@ void AsciiPageTest::fromTheMouseToTheFile()
                        QStringLiteral("--overwrite"), QStringLiteral("--output"), path("program.txt")});
         QVERIFY(program.waitForFinished(60000));
         QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
-        QVERIFY(read(path("program.txt")) == bytes);
+        QVERIFY(contentOf(path("program.txt")) == bytes);
     }
 
     const QString validator = QStringLiteral(KP_SOURCE_DIR "/../shared/validate/ascii.py");
@@ -299,7 +295,7 @@ void AsciiPageTest::previewIsTheFile()
     QTRY_VERIFY(!page.preview().isEmpty());
     const QString preview = page.preview();
     page.wizard.slotSaveClicked(path("preview.txt"), true);
-    const QString written = QString::fromUtf8(read(path("preview.txt")));
+    const QString written = QString::fromUtf8(contentOf(path("preview.txt")));
     const QString shown = settings.contains(QLatin1String("lineBreaks")) ? preview.left(preview.size() - 1) : preview;
     QVERIFY2(shown.size() > 300 && written.startsWith(shown), qPrintable(shown + QStringLiteral("\n--\n") + written.left(shown.size())));
     for (const QString& setting : settings.split(QLatin1Char(' ')))
@@ -416,14 +412,14 @@ void AsciiPageTest::lackingFields()
     page.sheet->deactivate();
     page.sheet->activate();
     page.wizard.slotSaveClicked(path("lacking.txt"), true);
-    QCOMPARE(read(path("lacking.txt")), QByteArray("Y;X\n2.00;1.00\n"));
+    QCOMPARE(contentOf(path("lacking.txt")), QByteArray("Y;X\n2.00;1.00\n"));
     const QString report = page.child<QTextEdit>("reportView")->toPlainText();
     QVERIFY2(report.contains(QLatin1String("field of the layout left out")) && report.contains(QLatin1String("gone")), qPrintable(report));
     // Saved anew the file still has the field and the key that we do not know.
     chooseInDialog(path("again.klf"));
     page.editor->m_saveFormatButton->click();
-    const QJsonObject again = QJsonDocument::fromJson(read(path("again.klf"))).object();
-    QVERIFY(again.value(QStringLiteral("other")).toInt() == 1 && read(path("again.klf")).contains("\"name\": \"gone\""));
+    const QJsonObject again = QJsonDocument::fromJson(contentOf(path("again.klf"))).object();
+    QVERIFY(again.value(QStringLiteral("other")).toInt() == 1 && contentOf(path("again.klf")).contains("\"name\": \"gone\""));
     QCOMPARE(again.value(QStringLiteral("settings")).toObject().value(QStringLiteral("separator")).toString(), QStringLiteral("semicolon"));
 }
 
@@ -492,7 +488,7 @@ void AsciiPageTest::gridIndices()
     }
     QCOMPARE(page.fields(), words("i j Z"));
     page.wizard.slotSaveClicked(path("grid.txt"), true);
-    QCOMPARE(read(path("grid.txt")), QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
+    QCOMPARE(contentOf(path("grid.txt")), QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
 }
 
 void AsciiPageTest::savedBeforeTheColumnsFit()
@@ -504,7 +500,7 @@ void AsciiPageTest::savedBeforeTheColumnsFit()
     QSettings().setValue(QStringLiteral("format_ascii/mode"), QStringLiteral("columns"));
     Page page(*m_context, {add(object)});
     page.wizard.slotSaveClicked(path("quick.txt"), true);
-    const QByteArray written = read(path("quick.txt"));
+    const QByteArray written = contentOf(path("quick.txt"));
     QVERIFY(!written.contains('*') && written.endsWith(" 123456789012345.000 123456789012345.000 123456789012345.000\n"));
 }
 

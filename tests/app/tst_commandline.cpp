@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program as a user runs it: outputs, messages and exit codes.
+#include "tests/app/FileContent.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -92,8 +94,7 @@ QString CommandLineTest::write(const char* name, const char* content)
 
 QByteArray CommandLineTest::read(const char* name)
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("could not open");
+    return contentOf(path(name));
 }
 
 void CommandLineTest::exportsALine_data()

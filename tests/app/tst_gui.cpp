@@ -2,6 +2,7 @@
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
 #include "app/ui/ExportWizard.h"
 #include "app/ui/MainWindow.h"
+#include "tests/app/FileContent.h"
 
 #include <QAction>
 #include <QApplication>
@@ -154,11 +155,7 @@ private Q_SLOTS:
     void cancelledInTheWizard();
 
 private:
-    QByteArray read(const QString& name)
-    {
-        QFile file(m_folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-    }
+    QByteArray read(const QString& name) { return contentOf(m_folder.filePath(name)); }
     void exportWith(Script& script)
     {
         m_window->findChild<QAction*>(QStringLiteral("exportAction"))->trigger();

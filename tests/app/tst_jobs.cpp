@@ -2,6 +2,7 @@
 #include "app/jobs/ExportError.h"
 #include "app/jobs/OutputTransaction.h"
 #include "app/jobs/SafeNames.h"
+#include "tests/app/FileContent.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,12 +22,6 @@ void write(const QString& path, const QByteArray& content)
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
-}
-
-QByteArray read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
 }
 
 QStringList entries(const QString& folder)
@@ -64,10 +59,10 @@ void JobsTest::replacedTogether()
     OutputTransaction transaction;
     write(transaction.stage(a), "new a");
     write(transaction.stage(b), "new b");
-    QCOMPARE(read(a), QByteArray("earlier"));
+    QCOMPARE(contentOf(a), QByteArray("earlier"));
     transaction.commit();
-    QCOMPARE(read(a), QByteArray("new a"));
-    QCOMPARE(read(b), QByteArray("new b"));
+    QCOMPARE(contentOf(a), QByteArray("new a"));
+    QCOMPARE(contentOf(b), QByteArray("new b"));
     QCOMPARE(QFileInfo(a).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     QCOMPARE(entries(folder.path()).size(), 2);
 }
@@ -88,8 +83,8 @@ void JobsTest::sidecars()
     QCOMPARE(transaction.waiting(target).size(), 3);
     transaction.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.shp m.shp.xml n.qix"));
-    QCOMPARE(read(folder.filePath(QStringLiteral("m.dbf"))), QByteArray("new"));
-    QCOMPARE(read(folder.filePath(QStringLiteral("n.qix"))), QByteArray("earlier"));
+    QCOMPARE(contentOf(folder.filePath(QStringLiteral("m.dbf"))), QByteArray("new"));
+    QCOMPARE(contentOf(folder.filePath(QStringLiteral("n.qix"))), QByteArray("earlier"));
 }
 
 void JobsTest::abandonedFolders()
@@ -106,7 +101,7 @@ void JobsTest::abandonedFolders()
     second.commit();
     running.commit();
     QCOMPARE(entries(folder.path()), QStringList{QStringLiteral("a")});
-    QCOMPARE(read(folder.filePath(QStringLiteral("a"))), QByteArray("a"));
+    QCOMPARE(contentOf(folder.filePath(QStringLiteral("a"))), QByteArray("a"));
 }
 
 void JobsTest::killedWhileMoving()
@@ -130,7 +125,7 @@ void JobsTest::killedWhileMoving()
     write(next.stage(at("other")), "other");
     next.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.prj m.shp other"));
-    QCOMPARE(read(at("m.shp")) + read(at("m.dbf")) + read(at("m.prj")) + read(at("m.cpg")), QByteArray("newnewnewthe user's"));
+    QCOMPARE(contentOf(at("m.shp")) + contentOf(at("m.dbf")) + contentOf(at("m.prj")) + contentOf(at("m.cpg")), QByteArray("newnewnewthe user's"));
 }
 
 void JobsTest::removedMeanwhile()
@@ -166,7 +161,7 @@ void JobsTest::droppedAndAbandoned()
         QCOMPARE(transaction.waiting(folder.filePath(QStringLiteral("a"))).size(), 1);
     }
     QCOMPARE(entries(folder.path()), QStringList{QStringLiteral("a")});
-    QCOMPARE(read(folder.filePath(QStringLiteral("a"))), QByteArray("earlier"));
+    QCOMPARE(contentOf(folder.filePath(QStringLiteral("a"))), QByteArray("earlier"));
 }
 
 void JobsTest::broughtBack()
@@ -183,7 +178,7 @@ void JobsTest::broughtBack()
     write(transaction.stage(b), "new");
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("b")));
     QVERIFY_EXCEPTION_THROWN(transaction.commit(), ExportError);
-    QCOMPARE(read(a), QByteArray("earlier"));
+    QCOMPARE(contentOf(a), QByteArray("earlier"));
     QVERIFY(!QFile::exists(c));
 }
 
@@ -198,7 +193,7 @@ void JobsTest::links()
     write(transaction.stage(link), "new");
     transaction.commit();
     QVERIFY(QFileInfo(link).isSymLink());
-    QCOMPARE(read(target), QByteArray("new"));
+    QCOMPARE(contentOf(target), QByteArray("new"));
 }
 
 void JobsTest::names_data()

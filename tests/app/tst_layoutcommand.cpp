@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Saved layouts on the command line and in job files.
+#include "tests/app/FileContent.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -47,11 +49,7 @@ private:
         if (file.open(QIODevice::WriteOnly))
             file.write(content);
     }
-    QByteArray read(const char* name)
-    {
-        QFile file(m_folder->filePath(QString::fromLatin1(name)));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-    }
+    QByteArray read(const char* name) { return contentOf(m_folder->filePath(QString::fromLatin1(name))); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };

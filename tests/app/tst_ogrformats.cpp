@@ -203,6 +203,7 @@ private Q_SLOTS:
     void limits_data();
     void limits();
     void wideTable();
+    void tableEndsOnce();
     void dipAndType();
     void styles();
     void tabGrid();
@@ -589,6 +590,27 @@ void OgrFormatsTest::wideTable()
         for (int index = 0; index < definition->GetFieldCount() - own; ++index)
             QCOMPARE(first->GetFieldAsDouble(index + own - 1), index + 0.5);
         QCOMPARE(QString::fromUtf8(definition->GetFieldDefn(definition->GetFieldCount() - 1)->GetNameRef()), QStringLiteral("colorval"));
+    }
+}
+
+void OgrFormatsTest::tableEndsOnce()
+{
+    // More than a block of the file, and a table of one record.
+    for (const std::size_t count : {std::size_t(1), std::size_t(3000)}) {
+        Model model;
+        const std::vector<double> ones(count, 1.0);
+        ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, ones, ones, ones);
+        object.color = QColor(1, 2, 3);
+        model.add(object);
+        const auto saver = formatOf(QStringLiteral("shp"));
+        const ExportSelection selection = selectionOf(model, path(QStringLiteral("ends%1.shp").arg(count)));
+        ExportReport report;
+        QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
+        // Fields name, of 1 byte, and colorval, of 7, behind the byte that marks deleted records.
+        const QByteArray table = contentOf(path(QStringLiteral("ends%1.dbf").arg(count)));
+        const int head = 32 + 2 * 32 + 1;
+        QCOMPARE(table.size(), head + static_cast<int>(count) * 9 + 1);
+        QCOMPARE(table.right(10), QByteArray(" o#010203\x1a"));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "app/jobs/ExportPlan.h"
 #include "app/jobs/ExportRun.h"
 #include "app/jobs/ObjectError.h"
+#include "tests/app/FileContent.h"
 
 #include <QDir>
 #include <QFile>
@@ -72,12 +73,6 @@ public:
     QString fault;
 };
 
-QByteArray read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-}
-
 } // namespace
 
 class RunTest : public QObject
@@ -117,8 +112,8 @@ void RunTest::badObjectsAreLeftOut()
     ExportReport report;
     const ExportSelection chosen = selection({&m_one, &m_bad, &torn, &m_two, &m_bad});
     QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, report));
-    QCOMPARE(read(path()), QByteArray("one\ntwo/2\n"));
-    QCOMPARE(read(sidecar()), QByteArray("2"));
+    QCOMPARE(contentOf(path()), QByteArray("one\ntwo/2\n"));
+    QCOMPARE(contentOf(sidecar()), QByteArray("2"));
     const FileOutcome& outcome = report.files().front();
     QVERIFY(outcome.written() && !outcome.complete() && report.anyFailed());
     QCOMPARE(outcome.objects.join(QLatin1Char(' ')), QStringLiteral("one two/2"));
@@ -134,10 +129,10 @@ void RunTest::onlyBadObjects()
 {
     NameFormat format;
     ExportReport report;
-    const QByteArray before = read(path());
+    const QByteArray before = contentOf(path());
     const ExportSelection chosen = selection({&m_bad});
     QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, report));
-    QCOMPARE(read(path()), before);
+    QCOMPARE(contentOf(path()), before);
     QVERIFY(report.files().front().error.contains(QStringLiteral("none of its objects could be written")));
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
 }
@@ -191,14 +186,14 @@ void RunTest::verification()
     ExportReport good;
     QVERIFY(runExport(format, chosen, format.plan(chosen), nullptr, good));
     QCOMPARE(good.files().front().verification.count, qint64(1));
-    QCOMPARE(read(path()), QByteArray("one\n"));
+    QCOMPARE(contentOf(path()), QByteArray("one\n"));
 
     // What does not agree never replaces an earlier file.
     format.fault = QStringLiteral("a line differs");
     chosen.objects = {&m_two};
     ExportReport wrong;
     QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, wrong));
-    QCOMPARE(read(path()), QByteArray("one\n"));
+    QCOMPARE(contentOf(path()), QByteArray("one\n"));
     QVERIFY(wrong.files().front().error.contains(QStringLiteral("read again by line count it differs: a line differs")));
 }
 

@@ -21,32 +21,24 @@ FormatInfo AsciiFormat::info() const
     info.defaultExtension = QStringLiteral("csv");
     info.patterns = QStringLiteral("*.csv *.txt *.dat *.xyz");
     info.takesLayout = true;
-    info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts,
-                  ObjectType::Wells,        ObjectType::Labels,       ObjectType::VertexClouds, ObjectType::GridSurfaces,
-                  ObjectType::MeshSurfaces};
+    info.types = positionedObjectTypes();
     return info;
 }
 
 SettingsMap AsciiFormat::settings()
 {
-    const auto texts = [](std::initializer_list<const char*> names) {
-        QStringList list;
-        for (const char* name : names)
-            list.append(QString::fromLatin1(name));
-        return list;
-    };
     SettingsMap map;
-    map.addChoice("mode", m_settings.mode, texts({"separated", "columns"}), "values joined by a separator, or in fixed columns");
-    map.addChoice("separator", m_settings.separator, texts({"blank", "tab", "comma", "semicolon", "custom"}), "what stands between values");
+    map.addChoice("mode", m_settings.mode, {"separated", "columns"}, "values joined by a separator, or in fixed columns");
+    map.addChoice("separator", m_settings.separator, {"blank", "tab", "comma", "semicolon", "custom"}, "what stands between values");
     map.addText("customSeparator", m_settings.customSeparator, "text of the custom separator");
     map.addBoolean("header", m_settings.header, "a first line with the names of the fields");
-    map.addChoice("preset", m_settings.preset, texts({"none", "surfer", "gsplus", "arcview"}), "header line of another program");
+    map.addChoice("preset", m_settings.preset, {"none", "surfer", "gsplus", "arcview"}, "header line of another program");
     map.addInteger("decimals", m_settings.decimals, 0, 17, "decimals of coordinates and real attributes");
     map.addBoolean("writeNullValue", m_settings.writeNullValue, "write nullValue for missing numbers; else 0");
     map.addText("nullValue", m_settings.nullValue, "text of a missing number");
     map.addBoolean("lineBreaks", m_settings.lineBreaks, "object name before and empty line after each object");
     map.addBoolean("zIsElevation", m_settings.zIsElevation, "false writes depths, positive down");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}), "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"}, "one file, one per object, one per set");
     return map;
 }
 
@@ -116,10 +108,7 @@ qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const Ex
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {
     const AsciiTable table = tableOf(file, selection, report);
-    double total = 0;
-    for (const ModelObject* object : file.objects)
-        total += object->weight();
-    ShareOfProgress share(progress, total);
+    ShareOfProgress share(progress, weightOf(file.objects));
 
     kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
     writer.useTruePath = true;

@@ -18,33 +18,25 @@ FormatInfo DxfFormat::info() const
     info.fileFormatName = QStringLiteral("DXF");
     info.defaultExtension = QStringLiteral("dxf");
     info.patterns = QStringLiteral("*.dxf");
-    info.types = {ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,
-                  ObjectType::Posts,        ObjectType::Wells,        ObjectType::Labels,
-                  ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces,
-                  ObjectType::CrossSections};
+    info.types = positionedObjectTypes();
+    info.types.push_back(ObjectType::CrossSections);
     info.supportsAttributes = false;
     return info;
 }
 
 SettingsMap DxfFormat::settings()
 {
-    const auto texts = [](std::initializer_list<const char*> names) {
-        QStringList list;
-        for (const char* name : names)
-            list.append(QString::fromLatin1(name));
-        return list;
-    };
     SettingsMap map;
-    map.addChoice("dimension", m_settings.dimension, texts({"3d", "map", "section"}),
+    map.addChoice("dimension", m_settings.dimension, {"3d", "map", "section"},
                   "in space, flat as seen from above, or flat as seen from the side");
-    map.addChoice("layers", m_settings.layers, texts({"set", "type", "none"}),
+    map.addChoice("layers", m_settings.layers, {"set", "type", "none"},
                   "a layer for each set, each type of object, or one");
     map.addBoolean("unicodeLayers", m_settings.unicodeLayers,
                    "layer names keep letters that are not ASCII, as \\U+XXXX");
     map.addBoolean("faces", m_settings.faces, "surfaces as faces");
     map.addBoolean("meshPoints", m_settings.meshPoints, "surfaces as points");
     map.addBoolean("boundaries", m_settings.boundaries, "surfaces as their boundary lines");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}),
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
                   "one file, one per object, one per set");
     map.addText("filePrefix", m_settings.filePrefix, "front of the names of several files in a directory");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of the coordinates");

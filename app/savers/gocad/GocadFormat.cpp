@@ -39,24 +39,23 @@ FormatInfo GocadFormat::info() const
     info.fileFormatName = QStringLiteral("GOCAD");
     info.defaultExtension = QStringLiteral("ts");
     info.patterns = QStringLiteral("*.ts *.pl *.vs *.gp");
-    info.types = {ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts, ObjectType::Wells,
-                  ObjectType::Labels, ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
+    info.types = positionedObjectTypes();
     return info;
 }
 
 SettingsMap GocadFormat::settings()
 {
     SettingsMap map;
-    map.addChoice("grouping", m_settings.grouping, {QStringLiteral("single"), QStringLiteral("object"), QStringLiteral("set")},
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
                   "one file, one per object, one per set");
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
     map.addBoolean("header", m_settings.header, "write each object's name and colour");
-    map.addChoice("zPositive", m_settings.zPositive, {QStringLiteral("elevation"), QStringLiteral("depth")},
+    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"},
                   "z counts up or down; said in the file");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of coordinates; model keeps each object's own");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
     map.addReal("nullValue", m_settings.nullValue, -1e38, 1e38, "stands for a missing property value");
-    map.addChoice("gridsAs", m_settings.gridsAs, {QStringLiteral("surface"), QStringLiteral("points")},
+    map.addChoice("gridsAs", m_settings.gridsAs, {"surface", "points"},
                   "grid surfaces as triangulated surfaces or as vertex sets");
     return map;
 }
@@ -79,10 +78,7 @@ std::vector<PlannedFile> GocadFormat::plan(const ExportSelection& selection) con
 qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {
-    double total = 0;
-    for (const ModelObject* object : file.objects)
-        total += object->weight();
-    ShareOfProgress share(progress, total);
+    ShareOfProgress share(progress, weightOf(file.objects));
     noteMissingAttributes(file.objects, selection, report);
     BlockWriter out(path, file.path);
     GocadWriter writer(out, m_settings, selection, report);

@@ -72,7 +72,7 @@ SettingsMap GrdeclFormat::settings()
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "m or ft; model takes the one nearest to the grid's own");
     map.addInteger("decimals", m_settings.decimals, 0, 9, "decimals of positions and depths");
-    map.addChoice("origin", m_settings.origin, {QStringLiteral("map"), QStringLiteral("local")},
+    map.addChoice("origin", m_settings.origin, {"map", "local"},
                   "positions on the map, or counted from the first pillar with MAPAXES");
     map.addReal("nullValue", m_settings.nullValue, -1e30, 1e30, "stands for a missing property value");
     return map;

@@ -21,14 +21,6 @@ namespace
 /// More surfaces than this need a .kmz, or a file for each: their pictures could not be found again to be replaced.
 constexpr int mostPictures = 32;
 
-double weightOf(const PlannedFile& file)
-{
-    double weight = 0;
-    for (const ModelObject* object : file.objects)
-        weight += object->weight();
-    return weight;
-}
-
 /// "overlay.png" for the first picture of a file, then "overlay2.png" ... No picture of the user's own is named so.
 QString pictureExtension(int number)
 {
@@ -80,20 +72,14 @@ FormatInfo KmlFormat::info() const
 
 SettingsMap KmlFormat::settings()
 {
-    const auto texts = [](std::initializer_list<const char*> names) {
-        QStringList list;
-        for (const char* name : names)
-            list.append(QString::fromLatin1(name));
-        return list;
-    };
     SettingsMap map;
     map.addText("crs", m_settings.crs, "coordinate system of objects that have none, such as EPSG:28350");
-    map.addChoice("altitudeMode", m_settings.altitudeMode, texts({"clamp", "relative", "absolute"}),
+    map.addChoice("altitudeMode", m_settings.altitudeMode, {"clamp", "relative", "absolute"},
                   "heights are left out, above the ground, or above sea level");
     map.addBoolean("compress", m_settings.compress, "one .kmz file with its pictures");
     map.addBoolean("attributes", m_settings.attributes, "attributes as tables in the descriptions");
     map.addBoolean("boundingArea", m_settings.boundingArea, "a half-transparent rectangle around everything");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}),
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
                   "one file, one per object, one per set");
     return map;
 }
@@ -182,7 +168,7 @@ qint64 KmlFormat::write(const PlannedFile& file, const QString& path, const Expo
                         ExportReport& report, kpBase::AbstractProgress* progress)
 {
     requireSystems(file);
-    ProgressTicker ticker(progress, weightOf(file));
+    ProgressTicker ticker(progress, weightOf(file.objects));
     if (!archived(file.path))
         return writeDocument(file, path, selection, report, ticker);
     const QTemporaryDir folder(archiveFolderTemplate(path));

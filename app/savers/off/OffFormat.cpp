@@ -105,7 +105,7 @@ SettingsMap OffFormat::settings()
     SettingsMap map;
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
     map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of coordinates; model keeps each object's own");
-    map.addChoice("zPositive", m_settings.zPositive, {QStringLiteral("elevation"), QStringLiteral("depth")}, "z counts up or down");
+    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"}, "z counts up or down");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
     map.addBoolean("colours", m_settings.colours, "the object's colour at each face");
     map.addBoolean("header", m_settings.header, "comment lines with name, unit and direction of z");

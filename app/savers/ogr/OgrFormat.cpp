@@ -77,9 +77,7 @@ LayersProgress layersProgress(kpBase::AbstractProgress* progress, const std::vec
     std::vector<double> weights;
     double total = 0;
     for (const OgrLayer& layer : layers) {
-        weights.push_back(0);
-        for (const ModelObject* object : layer.objects)
-            weights.back() += object->weight();
+        weights.push_back(weightOf(layer.objects));
         total += weights.back();
     }
     return LayersProgress(progress, weights, total);
@@ -152,8 +150,7 @@ void failIncomplete(const QString& file, const QString& why)
 FormatInfo OgrFormat::vectorInfo() const
 {
     FormatInfo info;
-    info.types = {ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts, ObjectType::Wells,
-                  ObjectType::Labels, ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
+    info.types = positionedObjectTypes();
     info.defaultExtension = extensions().first();
     for (const QString& extension : extensions())
         info.patterns += (info.patterns.isEmpty() ? QStringLiteral("*.") : QStringLiteral(" *.")) + extension;
@@ -162,22 +159,16 @@ FormatInfo OgrFormat::vectorInfo() const
 
 SettingsMap OgrFormat::commonSettings()
 {
-    const auto texts = [](std::initializer_list<const char*> names) {
-        QStringList list;
-        for (const char* name : names)
-            list.append(QString::fromLatin1(name));
-        return list;
-    };
     SettingsMap map;
     map.addText("crs", m_settings.crs, "coordinate system, EPSG:n or WKT; empty for that of the first object");
     map.addBoolean("attributes", m_settings.attributes, "attributes as fields");
     map.addBoolean("symbology", m_settings.symbology, "colours as a style that goes with the file");
-    map.addChoice("grouping", m_settings.grouping, texts({"single", "object", "set"}), "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"}, "one file, one per object, one per set");
     map.addBoolean("objectName", m_settings.objectName, "the object's name in a field");
     map.addBoolean("color", m_settings.color, "the object's colour in a field colorval");
     map.addBoolean("unitsInNames", m_settings.unitsInNames, "the unit of an attribute behind its name");
     map.addBoolean("dipInType", m_settings.dipInType, "Horizontal or Vertical before the text of type where dip is 0 or 90");
-    map.addChoice("surfaces", m_settings.surfaces, texts({"points", "polygons"}), "surfaces as their nodes, or as triangles and cells");
+    map.addChoice("surfaces", m_settings.surfaces, {"points", "polygons"}, "surfaces as their nodes, or as triangles and cells");
     return map;
 }
 

@@ -43,6 +43,18 @@ qint64 tableSize(const QString& path)
     return qFromLittleEndian<quint16>(bytes.constData() + 8) + records * qFromLittleEndian<quint16>(bytes.constData() + 10);
 }
 
+/// Ends a table of \a size bytes with the mark that readers of dBase files look for, unless it is there.
+bool endTable(const QString& path, qint64 size)
+{
+    constexpr char endOfFile = 0x1a;
+    QFile file(path);
+    if (file.size() > size)
+        return true;
+    const bool written = file.open(QIODevice::Append) && file.putChar(endOfFile) && file.flush();
+    file.close();
+    return written && file.error() == QFile::NoError;
+}
+
 } // namespace
 
 FormatInfo ShpFormat::info() const
@@ -95,6 +107,8 @@ OgrTraits ShpFormat::traits() const
 void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
+    // The driver would write the mark after each record, and go back over it for the next one.
+    options.layerOptions.append(QStringLiteral("DBF_EOF_CHAR=NO"));
 }
 
 void ShpFormat::check(const Output& output, ExportReport& report) const
@@ -107,7 +121,7 @@ void ShpFormat::check(const Output& output, ExportReport& report) const
     }
     const QString table = base + QStringLiteral(".dbf");
     const qint64 needed = tableSize(table);
-    if (needed < 0 || QFileInfo(table).size() < needed)
+    if (needed < 0 || QFileInfo(table).size() < needed || !endTable(table, needed))
         failIncomplete(output.file.path, QStringLiteral(".dbf is shorter than it says"));
     const QString system = base + QStringLiteral(".prj");
     if (QFileInfo::exists(system) && !contentOf(system).trimmed().endsWith(']'))

@@ -205,7 +205,7 @@ SettingsMap ZMapFormat::settings()
     map.addBoolean("zIsElevation", m_settings.zIsElevation, "false writes depths, positive down");
     map.addReal("nullValue", m_settings.nullValue, -1e30, 1e30, "stands for a node without a value");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of the values");
-    map.addChoice("registration", m_settings.registration, {QStringLiteral("nodes"), QStringLiteral("corners")},
+    map.addChoice("registration", m_settings.registration, {"nodes", "corners"},
                   "the header's limits: outermost nodes, or outer corners of the pixels around them");
     map.addInteger("nodesPerLine", m_settings.nodesPerLine, 1, 20, "values in a line");
     return map;
