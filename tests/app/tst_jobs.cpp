@@ -138,7 +138,7 @@ void JobsTest::removedMeanwhile()
     write(transaction.stage(target), "new");
     QVERIFY(QFile::remove(target));
     transaction.commit();
-    QCOMPARE(read(target), QByteArray("new"));
+    QCOMPARE(contentOf(target), QByteArray("new"));
 
     // The whole directory goes: an error, and nothing is created elsewhere.
     QDir(folder.path()).mkdir(QStringLiteral("gone"));
