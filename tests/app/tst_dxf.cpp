@@ -47,7 +47,6 @@ private Q_SLOTS:
     void unitsAndSystems();
     void leftOut();
     void severalFiles();
-    void longLine();
     void sampleModel_data();
     void sampleModel();
 
@@ -339,19 +338,6 @@ void DxfTest::severalFiles()
                  .fault(),
              QString());
     QCOMPARE(listing(), QStringLiteral("x_y_S.dxf x_y_T.dxf"));
-}
-
-void DxfTest::longLine()
-{
-    constexpr int count = manyVertices;
-    std::vector<std::array<double, 3>> rows;
-    for (int index = 0; index < count; ++index)
-        rows.push_back({500000 + index * 0.001, 7000000 + index * 0.25, -index * 0.125});
-    const SaverRun run("dxf", {objectOf(ObjectType::Polylines, QStringLiteral("long"), rows, "")}, path("a.dxf"));
-    QCOMPARE(run.fault(), QString());
-    QCOMPARE(run.readBack.front().count, 1);
-    QVERIFY(run.readBack.front().worstError < 0.0001);
-    QCOMPARE(body("a.dxf").count("\nVERTEX\n"), count);
 }
 
 void DxfTest::sampleModel_data()

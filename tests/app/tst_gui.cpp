@@ -2,6 +2,7 @@
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
 #include "app/ui/ExportWizard.h"
 #include "app/ui/MainWindow.h"
+#include "tests/TestSettings.h"
 #include "tests/app/FileContent.h"
 
 #include <QAction>
@@ -169,11 +170,7 @@ private:
 
 void GuiTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("gui"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
     qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
     QFile lines(m_folder.filePath(QStringLiteral("lines.geojson")));
     QVERIFY(lines.open(QIODevice::WriteOnly));
@@ -245,9 +242,7 @@ void GuiTest::planAndCommandLine()
         return true;
     };
     const QString path = m_folder.filePath(QStringLiteral("it's.csv"));
-    QFile earlier(path);
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.close();
+    writeFile(path, QByteArray());
     const auto oneDecimal = [](QWidget& window) {
         auto* fields = window.findChild<QTableWidget*>(QStringLiteral("m_fieldTable"));
         if (!fields || !fields->isVisible())
