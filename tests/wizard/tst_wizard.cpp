@@ -2,6 +2,7 @@
 // The wizard with real savers and pages: sequence of pages, save run, questions answered in the real boxes.
 #include "core/saver/QExportAbstractOptionSheet.h"
 #include "host/ui/WizardProgress.h"
+#include "tests/app/FileContent.h"
 #include "tests/core/TestFactories.h"
 #include "tests/wizard/OneObjectSheet.h"
 #include "wizard/QExportWizard.h"
@@ -188,12 +189,7 @@ void WizardTest::init()
 QString WizardTest::file(const char* name, const char* content)
 {
     const QString path = m_folder->filePath(QString::fromLatin1(name));
-    if (content) {
-        QFile out(path);
-        if (out.open(QIODevice::WriteOnly))
-            out.write(content);
-    }
-    return path;
+    return content ? writeFile(path, content) : path;
 }
 
 std::unique_ptr<TestWizard> WizardTest::wizardAtFormat(int format)
