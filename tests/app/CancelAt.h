@@ -3,7 +3,7 @@
 
 #include "host/data/AbstractProgress.h"
 
-/// Cancels when a percentage is reached.
+/// Cancels when a percentage is reached; notes what it was told and how often it was asked.
 class CancelAt : public kpBase::AbstractProgress
 {
 public:
@@ -14,15 +14,20 @@ public:
     void progressStarted(bool) override {}
     void progressChanged(int percent) override
     {
+        backwards = backwards || percent < reached;
         reached = percent;
-        m_cancelled = m_cancelled || percent >= m_limit;
     }
-    bool isCancelled() const override { return m_cancelled; }
+    bool isCancelled() const override
+    {
+        ++asked;
+        return reached >= m_limit;
+    }
     void progressFinished() override {}
 
-    int reached = 0;
+    int reached = -1;
+    bool backwards = false;
+    mutable int asked = 0;
 
 private:
     int m_limit;
-    bool m_cancelled = false;
 };

@@ -2,123 +2,188 @@
 #pragma once
 
 #include "app/jobs/ExportRun.h"
-#include "app/readers/CoordinateSystems.h"
+#include "app/readers/ModelLoader.h"
 #include "tests/app/CancelAt.h"
 #include "tests/app/FileContent.h"
+#include "tests/app/TestObjects.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
 
-#include <limits>
+// What the tests of the savers share: a run from settings to files and findings, the data, the validators.
 
-// What the tests of the savers share: small objects, and a run from settings to files and findings.
-
-constexpr double none = std::numeric_limits<double>::quiet_NaN();
-
-/// The vertices of a very long line. Under the address sanitizer every allocation of the readers takes its time.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int manyVertices = 50000;
-#else
-constexpr int manyVertices = 1000000;
-#endif
-
-/// An object from rows of x, y, z, all one part.
-inline refhost::ModelObject objectOf(refhost::ObjectType type, const QString& name,
-                                     const std::vector<std::array<double, 3>>& rows, const char* crs = "EPSG:4326")
+namespace refhost
 {
-    refhost::ModelObject object;
-    object.type = type;
-    object.name = name;
-    object.set = QStringLiteral("S");
-    object.crs = refhost::wktOf(QString::fromLatin1(crs));
-    object.color = QColor(0, 127, 255);
-    std::vector<double> columns[3];
-    for (const auto& row : rows) {
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            columns[axis].push_back(row[axis]);
+
+inline std::unique_ptr<ExportFormat> formatOf(const QString& key)
+{
+    for (auto& candidate : makeFormats()) {
+        if (candidate->info().key == key)
+            return std::move(candidate);
     }
-    object.x = std::make_shared<const std::vector<double>>(std::move(columns[0]));
-    object.y = std::make_shared<const std::vector<double>>(std::move(columns[1]));
-    object.z = std::make_shared<const std::vector<double>>(std::move(columns[2]));
-    const bool area = type == refhost::ObjectType::Polygons;
-    if (area || type == refhost::ObjectType::Polylines || type == refhost::ObjectType::Wells)
-        object.parts = {{0, static_cast<int>(rows.size()), area, false}};
-    return object;
+    return nullptr;
 }
 
-/// A grid surface of heights, row by row from the south, with cells of one unit; NaN is a node without value.
-inline refhost::ModelObject gridOf(const QString& name, int columns, const std::vector<double>& heights, double x0 = 0,
-                                   double y0 = 0, double step = 1)
-{
-    std::vector<std::array<double, 3>> nodes;
-    for (std::size_t node = 0; node < heights.size(); ++node)
-        nodes.push_back({x0 + static_cast<double>(node % static_cast<std::size_t>(columns)) * step,
-                         y0 + static_cast<double>(node / static_cast<std::size_t>(columns)) * step, heights[node]});
-    refhost::ModelObject grid = objectOf(refhost::ObjectType::GridSurfaces, name, nodes);
-    grid.grid = refhost::GridGeometry{columns, static_cast<int>(heights.size()) / columns, x0, y0, step, step, 0.0};
-    return grid;
-}
-
-/// One run of a format over objects, with a read-back of each file written.
+/// One run of a format over objects, with a read-back of each file written. It can be repeated.
 struct SaverRun
 {
-    using Settings = std::vector<std::pair<const char*, QString>>;
-
-    SaverRun(const char* formatKey, const std::vector<refhost::ModelObject>& objects, const QString& path,
-             const Settings& settings = {}, kpBase::AbstractProgress* progress = nullptr)
+    /// "key=value;key=value", values being taken as they stand.
+    struct Settings
     {
-        for (auto& candidate : refhost::makeFormats()) {
-            if (candidate->info().key == QLatin1String(formatKey))
-                format = std::move(candidate);
-        }
-        refhost::SettingsMap map = format->settings();
-        for (const auto& setting : settings)
-            map.set(QString::fromLatin1(setting.first), setting.second);
-        refhost::ExportSelection selection;
-        selection.path = path;
-        for (const refhost::ModelObject& object : objects)
+        Settings(const char* text = "") : pairs(QString::fromUtf8(text)) {}
+        Settings(const QString& text) : pairs(text) {}
+        QString pairs;
+    };
+
+    SaverRun(const QString& key, std::vector<ModelObject> all, const QString& path, const Settings& settings = {},
+             kpBase::AbstractProgress* progress = nullptr)
+        : objects(std::move(all))
+        , format(formatOf(key))
+    {
+        for (const ModelObject& object : objects)
             selection.objects.push_back(&object);
+        selection.path = path;
+        again(settings, progress);
+    }
+    SaverRun(const char* key, std::vector<ModelObject> all, const QString& path, const Settings& settings = {},
+             kpBase::AbstractProgress* progress = nullptr)
+        : SaverRun(QString::fromLatin1(key), std::move(all), path, settings, progress)
+    {
+    }
+    SaverRun(const SaverRun&) = delete;
+    SaverRun& operator=(const SaverRun&) = delete;
+
+    bool again(const Settings& settings = {}, kpBase::AbstractProgress* progress = nullptr)
+    {
+        SettingsMap map = format->settings();
+        for (const QString& pair : settings.pairs.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+            map.set(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
+        report = ExportReport();
+        readBack.clear();
         files = format->plan(selection);
-        written = refhost::runExport(*format, selection, files, progress, report);
+        written = runExport(*format, selection, files, progress, report);
         for (std::size_t index = 0; written && index < files.size(); ++index)
-            readBack.push_back(format->verify(files[index], files[index].path, selection));
+            readBack.push_back(verify(index));
+        return written;
     }
 
-    QString error() const { return report.files().empty() ? QString() : report.files().front().error; }
+    Verification verify(std::size_t file = 0) const { return format->verify(files.at(file), files.at(file).path, selection); }
+    QByteArray bytes(std::size_t file = 0) const { return contentOf(files.at(file).path); }
+    /// What went wrong with a file or an object of it.
+    QString error(std::size_t file = 0) const
+    {
+        if (report.files().size() <= file)
+            return {};
+        QString text = report.files()[file].error;
+        for (const FailedObject& failed : report.files()[file].failedObjects)
+            text += QStringLiteral("; %1: %2").arg(failed.name, failed.reason);
+        return text;
+    }
     qint64 rows() const { return report.files().empty() ? -1 : report.files().front().rows; }
     /// "kind: count" of every finding, in order.
     QString findings() const
     {
         QStringList list;
-        for (const refhost::Finding& finding : report.findings())
+        for (const Finding& finding : report.findings())
             list.append(QStringLiteral("%1: %2").arg(finding.kind).arg(finding.count));
         return list.join(QStringLiteral(", "));
+    }
+    /// "kind|kind" of the same.
+    QString kinds() const
+    {
+        QStringList list;
+        for (const Finding& finding : report.findings())
+            list.append(finding.kind);
+        return list.join(QLatin1Char('|'));
+    }
+    qint64 countOf(const QString& kind) const
+    {
+        qint64 count = 0;
+        for (const Finding& finding : report.findings())
+            count += finding.kind == kind ? finding.count : 0;
+        return count;
     }
     /// The first fault that reading the files again has found.
     QString fault() const
     {
         if (!written)
             return QStringLiteral("not written: ") + error();
-        for (const refhost::Verification& one : readBack) {
+        for (const Verification& one : readBack) {
             if (!one.fault.isEmpty())
                 return one.fault;
         }
         return {};
     }
 
-    std::unique_ptr<refhost::ExportFormat> format;
-    std::vector<refhost::PlannedFile> files;
-    refhost::ExportReport report;
-    std::vector<refhost::Verification> readBack;
+    std::vector<ModelObject> objects;
+    std::unique_ptr<ExportFormat> format;
+    ExportSelection selection;
+    std::vector<PlannedFile> files;
+    ExportReport report;
+    std::vector<Verification> readBack;
     bool written = false;
 };
 
-/// Runs a validator of the shared folder beside the sources. \returns its complaint; "absent" when it is not there
-inline QString validate(const QString& script, const QStringList& arguments)
+/// A test with a folder for its files.
+class SaverTest : public QObject
 {
-    const QString path = QStringLiteral(KP_SOURCE_DIR "/../shared/validate/") + script;
-    if (!QFile::exists(path))
+protected:
+    void emptyFolder() { m_folder = std::make_unique<QTemporaryDir>(); }
+    QString path(const char* name = "") const { return m_folder->filePath(QString::fromUtf8(name)); }
+    /// Writes a file. \returns its path
+    QString write(const char* name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("cannot write %s", name);
+        return file.fileName();
+    }
+    QString listing() const
+    {
+        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name).join(QLatin1Char(' '));
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder = std::make_unique<QTemporaryDir>();
+};
+
+inline std::vector<ModelObject> loaded(const QString& path, const LoadOptions& options = {})
+{
+    Model model;
+    loadInto(model, path, options);
+    return model.objects();
+}
+
+/// A file of the folder beside the sources that may be absent; empty when it is.
+inline QString shared(const char* name)
+{
+    const QString path = QStringLiteral(KP_SOURCE_DIR "/../shared/") + QString::fromLatin1(name);
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+inline QString sample(const char* name)
+{
+    return QStringLiteral(KP_SOURCE_DIR "/examples/sample/") + QString::fromLatin1(name);
+}
+
+/// All files of a folder and their contents.
+inline QMap<QString, QByteArray> contentsOf(const QString& folder)
+{
+    QMap<QString, QByteArray> contents;
+    for (const QString& name : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        contents.insert(name, contentOf(folder + QLatin1Char('/') + name));
+    return contents;
+}
+
+/// Runs a validator of the shared folder beside the sources. \returns its complaint; "absent" when it is not there
+inline QString validate(const char* script, const QStringList& arguments)
+{
+    const QString path = shared(script);
+    if (path.isEmpty())
         return QStringLiteral("absent");
     QProcess process;
     process.start(path, arguments);
@@ -131,7 +196,9 @@ inline QString validate(const QString& script, const QStringList& arguments)
 
 #define KP_VALIDATE(script, ...)                                                                                       \
     do {                                                                                                               \
-        const QString complaint = validate(QStringLiteral(script), QStringList{__VA_ARGS__});                          \
+        const QString complaint = validate("validate/" script, QStringList{__VA_ARGS__});                              \
         if (complaint != QLatin1String("absent"))                                                                      \
             QVERIFY2(complaint.isEmpty(), qPrintable(complaint));                                                      \
     } while (false)
+
+} // namespace refhost

@@ -9,7 +9,9 @@
 #include "app/ui/HostContext.h"
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
+#include "tests/TestSettings.h"
 #include "tests/app/FileContent.h"
+#include "tests/app/TestObjects.h"
 #include "tests/spec/MouseDrag.h"
 #include "tests/spec/SpecificationEditor.h"
 
@@ -116,9 +118,11 @@ private Q_SLOTS:
 
 private:
     int add(ModelObject object) { return m_context->model.add(std::move(object)); }
-    ModelObject points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z);
+    static ModelObject points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z)
+    {
+        return objectOf(QString::fromLatin1(name), ObjectType::VertexClouds, std::move(x), std::move(y), std::move(z));
+    }
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
-    void chooseInDialog(const QString& file);
     int sample(const char* name) const
     {
         for (const ModelObject& object : m_context->model.objects()) {
@@ -134,11 +138,7 @@ private:
 
 void AsciiPageTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("asciipage"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
     m_context = std::make_unique<HostContext>();
     loadInto(m_context->model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
 }
@@ -163,28 +163,6 @@ void AsciiPageTest::cleanup()
     // Animations of controls that are gone end with the next tick, and go.
     QTest::qWait(50);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-ModelObject AsciiPageTest::points(const char* name, std::vector<double> x, std::vector<double> y, std::vector<double> z)
-{
-    ModelObject object;
-    object.name = QString::fromLatin1(name);
-    object.x = std::make_shared<const std::vector<double>>(std::move(x));
-    object.y = std::make_shared<const std::vector<double>>(std::move(y));
-    object.z = std::make_shared<const std::vector<double>>(std::move(z));
-    return object;
-}
-
-void AsciiPageTest::chooseInDialog(const QString& file)
-{
-    QTimer::singleShot(0, this, [file] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(file);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
 }
 
 void AsciiPageTest::fromTheMouseToTheFile()
@@ -305,11 +283,7 @@ void AsciiPageTest::previewIsTheFile()
 void AsciiPageTest::separatorHint()
 {
     ModelObject object = points("texts", {1, 2}, {1, 2}, {1, 2});
-    AttributeColumn text;
-    text.name = QStringLiteral("Unit");
-    text.kind = AttributeKind::Text;
-    text.values = {QStringLiteral("sand, silt"), QStringLiteral("a;b")};
-    object.vertexAttributes.push_back(text);
+    object.vertexAttributes = {columnOf(QStringLiteral("Unit"), AttributeKind::Text, {QStringLiteral("sand, silt"), QStringLiteral("a;b")})};
     Page page(*m_context, {add(object)});
     QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The separator stands in texts of Unit: \"sand, silt\".")});
     page.cure();
@@ -328,11 +302,7 @@ void AsciiPageTest::separatorHint()
 void AsciiPageTest::nullHints()
 {
     ModelObject object = points("nulls", {1, 200000}, {1, 2}, {1, 2});
-    AttributeColumn numbers;
-    numbers.name = QStringLiteral("Ni");
-    numbers.numbers = std::make_shared<const std::vector<double>>(std::vector<double>{0.5, 0.0});
-    numbers.missing = std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1});
-    object.vertexAttributes.push_back(numbers);
+    object.vertexAttributes = {columnOf(QStringLiteral("Ni"), AttributeKind::Real, {0.5, QVariant()})};
     Page page(*m_context, {add(object)});
     QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The null value 99999 could be a true value of X.")});
     page.cure();
@@ -381,11 +351,8 @@ void AsciiPageTest::tooFewDecimals()
 
 void AsciiPageTest::lackingFields()
 {
-    QFile file(path("lacking.klf"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"other\":1,\"settings\":{\"separator\":\"semicolon\",\"unheard\":\"of\"},\"fields\":["
+    writeFile(path("lacking.klf"), "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"other\":1,\"settings\":{\"separator\":\"semicolon\",\"unheard\":\"of\"},\"fields\":["
                "{\"name\":\"gone\",\"typeId\":0,\"order\":0},{\"name\":\"Y\",\"typeId\":-2,\"order\":1},{\"name\":\"X\",\"typeId\":-6,\"order\":2}]}");
-    file.close();
     const int with = add([this] {
         ModelObject object = points("with", {1}, {2}, {3});
         object.objectAttributes.push_back({QStringLiteral("gone"), AttributeKind::Integer, {}, 7});
@@ -524,10 +491,7 @@ void AsciiPageTest::manyAttributes()
         object.objectAttributes.push_back({QStringLiteral("attribute %1").arg(index), AttributeKind::Integer, {}, index});
     Page page(*m_context, {add(object)});
     QCOMPARE(page.editor->size(), 5003);
-    QFile none(path("few.klf"));
-    QVERIFY(none.open(QIODevice::WriteOnly));
-    none.write("{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"fields\":[{\"name\":\"attribute 7\"}]}");
-    none.close();
+    writeFile(path("few.klf"), "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"fields\":[{\"name\":\"attribute 7\"}]}");
     chooseInDialog(path("few.klf"));
     QTest::mouseClick(page.editor->m_loadFormatButton, Qt::LeftButton);
     QCOMPARE(page.listed().size(), 5002);

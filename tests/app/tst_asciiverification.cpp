@@ -2,6 +2,7 @@
 // A written table is read again: what is right passes in every form, one wrong character does not.
 #include "app/jobs/ExportReport.h"
 #include "app/savers/ascii/AsciiFormat.h"
+#include "tests/app/TestObjects.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -34,19 +35,9 @@ private:
 
 void AsciiVerificationTest::initTestCase()
 {
-    m_object.name = QStringLiteral("Top");
-    m_object.x = std::make_shared<const std::vector<double>>(std::vector<double>{6789012.3456, 2.5, 3});
-    m_object.y = std::make_shared<const std::vector<double>>(std::vector<double>{-1, 0.0005, 1e7});
-    m_object.z = std::make_shared<const std::vector<double>>(std::vector<double>{10, std::nan(""), -12.5});
-    AttributeColumn text;
-    text.name = QStringLiteral("rock");
-    text.kind = AttributeKind::Text;
-    text.values = {QStringLiteral("a,b;c"), QVariant(QVariant::String), QStringLiteral("shale")};
-    AttributeColumn grade;
-    grade.name = QStringLiteral("grade");
-    grade.numbers = std::make_shared<const std::vector<double>>(std::vector<double>{0.25, 0, 7});
-    grade.missing = std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1, 0});
-    m_object.vertexAttributes = {grade, text};
+    m_object = objectOf(QStringLiteral("Top"), ObjectType::VertexClouds, {6789012.3456, 2.5, 3}, {-1, 0.0005, 1e7}, {10, none, -12.5});
+    m_object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {0.25, QVariant(), 7}),
+                                 columnOf(QStringLiteral("rock"), AttributeKind::Text, {QStringLiteral("a,b;c"), QVariant(QVariant::String), QStringLiteral("shale")})};
     m_selection.objects = {&m_object};
     m_selection.path = path();
     m_file = {path(), {&m_object}};

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the GOCAD and OFF savers write, read by CGAL.
-#include "app/savers/gocad/GocadFormat.h"
-#include "app/savers/off/OffFormat.h"
-#include "tests/app/FormatTest.h"
-
-#include <QtTest>
+#include "tests/app/SaverRun.h"
 
 // CGAL's headers are not written for our warnings.
 #pragma GCC diagnostic push
@@ -15,7 +11,7 @@
 #include <CGAL/Simple_cartesian.h>
 #pragma GCC diagnostic pop
 
-using namespace formattest;
+using namespace refhost;
 
 namespace
 {
@@ -63,20 +59,15 @@ void CgalTest::surfaces()
 {
     QFETCH(QString, key);
     QFETCH(QString, source);
-    Model model;
-    loadInto(model, source);
-    GocadFormat gocad;
-    OffFormat off;
-    ExportFormat& format = key == QLatin1String("off") ? static_cast<ExportFormat&>(off) : gocad;
-    QTemporaryDir folder;
-    Run run(format, pointers(model), folder.filePath(QStringLiteral("m")));
-    QVERIFY(run.go());
+    const QTemporaryDir folder;
+    const SaverRun run(key, loaded(source), folder.filePath(QStringLiteral("m")));
+    QVERIFY(run.written);
 
     std::vector<CGAL::Simple_cartesian<double>::Point_3> points;
     std::vector<std::vector<std::size_t>> faces;
     const std::string path = run.files[0].path.toStdString();
     QVERIFY(key == QLatin1String("off") ? CGAL::IO::read_OFF(path, points, faces) : CGAL::IO::read_GOCAD(path, points, faces));
-    const ModelObject& surface = model.objects().front();
+    const ModelObject& surface = run.objects.front();
     std::size_t next = 0;
     for (std::size_t vertex = 0; vertex < surface.x->size(); ++vertex) {
         if (!std::isfinite((*surface.z)[vertex]))

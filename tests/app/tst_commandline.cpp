@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The program as a user runs it: outputs, messages and exit codes.
-#include "tests/app/FileContent.h"
+#include "tests/app/ProgramTest.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 
@@ -31,7 +27,7 @@ bool catchesInterrupt(qint64 process)
 
 } // namespace
 
-class CommandLineTest : public QObject
+class CommandLineTest : public ProgramTest
 {
     Q_OBJECT
 
@@ -43,7 +39,6 @@ private Q_SLOTS:
     void wrongUse();
     void overwriting();
     void fileForEachObject();
-    void fullDisk();
     void reportAndStrict();
     void jobFile();
     void formatsAsJson();
@@ -52,49 +47,13 @@ private Q_SLOTS:
     void mixedSelection();
 
 private:
-    struct Result
-    {
-        int code;
-        QString out;
-        QString error;
-    };
-
-    Result run(const QStringList& arguments);
-    QString write(const char* name, const char* content);
-    QByteArray read(const char* name);
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     QStringList listing() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void CommandLineTest::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
+    emptyFolder();
     write("points.csv", "X,Y,Z,name,grade\n6789012.3456,100.5,-1,Грифон,1.25\n2,3,4,\"a, b\",\n");
-}
-
-CommandLineTest::Result CommandLineTest::run(const QStringList& arguments)
-{
-    QProcess process;
-    process.setWorkingDirectory(m_folder->path());
-    process.start(QStringLiteral(KP_PROGRAM), arguments);
-    process.waitForFinished(60000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
-}
-
-QString CommandLineTest::write(const char* name, const char* content)
-{
-    QFile file(path(name));
-    if (file.open(QIODevice::WriteOnly))
-        file.write(content);
-    return file.fileName();
-}
-
-QByteArray CommandLineTest::read(const char* name)
-{
-    return contentOf(path(name));
 }
 
 void CommandLineTest::exportsALine_data()
@@ -171,11 +130,8 @@ void CommandLineTest::wrongUse()
     write("broken.gpkg", "SQLite format 3");
     write("bad.kpmodel", "{ \"version\": 1,\n oops }");
     write("unknown.kpmodel", "{ \"version\": 1, \"objects\": [ { \"file\": \"points.csv\", \"colour\": \"red\" } ] }");
-    write("wide.csv", QByteArray(20000, ',').append("\n").constData());
-    QFile binary(path("binary.csv"));
-    QVERIFY(binary.open(QIODevice::WriteOnly));
-    binary.write(QByteArray(1000, '\0'));
-    binary.close();
+    write("wide.csv", QByteArray(20000, ',').append("\n"));
+    write("binary.csv", QByteArray(1000, '\0'));
     const QStringList before = listing();
     const Result result = run(command.split(QLatin1Char(' ')));
     QCOMPARE(result.code, code);
@@ -210,16 +166,6 @@ void CommandLineTest::fileForEachObject()
     QVERIFY2(result.code == 0, qPrintable(result.error));
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("o_*")}, QDir::Files | QDir::Hidden),
              (QStringList{QStringLiteral("o__.._A_B.txt"), QStringLiteral("o__.._a_b_2.txt"), QStringLiteral("o__CON.txt")}));
-}
-
-void CommandLineTest::fullDisk()
-{
-    if (!QFile::exists(QStringLiteral("/dev/full")))
-        QSKIP("no /dev/full here");
-    const Result result = run({QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"), QStringLiteral("ascii"),
-                               QStringLiteral("--output"), QStringLiteral("/dev/full"), QStringLiteral("--overwrite")});
-    QCOMPARE(result.code, 1);
-    QVERIFY2(result.error.contains(QStringLiteral("/dev/full: the file could not be written completely (make room")), qPrintable(result.error));
 }
 
 void CommandLineTest::reportAndStrict()

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "app/readers/ModelLoader.h"
 #include "app/savers/dxf/DxfText.h"
 #include "app/savers/SurfaceFaces.h"
 #include "host/data/kpProductInfo.h"
 #include "tests/app/SaverRun.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 using namespace refhost;
 
@@ -32,13 +28,13 @@ ModelObject twoLegs()
 
 } // namespace
 
-class DxfTest : public QObject
+class DxfTest : public SaverTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase() { kpProductInfo::instance().set_product_name("Modeller 7"); }
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void init() { emptyFolder(); }
     void entities();
     void flatDrawings();
     void layers_data();
@@ -51,14 +47,10 @@ private Q_SLOTS:
     void unitsAndSystems();
     void leftOut();
     void severalFiles();
-    void longLine();
-    void failures();
-    void cancelledHalfWay();
     void sampleModel_data();
     void sampleModel();
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     QByteArray body(const char* name) const
     {
         const QByteArray text = contentOf(path(name));
@@ -66,8 +58,6 @@ private:
                    ? text.mid(head.size(), text.size() - head.size() - tail.size())
                    : text;
     }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void DxfTest::entities()
@@ -78,7 +68,7 @@ void DxfTest::entities()
                        {objectOf(ObjectType::Polylines, QStringLiteral("L"), {{1234567.8912, -7, 0.5}, {3, 4, 5}}, ""),
                         ring, objectOf(ObjectType::Pins, QString::fromUtf8("Имя"), {{1, 2, 3}}, ""),
                         objectOf(ObjectType::Wells, QStringLiteral("W"), {{1, 2, 3}}, "")},
-                       path("a.dxf"), {{"textHeight", QStringLiteral("2.5")}});
+                       path("a.dxf"), "textHeight=2.5");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.rows(), 6);
     QCOMPARE(run.findings(), QString());
@@ -106,7 +96,7 @@ void DxfTest::flatDrawings()
     const std::vector<ModelObject> objects{
         twoLegs(), objectOf(ObjectType::Polylines, QStringLiteral("L"), {{30, 40, 7}, {60, 80, none}, {0, 50, 9}}, "")};
     const SaverRun map("dxf", objects, path("map.dxf"),
-                       {{"dimension", QStringLiteral("map")}, {"layers", QStringLiteral("none")}});
+                       "dimension=map;layers=none");
     QCOMPARE(map.fault() + map.findings(), QString());
     const QByteArray polyline = "0\nPOLYLINE\n8\n0\n62\n%\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n0\n";
     const auto coloured = [](QByteArray text, const char* colour) { return text.replace('%', colour); };
@@ -119,7 +109,7 @@ void DxfTest::flatDrawings()
                                   + vertex("0", "50") + end);
     // Along the section 0, 0 to 30, 40; the point without height has no place.
     const SaverRun side("dxf", objects, path("side.dxf"),
-                        {{"dimension", QStringLiteral("section")}, {"layers", QStringLiteral("none")}});
+                        "dimension=section;layers=none");
     QCOMPARE(side.fault(), QString());
     QCOMPARE(side.findings(), QStringLiteral("position left out: 1"));
     QCOMPARE(body("side.dxf"), "999\nA\n999\nH\n" + coloured(polyline, "1") + vertex("0", "-5") + vertex("50", "-6")
@@ -170,7 +160,7 @@ void DxfTest::layers()
         objects.back().set = set;
     }
     const SaverRun run("dxf", objects, path("a.dxf"),
-                       {{"unicodeLayers", unicode ? QStringLiteral("true") : QStringLiteral("false")}});
+                       unicode ? "unicodeLayers=true" : "");
     QCOMPARE(run.fault(), QString());
     QStringList written;
     const QList<QByteArray> lines = body("a.dxf").split('\n');
@@ -226,35 +216,25 @@ void DxfTest::colours()
 
 void DxfTest::surfaces_data()
 {
-    QTest::addColumn<bool>("faces");
-    QTest::addColumn<bool>("points");
-    QTest::addColumn<bool>("boundaries");
+    QTest::addColumn<QString>("settings");
     QTest::addColumn<QString>("expected");
+    const auto flag = [](int on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
     for (int choice = 0; choice < 8; ++choice) {
-        const bool faces = choice & 1;
-        const bool points = choice & 2;
-        const bool boundaries = choice & 4;
+        const QString settings = QStringLiteral("faces=%1;meshPoints=%2;boundaries=%3").arg(flag(choice & 1), flag(choice & 2), flag(choice & 4));
         // A grid of 2 x 3 nodes, one without value, and a mesh of two triangles.
-        const QString expected = QStringLiteral("%1 faces %2 points %3 lines")
-                                     .arg(faces ? 4 : 0)
-                                     .arg(points ? 9 : 0)
-                                     .arg(boundaries ? 2 : 0);
-        QTest::newRow(qPrintable(expected)) << faces << points << boundaries << expected;
+        QTest::newRow(qPrintable(settings)) << settings << QStringLiteral("%1 faces %2 points %3 lines").arg(choice & 1 ? 4 : 0).arg(choice & 2 ? 9 : 0).arg(choice & 4 ? 2 : 0);
     }
 }
 
 void DxfTest::surfaces()
 {
-    QFETCH(bool, faces);
-    QFETCH(bool, points);
-    QFETCH(bool, boundaries);
+    QFETCH(QString, settings);
     QFETCH(QString, expected);
     ModelObject mesh =
         objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"), {{0, 0, 1}, {1, 0, 2}, {1, 1, 3}, {0, 1, 4}}, "");
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
-    const auto flag = [](bool on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
     const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4, 5, none}), mesh}, path("a.dxf"),
-                       {{"faces", flag(faces)}, {"meshPoints", flag(points)}, {"boundaries", flag(boundaries)}});
+                       settings);
     QCOMPARE(run.fault(), QString());
     const QByteArray text = body("a.dxf");
     QCOMPARE(QStringLiteral("%1 faces %2 points %3 lines")
@@ -263,8 +243,8 @@ void DxfTest::surfaces()
                  .arg(text.count("\nPOLYLINE\n")),
              expected);
     QCOMPARE(run.findings().contains(QStringLiteral("surface left out: 1, object left out: 1")),
-             !faces && !points && !boundaries);
-    if (faces && points && boundaries)
+             !settings.contains(QLatin1String("true")));
+    if (!settings.contains(QLatin1String("false")))
         KP_VALIDATE("dxf.py", path("a.dxf"));
 }
 
@@ -301,14 +281,14 @@ void DxfTest::unitsAndSystems()
 {
     ModelObject feet = objectOf(ObjectType::Posts, QStringLiteral("F"), {{1000, 2000, 10}}, "");
     feet.lengthUnit = QStringLiteral("ft");
-    const SaverRun metres("dxf", {feet}, path("a.dxf"), {{"lengthUnit", QStringLiteral("m")}});
+    const SaverRun metres("dxf", {feet}, path("a.dxf"), "lengthUnit=m");
     QCOMPARE(metres.fault() + metres.findings(), QString());
     QVERIFY(body("a.dxf").contains("10\n304.8000\n20\n609.6000\n30\n3.0480\n"));
     // From degrees to a projected system: the place that cs2cs gives for 117.382433, -22.630436.
     const ModelObject degrees =
         objectOf(ObjectType::Posts, QStringLiteral("D"), {{117.382433, -22.630436, 10}}, "EPSG:4283");
     const SaverRun projected("dxf", {degrees}, path("b.dxf"),
-                             {{"crs", QStringLiteral("EPSG:28350")}, {"lengthUnit", QStringLiteral("km")}});
+                             "crs=EPSG:28350;lengthUnit=km");
     QCOMPARE(projected.fault() + projected.findings(), QString());
     const QList<QByteArray> lines = body("b.dxf").split('\n');
     const int x = lines.indexOf("10");
@@ -316,10 +296,10 @@ void DxfTest::unitsAndSystems()
     QVERIFY(std::abs(lines[x + 3].toDouble() - 7497.339446) < 1e-3);
     QCOMPARE(lines[x + 5], QByteArray("0.0100000"));
     // Left in degrees they keep their decimals and their size.
-    const SaverRun own("dxf", {degrees, feet}, path("c.dxf"), {{"lengthUnit", QStringLiteral("ft")}});
+    const SaverRun own("dxf", {degrees, feet}, path("c.dxf"), "lengthUnit=ft");
     QVERIFY(body("c.dxf").contains("10\n117.382433000\n20\n-22.630436000\n30\n32.8083990\n"));
     QCOMPARE(own.findings(), QStringLiteral("coordinate systems differ: 2"));
-    const SaverRun unknown("dxf", {degrees}, path("d.dxf"), {{"crs", QStringLiteral("nowhere")}});
+    const SaverRun unknown("dxf", {degrees}, path("d.dxf"), "crs=nowhere");
     QVERIFY(unknown.error().startsWith(QStringLiteral("\"nowhere\" is no coordinate system that is known (give one")));
 }
 
@@ -353,51 +333,11 @@ void DxfTest::severalFiles()
 {
     std::vector<ModelObject> objects(3, objectOf(ObjectType::Posts, QStringLiteral("P"), {{1, 2, 3}}, ""));
     objects[2].set = QStringLiteral("T");
-    QCOMPARE(SaverRun("dxf", objects, m_folder->path(),
-                      {{"grouping", QStringLiteral("set")}, {"filePrefix", QStringLiteral("x/y")}})
+    QCOMPARE(SaverRun("dxf", objects, path(),
+                      "grouping=set;filePrefix=x/y")
                  .fault(),
              QString());
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files, QDir::Name),
-             (QStringList{QStringLiteral("x_y_S.dxf"), QStringLiteral("x_y_T.dxf")}));
-}
-
-void DxfTest::longLine()
-{
-    constexpr int count = manyVertices;
-    std::vector<std::array<double, 3>> rows;
-    for (int index = 0; index < count; ++index)
-        rows.push_back({500000 + index * 0.001, 7000000 + index * 0.25, -index * 0.125});
-    const SaverRun run("dxf", {objectOf(ObjectType::Polylines, QStringLiteral("long"), rows, "")}, path("a.dxf"));
-    QCOMPARE(run.fault(), QString());
-    QCOMPARE(run.readBack.front().count, 1);
-    QVERIFY(run.readBack.front().worstError < 0.0001);
-    QCOMPARE(body("a.dxf").count("\nVERTEX\n"), count);
-}
-
-void DxfTest::failures()
-{
-    const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
-    const auto line = [](std::size_t count) {
-        return objectOf(ObjectType::Polylines, QStringLiteral("L"),
-                        std::vector<std::array<double, 3>>(count, {1, 2, 3}), "");
-    };
-    QVERIFY(SaverRun("dxf", {line(2)}, QStringLiteral("/dev/full")).error().contains(message));
-    QVERIFY(SaverRun("dxf", {line(100000), line(100000)}, QStringLiteral("/dev/full")).error().contains(message));
-}
-
-void DxfTest::cancelledHalfWay()
-{
-    QFile file(path("a.dxf"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("earlier");
-    file.close();
-    CancelAt progress(50);
-    const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 500, std::vector<double>(250000, 1.0))}, path("a.dxf"),
-                       {{"boundaries", QStringLiteral("true")}}, &progress);
-    QVERIFY(run.report.cancelled);
-    QVERIFY(progress.reached >= 50 && progress.reached < 60);
-    QCOMPARE(contentOf(path("a.dxf")), QByteArray("earlier"));
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+    QCOMPARE(listing(), QStringLiteral("x_y_S.dxf x_y_T.dxf"));
 }
 
 void DxfTest::sampleModel_data()
@@ -410,11 +350,9 @@ void DxfTest::sampleModel_data()
 void DxfTest::sampleModel()
 {
     QFETCH(QString, dimension);
-    Model model;
-    loadInto(model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
     const SaverRun run(
-        "dxf", model.objects(), path("sample.dxf"),
-        {{"dimension", dimension}, {"boundaries", QStringLiteral("true")}, {"layers", QStringLiteral("type")}});
+        "dxf", loaded(sample("sample.kpmodel")), path("sample.dxf"),
+        QStringLiteral("boundaries=true;layers=type;dimension=") + dimension);
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.readBack.front().count, run.rows());
     QVERIFY(run.readBack.front().worstError < 0.0001);

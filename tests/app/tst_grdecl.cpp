@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 // GRDECL grids: whole text, names and lines, inactive and undefined cells, real grids read by another project's
 // reader, failures.
-#include "app/savers/grdecl/GrdeclFormat.h"
 #include "app/savers/grdecl/GrdeclRecord.h"
-#include "tests/app/FormatTest.h"
-
-#include <QProcess>
-#include <QtTest>
+#include "tests/app/SaverRun.h"
 
 #include <cmath>
 
-using namespace formattest;
+using namespace refhost;
 
-class GrdeclTest : public QObject
+class GrdeclTest : public SaverTest
 {
     Q_OBJECT
 
@@ -29,29 +25,20 @@ private Q_SLOTS:
     void realGrids();
     void severalGrids();
     void failures();
-    void cancelled();
 };
 
 void GrdeclTest::wholeText()
 {
-    ModelObject box = cellBox(2, 1, 1);
-    box.name = QString::fromUtf8("Ярус ") + QString(200, QLatin1Char('x'));
-    CellGrid cells = *box.cells;
+    CellGrid cells = cellsOf(2, 1, 1);
     cells.active = {1, 0};
-    AttributeColumn rock;
-    rock.name = QStringLiteral("rock type code");
-    rock.kind = AttributeKind::Integer;
-    rock.values = {3, QVariant()};
-    cells.cellAttributes.push_back(rock);
-    cells.cellAttributes.push_back(realColumn(QStringLiteral("coord"), {1.0, -2.5e-7}));
+    cells.cellAttributes.push_back(columnOf(QStringLiteral("rock type code"), AttributeKind::Integer, {3, QVariant()}));
+    cells.cellAttributes.push_back(columnOf(QStringLiteral("coord"), AttributeKind::Real, {1.0, -2.5e-7}));
     cells.cellAttributes.back().unit = QStringLiteral("mD");
-    box.cells = std::make_shared<const CellGrid>(cells);
-    GrdeclFormat format;
-    format.settings().set(QStringLiteral("decimals"), QStringLiteral("1"));
-    QTemporaryDir folder;
-    Run run(format, {&box}, folder.filePath(QStringLiteral("g")));
-    QVERIFY(run.go());
-    QCOMPARE(run.files[0].path, folder.filePath(QStringLiteral("g.grdecl")));
+    ModelObject box = boxOf(cells);
+    box.name = QString::fromUtf8("Ярус ") + QString(200, QLatin1Char('x'));
+    SaverRun run("grdecl", {box}, path("g"), "decimals=1");
+    QVERIFY(run.written);
+    QCOMPARE(run.files[0].path, path("g.grdecl"));
     const QByteArray text = run.bytes();
     QCOMPARE(text.mid(text.indexOf('\n') + 1), QByteArray("-- lengths in metres, depths positive down\n"
                                                           "\n"
@@ -81,7 +68,7 @@ void GrdeclTest::wholeText()
                                                           "\n"));
     for (const QByteArray& line : text.split('\n'))
         QVERIFY(line.size() <= 128);
-    QCOMPARE(run.kinds(), QStringList{QStringLiteral("renamed")});
+    QCOMPARE(run.kinds(), QStringLiteral("renamed"));
     QCOMPARE(run.report.findings()[0].count, 2);
     QCOMPARE(run.verify().fault, QString());
     QCOMPARE(run.verify().count, 2);
@@ -132,13 +119,10 @@ void GrdeclTest::units()
     QFETCH(QString, lengthUnit);
     QFETCH(QString, gridUnit);
     QFETCH(QString, depth);
-    ModelObject box = cellBox(2, 2, 2);
+    ModelObject box = boxOf(cellsOf(2, 2, 2));
     box.lengthUnit = modelUnit;
-    GrdeclFormat format;
-    format.settings().set(QStringLiteral("lengthUnit"), lengthUnit);
-    QTemporaryDir folder;
-    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
-    QCOMPARE(run.go(), !gridUnit.isEmpty());
+    SaverRun run("grdecl", {box}, path("g.grdecl"), QStringLiteral("lengthUnit=") + lengthUnit);
+    QCOMPARE(run.written, !gridUnit.isEmpty());
     if (gridUnit.isEmpty()) {
         QVERIFY(run.error().contains(QStringLiteral("metres and feet only")));
         return;
@@ -152,14 +136,8 @@ void GrdeclTest::units()
 
 void GrdeclTest::localOrigin()
 {
-    Model model;
-    loadInto(model, sample("blocks.grdecl"));
-    GrdeclFormat format;
-    format.settings().set(QStringLiteral("origin"), QStringLiteral("local"));
-    format.settings().set(QStringLiteral("decimals"), QStringLiteral("0"));
-    QTemporaryDir folder;
-    Run run(format, pointers(model), folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(run.go());
+    SaverRun run("grdecl", loaded(sample("blocks.grdecl")), path("g.grdecl"), "origin=local;decimals=0");
+    QVERIFY(run.written);
     QVERIFY(run.bytes().contains("MAPAXES\n 526211 7487835\n 526211 7486835\n 527211 7486835\n/"));
     QVERIFY(run.bytes().contains("GRIDUNIT\n 'METRES'\n/"));
     // Half a metre at most, though both the origin and the positions are rounded.
@@ -170,48 +148,34 @@ void GrdeclTest::localOrigin()
 
 void GrdeclTest::missingValues()
 {
-    ModelObject box = cellBox(3, 1, 1);
-    CellGrid cells = *box.cells;
+    CellGrid cells = cellsOf(3, 1, 1);
     cells.active = {1, 1, 0};
-    cells.cellAttributes = {realColumn(QStringLiteral("NTG"), {0.5, 9.0, 9.0}, {0, 1, 1})};
-    AttributeColumn text;
-    text.name = QStringLiteral("FACIES");
-    text.kind = AttributeKind::Text;
-    text.values = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-    cells.cellAttributes.push_back(text);
-    box.cells = std::make_shared<const CellGrid>(cells);
-    GrdeclFormat format;
-    format.settings().set(QStringLiteral("nullValue"), QStringLiteral("-1"));
-    QTemporaryDir folder;
-    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(run.go());
+    cells.cellAttributes = {columnOf(QStringLiteral("NTG"), AttributeKind::Real, {0.5, QVariant(), QVariant()}),
+                            columnOf(QStringLiteral("FACIES"), AttributeKind::Text, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})};
+    SaverRun run("grdecl", {boxOf(cells)}, path("g.grdecl"), "nullValue=-1");
+    QVERIFY(run.written);
     QVERIFY(run.bytes().contains("NTG\n 0.5 2*-1.0\n/"));
-    QCOMPARE(run.kinds().join(QLatin1Char('|')), QStringLiteral("attribute that is no number left out|missing value of an active cell written as -1"));
+    QCOMPARE(run.kinds(), QStringLiteral("attribute that is no number left out|missing value of an active cell written as -1"));
     // The inactive cell's is no loss.
     QCOMPARE(run.report.findings()[1].count, 1);
     QCOMPARE(run.verify().fault, QString());
     run.selection.attributes = QStringList{QStringLiteral("SWAT")};
-    QVERIFY(run.go());
+    QVERIFY(run.again());
     QVERIFY(!run.bytes().contains("NTG"));
     QVERIFY(run.kinds().contains(QStringLiteral("missing attribute")));
 }
 
 void GrdeclTest::undefinedCorners()
 {
-    ModelObject box = cellBox(2, 1, 2);
-    CellGrid cells = *box.cells;
+    CellGrid cells = cellsOf(2, 1, 2);
     cells.zcorn.back() = NAN; // of the last cell
     cells.active = {1, 1, 1, 0};
-    box.cells = std::make_shared<const CellGrid>(cells);
-    GrdeclFormat format;
-    QTemporaryDir folder;
-    Run run(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(run.go());
-    QCOMPARE(run.kinds(), QStringList{QStringLiteral("corner of an inactive cell without a depth written as 0")});
+    SaverRun run("grdecl", {boxOf(cells)}, path("g.grdecl"));
+    QVERIFY(run.written);
+    QCOMPARE(run.kinds(), QStringLiteral("corner of an inactive cell without a depth written as 0"));
     cells.active = {1, 1, 0, 1};
-    box.cells = std::make_shared<const CellGrid>(cells);
-    Run active(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(!active.go());
+    SaverRun active("grdecl", {boxOf(cells)}, path("g.grdecl"));
+    QVERIFY(!active.written);
     QVERIFY2(active.error().contains(QStringLiteral("cell 4 of the grid box is active and has a corner without a depth")), qPrintable(active.error()));
 }
 
@@ -221,11 +185,11 @@ void GrdeclTest::realGrids_data()
     QTest::addColumn<int>("cells");
     QTest::addColumn<QStringList>("properties");
     QTest::newRow("sample") << sample("blocks.grdecl") << 192 << QStringList{QStringLiteral("PORO"), QStringLiteral("PERMX")};
-    QTest::newRow("simpleb8") << sharedData("eclipse/simpleb8.grdecl") << 24
+    QTest::newRow("simpleb8") << shared("data/eclipse/simpleb8.grdecl") << 24
                               << QStringList{QStringLiteral("PORO"), QStringLiteral("PERMX"), QStringLiteral("PERMY"), QStringLiteral("PERMZ")};
-    QTest::newRow("emerald") << sharedData("eclipse/emerald.grdecl") << 48 << QStringList();
-    QTest::newRow("b") << sharedData("eclipse/b.grdecl") << 2400 << QStringList();
-    QTest::newRow("SPE9") << sharedData("eclipse/SPE9.GRDECL") << 9000 << QStringList();
+    QTest::newRow("emerald") << shared("data/eclipse/emerald.grdecl") << 48 << QStringList();
+    QTest::newRow("b") << shared("data/eclipse/b.grdecl") << 2400 << QStringList();
+    QTest::newRow("SPE9") << shared("data/eclipse/SPE9.GRDECL") << 9000 << QStringList();
 }
 
 void GrdeclTest::realGrids()
@@ -235,12 +199,8 @@ void GrdeclTest::realGrids()
     QFETCH(QStringList, properties);
     if (source.isEmpty())
         QSKIP("the data is not here");
-    Model model;
-    loadInto(model, source);
-    GrdeclFormat format;
-    QTemporaryDir folder;
-    Run run(format, pointers(model), folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(run.go());
+    SaverRun run("grdecl", loaded(source), path("g.grdecl"));
+    QVERIFY(run.written);
     const Verification seen = run.verify();
     QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
     QCOMPARE(seen.count, cells);
@@ -260,14 +220,12 @@ void GrdeclTest::realGrids()
 
 void GrdeclTest::severalGrids()
 {
-    const ModelObject first = cellBox(1, 1, 1);
-    const ModelObject second = cellBox(2, 1, 1);
-    ModelObject hollow = object(QStringLiteral("hollow"), {0}, {0}, {0});
+    const ModelObject first = boxOf(cellsOf(1, 1, 1));
+    const ModelObject second = boxOf(cellsOf(2, 1, 1));
+    ModelObject hollow = objectOf(QStringLiteral("hollow"), ObjectType::VertexClouds, {0}, {0}, {0});
     hollow.type = ObjectType::GeoCellularVolumes;
-    GrdeclFormat format;
-    QTemporaryDir folder;
-    Run run(format, {&first, &second, &hollow}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(!run.go());
+    SaverRun run("grdecl", {first, second, hollow}, path("g.grdecl"));
+    QVERIFY(!run.written);
     QCOMPARE(run.files.size(), std::size_t(3));
     QCOMPARE(QFileInfo(run.files[1].path).fileName(), QStringLiteral("g_box_2.grdecl"));
     QCOMPARE(run.verify(1).count, 2);
@@ -276,44 +234,15 @@ void GrdeclTest::severalGrids()
 
 void GrdeclTest::failures()
 {
-    const ModelObject box = cellBox(1, 1, 1);
-    GrdeclFormat format;
-    Run full(format, {&box}, QStringLiteral("/dev/full"));
-    QVERIFY(!full.go());
-    QVERIFY2(full.error().contains(QStringLiteral("could not be written completely")), qPrintable(full.error()));
-    ModelObject broken = cellBox(2, 2, 2);
-    CellGrid cells = *broken.cells;
+    CellGrid cells = cellsOf(2, 2, 2);
     cells.zcorn.pop_back();
-    broken.cells = std::make_shared<const CellGrid>(cells);
-    QTemporaryDir folder;
-    Run run(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(!run.go());
+    SaverRun run("grdecl", {boxOf(cells)}, path("g.grdecl"));
+    QVERIFY(!run.written);
     QVERIFY2(run.error().contains(QStringLiteral("are not as many as its size asks for")), qPrintable(run.error()));
     cells.columns = 0;
-    broken.cells = std::make_shared<const CellGrid>(cells);
-    Run empty(format, {&broken}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(!empty.go());
+    SaverRun empty("grdecl", {boxOf(cells)}, path("g.grdecl"));
+    QVERIFY(!empty.written);
     QVERIFY2(empty.error().contains(QStringLiteral("the grid has no cells")), qPrintable(empty.error()));
-}
-
-void GrdeclTest::cancelled()
-{
-    const ModelObject box = cellBox(50, 50, 40);
-    GrdeclFormat format;
-    QTemporaryDir folder;
-    CancelAt counter(1 << 30);
-    Run whole(format, {&box}, folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(whole.go(&counter));
-    QVERIFY(counter.calls() > 200);
-    QVERIFY(!counter.backwards);
-    CancelAt cancel(counter.calls() / 2);
-    QFile earlier(folder.filePath(QStringLiteral("g.grdecl")));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("earlier");
-    earlier.close();
-    QVERIFY(!whole.go(&cancel));
-    QVERIFY(whole.report.cancelled && cancel.largest > 20 && cancel.largest < 80);
-    QCOMPARE(whole.bytes(), QByteArray("earlier"));
 }
 
 QTEST_GUILESS_MAIN(GrdeclTest)

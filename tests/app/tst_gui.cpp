@@ -2,6 +2,7 @@
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
 #include "app/ui/ExportWizard.h"
 #include "app/ui/MainWindow.h"
+#include "tests/TestSettings.h"
 #include "tests/app/FileContent.h"
 
 #include <QAction>
@@ -169,22 +170,15 @@ private:
 
 void GuiTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("gui"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
     qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
-    QFile lines(m_folder.filePath(QStringLiteral("lines.geojson")));
-    QVERIFY(lines.open(QIODevice::WriteOnly));
-    lines.write("{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
+    const QString lines = writeFile(m_folder.filePath(QStringLiteral("lines.geojson")), "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
                 "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}},"
                 "{\"type\":\"Feature\",\"properties\":{\"n\":2},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[7,8,9],[8,8,9]]}}]}");
-    lines.close();
     m_context = std::make_unique<HostContext>();
     m_window = std::make_unique<MainWindow>(*m_context);
     m_window->show();
-    m_window->openModel(lines.fileName());
+    m_window->openModel(lines);
     QCOMPARE(m_context->model.objects().size(), std::size_t(2));
 }
 
@@ -210,10 +204,7 @@ void GuiTest::walk()
 void GuiTest::aFileForEachObject()
 {
     // The second object's file exists: it is asked about, and kept.
-    QFile earlier(m_folder.filePath(QStringLiteral("each_lines 2.txt")));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("earlier");
-    earlier.close();
+    writeFile(m_folder.filePath(QStringLiteral("each_lines 2.txt")), "earlier");
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
     Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::No),
@@ -245,9 +236,7 @@ void GuiTest::planAndCommandLine()
         return true;
     };
     const QString path = m_folder.filePath(QStringLiteral("it's.csv"));
-    QFile earlier(path);
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.close();
+    writeFile(path, QByteArray());
     const auto oneDecimal = [](QWidget& window) {
         auto* fields = window.findChild<QTableWidget*>(QStringLiteral("m_fieldTable"));
         if (!fields || !fields->isVisible())
@@ -310,10 +299,7 @@ void GuiTest::cancelledInTheWizard()
     large.y = large.z = large.x;
     const int id = m_context->model.add(large);
     const QString path = m_folder.filePath(QStringLiteral("cancelled.csv"));
-    QFile earlier(path);
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("earlier");
-    earlier.close();
+    writeFile(path, "earlier");
     const QStringList before = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
     ExportWizard wizard(*m_context, m_window.get());
     wizard.setFormatAndSelectedGeo("ascii", {id});

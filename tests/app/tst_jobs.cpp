@@ -17,13 +17,6 @@ using namespace refhost;
 namespace
 {
 
-void write(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
 QStringList entries(const QString& folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
@@ -54,11 +47,11 @@ void JobsTest::replacedTogether()
     QTemporaryDir folder;
     const QString a = folder.filePath(QString(QStringLiteral("а")).repeated(120) + QStringLiteral(".txt")); // 244 bytes
     const QString b = folder.filePath(QStringLiteral("b"));
-    write(a, "earlier");
+    writeFile(a, "earlier");
     QFile::setPermissions(a, QFile::ReadOwner | QFile::WriteOwner);
     OutputTransaction transaction;
-    write(transaction.stage(a), "new a");
-    write(transaction.stage(b), "new b");
+    writeFile(transaction.stage(a), "new a");
+    writeFile(transaction.stage(b), "new b");
     QCOMPARE(contentOf(a), QByteArray("earlier"));
     transaction.commit();
     QCOMPARE(contentOf(a), QByteArray("new a"));
@@ -72,14 +65,14 @@ void JobsTest::sidecars()
     // What the new export does not write again would belong to the wrong file; a neighbour's is none of it.
     QTemporaryDir folder;
     for (const char* name : {"m.shp", "m.dbf", "m.qix", "m.shp.xml", "n.qix"})
-        write(folder.filePath(QString::fromLatin1(name)), "earlier");
+        writeFile(folder.filePath(QString::fromLatin1(name)), "earlier");
     const QStringList extensions{QStringLiteral("dbf"), QStringLiteral("qix"), QStringLiteral("cpg")};
     const QString target = folder.filePath(QStringLiteral("m.shp"));
     OutputTransaction transaction;
     const QString staged = transaction.stage(target, extensions);
-    write(staged, "new");
-    write(QFileInfo(staged).absolutePath() + QStringLiteral("/m.dbf"), "new");
-    write(QFileInfo(staged).absolutePath() + QStringLiteral("/m.cpg"), "new");
+    writeFile(staged, "new");
+    writeFile(QFileInfo(staged).absolutePath() + QStringLiteral("/m.dbf"), "new");
+    writeFile(QFileInfo(staged).absolutePath() + QStringLiteral("/m.cpg"), "new");
     QCOMPARE(transaction.waiting(target).size(), 3);
     transaction.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.shp m.shp.xml n.qix"));
@@ -93,10 +86,10 @@ void JobsTest::abandonedFolders()
     QTemporaryDir folder;
     QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/1"));
     OutputTransaction running;
-    write(running.stage(folder.filePath(QStringLiteral("a"))), "a");
+    writeFile(running.stage(folder.filePath(QStringLiteral("a"))), "a");
     QCOMPARE(entries(folder.path()).size(), 1);
     OutputTransaction second;
-    write(second.stage(folder.filePath(QStringLiteral("a"))), "second");
+    writeFile(second.stage(folder.filePath(QStringLiteral("a"))), "second");
     QCOMPARE(entries(folder.path()).size(), 2);
     second.commit();
     running.commit();
@@ -112,17 +105,17 @@ void JobsTest::killedWhileMoving()
     const auto at = [&folder](const char* name) { return folder.filePath(QString::fromLatin1(name)); };
     QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/1"));
     QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/earlier"));
-    write(at("m.shp"), "earlier");
+    writeFile(at("m.shp"), "earlier");
     QCOMPARE(::link(QFile::encodeName(at("m.shp")).constData(), QFile::encodeName(at(".kpexport-1-1/earlier/m.shp")).constData()), 0);
-    write(at(".kpexport-1-1/1/m.shp"), "new");
-    write(at(".kpexport-1-1/earlier/m.dbf"), "earlier");
-    write(at("m.dbf"), "new");
-    write(at(".kpexport-1-1/1/m.prj"), "new");
-    write(at(".kpexport-1-1/earlier/m.cpg"), "earlier");
-    write(at(".kpexport-1-1/1/m.cpg"), "new");
-    write(at("m.cpg"), "the user's");
+    writeFile(at(".kpexport-1-1/1/m.shp"), "new");
+    writeFile(at(".kpexport-1-1/earlier/m.dbf"), "earlier");
+    writeFile(at("m.dbf"), "new");
+    writeFile(at(".kpexport-1-1/1/m.prj"), "new");
+    writeFile(at(".kpexport-1-1/earlier/m.cpg"), "earlier");
+    writeFile(at(".kpexport-1-1/1/m.cpg"), "new");
+    writeFile(at("m.cpg"), "the user's");
     OutputTransaction next;
-    write(next.stage(at("other")), "other");
+    writeFile(next.stage(at("other")), "other");
     next.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.prj m.shp other"));
     QCOMPARE(contentOf(at("m.shp")) + contentOf(at("m.dbf")) + contentOf(at("m.prj")) + contentOf(at("m.cpg")), QByteArray("newnewnewthe user's"));
@@ -133,9 +126,9 @@ void JobsTest::removedMeanwhile()
     // The target goes while its successor is written: the new file comes all the same.
     QTemporaryDir folder;
     const QString target = folder.filePath(QStringLiteral("a"));
-    write(target, "earlier");
+    writeFile(target, "earlier");
     OutputTransaction transaction;
-    write(transaction.stage(target), "new");
+    writeFile(transaction.stage(target), "new");
     QVERIFY(QFile::remove(target));
     transaction.commit();
     QCOMPARE(contentOf(target), QByteArray("new"));
@@ -143,7 +136,7 @@ void JobsTest::removedMeanwhile()
     // The whole directory goes: an error, and nothing is created elsewhere.
     QDir(folder.path()).mkdir(QStringLiteral("gone"));
     OutputTransaction lost;
-    write(lost.stage(folder.filePath(QStringLiteral("gone/a"))), "new");
+    writeFile(lost.stage(folder.filePath(QStringLiteral("gone/a"))), "new");
     QVERIFY(QDir(folder.filePath(QStringLiteral("gone"))).removeRecursively());
     QVERIFY_EXCEPTION_THROWN(lost.commit(), ExportError);
     QCOMPARE(entries(folder.path()), QStringList{QStringLiteral("a")});
@@ -152,11 +145,11 @@ void JobsTest::removedMeanwhile()
 void JobsTest::droppedAndAbandoned()
 {
     QTemporaryDir folder;
-    write(folder.filePath(QStringLiteral("a")), "earlier");
+    writeFile(folder.filePath(QStringLiteral("a")), "earlier");
     {
         OutputTransaction transaction;
-        write(transaction.stage(folder.filePath(QStringLiteral("a"))), "half");
-        write(transaction.stage(folder.filePath(QStringLiteral("b"))), "half");
+        writeFile(transaction.stage(folder.filePath(QStringLiteral("a"))), "half");
+        writeFile(transaction.stage(folder.filePath(QStringLiteral("b"))), "half");
         transaction.drop(folder.filePath(QStringLiteral("b")));
         QCOMPARE(transaction.waiting(folder.filePath(QStringLiteral("a"))).size(), 1);
     }
@@ -171,11 +164,11 @@ void JobsTest::broughtBack()
     const QString a = folder.filePath(QStringLiteral("a"));
     const QString b = folder.filePath(QStringLiteral("b"));
     const QString c = folder.filePath(QStringLiteral("c"));
-    write(a, "earlier");
+    writeFile(a, "earlier");
     OutputTransaction transaction;
-    write(transaction.stage(a), "new");
-    write(transaction.stage(c), "new");
-    write(transaction.stage(b), "new");
+    writeFile(transaction.stage(a), "new");
+    writeFile(transaction.stage(c), "new");
+    writeFile(transaction.stage(b), "new");
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("b")));
     QVERIFY_EXCEPTION_THROWN(transaction.commit(), ExportError);
     QCOMPARE(contentOf(a), QByteArray("earlier"));
@@ -187,10 +180,10 @@ void JobsTest::links()
     QTemporaryDir folder;
     const QString target = folder.filePath(QStringLiteral("target"));
     const QString link = folder.filePath(QStringLiteral("link"));
-    write(target, "earlier");
+    writeFile(target, "earlier");
     QVERIFY(QFile::link(target, link));
     OutputTransaction transaction;
-    write(transaction.stage(link), "new");
+    writeFile(transaction.stage(link), "new");
     transaction.commit();
     QVERIFY(QFileInfo(link).isSymLink());
     QCOMPARE(contentOf(target), QByteArray("new"));

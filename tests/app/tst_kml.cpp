@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/readers/GdalSession.h"
-#include "app/readers/ModelLoader.h"
 #include "tests/app/SaverRun.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <ogrsf_frmts.h>
 
@@ -47,12 +43,12 @@ ModelObject longLine(int count)
 
 } // namespace
 
-class KmlTest : public QObject
+class KmlTest : public SaverTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void init() { emptyFolder(); }
     void wholeDocument();
     void attributes();
     void hardNames();
@@ -64,14 +60,7 @@ private Q_SLOTS:
     void pictureGoesWithItsFile();
     void archive();
     void longLineAndBounds();
-    void failures();
-    void cancelledHalfWay();
     void sampleModel();
-
-private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void KmlTest::wholeDocument()
@@ -141,15 +130,9 @@ void KmlTest::wholeDocument()
 void KmlTest::attributes()
 {
     ModelObject cloud = objectOf(ObjectType::VertexClouds, QStringLiteral("C"), {{1, 2, 3}, {4, 5, 6}});
-    AttributeColumn grade;
-    grade.name = QStringLiteral("grade <g>");
+    AttributeColumn grade = columnOf(QStringLiteral("grade <g>"), AttributeKind::Real, {1.25, QVariant()});
     grade.unit = QStringLiteral("%");
-    grade.numbers = std::make_shared<const std::vector<double>>(std::vector<double>{1.25, 7});
-    grade.missing = std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1});
-    AttributeColumn note;
-    note.name = QStringLiteral("note");
-    note.kind = AttributeKind::Text;
-    note.values = {QStringLiteral("a & b"), QStringLiteral("second")};
+    const AttributeColumn note = columnOf(QStringLiteral("note"), AttributeKind::Text, {QStringLiteral("a & b"), QStringLiteral("second")});
     cloud.vertexAttributes = {grade, note};
     ModelObject line = objectOf(ObjectType::Polylines, QStringLiteral("L"), {{1, 2, 3}, {4, 5, 6}});
     line.objectAttributes = {{QStringLiteral("age"), AttributeKind::Integer, QStringLiteral("Ma"), 65}};
@@ -165,7 +148,7 @@ void KmlTest::attributes()
     QVERIFY(text.contains("age (Ma)&lt;/td&gt;&lt;td&gt;65"));
     KP_VALIDATE("kml.sh", QStringLiteral("--strict"), QStringLiteral("--werror"), path("a.kml"));
     QVERIFY(
-        SaverRun("kml", {cloud, line}, path("b.kml"), {{"attributes", QStringLiteral("false")}}).findings().isEmpty());
+        SaverRun("kml", {cloud, line}, path("b.kml"), "attributes=false").findings().isEmpty());
     QVERIFY(!contentOf(path("b.kml")).contains("description"));
 }
 
@@ -218,12 +201,9 @@ void KmlTest::systems()
     const bool degrees = own == "EPSG:4283";
     const std::array<double, 3> place =
         degrees ? std::array<double, 3>{117.382433, -22.630436, 5} : std::array<double, 3>{539298.538, 7497339.446, 5};
-    QFile file(path("a.kml"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("earlier");
-    file.close();
+    write("a.kml", "earlier");
     const SaverRun run("kml", {objectOf(ObjectType::Pins, QStringLiteral("O"), {place}, own.constData())},
-                       path("a.kml"), {{"crs", given}});
+                       path("a.kml"), QStringLiteral("crs=") + given);
     QCOMPARE(run.error(), error);
     const QByteArray text = contentOf(path("a.kml"));
     if (!error.isEmpty()) {
@@ -242,15 +222,15 @@ void KmlTest::heights()
     // On the ground heights are not asked for; above it they are.
     const std::vector<ModelObject> objects{
         objectOf(ObjectType::Polylines, QStringLiteral("L"), {{1, 2, none}, {3, 4, 5}, {5, 6, 7}})};
-    const SaverRun clamped("kml", objects, path("a.kml"), {{"altitudeMode", QStringLiteral("clamp")}});
+    const SaverRun clamped("kml", objects, path("a.kml"), "altitudeMode=clamp");
     QCOMPARE(clamped.fault() + clamped.findings(), QString());
     QVERIFY(contentOf(path("a.kml")).contains("clampToGround</altitudeMode><coordinates>\n1.000000000,2.000000000\n3"));
-    const SaverRun relative("kml", objects, path("b.kml"), {{"altitudeMode", QStringLiteral("relative")}});
+    const SaverRun relative("kml", objects, path("b.kml"), "altitudeMode=relative");
     QCOMPARE(relative.fault(), QString());
     QCOMPARE(relative.findings(), QStringLiteral("position left out: 1"));
     QVERIFY(contentOf(path("b.kml"))
                 .contains("relativeToGround</altitudeMode><coordinates>\n3.000000000,4.000000000,5.000\n5"));
-    const SaverRun traceOnly("kml", {section()}, path("c.kml"), {{"altitudeMode", QStringLiteral("clamp")}});
+    const SaverRun traceOnly("kml", {section()}, path("c.kml"), "altitudeMode=clamp");
     QCOMPARE(traceOnly.findings(), QStringLiteral("line on a section left out: 2"));
 }
 
@@ -310,18 +290,13 @@ void KmlTest::pictureGoesWithItsFile()
 {
     const std::vector<ModelObject> two{gridOf(QStringLiteral("A"), 2, {1, 2, 3, 4}),
                                        gridOf(QStringLiteral("B"), 2, {1, 2, 3, 4})};
-    const auto listing = [this] {
-        return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name).join(QLatin1Char(' '));
-    };
     // A picture of the user's own stays whatever happens.
-    QFile own(path("a.png"));
-    QVERIFY(own.open(QIODevice::WriteOnly));
-    own.close();
+    write("a.png", "");
     QCOMPARE(SaverRun("kml", two, path("a.kml")).fault(), QString());
     QCOMPARE(listing(), QStringLiteral("a.kml a.overlay.png a.overlay2.png a.png"));
     QCOMPARE(SaverRun("kml", {two[0]}, path("a.kml")).fault(), QString());
     QCOMPARE(listing(), QStringLiteral("a.kml a.overlay.png a.png"));
-    QCOMPARE(SaverRun("kml", two, path("o.kml"), {{"grouping", QStringLiteral("object")}}).fault(), QString());
+    QCOMPARE(SaverRun("kml", two, path("o.kml"), "grouping=object").fault(), QString());
     QCOMPARE(listing(), QStringLiteral("a.kml a.overlay.png a.png o_A.kml o_A.overlay.png o_B.kml o_B.overlay.png"));
     QCOMPARE(SaverRun("kml", {two[0]}, path("a.kmz")).fault(), QString());
     QVERIFY(listing().contains(QStringLiteral("a.kml a.kmz a.overlay.png a.png")));
@@ -336,20 +311,19 @@ void KmlTest::archive()
     for (const char* name : {"by setting.kml", "by name.kmz"}) {
         const bool bySetting = QByteArray(name) == "by setting.kml";
         const SaverRun run("kml", objects, path(name),
-                           {{"compress", bySetting ? QStringLiteral("true") : QStringLiteral("false")}});
+                           bySetting ? "compress=true" : "compress=false");
         QCOMPARE(run.fault(), QString());
         QCOMPARE(run.readBack.front().count, 3);
         QVERIFY(run.files.front().path.endsWith(QLatin1String(".kmz")));
         QVERIFY(contentOf(run.files.front().path).startsWith("PK"));
     }
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name),
-             (QStringList{QStringLiteral("by name.kmz"), QStringLiteral("by setting.kmz")}));
+    QCOMPARE(listing(), QStringLiteral("by name.kmz by setting.kmz"));
 }
 
 void KmlTest::longLineAndBounds()
 {
     constexpr int count = manyVertices;
-    const SaverRun run("kml", {longLine(count)}, path("a.kml"), {{"boundingArea", QStringLiteral("true")}});
+    const SaverRun run("kml", {longLine(count)}, path("a.kml"), "boundingArea=true");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.readBack.front().count, 2);
     QVERIFY(run.readBack.front().worstError < 0.001);
@@ -361,42 +335,10 @@ void KmlTest::longLineAndBounds()
                           + ",-19.900100000\n100.000000000,-19.900100000\n100.000000000,-20.000000000\n"));
 }
 
-void KmlTest::failures()
-{
-    const QString full = QStringLiteral("/dev/full");
-    const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
-    QVERIFY(SaverRun("kml", {longLine(10)}, full).error().contains(message));
-    QVERIFY(SaverRun("kml", {longLine(100000)}, full).error().contains(message));
-    const QString archive = SaverRun("kml", {longLine(10)}, full, {{"compress", QStringLiteral("true")}}).error();
-    QVERIFY2(archive.contains(message), qPrintable(archive));
-    const SaverRun missing("kml", {longLine(10)}, path("no/such/a.kml"));
-    QVERIFY(missing.error().contains(QStringLiteral("does not exist")));
-}
-
-void KmlTest::cancelledHalfWay()
-{
-    for (const char* compress : {"false", "true"}) {
-        const QString name = path(QByteArray(compress) == "true" ? "a.kmz" : "a.kml");
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("earlier");
-        file.close();
-        CancelAt progress(50);
-        const SaverRun run("kml", {longLine(200000), gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4})}, name,
-                           {{"compress", QString::fromLatin1(compress)}}, &progress);
-        QVERIFY(run.report.cancelled);
-        QVERIFY(progress.reached >= 50 && progress.reached < 60);
-        QCOMPARE(contentOf(name), QByteArray("earlier"));
-    }
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
-}
-
 void KmlTest::sampleModel()
 {
-    Model model;
-    loadInto(model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
     std::vector<ModelObject> objects;
-    for (const ModelObject& object : model.objects()) {
+    for (const ModelObject& object : loaded(sample("sample.kpmodel"))) {
         if (!object.crs.isEmpty())
             objects.push_back(object);
     }
@@ -406,7 +348,7 @@ void KmlTest::sampleModel()
     QVERIFY(run.rows() > 61 + 35 + 118 + 656 + 1 + 2);
     QVERIFY(run.readBack.front().worstError < 0.001);
     KP_VALIDATE("kml.sh", QStringLiteral("--strict"), QStringLiteral("--werror"), path("sample.kml"));
-    QCOMPARE(SaverRun("kml", objects, path("sample.kmz"), {{"altitudeMode", QStringLiteral("clamp")}}).fault(),
+    QCOMPARE(SaverRun("kml", objects, path("sample.kmz"), "altitudeMode=clamp").fault(),
              QString());
 }
 

@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Saved layouts on the command line and in job files.
-#include "tests/app/FileContent.h"
+#include "tests/app/ProgramTest.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
-
-#include <memory>
-
-class LayoutCommandTest : public QObject
+class LayoutCommandTest : public ProgramTest
 {
     Q_OBJECT
 
@@ -24,34 +16,12 @@ private Q_SLOTS:
     void objectsThatDiffer();
 
 private:
-    struct Result
-    {
-        int code;
-        QString error;
-    };
-    Result run(const QStringList& arguments)
-    {
-        QProcess process;
-        process.setWorkingDirectory(m_folder->path());
-        process.start(QStringLiteral(KP_PROGRAM), arguments);
-        process.waitForFinished(60000);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
-    }
     Result exportWith(const QString& layout, const QString& more = QString())
     {
         QStringList arguments = QStringLiteral("export points.csv --format ascii --output out.txt --layout").split(QLatin1Char(' '));
         arguments.append(layout);
         return run(arguments + (more.isEmpty() ? QStringList() : more.split(QLatin1Char(' '))));
     }
-    void write(const QString& name, const QByteArray& content)
-    {
-        QFile file(m_folder->filePath(name));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
-    }
-    QByteArray read(const char* name) { return contentOf(m_folder->filePath(QString::fromLatin1(name))); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 namespace
@@ -66,8 +36,8 @@ QByteArray klf(const char* type, const char* fields, const char* settings = "{}"
 
 void LayoutCommandTest::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
-    write(QStringLiteral("points.csv"), "X,Y,Z,name,Ni:grade\n6789012.3456,100.5,-1,Грифон,1.25\n2,3,4,\"a, b\",\n");
+    emptyFolder();
+    write("points.csv", "X,Y,Z,name,Ni:grade\n6789012.3456,100.5,-1,Грифон,1.25\n2,3,4,\"a, b\",\n");
 }
 
 void LayoutCommandTest::layouts_data()
@@ -143,8 +113,8 @@ void LayoutCommandTest::wrong()
 
 void LayoutCommandTest::jobAndStrict()
 {
-    write(QStringLiteral("a.klf"), klf("fields", "{\"name\":\"X\",\"order\":0,\"precision\":0},\n{\"name\":\"gone\"},\n{\"name\":\"i\"}"));
-    write(QStringLiteral("job.json"), "{\"models\":[\"points.csv\"],\"format\":\"ascii\",\"output\":\"out.txt\",\"layout\":\"a.klf\",\"strict\":true}");
+    write("a.klf", klf("fields", "{\"name\":\"X\",\"order\":0,\"precision\":0},\n{\"name\":\"gone\"},\n{\"name\":\"i\"}"));
+    write("job.json", "{\"models\":[\"points.csv\"],\"format\":\"ascii\",\"output\":\"out.txt\",\"layout\":\"a.klf\",\"strict\":true}");
     const Result result = run({QStringLiteral("run"), QStringLiteral("job.json")});
     QCOMPARE(result.code, 5);
     QCOMPARE(read("out.txt"), QByteArray("X\n6789012\n2\n"));
@@ -157,7 +127,7 @@ void LayoutCommandTest::objectsThatDiffer()
     write(QStringLiteral("two.geojson"),
           "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
           "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}}]}");
-    write(QStringLiteral("a.klf"), klf("fields", "{\"name\":\"name\",\"order\":2},\n{\"name\":\"n\",\"order\":1},\n{\"name\":\"Z\",\"order\":0}"));
+    write("a.klf", klf("fields", "{\"name\":\"name\",\"order\":2},\n{\"name\":\"n\",\"order\":1},\n{\"name\":\"Z\",\"order\":0}"));
     const Result result = exportWith(QStringLiteral("a.klf"), QStringLiteral("two.geojson --set grouping=object"));
     QVERIFY2(result.code == 0, qPrintable(result.error));
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("out*")}), QStringList({QStringLiteral("out_points.txt"), QStringLiteral("out_two 1.txt")}));

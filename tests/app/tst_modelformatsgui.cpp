@@ -3,6 +3,7 @@
 #include "app/readers/ModelLoader.h"
 #include "app/ui/ExportWizard.h"
 #include "app/ui/HostContext.h"
+#include "tests/TestSettings.h"
 
 #include <QApplication>
 #include <QFile>
@@ -29,10 +30,7 @@ private:
 
 void ModelFormatsGuiTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("modelformats"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+    useTestSettings(m_folder.path());
     m_context = std::make_unique<HostContext>();
     for (const char* name : {"dtm_rp.tif", "terrain_mesh.off", "blocks.grdecl", "map_contacts.csv"})
         loadInto(m_context->model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/") + QString::fromLatin1(name));

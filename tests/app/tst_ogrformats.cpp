@@ -2,31 +2,15 @@
 // The vector formats: real data sets written by the savers and read back through a fresh OGR open.
 #include "tests/app/OgrTestTools.h"
 
-#include "app/readers/CoordinateSystems.h"
-#include "app/readers/ModelLoader.h"
 #include "app/savers/ogr/FieldNames.h"
 
 #include <QColor>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
-
 #include <ogr_spatialref.h>
 
 using namespace refhost;
 
 namespace
 {
-
-QString sample(const QString& file)
-{
-    return QStringLiteral(KP_SOURCE_DIR "/examples/sample/") + file;
-}
-
-QString shared(const QString& file)
-{
-    return QStringLiteral(KP_SOURCE_DIR "/../shared/") + file;
-}
 
 /// The names of the attributes of some objects, in the order first met.
 QStringList attributesOf(const std::vector<const ModelObject*>& objects, bool points)
@@ -306,11 +290,11 @@ void OgrFormatsTest::plans()
     add("Q", ObjectType::VertexClouds, true, "A");
     add("L", ObjectType::Wells, true, "B");
     add("p", ObjectType::Polygons, false, "B");
-    const auto saver = formatOf(format, {settings});
     const QTemporaryDir folder;
     const QString target = output.isEmpty() ? folder.path() : folder.filePath(output);
     QStringList made;
-    for (const PlannedFile& file : saver->plan(selectionOf(model, target)))
+    const SaverRun run(format, model.objects(), target, settings);
+    for (const PlannedFile& file : run.files)
         made.append(QDir(folder.path()).relativeFilePath(file.path));
     QCOMPARE(made.join(QLatin1Char(' ')), names.isEmpty() ? QStringLiteral(".") : names.replace(QStringLiteral("m_P_2"), QStringLiteral("m_p_2")));
 }
@@ -319,13 +303,13 @@ void OgrFormatsTest::roundTrip_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("data");
-    QStringList sets{sample(QStringLiteral("geology.geojson")), sample(QStringLiteral("faults_3d.gpkg")),
-                     sample(QStringLiteral("structures.geojson")), sample(QStringLiteral("map_contacts.csv")), sample(QStringLiteral("tops.gpkg"))};
+    QStringList sets{sample("geology.geojson"), sample("faults_3d.gpkg"),
+                     sample("structures.geojson"), sample("map_contacts.csv"), sample("tops.gpkg")};
     for (const char* name : {"hamersley/faults.geojson", "plates/PB2002_plates.shp", "plates/PB2002_boundaries.json",
                              "plates/PB2002_orogens.json", "cities/naturalearth_cities.shp", "structural/fault_trace.shp",
                              "structural/duplex.csv", "structural/intrusion.csv", "structural/map_fault_orientations.csv", "reek/faultpoly.gpkg", "reek/poi_attr.csv",
                              "babbitt/traces.gpkg", "babbitt/collars.gpkg"})
-        sets.append(shared(QStringLiteral("data/") + QString::fromLatin1(name)));
+        sets.append(QStringLiteral(KP_SOURCE_DIR "/../shared/data/") + QString::fromLatin1(name));
     for (const char* format : {"shp", "tab", "gpkg", "geojson"}) {
         for (const QString& data : qAsConst(sets))
             QTest::newRow(qPrintable(QString::fromLatin1(format) + QLatin1Char(' ') + QFileInfo(data).fileName())) << QString::fromLatin1(format) << data;
@@ -338,22 +322,17 @@ void OgrFormatsTest::roundTrip()
     QFETCH(QString, data);
     if (!QFileInfo::exists(data))
         QSKIP("the data set is not here");
-    Model model;
     LoadOptions options;
     if (data.endsWith(QLatin1String("poi_attr.csv"))) {
         options.x = QStringLiteral("X_UTME");
         options.y = QStringLiteral("Y_UTMN");
         options.z = QStringLiteral("Z_TVDSS");
     }
-    loadInto(model, data, options);
     const QTemporaryDir folder;
     // GeoJSON in the model's own system, so that positions can be compared; the globe has a test of its own.
-    const auto saver = formatOf(format, format == QLatin1String("geojson") ? QStringList{QStringLiteral("rfc7946=false"), QStringLiteral("decimals=12")} : QStringList());
-    const ExportSelection selection = selectionOf(model, folder.filePath(QString::fromUtf8("Разлом 地層")));
-    const std::vector<PlannedFile> files = saver->plan(selection);
-    ExportReport report;
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
-    for (const PlannedFile& file : files) {
+    SaverRun run(format, loaded(data, options), folder.filePath(QString::fromUtf8("Разлом 地層")), format == QLatin1String("geojson") ? "rfc7946=false;decimals=12" : "");
+    QVERIFY2(run.written, qPrintable(run.error()));
+    for (const PlannedFile& file : run.files) {
         const GDALDatasetUniquePtr source = openVector(file.path);
         QVERIFY(source);
         QCOMPARE(source->GetLayerCount(), 1);
@@ -390,42 +369,29 @@ void OgrFormatsTest::roundTrip()
                 QVERIFY(std::hypot(x - x0, y - y0) < (wanted.IsGeographic() ? 1e-8 : 1e-3));
             }
         }
-        const Verification verified = saver->verify(file, file.path, selection);
+        const Verification verified = run.format->verify(file, file.path, run.selection);
         QCOMPARE(verified.fault, QString());
         QCOMPARE(verified.count, static_cast<qint64>(check.compared));
         QVERIFY(std::abs(verified.worstError - check.worst) < 1e-12);
-        QProcess validator;
-        if (!sanitized && format == QLatin1String("shp") && QFileInfo::exists(shared(QStringLiteral("validate/shp.py")))) {
-            validator.start(shared(QStringLiteral("validate/shp.py")), {QStringLiteral("--count"), QString::number(check.compared), file.path});
-            QVERIFY(validator.waitForFinished());
-            QVERIFY2(validator.exitCode() == 0, validator.readAllStandardError());
-        }
+        if (!sanitized && format == QLatin1String("shp"))
+            KP_VALIDATE("shp.py", QStringLiteral("--count"), QString::number(check.compared), file.path);
         // The script asks for the system in a form that cannot hold the one that GDAL gives GeoJSON with heights.
-        const bool dumped = format != QLatin1String("geojson") || !crs.isEmpty();
-        if (!sanitized && dumped && QFileInfo::exists(shared(QStringLiteral("validate/ogr_dump.sh")))) {
-            validator.start(shared(QStringLiteral("validate/ogr_dump.sh")), {QStringLiteral("--count"), QString::number(check.compared), file.path});
-            QVERIFY(validator.waitForFinished());
-            QVERIFY2(validator.exitCode() == 0, validator.readAllStandardError());
-        }
+        if (!sanitized && (format != QLatin1String("geojson") || !crs.isEmpty()))
+            KP_VALIDATE("ogr_dump.sh", QStringLiteral("--count"), QString::number(check.compared), file.path);
     }
 }
 
 void OgrFormatsTest::geoJsonOnTheGlobe()
 {
     Model model;
-    loadInto(model, sample(QStringLiteral("faults_3d.gpkg")));
-    loadInto(model, sample(QStringLiteral("geology.geojson")));
-    const auto saver = formatOf(QStringLiteral("geojson"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("globe")));
-    ExportReport report;
-    const auto files = saver->plan(selection);
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
-    for (const PlannedFile& file : files) {
-        QFile text(file.path);
-        QVERIFY(text.open(QIODevice::ReadOnly));
-        QVERIFY(!text.readAll().contains("\"crs\""));
+    loadInto(model, sample("faults_3d.gpkg"));
+    loadInto(model, sample("geology.geojson"));
+    SaverRun run("geojson", model.objects(), path(QStringLiteral("globe")));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    for (const PlannedFile& file : run.files) {
+        QVERIFY(!contentOf(file.path).contains("\"crs\""));
         // PROJ takes it back: what is lost are decimals, of heights those below a millimetre.
-        const Verification verified = saver->verify(file, file.path, selection);
+        const Verification verified = run.format->verify(file, file.path, run.selection);
         QCOMPARE(verified.fault, QString());
         QVERIFY2(verified.worstError > 0 && verified.worstError < 6e-4, qPrintable(QString::number(verified.worstError)));
         const GDALDatasetUniquePtr source = openVector(file.path);
@@ -434,22 +400,18 @@ void OgrFormatsTest::geoJsonOnTheGlobe()
         QVERIFY(extent.MinX > 116 && extent.MaxX < 119 && extent.MinY > -24 && extent.MaxY < -21);
     }
     // An outer ring runs counter-clockwise.
-    const GDALDatasetUniquePtr polygons = openVector(files.back().path);
+    const GDALDatasetUniquePtr polygons = openVector(run.files.back().path);
     const OGRFeatureUniquePtr first(polygons->GetLayer(0)->GetNextFeature());
     const OGRGeometry* geometry = first->GetGeometryRef();
     const OGRPolygon* polygon = wkbFlatten(geometry->getGeometryType()) == wkbPolygon ? geometry->toPolygon() : geometry->toMultiPolygon()->getGeometryRef(0);
     QVERIFY(!polygon->getExteriorRing()->isClockwise());
 
     // Feet become metres, as the standard asks for; a position beyond the globe has no place.
-    Model feet;
     ModelObject object = objectOf(QStringLiteral("F"), ObjectType::VertexClouds, {10, 200}, {20, 0}, {100, 0});
     object.lengthUnit = QStringLiteral("ft");
-    feet.add(object);
-    const ExportSelection two = selectionOf(feet, path(QStringLiteral("feet")));
-    ExportReport lost;
-    const auto degrees = formatOf(QStringLiteral("geojson"), {QStringLiteral("crs=EPSG:4326")});
-    QVERIFY2(runExport(*degrees, two, degrees->plan(two), nullptr, lost), qPrintable(errorsOf(lost)));
-    QCOMPARE(countOf(lost, QStringLiteral("vertex without a position left out")), 1);
+    const SaverRun feet("geojson", {object}, path(QStringLiteral("feet")), "crs=EPSG:4326");
+    QVERIFY2(feet.written, qPrintable(feet.error()));
+    QCOMPARE(feet.countOf(QStringLiteral("vertex without a position left out")), 1);
     const GDALDatasetUniquePtr read = openVector(path(QStringLiteral("feet.geojson")));
     const OGRFeatureUniquePtr point(read->GetLayer(0)->GetNextFeature());
     QVERIFY(std::abs(point->GetGeometryRef()->toPoint()->getZ() - 30.48) < 1e-9);
@@ -465,12 +427,10 @@ void OgrFormatsTest::transformed()
     model.add(mga);
     model.add(degrees);
     model.add(objectOf(QStringLiteral("none"), ObjectType::VertexClouds, {500100}, {7500100}, {4}));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("t.gpkg")));
-    const auto saver = formatOf(QStringLiteral("gpkg"));
-    ExportReport report;
-    QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
-    QCOMPARE(countOf(report, QStringLiteral("transformed")), 1);
-    QCOMPARE(countOf(report, QStringLiteral("coordinate system assumed")), 1);
+    const SaverRun run("gpkg", model.objects(), path(QStringLiteral("t.gpkg")));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    QCOMPARE(run.countOf(QStringLiteral("transformed")), 1);
+    QCOMPARE(run.countOf(QStringLiteral("coordinate system assumed")), 1);
     std::vector<Positions> runs;
     {
         const GDALDatasetUniquePtr source = openVector(path(QStringLiteral("t.gpkg")));
@@ -485,11 +445,9 @@ void OgrFormatsTest::transformed()
     QCOMPARE(runs[3][0][0], 500100.0);
 
     // What the user asks for is no finding.
-    const auto chosen = formatOf(QStringLiteral("shp"), {QStringLiteral("crs=EPSG:4283")});
-    const ExportSelection again = selectionOf(model, path(QStringLiteral("t.shp")));
-    ExportReport quiet;
-    QVERIFY2(runExport(*chosen, again, chosen->plan(again), nullptr, quiet), qPrintable(errorsOf(quiet)));
-    QCOMPARE(countOf(quiet, QStringLiteral("transformed")), 0);
+    SaverRun quietRun("shp", model.objects(), path(QStringLiteral("t.shp")), "crs=EPSG:4283");
+    QVERIFY2(quietRun.written, qPrintable(quietRun.error()));
+    QCOMPARE(quietRun.countOf(QStringLiteral("transformed")), 0);
     const GDALDatasetUniquePtr shp = openVector(path(QStringLiteral("t.shp")));
     const OGRFeatureUniquePtr first(shp->GetLayer(0)->GetNextFeature());
     QVERIFY(std::abs(first->GetGeometryRef()->toPoint()->getX() - 117.0) < 1e-9);
@@ -530,19 +488,11 @@ void OgrFormatsTest::limits()
         columnOf(QStringLiteral("yes"), AttributeKind::Boolean, {true, false, QVariant(), true}),
         columnOf(QStringLiteral("real"), AttributeKind::Real, {3333333.5, 3333333.333333333, 3333333.25, QVariant()}),
     };
-    Model model;
-    model.add(object);
-    const auto saver = formatOf(format, {QStringLiteral("objectName=false"), QStringLiteral("crs=EPSG:28350")});
-    if (format == QLatin1String("tab"))
-        saver->settings().set(QStringLiteral("zField"), QStringLiteral("false"));
-    if (format == QLatin1String("geojson"))
-        saver->settings().set(QStringLiteral("rfc7946"), QStringLiteral("false"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("limits.") + format));
-    ExportReport report;
-    const auto files = saver->plan(selection);
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
+    const QString own = format == QLatin1String("tab") ? QStringLiteral(";zField=false") : format == QLatin1String("geojson") ? QStringLiteral(";rfc7946=false") : QString();
+    const SaverRun run(format, {object}, path(QStringLiteral("limits.") + format), QStringLiteral("objectName=false;crs=EPSG:28350") + own);
+    QVERIFY2(run.written, qPrintable(run.error()));
     QString read;
-    const GDALDatasetUniquePtr source = openVector(files.front().path);
+    const GDALDatasetUniquePtr source = openVector(run.files.front().path);
     for (auto& feature : *source->GetLayer(0)) {
         QStringList row;
         for (int field = 0; field < 6; ++field) {
@@ -563,8 +513,8 @@ void OgrFormatsTest::limits()
     auto matches = finding.globalMatch(findings);
     while (matches.hasNext()) {
         const auto match = matches.next();
-        QVERIFY2(countOf(report, match.captured(1)) == match.captured(2).toInt(),
-                 qPrintable(QStringLiteral("%1: %2").arg(match.captured(1)).arg(countOf(report, match.captured(1)))));
+        QVERIFY2(run.countOf(match.captured(1)) == match.captured(2).toInt(),
+                 qPrintable(QStringLiteral("%1: %2").arg(match.captured(1)).arg(run.countOf(match.captured(1)))));
     }
 }
 
@@ -573,19 +523,15 @@ void OgrFormatsTest::wideTable()
     ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, {1, 2}, {1, 2}, {1, 2});
     for (int index = 0; index < 300; ++index)
         object.vertexAttributes.push_back(columnOf(QStringLiteral("Permeability %1 of the layer").arg(index), AttributeKind::Real, {index + 0.5, QVariant()}));
-    Model model;
-    model.add(object);
     for (const char* format : {"shp", "tab"}) {
-        const auto saver = formatOf(QString::fromLatin1(format));
-        const ExportSelection selection = selectionOf(model, path(QStringLiteral("wide.") + QString::fromLatin1(format)));
-        ExportReport report;
-        QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
-        const GDALDatasetUniquePtr source = openVector(selection.path);
+        SaverRun run(QString::fromLatin1(format), {object}, path(QStringLiteral("wide.") + QString::fromLatin1(format)));
+        QVERIFY2(run.written, qPrintable(run.error()));
+        const GDALDatasetUniquePtr source = openVector(run.files.front().path);
         const OGRFeatureDefn* definition = source->GetLayer(0)->GetLayerDefn();
         const bool shp = QByteArray(format) == "shp";
         const int own = shp ? 2 : 3;
         QCOMPARE(definition->GetFieldCount(), shp ? 255 : 250);
-        QCOMPARE(countOf(report, QStringLiteral("attribute left out")), qint64(300 + own - definition->GetFieldCount()));
+        QCOMPARE(run.countOf(QStringLiteral("attribute left out")), qint64(300 + own - definition->GetFieldCount()));
         const OGRFeatureUniquePtr first(source->GetLayer(0)->GetNextFeature());
         for (int index = 0; index < definition->GetFieldCount() - own; ++index)
             QCOMPARE(first->GetFieldAsDouble(index + own - 1), index + 0.5);
@@ -597,15 +543,11 @@ void OgrFormatsTest::tableEndsOnce()
 {
     // More than a block of the file, and a table of one record.
     for (const std::size_t count : {std::size_t(1), std::size_t(3000)}) {
-        Model model;
         const std::vector<double> ones(count, 1.0);
         ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, ones, ones, ones);
         object.color = QColor(1, 2, 3);
-        model.add(object);
-        const auto saver = formatOf(QStringLiteral("shp"));
-        const ExportSelection selection = selectionOf(model, path(QStringLiteral("ends%1.shp").arg(count)));
-        ExportReport report;
-        QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
+        SaverRun run("shp", {object}, path(QStringLiteral("ends%1.shp").arg(count)));
+        QVERIFY2(run.written, qPrintable(run.error()));
         // Fields name, of 1 byte, and colorval, of 7, behind the byte that marks deleted records.
         const QByteArray table = contentOf(path(QStringLiteral("ends%1.dbf").arg(count)));
         const int head = 32 + 2 * 32 + 1;
@@ -619,43 +561,33 @@ void OgrFormatsTest::dipAndType()
     ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, {1, 2, 3, 4}, {1, 2, 3, 4}, {0, 0, 0, 0});
     object.vertexAttributes = {columnOf(QStringLiteral("Dip"), AttributeKind::Integer, {90, 0, 45, QVariant()}),
                                columnOf(QStringLiteral("TYPE"), AttributeKind::Text, {QStringLiteral("Fault"), QStringLiteral("Bed"), QStringLiteral("Bed"), QStringLiteral("Bed")})};
-    Model model;
-    model.add(object);
-    const auto types = [&](const QString& setting, ExportReport& report) {
-        const auto saver = formatOf(QStringLiteral("gpkg"), {setting});
-        const ExportSelection selection = selectionOf(model, path(QStringLiteral("dip.gpkg")));
+    SaverRun run("gpkg", {object}, path(QStringLiteral("dip.gpkg")), "dipInType=true");
+    const auto types = [&run] {
         QStringList texts;
-        if (runExport(*saver, selection, saver->plan(selection), nullptr, report)) {
-            const GDALDatasetUniquePtr source = openVector(selection.path);
-            for (auto& feature : *source->GetLayer(0))
-                texts.append(QString::fromUtf8(feature->GetFieldAsString("TYPE")));
-        }
+        const GDALDatasetUniquePtr source = openVector(run.files.front().path);
+        for (auto& feature : *source->GetLayer(0))
+            texts.append(QString::fromUtf8(feature->GetFieldAsString("TYPE")));
         return texts.join(QLatin1Char('|'));
     };
-    ExportReport rewritten;
-    QCOMPARE(types(QStringLiteral("dipInType=true"), rewritten), QStringLiteral("Vertical Fault|Horizontal Bed|Bed|Bed"));
-    QCOMPARE(countOf(rewritten, QStringLiteral("type has Horizontal or Vertical before it")), 2);
-    ExportReport kept;
-    QCOMPARE(types(QStringLiteral("dipInType=false"), kept), QStringLiteral("Fault|Bed|Bed|Bed"));
-    QVERIFY(kept.findings().empty());
+    QVERIFY(run.written);
+    QCOMPARE(types(), QStringLiteral("Vertical Fault|Horizontal Bed|Bed|Bed"));
+    QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 2);
+    QVERIFY(run.again("dipInType=false"));
+    QCOMPARE(types(), QStringLiteral("Fault|Bed|Bed|Bed"));
+    QVERIFY(run.report.findings().empty());
 }
 
 void OgrFormatsTest::styles()
 {
-    Model model;
     ModelObject red = objectOf(QStringLiteral("red & <blue>"), ObjectType::Polylines, {1, 2}, {1, 2}, {0, 0});
     red.color = QColor(255, 0, 0);
     ModelObject blue = objectOf(QStringLiteral("blue"), ObjectType::Polylines, {3, 4}, {1, 2}, {0, 0});
     blue.color = QColor(0, 0, 255);
-    model.add(red);
-    model.add(blue);
-    const auto write = [&](const char* format, const char* name, ExportReport& report) {
-        const auto saver = formatOf(QString::fromLatin1(format), {QStringLiteral("symbology=true"), QStringLiteral("crs=EPSG:4326")});
-        const ExportSelection selection = selectionOf(model, path(QString::fromLatin1(name)));
-        return runExport(*saver, selection, saver->plan(selection), nullptr, report);
-    };
-    ExportReport report;
-    QVERIFY(write("shp", "style.shp", report) && write("geojson", "style2.geojson", report) && write("gpkg", "style3.gpkg", report) && write("tab", "style4.tab", report));
+    const char* const targets[] = {"shp style.shp", "geojson style2.geojson", "gpkg style3.gpkg", "tab style4.tab"};
+    for (const char* target : targets) {
+        const QStringList parts = QString::fromLatin1(target).split(QLatin1Char(' '));
+        QVERIFY(SaverRun(parts[0], {red, blue}, path(parts[1]), "symbology=true;crs=EPSG:4326").written);
+    }
     QFile style(path(QStringLiteral("style.qml")));
     QVERIFY(style.open(QIODevice::ReadOnly));
     QXmlStreamReader xml(&style);
@@ -691,15 +623,12 @@ void OgrFormatsTest::tabGrid()
     // Seven digits and a zone prefix before the decimal point.
     const std::vector<double> x{50412345.6789, 50412399.1234, 50498765.4321};
     const std::vector<double> y{7412345.6789, 7412300.0001, 7399999.9999};
-    Model model;
-    model.add(objectOf(QStringLiteral("o"), ObjectType::VertexClouds, x, y, {1.25, 2.5, 3}));
-    const auto saver = formatOf(QStringLiteral("tab"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("grid.tab")));
-    ExportReport report;
-    QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
-    QCOMPARE(countOf(report, QStringLiteral("coordinates on a grid")), 3);
-    QCOMPARE(countOf(report, QStringLiteral("z dropped")), 0);
-    const GDALDatasetUniquePtr source = openVector(selection.path);
+    const ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, x, y, {1.25, 2.5, 3});
+    SaverRun run("tab", {object}, path(QStringLiteral("grid.tab")));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    QCOMPARE(run.countOf(QStringLiteral("coordinates on a grid")), 3);
+    QCOMPARE(run.countOf(QStringLiteral("z dropped")), 0);
+    const GDALDatasetUniquePtr source = openVector(run.files.front().path);
     std::size_t index = 0;
     for (auto& feature : *source->GetLayer(0)) {
         const OGRPoint* point = feature->GetGeometryRef()->toPoint();
@@ -726,45 +655,30 @@ void OgrFormatsTest::tabCharacterSets()
 {
     QFETCH(QString, text);
     QFETCH(QString, charset);
-    Model model;
-    model.add(objectOf(text, ObjectType::VertexClouds, {1}, {2}, {3}));
-    const auto saver = formatOf(QStringLiteral("tab"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("set_") + charset));
-    ExportReport report;
-    const auto files = saver->plan(selection);
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
-    QCOMPARE(countOf(report, QStringLiteral("texts of several scripts")), charset == QLatin1String("Neutral") ? 1 : 0);
-    QFile definition(files.front().path);
-    QVERIFY(definition.open(QIODevice::ReadOnly));
-    QVERIFY(QString::fromUtf8(definition.readAll()).contains(QStringLiteral("Charset \"%1\"").arg(charset)));
-    const GDALDatasetUniquePtr source = openVector(files.front().path);
+    const ModelObject object = objectOf(text, ObjectType::VertexClouds, {1}, {2}, {3});
+    SaverRun run("tab", {object}, path(QStringLiteral("set_") + charset));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    QCOMPARE(run.countOf(QStringLiteral("texts of several scripts")), charset == QLatin1String("Neutral") ? 1 : 0);
+    QVERIFY(QString::fromUtf8(run.bytes()).contains(QStringLiteral("Charset \"%1\"").arg(charset)));
+    const GDALDatasetUniquePtr source = openVector(run.files.front().path);
     const OGRFeatureUniquePtr feature(source->GetLayer(0)->GetNextFeature());
     QCOMPARE(QString::fromUtf8(feature->GetFieldAsString("name")), text);
 }
 
 void OgrFormatsTest::surfaces()
 {
-    Model model;
     ModelObject mesh = objectOf(QStringLiteral("mesh"), ObjectType::MeshSurfaces, {0, 1, 1, 0}, {0, 0, 1, 1}, {0, 1, 2, 3});
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
-    model.add(mesh);
-    const double none = std::nan("");
     ModelObject grid = objectOf(QStringLiteral("grid"), ObjectType::GridSurfaces, {0, 1, 2, 0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1, 2, 2, 2}, {1, 1, none, 1, 2, 1, 1, 1, 1});
     grid.grid = GridGeometry{3, 3, 0, 0, 1, 1, 0};
-    model.add(grid);
     const auto wkt = [&](const QString& surfaces) {
-        const auto saver = formatOf(QStringLiteral("shp"), {QStringLiteral("surfaces=") + surfaces});
-        const ExportSelection selection = selectionOf(model, path(QStringLiteral("surface.shp")));
-        ExportReport report;
+        const SaverRun run("shp", {mesh, grid}, path(QStringLiteral("surface.shp")), QStringLiteral("surfaces=") + surfaces);
         QStringList texts;
-        const auto files = saver->plan(selection);
-        if (runExport(*saver, selection, files, nullptr, report)) {
-            const GDALDatasetUniquePtr source = openVector(files.front().path);
-            for (auto& feature : *source->GetLayer(0))
-                texts.append(QString::fromStdString(feature->GetGeometryRef()->exportToWkt()));
-            if (!saver->verify(files.front(), files.front().path, selection).fault.isEmpty())
-                texts.append(QStringLiteral("not verified"));
-        }
+        const GDALDatasetUniquePtr source = openVector(run.files.front().path);
+        for (auto& feature : *source->GetLayer(0))
+            texts.append(QString::fromStdString(feature->GetGeometryRef()->exportToWkt()));
+        if (!run.fault().isEmpty())
+            texts.append(run.fault());
         return texts;
     };
     QCOMPARE(wkt(QStringLiteral("points")).size(), 4 + 8);
@@ -776,20 +690,16 @@ void OgrFormatsTest::surfaces()
 
 void OgrFormatsTest::degenerate()
 {
-    const double none = std::nan("");
     Model model;
     model.add(objectOf(QStringLiteral("collar only"), ObjectType::Wells, {1}, {1}, {1}));
     model.add(objectOf(QStringLiteral("holes of nothing"), ObjectType::Polygons, {0, 1, 0, 0, 4, 4, 1, 1, 2}, {0, 0, 0, 0, 0, 4, 1, 2, 1}, {0, 0, 0, 0, 0, 0, 0, 0, none},
                        {{0, 3, true, false}, {6, 3, true, true}, {3, 3, true, false}, {6, 3, true, true}}));
     model.add(objectOf(QStringLiteral("lost"), ObjectType::Polylines, {0, none, 2, 3}, {0, 1, 2, 3}, {0, 0, none, 0}, {{0, 2, false, false}, {1, 3, false, false}}));
-    const auto saver = formatOf(QStringLiteral("gpkg"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("degenerate.gpkg")));
-    ExportReport report;
-    const auto files = saver->plan(selection);
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
+    SaverRun run("gpkg", model.objects(), path(QStringLiteral("degenerate.gpkg")));
+    QVERIFY2(run.written, qPrintable(run.error()));
     QStringList texts;
     {
-        const GDALDatasetUniquePtr source = openVector(selection.path);
+        const GDALDatasetUniquePtr source = openVector(run.files.front().path);
         for (OGRLayer* layer : source->GetLayers()) {
             for (auto& feature : *layer)
                 texts.append(QString::fromStdString(feature->GetGeometryRef()->exportToWkt()));
@@ -797,43 +707,33 @@ void OgrFormatsTest::degenerate()
     }
     QCOMPARE(texts.join(QLatin1Char('\n')), QStringLiteral("MULTILINESTRING ((2 2 0,3 3 0))\n"
                                                            "MULTIPOLYGON (((0 0 0,4 0 0,4 4 0,0 0 0),(1 1 0,1 2 0,2 1 0,1 1 0)))"));
-    QCOMPARE(countOf(report, QStringLiteral("line of fewer than two points left out")), 2);
-    QCOMPARE(countOf(report, QStringLiteral("ring of fewer than three points left out")), 2);
-    QCOMPARE(countOf(report, QStringLiteral("vertex without a position left out")), 2);
-    QCOMPARE(countOf(report, QStringLiteral("unknown height written as 0")), 2);
+    QCOMPARE(run.countOf(QStringLiteral("line of fewer than two points left out")), 2);
+    QCOMPARE(run.countOf(QStringLiteral("ring of fewer than three points left out")), 2);
+    QCOMPARE(run.countOf(QStringLiteral("vertex without a position left out")), 2);
+    QCOMPARE(run.countOf(QStringLiteral("unknown height written as 0")), 2);
 }
 
 void OgrFormatsTest::geoPackageWithoutSystem()
 {
-    Model model;
-    model.add(objectOf(QStringLiteral("o"), ObjectType::VertexClouds, {500000}, {7500000}, {3}));
-    const auto saver = formatOf(QStringLiteral("gpkg"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("none.gpkg")));
-    ExportReport report;
-    QVERIFY2(runExport(*saver, selection, saver->plan(selection), nullptr, report), qPrintable(errorsOf(report)));
-    QVERIFY(report.findings().empty());
-    const GDALDatasetUniquePtr source = openVector(selection.path);
+    const ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, {500000}, {7500000}, {3});
+    SaverRun run("gpkg", {object}, path(QStringLiteral("none.gpkg")));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    QVERIFY(run.report.findings().empty());
+    const GDALDatasetUniquePtr source = openVector(run.files.front().path);
     OGRLayer* ids = source->ExecuteSQL("SELECT srs_id FROM gpkg_contents", nullptr, nullptr);
     const OGRFeatureUniquePtr row(ids->GetNextFeature());
     QCOMPARE(row->GetFieldAsInteger(0), -1);
     source->ReleaseResultSet(ids);
-    Model again;
-    loadInto(again, selection.path);
-    QCOMPARE(again.objects().front().crs, QString());
+    QCOMPARE(loaded(run.files.front().path).front().crs, QString());
 }
 
 void OgrFormatsTest::verificationSeesDamage()
 {
-    Model model;
-    loadInto(model, sample(QStringLiteral("faults_3d.gpkg")));
-    const auto saver = formatOf(QStringLiteral("gpkg"));
-    const ExportSelection selection = selectionOf(model, path(QStringLiteral("damage.gpkg")));
-    ExportReport report;
-    const auto files = saver->plan(selection);
-    QVERIFY2(runExport(*saver, selection, files, nullptr, report), qPrintable(errorsOf(report)));
-    QCOMPARE(saver->verify(files.front(), selection.path, selection).worstError, 0.0);
+    SaverRun run("gpkg", loaded(sample("faults_3d.gpkg")), path(QStringLiteral("damage.gpkg")));
+    QVERIFY2(run.written, qPrintable(run.error()));
+    QCOMPARE(run.verify().worstError, 0.0);
     const auto change = [&](const std::function<void(OGRLayer&)>& edit) {
-        const GDALDatasetUniquePtr file(GDALDataset::Open(selection.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+        const GDALDatasetUniquePtr file(GDALDataset::Open(run.selection.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
         edit(*file->GetLayer(0));
     };
     change([](OGRLayer& layer) {
@@ -843,13 +743,13 @@ void OgrFormatsTest::verificationSeesDamage()
         line->setPoint(1, line->getX(1), line->getY(1), line->getZ(1) + 0.5);
         QCOMPARE(layer.SetFeature(feature.get()), OGRERR_NONE);
     });
-    const Verification moved = saver->verify(files.front(), selection.path, selection);
+    const Verification moved = run.verify();
     QCOMPARE(moved.fault, QString());
     QVERIFY(std::abs(moved.worstError - 0.5) < 1e-9);
     change([](OGRLayer& layer) { QCOMPARE(layer.DeleteFeature(3), OGRERR_NONE); });
-    QVERIFY(!saver->verify(files.front(), selection.path, selection).fault.isEmpty());
-    QFile::remove(selection.path);
-    QVERIFY(!saver->verify(files.front(), selection.path, selection).fault.isEmpty());
+    QVERIFY(!run.verify().fault.isEmpty());
+    QFile::remove(run.selection.path);
+    QVERIFY(!run.verify().fault.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(OgrFormatsTest)

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/model/SectionCutter.h"
 #include "app/readers/LoadError.h"
-#include "app/readers/ModelLoader.h"
 #include "app/readers/OpenTecReader.h"
 #include "tests/app/SaverRun.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <cmath>
 
@@ -36,19 +32,17 @@ const QByteArray head = "version 1.0\n\nunit_z_depth meter\nunit_xy_section_posi
 
 } // namespace
 
-class OpenTecTest : public QObject
+class OpenTecTest : public SaverTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void init() { emptyFolder(); }
     void wholeFile();
     void settings();
     void hardNames();
     void severalSections();
     void wrongNames();
-    void failures();
-    void cancelledHalfWay();
     void readerRefuses_data();
     void readerRefuses();
     void cutGrid();
@@ -59,21 +53,6 @@ private Q_SLOTS:
     void wrongSections_data();
     void wrongSections();
 
-private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
-    QString write(const char* name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
-        return file.fileName();
-    }
-    QStringList listing() const
-    {
-        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-    }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void OpenTecTest::wholeFile()
@@ -102,14 +81,14 @@ void OpenTecTest::settings()
     ModelObject feet = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, none, 100}, {-10, -20, -30})});
     feet.lengthUnit = QStringLiteral("ft");
     const SaverRun metres("opentec", {feet}, path("m.otl"),
-                          {{"decimals", QStringLiteral("4")}, {"age", QStringLiteral("65.5")}});
+                          "decimals=4;age=65.5");
     QCOMPARE(metres.fault(), QString());
     QCOMPARE(metres.findings(), QStringLiteral("position left out: 1"));
     const QByteArray text = contentOf(path("m.otl"));
     QVERIFY(text.contains("xy 304.8000 609.6000 \n") && text.contains("section_age 65.5000\n"));
     QVERIFY(text.contains("points\nxyz 0.0000 0.0000 3.0480\nxyz 30.4800 0.0000 9.1440\npoints-end"));
     const SaverRun own("opentec", {feet}, path("f.otl"),
-                       {{"lengthUnit", QStringLiteral("model")}, {"decimals", QStringLiteral("0")}});
+                       "lengthUnit=model;decimals=0");
     QCOMPARE(own.fault(), QString());
     QCOMPARE(own.findings(), QStringLiteral("position left out: 1, unit not stated: 1"));
     QVERIFY(contentOf(path("f.otl")).contains("xy 1000 2000 \n"));
@@ -141,55 +120,27 @@ void OpenTecTest::severalSections()
         section(QStringLiteral("B"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}, {{7, 8, 0}, {9, 8, 0}}),
         section(QStringLiteral("C"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})})};
     QCOMPARE(SaverRun("opentec", sections, path("o.otl"),
-                      {{"sections", QStringLiteral("A, B")}, {"traceLine", QStringLiteral("B")}})
+                      "sections=A, B;traceLine=B")
                  .fault(),
              QString());
-    QCOMPARE(listing(), (QStringList{QStringLiteral("o_A.otl"), QStringLiteral("o_B.otl")}));
+    QCOMPARE(listing(), QStringLiteral("o_A.otl o_B.otl"));
     for (const char* name : {"o_A.otl", "o_B.otl"})
         QVERIFY(contentOf(path(name)).startsWith(head + "xy 7.00 8.00 \nxy 9.00 8.00 \n"));
-    QCOMPARE(SaverRun("opentec", sections, path("c.otl"), {{"sections", QStringLiteral("C")}}).fault(), QString());
+    QCOMPARE(SaverRun("opentec", sections, path("c.otl"), "sections=C").fault(), QString());
     QVERIFY(contentOf(path("c.otl")).contains("open_tec_link_section C\n"));
     const std::vector<ModelObject> commas{section(QStringLiteral("A, B"), {}), section(QStringLiteral("B"), {}),
                                           section(QStringLiteral("C"), {})};
-    QCOMPARE(SaverRun("opentec", commas, path("n.otl"), {{"sections", QStringLiteral("C,A, B")}}).files.size(), std::size_t(2));
+    QCOMPARE(SaverRun("opentec", commas, path("n.otl"), "sections=C,A, B").files.size(), std::size_t(2));
 }
 
 void OpenTecTest::wrongNames()
 {
     const std::vector<ModelObject> sections{section(QStringLiteral("A"), {})};
-    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), {{"sections", QStringLiteral("X")}}).error(),
+    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), "sections=X").error(),
              QStringLiteral("there is no section \"X\" among those chosen (there are: A)"));
-    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), {{"traceLine", QStringLiteral("Y")}}).error(),
+    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), "traceLine=Y").error(),
              QStringLiteral("there is no section \"Y\" among those chosen (there are: A)"));
     QVERIFY(listing().isEmpty());
-}
-
-void OpenTecTest::failures()
-{
-    const QString message = QStringLiteral("could not be written completely (make room on the disk or choose another)");
-    for (const std::size_t count : {std::size_t(1), std::size_t(manyVertices)}) {
-        const std::vector<double> numbers(count, 1.0);
-        QVERIFY(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})},
-                         QStringLiteral("/dev/full"))
-                    .error()
-                    .contains(message));
-    }
-}
-
-void OpenTecTest::cancelledHalfWay()
-{
-    const std::vector<double> numbers(manyVertices, 1.0);
-    const std::vector<ModelObject> objects{
-        section(QStringLiteral("A"), {segment(QStringLiteral("H"), numbers, numbers)})};
-    write("a.otl", "earlier");
-    CancelAt progress(50);
-    const SaverRun run("opentec", objects, path("a.otl"), {}, &progress);
-    QVERIFY(run.report.cancelled);
-    QVERIFY(progress.reached >= 50 && progress.reached < 60);
-    QCOMPARE(contentOf(path("a.otl")), QByteArray("earlier"));
-    const SaverRun whole("opentec", objects, path("a.otl"));
-    QCOMPARE(whole.fault(), QString());
-    QCOMPARE(whole.readBack.front().count, manyVertices);
 }
 
 void OpenTecTest::readerRefuses_data()
@@ -310,10 +261,8 @@ void OpenTecTest::cutLines()
 
 void OpenTecTest::sectionsOfModelFile()
 {
-    Model model;
-    loadInto(model, QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel"));
     std::vector<ModelObject> sections;
-    for (const ModelObject& object : model.objects()) {
+    for (const ModelObject& object : loaded(sample("sample.kpmodel"))) {
         if (object.type == ObjectType::CrossSections)
             sections.push_back(object);
     }
@@ -339,9 +288,9 @@ void OpenTecTest::sectionsOfModelFile()
                            - terrain->distance.begin();
         QVERIFY(std::abs(terrain->z[static_cast<std::size_t>(after)] - one.z[0]) < 120);
     }
-    const SaverRun run("opentec", sections, m_folder->path());
+    const SaverRun run("opentec", sections, path());
     QCOMPARE(run.fault() + run.findings(), QString());
-    QCOMPARE(listing(), (QStringList{QStringLiteral("Section A.otl"), QStringLiteral("Section B.otl")}));
+    QCOMPARE(listing(), QStringLiteral("Section A.otl Section B.otl"));
     QVERIFY(run.readBack.front().worstError <= 0.005);
 }
 

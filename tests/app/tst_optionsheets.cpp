@@ -6,6 +6,7 @@
 #include "app/ui/HostContext.h"
 #include "core/saver/AbstractSaver.h"
 #include "host/ui/QImportUnitSelector.h"
+#include "tests/TestSettings.h"
 #include "wizard/QExportSheetSaveFile.h"
 #include "wizard/QObjectListModel.h"
 
@@ -180,10 +181,7 @@ private:
 
 void OptionSheetsTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("optionsheets"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+    useTestSettings(m_settings.path());
     m_context = std::make_unique<HostContext>(echoFormats());
     const auto add = [this](const char* name, ObjectType type, const char* unit, const char* attribute) {
         ModelObject object;

@@ -4,6 +4,7 @@
 #include "app/jobs/ExportRun.h"
 #include "app/jobs/ObjectError.h"
 #include "tests/app/FileContent.h"
+#include "tests/app/TestObjects.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,19 +18,10 @@ using namespace refhost;
 namespace
 {
 
-Numbers numbers(std::initializer_list<double> values)
-{
-    return std::make_shared<const std::vector<double>>(values);
-}
-
 ModelObject points(const char* name, int id)
 {
-    ModelObject object;
+    ModelObject object = objectOf(QString::fromUtf8(name), ObjectType::VertexClouds, {1, 2}, {3, 4}, {5, 6});
     object.id = id;
-    object.name = QString::fromUtf8(name);
-    object.x = numbers({1, 2});
-    object.y = numbers({3, 4});
-    object.z = numbers({5, 6});
     return object;
 }
 
@@ -46,24 +38,20 @@ public:
     }
     qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport&, kpBase::AbstractProgress*) override
     {
-        QFile output(path);
-        output.open(QIODevice::WriteOnly);
+        QByteArray names;
         for (const ModelObject* object : file.objects) {
             if (object->name == QLatin1String("bad"))
                 throw ObjectError(*object, QStringLiteral("it is bad"), QStringLiteral("mend it"));
-            output.write(object->name.toUtf8() + '\n');
+            names += object->name.toUtf8() + '\n';
         }
-        QFile sidecar(QFileInfo(path).absolutePath() + QLatin1Char('/') + QFileInfo(path).completeBaseName() + QStringLiteral(".num"));
-        sidecar.open(QIODevice::WriteOnly);
-        sidecar.write(QByteArray::number(static_cast<int>(file.objects.size())));
+        writeFile(path, names);
+        writeFile(QFileInfo(path).absolutePath() + QLatin1Char('/') + QFileInfo(path).completeBaseName() + QStringLiteral(".num"),
+                  QByteArray::number(static_cast<int>(file.objects.size())));
         return static_cast<qint64>(file.objects.size());
     }
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection&) override
     {
-        QFile written(path);
-        Verification found{QStringLiteral("line count"), 0, 0.0, fault};
-        if (written.open(QIODevice::ReadOnly))
-            found.count = written.readAll().count('\n');
+        Verification found{QStringLiteral("line count"), contentOf(path).count('\n'), 0.0, fault};
         if (found.count != static_cast<qint64>(file.objects.size()))
             found.fault = QStringLiteral("another number of lines");
         return found;
@@ -107,7 +95,7 @@ private:
 void RunTest::badObjectsAreLeftOut()
 {
     ModelObject torn = points("torn", 4);
-    torn.z = numbers({1});
+    torn.z = numbersOf({1});
     NameFormat format;
     ExportReport report;
     const ExportSelection chosen = selection({&m_one, &m_bad, &torn, &m_two, &m_bad});
@@ -160,10 +148,10 @@ void RunTest::unsoundObjects()
     cells->active.resize(kind == 8 ? 2 : 0);
     AttributeColumn grade;
     grade.name = QStringLiteral("grade");
-    grade.numbers = numbers({1, 2, 3});
+    grade.numbers = numbersOf({1, 2, 3});
     switch (kind) {
     case 0: object.y = nullptr; break;
-    case 1: object.y = numbers({1}); break;
+    case 1: object.y = numbersOf({1}); break;
     case 2: object.parts = {{1, 2, false, false}}; break;
     case 3: object.triangles = {{0, 1, 2}}; break;
     case 4: object.grid = GridGeometry{2, 2}; break;
@@ -202,10 +190,8 @@ void RunTest::plan()
     NameFormat format;
     format.grouping = FileGrouping::Object;
     ExportSelection chosen = selection({&m_one, &m_two, &m_two});
-    QFile earlier(m_folder.filePath(QStringLiteral("out_two_2.nam")));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    QFile number(m_folder.filePath(QStringLiteral("out_two_2.num")));
-    QVERIFY(number.open(QIODevice::WriteOnly));
+    writeFile(m_folder.filePath(QStringLiteral("out_two_2.nam")), "");
+    writeFile(m_folder.filePath(QStringLiteral("out_two_2.num")), "");
     const ExportPlan plan = makePlan(format, chosen, format.plan(chosen));
     QStringList lines;
     for (const ExportPlan::Output& output : plan.outputs) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "core/saver/AbstractSaver.h"
-#include "core/saver/AbstractSaverFactory.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
-#include "core/saver/QExportAbstractSheetFactory.h"
+#include "tests/core/TestFactories.h"
 
 #include <QtTest>
 
@@ -13,38 +11,24 @@ using namespace kpBaseExport;
 namespace
 {
 
-class PlainSaver : public AbstractSaver
+class PlainSaver : public SilentSaver
 {
 public:
     explicit PlainSaver(const std::string& key, const char* extension = "dat")
-        : AbstractSaver(key)
+        : SilentSaver(key)
     {
         m_currentDefaultFileFormatExt = QString::fromLatin1(extension);
     }
-    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&,
-                       const std::vector<std::string>&) override
-    {
-    }
-    bool save(const std::vector<QString>&, kpBase::AbstractProgress*) override { return true; }
     void setSupportsAttributes(bool on) { m_supportsAttributes = on; }
 };
 
-class SaverFactory : public AbstractSaverFactory
+class SaverFactory : public TestSaverFactory
 {
 public:
     SaverFactory(const std::string& key, bool isDefault)
-        : AbstractSaverFactory(key, isDefault)
-        , m_key(key)
+        : TestSaverFactory(key, [key] { return new PlainSaver(key); }, isDefault)
     {
     }
-    boost::shared_ptr<AbstractSaver> create_product() override
-    {
-        return boost::shared_ptr<AbstractSaver>(new PlainSaver(m_key));
-    }
-    AbstractSaver* create_product_unmanaged() override { return new PlainSaver(m_key); }
-
-private:
-    std::string m_key;
 };
 
 class PlainSheet : public QExportAbstractOptionSheet
@@ -61,18 +45,13 @@ public:
     int initialized = 0;
 };
 
-class SheetFactory : public QExportAbstractSheetFactory
+class SheetFactory : public TestSheetFactory
 {
 public:
     explicit SheetFactory(const std::string& key)
-        : QExportAbstractSheetFactory(key, false)
+        : TestSheetFactory(key, [] { return new PlainSheet; })
     {
     }
-    boost::shared_ptr<QExportAbstractSheet> create_product() override
-    {
-        return boost::shared_ptr<QExportAbstractSheet>(new PlainSheet);
-    }
-    QExportAbstractSheet* create_product_unmanaged() override { return new PlainSheet; }
 };
 
 template <typename Function>

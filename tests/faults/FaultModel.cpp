@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/faults/FaultModel.h"
 
+#include "tests/app/FileContent.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -12,13 +14,6 @@ namespace
 
 constexpr double east = 500000;
 constexpr double north = 7500000;
-
-void save(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write %s", qPrintable(path));
-}
 
 QByteArray number(double value)
 {
@@ -126,12 +121,12 @@ QStringList hostileNames()
 QString writeFaultModel(const QString& folder, int size, double shift)
 {
     const QDir directory(folder);
-    save(directory.filePath(QStringLiteral("points.csv")), points(size, shift));
-    save(directory.filePath(QStringLiteral("lines.geojson")), lines(size, shift, false));
-    save(directory.filePath(QStringLiteral("rings.geojson")), lines(size, shift, true));
-    save(directory.filePath(QStringLiteral("grid.asc")), grid(size, shift));
-    save(directory.filePath(QStringLiteral("mesh.off")), mesh(size, shift));
-    save(directory.filePath(QStringLiteral("cells.grdecl")), cells(size, shift));
+    writeFile(directory.filePath(QStringLiteral("points.csv")), points(size, shift));
+    writeFile(directory.filePath(QStringLiteral("lines.geojson")), lines(size, shift, false));
+    writeFile(directory.filePath(QStringLiteral("rings.geojson")), lines(size, shift, true));
+    writeFile(directory.filePath(QStringLiteral("grid.asc")), grid(size, shift));
+    writeFile(directory.filePath(QStringLiteral("mesh.off")), mesh(size, shift));
+    writeFile(directory.filePath(QStringLiteral("cells.grdecl")), cells(size, shift));
     QJsonArray objects;
     for (const char* name : {"points.csv", "lines.geojson", "rings.geojson", "grid.asc", "mesh.off", "cells.grdecl"})
         objects.append(QJsonObject{{QStringLiteral("file"), QLatin1String(name)}, {QStringLiteral("crs"), QStringLiteral("EPSG:28350")}});
@@ -139,6 +134,6 @@ QString writeFaultModel(const QString& folder, int size, double shift)
     const QJsonObject section{{QStringLiteral("name"), QStringLiteral("Section A")}, {QStringLiteral("trace"), trace}};
     const QJsonObject model{{QStringLiteral("version"), 1}, {QStringLiteral("objects"), objects}, {QStringLiteral("sections"), QJsonArray{section}}};
     const QString path = directory.filePath(QStringLiteral("model.kpmodel"));
-    save(path, QJsonDocument(model).toJson());
+    writeFile(path, QJsonDocument(model).toJson());
     return path;
 }

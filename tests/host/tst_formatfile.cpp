@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Format files: what is stored comes back, what is wrong is refused with its line.
 #include "host/data/FormatFile.h"
+#include "tests/app/FileContent.h"
 
 #include <QDir>
 #include <QFile>
@@ -61,13 +62,7 @@ private Q_SLOTS:
     void huge();
 
 private:
-    QString file(const char* name, const QByteArray& content)
-    {
-        QFile out(m_folder.filePath(QString::fromLatin1(name)));
-        if (out.open(QIODevice::WriteOnly))
-            out.write(content);
-        return out.fileName();
-    }
+    QString file(const char* name, const QByteArray& content) { return writeFile(m_folder.filePath(QString::fromLatin1(name)), content); }
     QTemporaryDir m_folder;
 };
 

@@ -149,7 +149,6 @@ private Q_SLOTS:
     void tabs();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
-    void messagesOfTheGridPage();
 };
 
 namespace
@@ -384,20 +383,6 @@ void FormsTest::nothingIsCutOff()
                 QVERIFY2(!other->geometry().intersects(control->geometry()), name.constData());
         }
     }
-}
-
-void FormsTest::messagesOfTheGridPage()
-{
-    const BuiltSheet built = build<QExportSheetGeoCell>();
-    for (const char* name : {"m_multipleGridWarning", "m_noInputGridError", "m_wrongInputGridError"}) {
-        const auto* label = built.widget->findChild<QLabel*>(QString::fromLatin1(name));
-        QCOMPARE(label->palette().color(QPalette::Active, QPalette::WindowText), QColor(255, 0, 0));
-        QCOMPARE(label->font().family(), QStringLiteral("MS Shell Dlg 2"));
-        QCOMPARE(label->font().pointSize(), 8);
-        QCOMPARE(label->font().weight(), 75);
-    }
-    QCOMPARE(built.widget->layout()->contentsMargins(), QMargins(9, 9, 9, 9));
-    QCOMPARE(built.widget->findChild<QGridLayout*>(QStringLiteral("gridLayout"))->contentsMargins(), QMargins(9, 9, 9, 9));
 }
 
 QTEST_MAIN(FormsTest)

@@ -2,12 +2,12 @@
 // The pages at work: what the controls do to each other, to the wizard, and what the accessors give.
 #include "tests/sheets/SheetsUnderTest.h"
 
-#include "core/saver/AbstractSaver.h"
-#include "core/saver/AbstractSaverFactory.h"
-#include "core/saver/QExportAbstractSheetFactory.h"
 #include "host/ui/QImportUnitSelector.h"
 #include "host/ui/QUnitDoubleSpinBox.h"
-#include "wizard/QExportSheetObjectSelection.h"
+#include "tests/TestSettings.h"
+#include "tests/app/FileContent.h"
+#include "tests/core/TestFactories.h"
+#include "tests/wizard/OneObjectSheet.h"
 #include "wizard/QExportSheetSaveFile.h"
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
@@ -49,48 +49,6 @@ void click(QWidget& page, const char* name)
     // Towards the left, where the box of a wide check box is.
     QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
 }
-
-class ObjectSheet : public QExportSheetObjectSelection
-{
-protected:
-    void fillObjectList(const std::set<std::string>&) override
-    {
-        m_model->addName(QStringLiteral("A"), 1, QStringLiteral("t"), true);
-        m_model->resetModel();
-    }
-    void updateObjectTypes() override {}
-    void matchModelSelection() override {}
-};
-
-class SilentSaver : public AbstractSaver
-{
-public:
-    explicit SilentSaver(const std::string& key)
-        : AbstractSaver(key)
-    {
-        m_formatDisplay = QString::fromStdString(key);
-    }
-    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&, const std::vector<std::string>&) override {}
-    bool save(const std::vector<QString>&, kpBase::AbstractProgress*) override { return true; }
-};
-
-template <typename Base, typename Product>
-class Factory : public Base
-{
-public:
-    Factory(const std::string& key, std::function<Product*()> make)
-        : Base(key, false)
-        , m_make(std::move(make))
-    {
-    }
-    boost::shared_ptr<Product> create_product() override { return boost::shared_ptr<Product>(m_make()); }
-    Product* create_product_unmanaged() override { return m_make(); }
-
-private:
-    std::function<Product*()> m_make;
-};
-using SheetFactory = Factory<QExportAbstractSheetFactory, QExportAbstractSheet>;
-using SaverFactory = Factory<AbstractSaverFactory, AbstractSaver>;
 
 class TestWizard : public QExportWizard
 {
@@ -143,20 +101,16 @@ private:
     std::unique_ptr<TestWizard> wizardAt(const char* format);
 
     QTemporaryDir m_folder;
-    std::vector<std::unique_ptr<SheetFactory>> m_sheets;
-    std::vector<std::unique_ptr<SaverFactory>> m_savers;
+    std::vector<std::unique_ptr<TestSheetFactory>> m_sheets;
+    std::vector<std::unique_ptr<TestSaverFactory>> m_savers;
 };
 
 void SheetsTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("sheets"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
     const auto add = [this](const char* key, auto make) {
-        m_savers.push_back(std::make_unique<SaverFactory>(key, [key] { return new SilentSaver(key); }));
-        m_sheets.push_back(std::make_unique<SheetFactory>(key, make));
+        m_savers.push_back(std::make_unique<TestSaverFactory>(key, [key] { return new SilentSaver(key); }));
+        m_sheets.push_back(std::make_unique<TestSheetFactory>(key, make));
     };
     add("gocad", [] { return new Concrete<QExportSheetGocad>; });
     add("dxf", [] { return new Concrete<QExportSheetDxf>; });
@@ -166,7 +120,7 @@ void SheetsTest::initTestCase()
     add("eclipse", [] { return new Concrete<QExportSheetEclipse>; });
     add("rescue", [] { return new Concrete<QExportSheetRescue>; });
     add("zmap", [] { return new Concrete<QExportSheetZMap>; });
-    m_sheets.push_back(std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl", [] { return new ObjectSheet; }));
+    m_sheets.push_back(std::make_unique<TestSheetFactory>("QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }));
 }
 
 /// The wizard with the format's page shown.
@@ -404,9 +358,7 @@ void SheetsTest::eclipseVariants()
 void SheetsTest::inputGridFile()
 {
     const QString path = m_folder.filePath(QString::fromUtf8("сетка.grdecl"));
-    QFile grid(path);
-    QVERIFY(grid.open(QIODevice::WriteOnly));
-    grid.close();
+    writeFile(path, QByteArray());
     {
         const auto wizard = wizardAt("geocell");
         auto& sheet = dynamic_cast<QExportSheetGeoCell&>(*wizard->current_sheet());

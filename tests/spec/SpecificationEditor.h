@@ -5,8 +5,13 @@
 #include "spec/QESSpecificationTableWidget.h"
 #include "spec/QExportSpecification.h"
 
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QSet>
 #include <QStringList>
+#include <QTimer>
+#include <QtTest>
 
 /// An editor whose attributes the test offers.
 class SpecificationEditor : public kpBaseExport::QExportSpecification
@@ -123,4 +128,21 @@ inline QPoint middleOf(QTableWidget* table, int row)
         return table->visualItemRect(table->item(row, 0)).center();
     const int below = table->rowCount() == 0 ? 5 : table->visualItemRect(table->item(table->rowCount() - 1, 0)).bottom() + 15;
     return {20, below};
+}
+
+/// Answers the next file dialog: with a path, or by cancelling when it is empty.
+inline void chooseInDialog(const QString& path)
+{
+    QTimer::singleShot(0, qApp, [path] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        if (path.isEmpty()) {
+            dialog->reject();
+            return;
+        }
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        edit->setText(path);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
 }

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The ASCII page of the library in a real wizard, and what it hands to the writer.
-#include "core/saver/AbstractSaver.h"
-#include "core/saver/AbstractSaverFactory.h"
-#include "core/saver/QExportAbstractSheetFactory.h"
 #include "spec/FieldLayout.h"
 #include "spec/QExportSheetAscii.h"
 #include "spec/SeparatorCode.h"
+#include "tests/core/TestFactories.h"
 #include "tests/spec/SpecificationEditor.h"
-#include "wizard/QExportSheetObjectSelection.h"
+#include "tests/wizard/OneObjectSheet.h"
 #include "wizard/QExportWizard.h"
-#include "wizard/QObjectListModel.h"
 
 #include <QFrame>
 #include <QPushButton>
@@ -38,60 +35,15 @@ public:
     SpecificationEditor* editor;
 };
 
-class ObjectSheet : public QExportSheetObjectSelection
-{
-protected:
-    void fillObjectList(const std::set<std::string>&) override
-    {
-        m_model->addName(QStringLiteral("A"), 1, QStringLiteral("t"), true);
-        m_model->resetModel();
-    }
-    void updateObjectTypes() override {}
-    void matchModelSelection() override {}
-};
-
-class Saver : public AbstractSaver
+class Saver : public SilentSaver
 {
 public:
-    Saver()
-        : AbstractSaver("layout")
-    {
-        m_formatDisplay = QStringLiteral("Layout");
-    }
+    using SilentSaver::SilentSaver;
     bool getRequiredAttributes(const std::vector<int>&, QStringList& names) override
     {
         names = words("second");
         return true;
     }
-    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&, const std::vector<std::string>&) override {}
-    bool save(const std::vector<QString>&, kpBase::AbstractProgress*) override { return true; }
-};
-
-class SaverFactory : public AbstractSaverFactory
-{
-public:
-    SaverFactory()
-        : AbstractSaverFactory("layout", false)
-    {
-    }
-    boost::shared_ptr<AbstractSaver> create_product() override { return boost::shared_ptr<AbstractSaver>(new Saver); }
-    AbstractSaver* create_product_unmanaged() override { return new Saver; }
-};
-
-class SheetFactory : public QExportAbstractSheetFactory
-{
-public:
-    using Make = std::function<QExportAbstractSheet*()>;
-    SheetFactory(const char* key, Make make)
-        : QExportAbstractSheetFactory(key, false)
-        , m_make(std::move(make))
-    {
-    }
-    boost::shared_ptr<QExportAbstractSheet> create_product() override { return boost::shared_ptr<QExportAbstractSheet>(m_make()); }
-    QExportAbstractSheet* create_product_unmanaged() override { return m_make(); }
-
-private:
-    Make m_make;
 };
 
 class Wizard : public QExportWizard
@@ -170,10 +122,10 @@ void AsciiSheetTest::extremeNumbers()
 
 void AsciiSheetTest::inTheWizard()
 {
-    const SaverFactory saver;
-    const SheetFactory objects("QExportSheetObjectSelectionImpl", [] { return new ObjectSheet; });
+    const TestSaverFactory saver("layout", [] { return new Saver("layout"); });
+    const TestSheetFactory objects("QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; });
     Sheet* sheet = nullptr;
-    const SheetFactory sheets("layout", [&sheet] { return sheet = new Sheet; });
+    const TestSheetFactory sheets("layout", [&sheet] { return sheet = new Sheet; });
     Wizard wizard;
     wizard.startup();
     wizard.show();

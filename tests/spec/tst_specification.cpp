@@ -3,6 +3,8 @@
 #include "host/data/FormatFile.h"
 #include "spec/FieldLayout.h"
 #include "spec/QESSpinBoxColumnDelegate.h"
+#include "tests/TestSettings.h"
+#include "tests/app/FileContent.h"
 #include "tests/spec/SpecificationEditor.h"
 
 #include <QFile>
@@ -28,7 +30,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void attributeRecord();
     void newEditor();
     void signalAndSlots();
     void orderAndColumns();
@@ -50,18 +51,13 @@ private Q_SLOTS:
     void manyAttributes();
 
 private:
-    void chooseInDialog(const QString& path);
     QTemporaryDir m_folder;
     std::unique_ptr<SpecificationEditor> m_editor;
 };
 
 void SpecificationTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("specification"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
 }
 
 void SpecificationTest::init()
@@ -75,45 +71,6 @@ void SpecificationTest::init()
 void SpecificationTest::cleanup()
 {
     m_editor.reset();
-}
-
-void SpecificationTest::chooseInDialog(const QString& path)
-{
-    QTimer::singleShot(0, this, [path] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        if (path.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-}
-
-void SpecificationTest::attributeRecord()
-{
-    impAttribute record;
-    record.name = "Facies:\xC3\xBC";
-    record.type = "double";
-    record.typeId = 7;
-    record.order = 3;
-    record.width = 99;
-    record.start = 4;
-    record.end = 9;
-    record.precision = 1;
-    QESAttribute attribute(record);
-    QCOMPARE(attribute.name(), QStringLiteral("Facies:ü"));
-    QCOMPARE(attribute.width(), 10);
-    attribute.width() = 5;
-    record.typeId = -2;
-    attribute = record;
-    QVERIFY(attribute.width() == 5 && attribute.typeId() == -2 && attribute.order() == 3 && attribute.start() == 4
-            && attribute.end() == 9 && attribute.precision() == 1);
-    const QESAttribute standard;
-    QVERIFY(standard.type() == QLatin1String("int") && standard.width() == 10 && standard.precision() == 4 && standard.order() == 0);
 }
 
 void SpecificationTest::newEditor()
@@ -544,12 +501,7 @@ void SpecificationTest::saveAndLoad()
 
 void SpecificationTest::loading()
 {
-    const auto write = [this](const char* name, const QByteArray& content) {
-        QFile file(m_folder.filePath(QString::fromLatin1(name)));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
-        return file.fileName();
-    };
+    const auto write = [this](const char* name, const QByteArray& content) { return writeFile(m_folder.filePath(QString::fromLatin1(name)), content); };
     const QByteArray table = "a double 1 8 2\nq int 9 12 0\nX double 13 20 1\n";
     m_editor->offer(words("a b"));
     m_editor->addField(fieldOf("b", 0));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The attribute panel and its page: what is listed, in which order, what is warned about.
-#include "core/saver/QExportAbstractSheetFactory.h"
+#include "tests/core/TestFactories.h"
+#include "tests/wizard/OneObjectSheet.h"
 #include "wizard/QExportAttributeSheet.h"
 #include "wizard/QExportAttributeWidget.h"
-#include "wizard/QExportSheetObjectSelection.h"
 #include "wizard/QExportWizard.h"
 
 #include <QGroupBox>
@@ -17,25 +17,6 @@ using Info = kpBase::UnitRegistry::AttributeInfo;
 
 namespace
 {
-
-class ObjectSheet : public QExportSheetObjectSelection
-{
-protected:
-    void fillObjectList(const std::set<std::string>&) override {}
-    void updateObjectTypes() override {}
-    void matchModelSelection() override {}
-};
-
-class ObjectSheetFactory : public QExportAbstractSheetFactory
-{
-public:
-    ObjectSheetFactory()
-        : QExportAbstractSheetFactory("QExportSheetObjectSelectionImpl", false)
-    {
-    }
-    boost::shared_ptr<QExportAbstractSheet> create_product() override { return boost::shared_ptr<QExportAbstractSheet>(new ObjectSheet); }
-    QExportAbstractSheet* create_product_unmanaged() override { return new ObjectSheet; }
-};
 
 class Wizard : public QExportWizard
 {
@@ -71,7 +52,7 @@ private Q_SLOTS:
     void page();
 
 private:
-    ObjectSheetFactory m_factory;
+    TestSheetFactory m_factory{"QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }};
 };
 
 void AttributesTest::lists_data()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The wizard's pages by themselves.
+#include "tests/TestSettings.h"
 #include "wizard/QExportAttributeWidget.h"
 #include "wizard/QExportSheetSaveFile.h"
 #include "wizard/QExportSheetSaveInfo.h"
@@ -63,11 +64,7 @@ private:
 
 void PagesTest::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("kp-test"));
-    QCoreApplication::setApplicationName(QStringLiteral("pages"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useTestSettings(m_folder.path());
 }
 
 void PagesTest::report()

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The wizard with real savers and pages: sequence of pages, save run, questions answered in the real boxes.
-#include "core/saver/AbstractSaver.h"
-#include "core/saver/AbstractSaverFactory.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
-#include "core/saver/QExportAbstractSheetFactory.h"
 #include "host/ui/WizardProgress.h"
-#include "wizard/QExportSheetObjectSelection.h"
+#include "tests/app/FileContent.h"
+#include "tests/core/TestFactories.h"
+#include "tests/wizard/OneObjectSheet.h"
 #include "wizard/QExportWizard.h"
-#include "wizard/QObjectListModel.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -92,33 +90,6 @@ public:
     }
 };
 
-class TestSaverFactory : public AbstractSaverFactory
-{
-public:
-    TestSaverFactory(const char* key, const char* formatName, const char* display)
-        : AbstractSaverFactory(key, false)
-        , m_make([key, formatName, display] { return new TestSaver(key, formatName, display); })
-    {
-    }
-    boost::shared_ptr<AbstractSaver> create_product() override { return boost::shared_ptr<AbstractSaver>(m_make()); }
-    AbstractSaver* create_product_unmanaged() override { return m_make(); }
-
-private:
-    std::function<AbstractSaver*()> m_make;
-};
-
-class ObjectSheet : public QExportSheetObjectSelection
-{
-protected:
-    void fillObjectList(const std::set<std::string>&) override
-    {
-        m_model->addName(QStringLiteral("A"), 1, QStringLiteral("t"), true);
-        m_model->resetModel();
-    }
-    void updateObjectTypes() override {}
-    void matchModelSelection() override {}
-};
-
 class OptionSheet : public QWidget, public QExportAbstractOptionSheet
 {
 public:
@@ -129,25 +100,6 @@ public:
     using QExportAbstractOptionSheet::initialize;
     void initialize(const QString&) override { m_pageWidget = this; }
     QString optionSummary() const override { return {}; }
-};
-
-class TestSheetFactory : public QExportAbstractSheetFactory
-{
-public:
-    using Make = std::function<QExportAbstractSheet*()>;
-    TestSheetFactory(const char* key, Make make)
-        : QExportAbstractSheetFactory(key, false)
-        , m_make(std::move(make))
-    {
-    }
-    boost::shared_ptr<QExportAbstractSheet> create_product() override
-    {
-        return boost::shared_ptr<QExportAbstractSheet>(m_make());
-    }
-    QExportAbstractSheet* create_product_unmanaged() override { return m_make(); }
-
-private:
-    Make m_make;
 };
 
 class TestWizard : public QExportWizard
@@ -217,14 +169,14 @@ private:
 void WizardTest::initTestCase()
 {
     const auto saver = [this](const char* key, const char* name, const char* display) {
-        m_savers.push_back(std::make_unique<TestSaverFactory>(key, name, display));
+        m_savers.push_back(std::make_unique<TestSaverFactory>(key, [=] { return new TestSaver(key, name, display); }));
     };
     saver("old", "KLX 1.6", "Old");
     saver("plain", "Plain", "Plain");
     saver("hidden", "Hidden", "");
     saver("opt", "Options", "With options");
     saver("new", "KLX 2.1", "New");
-    m_sheets.push_back(std::make_unique<TestSheetFactory>("QExportSheetObjectSelectionImpl", [] { return new ObjectSheet; }));
+    m_sheets.push_back(std::make_unique<TestSheetFactory>("QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }));
     m_sheets.push_back(std::make_unique<TestSheetFactory>("opt", [] { return new OptionSheet; }));
 }
 
@@ -237,12 +189,7 @@ void WizardTest::init()
 QString WizardTest::file(const char* name, const char* content)
 {
     const QString path = m_folder->filePath(QString::fromLatin1(name));
-    if (content) {
-        QFile out(path);
-        if (out.open(QIODevice::WriteOnly))
-            out.write(content);
-    }
-    return path;
+    return content ? writeFile(path, content) : path;
 }
 
 std::unique_ptr<TestWizard> WizardTest::wizardAtFormat(int format)
