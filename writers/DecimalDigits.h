@@ -42,15 +42,30 @@ constexpr std::uint64_t eightZeros = 0x3030303030303030ULL;
 constexpr std::uint64_t tenToTheEighth = 100000000ULL;
 constexpr std::uint64_t tenToTheSixteenth = tenToTheEighth * tenToTheEighth;
 
-/// The eight decimal digits of a number below 10^8, one a byte, the first one lowest in memory: halves of four,
-/// two and one digit are split side by side in one word. For machines that store the lowest byte first.
+/// The digits of "000" to "999" as numbers, one a byte, the first one lowest.
+struct ThreeDigits
+{
+    std::uint32_t of[1000];
+};
+
+constexpr ThreeDigits makeThreeDigits()
+{
+    ThreeDigits table = {};
+    for (std::uint32_t number = 0; number < 1000; ++number)
+        table.of[number] = number / 100 | (number / 10 % 10) << 8 | (number % 10) << 16;
+    return table;
+}
+
+constexpr ThreeDigits threeDigits = makeThreeDigits();
+
+/// The eight decimal digits of a number below 10^8, one a byte, the first one lowest. Such words go to memory as they
+/// are, for machines that store the lowest byte first.
 inline std::uint64_t eightDigits(std::uint32_t number)
 {
-    const std::uint64_t fours = number / 10000 | static_cast<std::uint64_t>(number % 10000) << 32;
-    const std::uint64_t hundreds = (fours * 5243 >> 19) & 0x0000007f0000007fULL;
-    const std::uint64_t pairs = hundreds | (fours - hundreds * 100) << 16;
-    const std::uint64_t tens = (pairs * 103 >> 10) & 0x000f000f000f000fULL;
-    return tens | (pairs - tens * 10) << 8;
+    const std::uint32_t thousands = number / 1000;
+    const std::uint32_t millions = thousands / 1000;
+    return threeDigits.of[millions] >> 8 | static_cast<std::uint64_t>(threeDigits.of[thousands - millions * 1000]) << 16
+           | static_cast<std::uint64_t>(threeDigits.of[number - thousands * 1000]) << 40;
 }
 
 /// The sixteen digits of a number below 10^16 as characters.
@@ -83,11 +98,6 @@ template <Tie tie, typename Word> Word halved(Word product, int places)
 /// False when the result has more than 64 bits.
 template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
 {
-    constexpr int largestNarrowPrecision = 3; // 2^53 * 10^3 fits in 63 bits
-    if (precision <= largestNarrowPrecision && exponent < 0 && exponent > -64) {
-        result = halved<tie>(mantissa * powersOfTen[precision], -exponent);
-        return true;
-    }
     const Wide product = static_cast<Wide>(mantissa) * powersOfTen[precision];
     Wide rounded = 0;
     if (exponent >= 0) {
@@ -103,25 +113,9 @@ template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precisi
     return true;
 }
 
-/// "000" to "999", each in four bytes.
-struct ThreeDigits
-{
-    char text[1000][4];
-};
-
-constexpr ThreeDigits makeThreeDigits()
-{
-    ThreeDigits table = {};
-    for (int number = 0; number < 1000; ++number) {
-        table.text[number][0] = static_cast<char>('0' + number / 100);
-        table.text[number][1] = static_cast<char>('0' + number / 10 % 10);
-        table.text[number][2] = static_cast<char>('0' + number % 10);
-    }
-    return table;
-}
-
-constexpr ThreeDigits threeDigits = makeThreeDigits();
-
+/// Precisions for which the product of a mantissa and the power of ten, below 2^53 * 10^3, fits in 63 bits.
+constexpr int largestShortPrecision = 3;
+constexpr std::uint32_t pointAndZeros = 0x3030302eU;
 /// Precisions of writeUsual(), for which one multiplication divides by the power of ten.
 constexpr int largestUsualPrecision = 5;
 /// 2^64 / 10^precision, rounded up. The quotient is exact for numbers below 10^(8 + precision).
@@ -136,16 +130,19 @@ inline char* writeUsual(char* out, std::uint64_t number, int precision)
     const std::uint64_t fraction = number - whole * powersOfTen[precision];
     const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(whole));
     // The last digit counts also when it is 0.
-    const int leadingZeroBits = __builtin_ctzll(digits | 1ULL << 63) & ~7;
-    const std::uint64_t wholeText = (digits | eightZeros) >> leadingZeroBits;
+    const unsigned leadingZeros = static_cast<unsigned>(__builtin_ctzll(digits | 1ULL << 63)) / 8U;
+    const std::uint64_t wholeText = (digits | eightZeros) >> (8U * leadingZeros);
     std::memcpy(out, &wholeText, sizeof wholeText);
-    out += 8U - static_cast<unsigned>(leadingZeroBits) / 8U;
-    *out++ = '.';
-    if (precision <= 3) {
-        std::memcpy(out, threeDigits.text[fraction] + 3 - precision, 3);
-        return out + precision;
+    out += 8U - leadingZeros;
+    if (precision <= largestShortPrecision) {
+        const std::uint32_t text =
+            threeDigits.of[fraction * powersOfTen[largestShortPrecision - precision]] << 8 | pointAndZeros;
+        std::memcpy(out, &text, sizeof text);
+        return out + 1 + precision;
     }
-    const std::uint64_t fractionText = (eightDigits(static_cast<std::uint32_t>(fraction)) | eightZeros) >> 8 * (8 - precision);
+    *out++ = '.';
+    const std::uint64_t fractionText =
+        (eightDigits(static_cast<std::uint32_t>(fraction)) | eightZeros) >> 8 * (8 - precision);
     std::memcpy(out, &fractionText, sizeof fractionText);
     return out + precision;
 }
@@ -160,8 +157,13 @@ template <Tie tie> char* writeMagnitude(char* out, std::uint64_t bits, int preci
         return nullptr;
     // Subnormal numbers have no hidden bit and the exponent of the smallest normal ones.
     const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | (biased != 0 ? 0x10000000000000ULL : 0);
+    const int exponent = (biased == 0 ? 1 : biased) - 1075;
+    constexpr int largestShortExponent = -27; // a value below 2^26, thus of eight digits
+    if (exponent <= largestShortExponent && exponent > -64 && precision > 0 && precision <= largestShortPrecision)
+        return writeUsual(out, halved<tie>(mantissa * powersOfTen[precision], -exponent), precision);
+
     std::uint64_t number = 0;
-    if (!scaled<tie>(mantissa, (biased == 0 ? 1 : biased) - 1075, precision, number) || number >= tenToTheSixteenth)
+    if (!scaled<tie>(mantissa, exponent, precision, number) || number >= tenToTheSixteenth)
         return nullptr;
     if (precision > 0 && precision <= largestUsualPrecision && number < tenToTheEighth * powersOfTen[precision])
         return writeUsual(out, number, precision);

@@ -6,6 +6,7 @@
 #include "writers/VertexCheck.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace kpBaseExport
 {
@@ -13,7 +14,8 @@ namespace kpBaseExport
 namespace
 {
 
-constexpr std::size_t blockSize = 256 * 1024;
+constexpr std::size_t blockSize = 1024 * 1024;
+constexpr std::size_t longestPlainSeparator = 8; // copied as one word
 constexpr int rowsBetweenReports = 4096;
 
 struct PresetHeader
@@ -206,50 +208,81 @@ void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
         return;
     const int rows = object.vertexData().front()->rowCount();
     const std::string between = separatorText();
-    const bool plain = canAppendPlainRows();
-    if (plain)
-        m_plainRows.resize(blockSize + fields.size() * (static_cast<std::size_t>(longestFastNumber) + between.size()) + 1);
+    const bool plain = preparePlainRows(rows, between);
     m_lastPercent = 0;
-    for (int row = 0; row < rows; ++row) {
-        if (progress && row % rowsBetweenReports == 0 && !reportRow(row, rows))
+    for (int start = 0; start < rows; start += rowsBetweenReports) {
+        if (progress && !reportRow(start, rows))
             break;
-        if (!plain || !appendPlainRow(row, between)) {
-            joinPlainRows();
-            appendRow(row, between);
+        const int end = std::min(start + rowsBetweenReports, rows);
+        for (int row = start; row < end;) {
+            if (plain)
+                row = appendPlainRows(row, end, between);
+            if (row < end) {
+                joinPlainRows();
+                appendRow(row, between);
+                ++row;
+            }
+            flushBlock(blockSize);
         }
-        flushBlock(blockSize);
     }
     joinPlainRows();
 }
 
-/// Whether rows are nothing but numbers from memory, joined by a separator.
-bool MatrixDataAsciiExporter::canAppendPlainRows() const
+/// Whether rows are nothing but numbers from memory, joined by a separator. Lists their columns and makes room for
+/// appendPlainRows() then.
+bool MatrixDataAsciiExporter::preparePlainRows(int rows, const std::string& separatorChars)
 {
-    return mode == FieldBased && !m_fieldData.empty()
-           && std::all_of(m_fieldData.begin(), m_fieldData.end(), [](const Source& source) { return source.block.values; });
-}
-
-/// The row as appendRow() writes it, composed in one piece. False, and nothing written, when a value is missing or a
-/// number needs the long way.
-bool MatrixDataAsciiExporter::appendPlainRow(int row, const std::string& separatorChars)
-{
-    char* end = m_plainRows.data() + m_plainSize;
+    m_plainColumns.clear();
+    if (mode != FieldBased || m_fieldData.empty() || separatorChars.size() > longestPlainSeparator)
+        return false;
     for (std::size_t index = 0; index < fields.size(); ++index) {
         const Source& source = m_fieldData[index];
-        if (source.block.missing && source.block.missing[row] != 0)
+        if (!source.block.values)
             return false;
-        if (index > 0) {
-            for (const char character : separatorChars)
-                *end++ = character;
-        }
-        const double number = source.block.values[row];
-        end = writeFixed(end, source.negated ? -number : number, fields[index].precision);
-        if (!end)
-            return false;
+        m_plainColumns.push_back({source.block.values, source.block.missing, fields[index].precision, source.negated});
     }
-    *end++ = '\n';
-    m_plainSize = static_cast<std::size_t>(end - m_plainRows.data());
+    m_plainNull = nullValue.toStdString();
+    const std::size_t longestValue = std::max(static_cast<std::size_t>(longestFastNumber), m_plainNull.size());
+    const std::size_t longestRow = fields.size() * (longestValue + longestPlainSeparator);
+    const std::size_t room = std::min(blockSize, static_cast<std::size_t>(rows) * longestRow) + longestRow;
+    m_plainRows.resize(std::max(m_plainRows.size(), room));
     return true;
+}
+
+/// Rows from \a row on as appendRow() writes them, each composed in one piece. Stops at \a end and before a row in
+/// which a number needs the long way.
+/// \returns the row after the last one
+int MatrixDataAsciiExporter::appendPlainRows(int row, int end, const std::string& separatorChars)
+{
+    char padded[longestPlainSeparator] = {};
+    separatorChars.copy(padded, sizeof padded);
+    char* const block = m_plainRows.data();
+    char* rowEnd = block + m_plainSize;
+    for (; row < end; ++row) {
+        if (m_plainSize >= blockSize) {
+            flushBlock(0);
+            rowEnd = block;
+        }
+        char* out = rowEnd;
+        for (const PlainColumn& column : m_plainColumns) {
+            const bool missing = column.missing && column.missing[row] != 0;
+            if (missing && writeNullValue) {
+                out = std::copy(m_plainNull.begin(), m_plainNull.end(), out);
+            } else {
+                const double number = missing ? 0.0 : column.values[row];
+                out = writeFixed(out, column.negated ? -number : number, column.precision);
+                if (!out)
+                    return row;
+            }
+            std::memcpy(out, padded, sizeof padded);
+            out += separatorChars.size();
+        }
+        out -= separatorChars.size();
+        *out++ = '\n';
+        rowEnd = out;
+        m_plainSize = static_cast<std::size_t>(rowEnd - block);
+    }
+    return row;
 }
 
 void MatrixDataAsciiExporter::joinPlainRows()

@@ -59,6 +59,15 @@ private:
         bool negated = false;
     };
 
+    /// A source of plain rows, with what its field makes of the numbers.
+    struct PlainColumn
+    {
+        const double* values;
+        const unsigned char* missing;
+        int precision;
+        bool negated;
+    };
+
     QString headerName(std::size_t field) const;
     std::string separatorText() const;
     void resolve(const GeoObject* object);
@@ -68,14 +77,16 @@ private:
     int finishAscii(const FieldInfo& field, std::size_t start);
     void appendRows(const GeoObject& object);
     void appendRow(int row, const std::string& separatorChars);
-    bool canAppendPlainRows() const;
-    bool appendPlainRow(int row, const std::string& separatorChars);
+    bool preparePlainRows(int rows, const std::string& separatorChars);
+    int appendPlainRows(int row, int end, const std::string& separatorChars);
     void joinPlainRows();
     bool reportRow(int row, int rows);
     void flushBlock(std::size_t limit);
     Source sourceOf(const FieldInfo& field, const kpBase::MatrixData* matrix) const;
 
     std::vector<Source> m_fieldData; ///< one per field; points into the object
+    std::vector<PlainColumn> m_plainColumns;
+    std::string m_plainNull; ///< what stands for a missing value there
     std::string m_block;
     std::vector<char> m_plainRows;      ///< follow m_block; their room is made once
     std::size_t m_plainSize = 0;        ///< characters of m_plainRows in use

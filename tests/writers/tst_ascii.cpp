@@ -225,6 +225,7 @@ void AsciiTest::rowsOfNumbers()
         writer.separator = 4;
         writer.customSeparator = QStringLiteral(" :: ");
         writer.writeNullValue = true;
+        writer.nullValue = QString(100, QLatin1Char('9')); // longer than any number's room
         writer.insertLineBreaks = true;
         writer.zIsElevation = false;
         writer.fields = {field("x", 2), field("z", 6), field("x", 0)};
