@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/saver/FileNaming.h"
 
-#include <QFileInfo>
-#include <QMap>
 #include <QtTest>
 
 #include <random>
@@ -90,19 +88,6 @@ private Q_SLOTS:
                 objects.push_back(pool[random() % pool.size()]);
             QCOMPARE(fileNamesPerObject(QStringLiteral("/o/m.d"), objects), plainNames(QStringLiteral("/o/m.d"), objects));
         }
-    }
-
-    void manyLikeNames()
-    {
-        // Half share one name; the other half have taken the numbers that they would get. A quadratic search would
-        // not end within the time of a test.
-        std::vector<std::string> objects;
-        for (int index = 1; index <= 50000; ++index) {
-            objects.push_back("A");
-            objects.push_back("A_" + std::to_string(index));
-        }
-        QStringList names = fileNamesPerObject(QStringLiteral("/o/m.d"), objects);
-        QCOMPARE(names.removeDuplicates(), 0);
     }
 };
 

@@ -3,10 +3,6 @@
 #include "host/data/FormatFile.h"
 #include "tests/app/FileContent.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonDocument>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <limits>

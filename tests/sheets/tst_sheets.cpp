@@ -15,9 +15,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
-#include <QSettings>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <deque>

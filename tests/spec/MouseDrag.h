@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTableWidget>
-#include <QTimer>
 #include <QWindow>
 #include <QtTest>
 

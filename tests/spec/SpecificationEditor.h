@@ -6,8 +6,6 @@
 #include "spec/QExportSpecification.h"
 #include "tests/wizard/FileDialog.h"
 
-#include <QSet>
-#include <QStringList>
 #include <QtTest>
 
 #include <memory>

@@ -5,11 +5,7 @@
 #include "tests/app/FileContent.h"
 #include "tests/spec/SpecificationEditor.h"
 
-#include <QRandomGenerator>
-#include <QSettings>
-#include <QSignalSpy>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -475,28 +471,6 @@ private Q_SLOTS:
         fresh.loadFormat(*back);
         QCOMPARE(fresh.columns(), m_editor->columns());
         QVERIFY(fresh.missing.isEmpty());
-    }
-
-    void manyAttributes()
-    {
-        QStringList names;
-        for (int index = 0; index < 5000; ++index)
-            names.append((index % 5 == 0 ? QStringLiteral("group %1:").arg(index % 100) : QString())
-                         + QStringLiteral("attribute %1").arg(index));
-        m_editor->offer(names);
-        m_editor->activate();
-        QCOMPARE(m_editor->listed().size(), 4000 + 20);
-        m_editor->setAttributeFilter(QStringLiteral("499"));
-        QCOMPARE(m_editor->listed().size(), 14 + 1);
-        m_editor->setAttributeFilter(QString());
-        for (const QString& name : qAsConst(names))
-            m_editor->addField(m_editor->attributes()[name]);
-        m_editor->activate();
-        QCOMPARE(m_editor->size(), 5000);
-        QCOMPARE(m_editor->fault(), QString());
-        m_editor->deleteAttributeFromSpec(m_editor->attributes()[names[2500]]);
-        QCOMPARE(m_editor->size(), 4999);
-        QCOMPARE(m_editor->fault(), QString());
     }
 
 private:

@@ -2,10 +2,8 @@
 #pragma once
 
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QTimer>
 #include <QtTest>
 
 /// What a file dialog showed when it came up.

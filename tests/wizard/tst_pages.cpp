@@ -6,10 +6,7 @@
 #include "wizard/QExportSheetSaveInfo.h"
 #include "wizard/QObjectListModel.h"
 
-#include <QSettings>
-#include <QSignalSpy>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTextEdit>
 #include <QtTest>
 

@@ -7,12 +7,9 @@
 #include "tests/wizard/WizardUnderTest.h"
 
 #include <QComboBox>
-#include <QDir>
 #include <QMessageBox>
 #include <QStackedWidget>
-#include <QTemporaryDir>
 #include <QTextEdit>
-#include <QTimer>
 #include <QtTest>
 
 #include <functional>

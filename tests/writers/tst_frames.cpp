@@ -9,9 +9,6 @@
 #include "writers/MatrixDataOpenTecLinkExporter.h"
 #include "writers/StreamNumber.h"
 
-#include <QCoreApplication>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
