@@ -69,7 +69,7 @@ private Q_SLOTS:
     {
         useTestSettings(m_folder.path());
         for (const SheetUnderTest& sheet : allSheets()) {
-            m_savers.emplace_back(sheet.name, [&sheet] { return new SilentSaver(sheet.name); });
+            m_savers.emplace_back(sheet.name);
             m_sheets.emplace_back(sheet.name, sheet.make);
         }
     }
@@ -275,7 +275,8 @@ private Q_SLOTS:
                     edit->setText(text);
                     QTest::keyClick(edit, Qt::Key_Tab);
                     QTRY_COMPARE(error->isVisible(), text != path);
-                    QVERIFY(sheet.inputGridFound == (text == path) && wizard->nextButton()->isEnabled() == (text == path));
+                    QCOMPARE(sheet.inputGridFound, text == path);
+                    QCOMPARE(wizard->nextButton()->isEnabled(), text == path);
                 }
             }
             // A cancelled dialog changes nothing and is not remembered.
@@ -392,7 +393,7 @@ private:
 
     QTemporaryDir m_folder;
     std::deque<TestSheetFactory> m_sheets;
-    std::deque<TestSaverFactory> m_savers;
+    std::deque<SilentSaverFactory> m_savers;
     TestSheetFactory m_objects{"QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }};
 };
 

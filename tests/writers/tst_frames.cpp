@@ -4,6 +4,7 @@
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
 #include "host/data/kpProductInfo.h"
+#include "tests/app/FileContent.h"
 #include "writers/MatrixDataDXFExporter.h"
 #include "writers/MatrixDataKMLExporter.h"
 #include "writers/MatrixDataOpenTecLinkExporter.h"
@@ -29,13 +30,32 @@ DoubleMatrixData::Values numbers(std::vector<double> values)
     return std::make_shared<const std::vector<double>>(std::move(values));
 }
 
-/// Matrices of the given lengths: the first lengths are vertex matrices, the last an attribute.
-void fill(GeoObject& record, int vertices, int attributeRows)
+/// A matrix of that many rows.
+kpBase::MatrixData* rowsOf(int rows)
 {
-    record.vertexData().push_back(
-        new DoubleMatrixData(QStringLiteral("X"), numbers(std::vector<double>(static_cast<std::size_t>(vertices)))));
-    record.vertexAttributeData().push_back(new DoubleMatrixData(
-        QStringLiteral("A"), numbers(std::vector<double>(static_cast<std::size_t>(attributeRows)))));
+    return new DoubleMatrixData(QStringLiteral("A"), numbers(std::vector<double>(static_cast<std::size_t>(rows))));
+}
+
+/// A segment of a section through variants, x, y and z one after the other.
+kpBase::MatrixData* segment(const char* name, const QVector<QVariant>& values)
+{
+    return new kpBase::VariantMatrixData(QString::fromLatin1(name), kpBase::MatrixData::Double, values, 3);
+}
+
+/// Why a writer does not take a record with these numbers of rows.
+template <typename Writer>
+QByteArray refusal(const std::vector<int>& vertexRows, int attributeRows)
+{
+    Writer writer;
+    for (const int rows : vertexRows)
+        writer.geoObject()->vertexData().push_back(rowsOf(rows));
+    writer.geoObject()->vertexAttributeData().push_back(rowsOf(attributeRows));
+    try {
+        writer.writeGeo(writer.geoObject());
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+    return "written";
 }
 
 } // namespace
@@ -56,44 +76,25 @@ private Q_SLOTS:
         kpProductInfo::instance().set_product_name("Modeller 7");
         MatrixDataDXFExporter writer(m_path);
         QVERIFY(writer.fileOpen());
-        fill(*writer.geoObject(), 2, 3);
+        writer.geoObject()->vertexData().push_back(rowsOf(2));
+        writer.geoObject()->vertexAttributeData().push_back(rowsOf(3));
         QVERIFY_EXCEPTION_THROWN(writer.writeGeo(writer.geoObject()), std::logic_error);
         writer.fileClose();
-        QCOMPARE(written(), QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
+        QCOMPARE(contentOf(m_path), QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
                                        "\t0\nSECTION\n\t2\nTABLES\n\t0\nENDSEC\n\t0\nSECTION\n\t2\nBLOCKS\n\t0\nENDSEC\n"
                                        "\t0\nSECTION\n\t2\nENTITIES\n\t0\nENDSEC\n\t0\nEOF\n"));
     }
 
-    void recordIsChecked_data()
-    {
-        QTest::addColumn<int>("vertices");
-        QTest::addColumn<int>("attributeRows");
-        QTest::addColumn<QByteArray>("message");
-        QTest::newRow("no vertex list") << -1 << 0 << QByteArray("No Vertex Data to be exported");
-        QTest::newRow("lengths differ") << 1 << 2
-                                        << QByteArray("Vertex data cannot be exported, wrong number of rows");
-        QTest::newRow("good") << 2 << 2 << QByteArray();
-    }
-
     void recordIsChecked()
     {
-        QFETCH(int, vertices);
-        QFETCH(int, attributeRows);
-        QFETCH(QByteArray, message);
-        std::vector<std::unique_ptr<MatrixDataExporter>> writers;
-        writers.push_back(std::make_unique<MatrixDataDXFExporter>());
-        writers.push_back(std::make_unique<MatrixDataKMLExporter>());
-        for (const auto& writer : writers) {
-            if (vertices >= 0)
-                fill(*writer->geoObject(), vertices, attributeRows);
-            QByteArray thrown;
-            try {
-                writer->writeGeo(writer->geoObject());
-            } catch (const std::logic_error& error) {
-                thrown = error.what();
-            }
-            QCOMPARE(thrown, message);
-        }
+        const QByteArray none = "No Vertex Data to be exported";
+        const QByteArray differ = "Vertex data cannot be exported, wrong number of rows";
+        QCOMPARE(refusal<MatrixDataDXFExporter>({}, 0), none);
+        QCOMPARE(refusal<MatrixDataKMLExporter>({}, 0), none);
+        QCOMPARE(refusal<MatrixDataDXFExporter>({1}, 2), differ);
+        QCOMPARE(refusal<MatrixDataKMLExporter>({1}, 2), differ);
+        QCOMPARE(refusal<MatrixDataDXFExporter>({2}, 2), QByteArray("written"));
+        QCOMPARE(refusal<MatrixDataKMLExporter>({2}, 2), QByteArray("written"));
     }
 
     void kmlDocument()
@@ -118,7 +119,7 @@ private Q_SLOTS:
             "<width>1.5</width></LineStyle><PolyStyle><color>7dff0000</color></PolyStyle></Style>\n"
             "<Style id=\"sectionTrace\"><LineStyle><width>5</width><color>aa0000ff</color></LineStyle></Style>\n"
             "<Style id=\"well\"><IconStyle><color>ffffff00</color><scale>1.0</scale><Icon><href>";
-        const QByteArray text = written();
+        const QByteArray text = contentOf(m_path);
         QVERIFY2(text.startsWith(head), text.constData());
         const int iconEnd = text.indexOf("/mapfiles/kml/pal4/icon25.png</href></Icon></IconStyle></Style>\n");
         QVERIFY(iconEnd > head.size());
@@ -153,22 +154,17 @@ private Q_SLOTS:
     void openTecLink()
     {
         MatrixDataOpenTecLinkExporter writer;
-        writer.sectionPositions =
-            new DoubleMatrixData(QStringLiteral("Trace"), {{numbers({1000, 1500}), nullptr}, {numbers({2000, 2000}), nullptr}});
-        auto segment = std::make_unique<DoubleMatrixData>(
-            QStringLiteral("H1"), std::vector<DoubleMatrixData::Column>{{numbers({0, 500}), nullptr},
-                                                                        {numbers({0, 0}), nullptr},
-                                                                        {numbers({-150, 0}), nullptr}});
-        segment->setColor(QStringLiteral("#ff0000"));
-        segment->setGeoType(QStringLiteral("Horizon"));
-        writer.geoObject()->sectionData().push_back(segment.release());
+        using Columns = std::vector<DoubleMatrixData::Column>;
+        const Columns trace{{numbers({1000, 1500}), nullptr}, {numbers({2000, 2000}), nullptr}};
+        writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), trace);
+        const Columns points{{numbers({0, 500}), nullptr}, {numbers({0, 0}), nullptr}, {numbers({-150, 0}), nullptr}};
+        auto* horizon = new DoubleMatrixData(QStringLiteral("H1"), points);
+        horizon->setColor(QStringLiteral("#ff0000"));
+        horizon->setGeoType(QStringLiteral("Horizon"));
         // The same through variants, and a segment without points.
-        writer.geoObject()->sectionData().push_back(
-            new kpBase::VariantMatrixData(QStringLiteral("V"), kpBase::MatrixData::Double, {1.0, 2.0, 0.125}, 3));
-        writer.geoObject()->sectionData().push_back(
-            new kpBase::VariantMatrixData(QStringLiteral("E"), kpBase::MatrixData::Double, {}, 3));
+        writer.geoObject()->sectionData() = {horizon, segment("V", {1.0, 2.0, 0.125}), segment("E", {})};
         writer.write(m_path);
-        QCOMPARE(written(),
+        QCOMPARE(contentOf(m_path),
                  QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\nxy_section_position\n"
                             "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n"
                             "open_tec_link_section SectionDummy\n\nsection_age 0.00\n\n"
@@ -186,10 +182,9 @@ private Q_SLOTS:
         writer.sectionAge = 65.6;
         writer.sectionName = QString::fromUtf8("断面");
         writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), numbers({}));
-        writer.geoObject()->sectionData().push_back(
-            new kpBase::VariantMatrixData(QStringLiteral("H"), kpBase::MatrixData::Double, {1.4, 2.6, 1e20}, 3));
+        writer.geoObject()->sectionData().push_back(segment("H", {1.4, 2.6, 1e20}));
         writer.write(m_path);
-        QCOMPARE(written(), QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
+        QCOMPARE(contentOf(m_path), QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
                                        "open_tec_link_section 断面\n\nsection_age 66\n\n"
                                        "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
                                        "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
@@ -199,8 +194,9 @@ private Q_SLOTS:
     {
         // Ties, signs of zero, subnormal, very large and no numbers, and many of every size.
         const double infinite = std::numeric_limits<double>::infinity();
-        std::vector<double> values{0.5,    1.5,   2.5,    0.125,      0.375,  -0.125, 0.0,  -0.0,      -0.001, 1e-320,
-                                   1e15 + 0.5, 18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005, 999999.9999995};
+        std::vector<double> values{0.5, 1.5, 2.5, 0.125, 0.375, -0.125, 0.0, -0.0, -0.001, 1e-320, 1e15 + 0.5,
+                                   18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005,
+                                   999999.9999995};
         std::mt19937_64 random(1);
         std::uniform_real_distribution<double> mantissa(-1, 1);
         std::uniform_int_distribution<int> exponent(-30, 40);
@@ -221,12 +217,6 @@ private Q_SLOTS:
     }
 
 private:
-    QByteArray written() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("could not open");
-    }
-
     QTemporaryDir m_folder;
     QString m_path;
 };
