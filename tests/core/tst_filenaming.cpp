@@ -19,28 +19,25 @@ QStringList plainNames(const QString& path, const std::vector<std::string>& obje
                + info.completeSuffix();
     };
     QStringList names;
-    QMap<QString, int> counts;
-    for (const std::string& object : objects) {
+    for (const std::string& object : objects)
         names.append(compose(path, QString::fromStdString(object)));
-        ++counts[names.last()];
-    }
-    const QMap<QString, int> built = counts;
-    for (auto entry = built.begin(); entry != built.end(); ++entry) {
-        const int n = entry.value();
-        if (n < 2)
-            continue;
+    QStringList taken = names;
+    taken.removeDuplicates();
+    taken.sort();
+    const QStringList built = taken;
+    for (const QString& alike : built) {
+        const int n = names.count(alike);
         int j = 0;
         for (QString& name : names) {
-            if (name != entry.key())
+            if (n < 2 || name != alike)
                 continue;
             int number = ++j;
-            QString candidate = compose(entry.key(), QString::number(number));
-            while (counts.contains(candidate)) {
+            name = compose(alike, QString::number(number));
+            while (taken.contains(name)) {
                 number = number <= n + 1 ? n + 2 : number + 1;
-                candidate = compose(entry.key(), QString::number(number));
+                name = compose(alike, QString::number(number));
             }
-            counts[candidate] = 1;
-            name = candidate;
+            taken.append(name);
         }
     }
     return names;
@@ -86,7 +83,8 @@ private Q_SLOTS:
             std::vector<std::string> objects;
             for (auto count = random() % 14; count > 0; --count)
                 objects.push_back(pool[random() % pool.size()]);
-            QCOMPARE(fileNamesPerObject(QStringLiteral("/o/m.d"), objects), plainNames(QStringLiteral("/o/m.d"), objects));
+            const QString path = QStringLiteral("/o/m.d");
+            QCOMPARE(fileNamesPerObject(path, objects), plainNames(path, objects));
         }
     }
 };

@@ -48,7 +48,8 @@ FormatFile layoutOf(const std::vector<impAttribute>& records)
 bool equal(const impAttribute& a, const impAttribute& b)
 {
     return a.label == b.label && a.name == b.name && a.type == b.type && a.typeId == b.typeId && a.order == b.order
-           && a.width == b.width && a.start == b.start && a.end == b.end && a.precision == b.precision && a.flags == b.flags;
+           && a.width == b.width && a.start == b.start && a.end == b.end && a.precision == b.precision
+           && a.flags == b.flags;
 }
 
 impAttribute recordOf(const FormatFile& file, int index)
@@ -69,9 +70,9 @@ class FormatFileTest : public QObject
 private Q_SLOTS:
     void everyMemberComesBack()
     {
-        const std::vector<impAttribute> records{attribute("Facies:sand", 0), attribute("quote\" back\\ line\nend\r\ttab", 1),
-                                                attribute(std::string(10000, 'n'), 2), attribute("\xE5\x9C\xB0", 3),
-                                                attribute("{\"fields\":[", 4), named("d")};
+        const std::vector<impAttribute> records{
+            attribute("Facies:sand", 0), attribute("quote\" back\\ line\nend\r\ttab", 1), attribute("\xE5\x9C\xB0", 2),
+            attribute(std::string(10000, 'n'), 3), attribute("{\"fields\":[", 4), named("d")};
         FormatFile file = layoutOf(records);
         file.type() = FormatFile::ColumnBased;
         file.name() = QStringLiteral("/a \"b\"\\c\nд.klf");
@@ -91,9 +92,10 @@ private Q_SLOTS:
         impAttribute record = named("X");
         record.type = "double";
         QCOMPARE(layoutOf({record}).toBytes(),
-                 QByteArray("{\n  \"format\": \"kp-layout\",\n  \"version\": 1,\n  \"type\": \"fields\",\n  \"name\": \"\",\n"
-                            "  \"fields\": [\n    {\"name\": \"X\", \"type\": \"double\", \"label\": \"\", \"typeId\": -5, "
-                            "\"order\": -1, \"width\": 10, \"start\": 0, \"end\": 0, \"precision\": 2, \"flags\": 0}\n  ]\n}\n"));
+                 QByteArray("{\n  \"format\": \"kp-layout\",\n  \"version\": 1,\n  \"type\": \"fields\",\n"
+                            "  \"name\": \"\",\n  \"fields\": [\n    {\"name\": \"X\", \"type\": \"double\", "
+                            "\"label\": \"\", \"typeId\": -5, \"order\": -1, \"width\": 10, \"start\": 0, "
+                            "\"end\": 0, \"precision\": 2, \"flags\": 0}\n  ]\n}\n"));
     }
 
     void unknownKeysStay()

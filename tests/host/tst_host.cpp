@@ -8,12 +8,8 @@
 #include "host/ui/Wizard.h"
 #include "host/ui/WizardProgress.h"
 
-#include <QColor>
-#include <QComboBox>
-#include <QIcon>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace kpBase;
 
@@ -34,11 +30,6 @@ public:
 class TestWizard : public Wizard
 {
 public:
-    TestWizard()
-    {
-        for (const char* title : {"a", "b", "c"})
-            pages.push_back(new Page(QString::fromLatin1(title)));
-    }
     QString sequence() const
     {
         QString titles;
@@ -52,13 +43,15 @@ public:
         return titles;
     }
 
-    std::vector<Page*> pages; ///< children of the dialog once they have been added
+    std::vector<Page*> pages; ///< children of the dialog
 
 protected:
     void populate_sheets() override
     {
-        for (Page* page : pages)
-            add_sheet(page);
+        for (const char* title : {"a", "b", "c"}) {
+            pages.push_back(new Page(QString::fromLatin1(title)));
+            add_sheet(pages.back());
+        }
     }
 };
 
@@ -155,11 +148,12 @@ private Q_SLOTS:
     void icons()
     {
         QStringList files;
-        for (const char* name : {"arrow_left", "arrow_right", "disk", "error", "folder_page", "geocell_small", "gridSurface",
-                                 "image", "polygon", "trimesh", "well"})
+        for (const char* name : {"arrow_left", "arrow_right", "disk", "error", "folder_page", "geocell_small",
+                                 "gridSurface", "image", "polygon", "trimesh", "well"})
             files.append(QStringLiteral(":/kpBaseQt/Resources/%1.png").arg(QLatin1String(name)));
         for (const char* name : {"line", "pin", "point", "post", "text"})
-            files.append(QStringLiteral(":/2DKelvo/Resources/2DKelvo/iconobject_insert%1.png").arg(QLatin1String(name)));
+            files.append(QLatin1String(":/2DKelvo/Resources/2DKelvo/iconobject_insert") + QLatin1String(name)
+                         + QLatin1String(".png"));
         for (const QString& file : qAsConst(files))
             QVERIFY2(QIcon(file).pixmap(16).size() == QSize(16, 16), qPrintable(file));
     }

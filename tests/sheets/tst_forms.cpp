@@ -4,11 +4,7 @@
 #include "tests/sheets/SheetsUnderTest.h"
 
 #include "core/saver/AttributeNamesSheet.h"
-
-#include <QAbstractButton>
-#include <QGridLayout>
-#include <QLabel>
-#include <QtTest>
+#include "tests/wizard/WizardUnderTest.h"
 
 #include <algorithm>
 #include <memory>
@@ -87,18 +83,6 @@ QString headOf(const QWidget& page)
     return parts.join(QStringLiteral(", "));
 }
 
-/// The names of the controls in the order in which the Tab key visits them.
-QString tabOrder(QWidget& page)
-{
-    QStringList names;
-    for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
-        const bool reached = next->isVisible() && (next->focusPolicy() & Qt::TabFocus) != 0 && !next->focusProxy();
-        if (reached && !next->objectName().startsWith(QLatin1String("qt_")))
-            names.append(next->objectName());
-    }
-    return names.join(QLatin1Char(' '));
-}
-
 const QString files = QStringLiteral(R"(fileGroup QGroupBox
  fileLabel QLabel "Create" @0,0
  m_singleRadio QRadioButton "Single file" on @1,1
@@ -119,11 +103,6 @@ QString container(QString content)
     return QStringLiteral("m_exportAttributesCheck QWidget\n ") + content + QLatin1Char('\n');
 }
 
-QString unitsGroup(const char* selector)
-{
-    return QStringLiteral("unitsGroup QGroupBox\n m_units %1\n").arg(QLatin1String(selector));
-}
-
 } // namespace
 
 class FormsTest : public QObject
@@ -142,6 +121,7 @@ private Q_SLOTS:
         const QString panel = QStringLiteral("QExportAttributeWidget kpBaseExport::QExportAttributeWidget\n");
         const QString panelTabs = QStringLiteral("m_attributeList m_selectAllButton m_deselectAllButton");
         const QString restricted = QStringLiteral("m_units QRestrictedImportUnitSelector\n");
+        const QString units = QStringLiteral("unitsGroup QGroupBox\n m_units QImportUnitSelector\n");
         const QString unitTabs = QStringLiteral("m_lengthUnit m_elevation m_depth");
         const QString fileTabs = QStringLiteral(" m_singleRadio m_multipleRadio m_filePrefix m_useSetsAsFilenames "
                                                 "m_fileSetComboBox m_useObjectAsFilenames");
@@ -156,7 +136,7 @@ private Q_SLOTS:
             unitTabs + QStringLiteral(" m_export3DCheck m_export2DMapCheck m_export2DSectionCheck") + fileTabs
                 + QStringLiteral(" m_useSetsAsLayers m_layerSetComboBox m_useObjectTypesAsLayers m_noLayers "
                                  "m_surface3DFaceCheck m_surfacePointsCheck m_surfaceBoundaryCheck"),
-            container(unitsGroup("QImportUnitSelector") + QStringLiteral(R"x(exportTypeGroup QGroupBox
+            container(units + QStringLiteral(R"x(exportTypeGroup QGroupBox
  exportTypeLabel QLabel "Export as" @0,0
  m_export3DCheck QRadioButton "3D (for loading into other Geology / GIS software)" on @1,1
  m_export2DMapCheck QRadioButton "2D Map (for loading into graphics and presentation software)" @2,1
@@ -176,14 +156,14 @@ meshGroup QGroupBox
         row("QExportSheetAsciiFileSelection", "File Export: Ascii Options, 453x271",
             unitTabs + fileTabs
                 + QStringLiteral(" m_writeHeaderCheck m_insertLinebreaksCheck m_exportSectionCoordinatesCheck"),
-            container(unitsGroup("QImportUnitSelector") + files + QStringLiteral(R"(optionGroup QGroupBox
+            container(units + files + QStringLiteral(R"(optionGroup QGroupBox
  meshLabel QLabel "Options" @0,0-1
  m_writeHeaderCheck QCheckBox "Write Header" on @1,1-2
  m_insertLinebreaksCheck QCheckBox "Insert Line Break between Objects" @2,1-2
  m_exportSectionCoordinatesCheck QCheckBox "Use Section Coordinates" @3,1-2
 )")));
         row("QExportSheet3DStress", "File Export: 3DStress Options, 431x150, KELVO_EXPORT_3DSTRESS_FORMAT",
-            unitTabs + fileTabs, container(unitsGroup("QRestrictedImportUnitSelector") + files));
+            unitTabs + fileTabs, container(QStringLiteral("unitsGroup QGroupBox\n ") + restricted + files));
 
         row("QExportSheetGeoCell",
             "File Export: GeoCellular Grid Options, 545x181, <b>Note:</b>, incomplete, names attributes",
@@ -282,8 +262,9 @@ m_fileGroup QGroupBox
         sheet.startup();
         sheet.activate();
         if (const auto* depth = page->findChild<QWidget*>(QStringLiteral("m_depth"))) {
-            const bool fixed = isOneOf(*page, {"kpBaseExport::QExportSheetDxf", "kpBaseExport::QExportSheetEclipse",
-                                               "kpBaseExport::QExportSheetFlexDecomp", "kpBaseExport::QExportSheetLocace"});
+            const bool fixed =
+                isOneOf(*page, {"kpBaseExport::QExportSheetDxf", "kpBaseExport::QExportSheetEclipse",
+                                "kpBaseExport::QExportSheetFlexDecomp", "kpBaseExport::QExportSheetLocace"});
             QCOMPARE(depth->isEnabled(), !fixed);
         }
         // A page that has been built but not entered is a page of its own, without neighbours.

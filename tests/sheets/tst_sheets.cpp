@@ -9,13 +9,6 @@
 #include "tests/wizard/FileDialog.h"
 #include "tests/wizard/WizardUnderTest.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QListWidget>
-#include <QTableView>
 #include <QtTest>
 
 #include <deque>
@@ -76,10 +69,7 @@ private Q_SLOTS:
 
     void oneFileOrSeveral_data()
     {
-        QTest::addColumn<bool>("unused");
-        for (const char* format : {"QExportSheetGocad", "QExportSheetDxf", "QExportSheetAsciiFileSelection",
-                                   "QExportSheet3DStress"})
-            QTest::newRow(format) << true;
+        rows({"QExportSheetGocad", "QExportSheetDxf", "QExportSheetAsciiFileSelection", "QExportSheet3DStress"});
     }
 
     void oneFileOrSeveral()
@@ -200,12 +190,7 @@ private Q_SLOTS:
         QVERIFY(wizard->selectedAttributeNames().empty());
     }
 
-    void gridIsAccepted_data()
-    {
-        QTest::addColumn<bool>("unused");
-        for (const char* format : {"QExportSheetGeoCell", "QExportSheetEclipse", "QExportSheetRescue"})
-            QTest::newRow(format) << true;
-    }
+    void gridIsAccepted_data() { rows({"QExportSheetGeoCell", "QExportSheetEclipse", "QExportSheetRescue"}); }
 
     void gridIsAccepted()
     {
@@ -379,6 +364,13 @@ private Q_SLOTS:
     }
 
 private:
+    static void rows(std::initializer_list<const char*> pages)
+    {
+        QTest::addColumn<bool>("none");
+        for (const char* page : pages)
+            QTest::newRow(page) << true;
+    }
+
     /// The wizard with the format's page shown.
     static std::unique_ptr<WizardUnderTest> wizardAt(const char* format)
     {

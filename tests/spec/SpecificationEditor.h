@@ -19,15 +19,11 @@ public:
     using QExportSpecification::attributes;
     using QExportSpecification::deleteAttributeFromSpec;
     using QExportSpecification::fields;
-    using QExportSpecification::getFormatFile;
     using QExportSpecification::loadFormat;
     using QExportSpecification::moveField;
-    using QExportSpecification::onLoadFormatClicked;
-    using QExportSpecification::onSaveFormatClicked;
     using QExportSpecification::populateAttributes;
     using QExportSpecification::savedFormat;
     using QExportSpecification::setAttributeFilter;
-    using QExportSpecification::specification;
 
     void setGridIndices(bool on) { m_gridIndices = on; }
 
@@ -134,8 +130,8 @@ inline QPoint middleOf(QTableWidget* table, int row)
 {
     if (row < table->rowCount())
         return table->visualItemRect(table->item(row, 0)).center();
-    const int below = table->rowCount() == 0 ? 5 : table->visualItemRect(table->item(table->rowCount() - 1, 0)).bottom() + 15;
-    return {20, below};
+    const int last = table->rowCount() - 1;
+    return {20, last < 0 ? 5 : table->visualItemRect(table->item(last, 0)).bottom() + 15};
 }
 
 /// A test with an editor that is shown.

@@ -7,7 +7,6 @@
 #include "tests/spec/SpecificationEditor.h"
 #include "tests/wizard/WizardUnderTest.h"
 
-#include <QFrame>
 #include <QtTest>
 
 #include <limits>
@@ -87,8 +86,8 @@ private Q_SLOTS:
         // What a file that was edited by hand may hold: no overflow, no overlap before the end of the numbers.
         const int most = std::numeric_limits<int>::max();
         const int least = std::numeric_limits<int>::min();
-        QVector<QESAttribute> fields{fieldOf("a", 0, least, most / 2), fieldOf("b", 1, 5, 2), fieldOf("c", 2, most, most),
-                                     fieldOf("d", 3, least, most)};
+        QVector<QESAttribute> fields{fieldOf("a", 0, least, most / 2), fieldOf("b", 1, 5, 2),
+                                     fieldOf("c", 2, most, most), fieldOf("d", 3, least, most)};
         layout::layOut(fields);
         QCOMPARE(fields[0].start(), 0);
         int last = -1;

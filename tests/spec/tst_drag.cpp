@@ -48,18 +48,6 @@ class DragTest : public EditorTest
 private Q_SLOTS:
     void init() { openEditor(); }
 
-    void dragIntoTheTable()
-    {
-        enter("a b c d", {fieldOf("c", 0), fieldOf("d", 1)});
-        QSignalSpy changed(m_editor.get(), &QExportSpecification::onSpecChange);
-        dragByMouse(m_list, 1, m_table, middleOf(m_table, 1));
-        QCOMPARE(m_editor->lists(), QStringLiteral("c b d | a"));
-        QVERIFY(!changed.isEmpty());
-        dragByMouse(m_list, 0, m_table, middleOf(m_table, 3));
-        QCOMPARE(m_editor->lists(), QStringLiteral("c b d a | "));
-        QCOMPARE(m_editor->fault(), QString());
-    }
-
     void dragIntoAGroup()
     {
         enter("a Facies:sand Facies:shale");

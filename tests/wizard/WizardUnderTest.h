@@ -5,8 +5,8 @@
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
 
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 /// The page of objects with one object, chosen.
 class OneObjectSheet : public kpBaseExport::QExportSheetObjectSelection
@@ -50,4 +50,16 @@ inline void click(QWidget& page, const char* name)
     auto* button = child<QAbstractButton>(page, name);
     // Towards the left, where the box of a wide check box is.
     QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
+}
+
+/// The names of the controls in the order in which the Tab key visits them.
+inline QString tabOrder(QWidget& page)
+{
+    QStringList names;
+    for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+        const bool reached = next->isVisible() && (next->focusPolicy() & Qt::TabFocus) != 0 && !next->focusProxy();
+        if (reached && !next->objectName().startsWith(QLatin1String("qt_")))
+            names.append(next->objectName());
+    }
+    return names.join(QLatin1Char(' '));
 }

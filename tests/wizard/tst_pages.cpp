@@ -1,16 +1,29 @@
 // SPDX-License-Identifier: MIT
 // The wizard's pages by themselves.
 #include "tests/TestSettings.h"
+#include "tests/core/TestFactories.h"
 #include "tests/wizard/FileDialog.h"
+#include "tests/wizard/WizardUnderTest.h"
+#include "wizard/QExportAttributeSheet.h"
+#include "wizard/QExportAttributeWidget.h"
 #include "wizard/QExportSheetSaveFile.h"
 #include "wizard/QExportSheetSaveInfo.h"
-#include "wizard/QObjectListModel.h"
 
-#include <QTableView>
-#include <QTextEdit>
 #include <QtTest>
 
 using namespace kpBaseExport;
+
+namespace
+{
+
+class AttributeSheet : public QExportAttributeSheet
+{
+public:
+    QString optionSummary() const override { return {}; }
+    void begin(QExportWizard* wizard) { QExportAttributeSheet::initialize(wizard, QString()); }
+};
+
+} // namespace
 
 class PagesTest : public QObject
 {
@@ -65,16 +78,12 @@ private Q_SLOTS:
     void listModel()
     {
         QObjectListModel model(nullptr, QStringLiteral("Title"));
-        const auto headers = [&model] {
-            QStringList texts;
-            for (int column = 0; column < model.columnCount(); ++column)
-                texts.append(model.headerData(column, Qt::Horizontal).toString());
-            return texts.join(QLatin1Char(' '));
-        };
+        const auto header = [&model](int column) { return model.headerData(column, Qt::Horizontal).toString(); };
         model.addName(QStringLiteral("b"), 7, QStringLiteral("Wells"), true);
         model.addName(QStringLiteral("a"), 3, QStringLiteral("Pins"), false);
         model.resetModel();
-        QCOMPARE(headers(), QStringLiteral("Title Id Type"));
+        QCOMPARE(model.columnCount(), 3);
+        QCOMPARE(header(0) + header(1) + header(2), QStringLiteral("TitleIdType"));
         QCOMPARE(model.data(model.index(0, 0), Qt::TextAlignmentRole).toInt(), 0x81);
         QCOMPARE(model.data(model.index(0, 0).siblingAtColumn(0), Qt::CheckStateRole).toInt(), 2);
         model.setNameInListChecked(QStringLiteral("a"));
@@ -89,7 +98,8 @@ private Q_SLOTS:
         model.addName(QStringLiteral("Top"), 65.5, true);
         model.addName(QStringLiteral("Base"), 70.0, false);
         model.resetModel();
-        QCOMPARE(headers(), QStringLiteral("Title Age"));
+        QCOMPARE(model.columnCount(), 2);
+        QCOMPARE(header(1), QStringLiteral("Age"));
         QVERIFY(model.setData(model.index(0, 0), 66.0, Qt::EditRole));
         QCOMPARE(model.selectedValues(), std::vector<double>{66.0});
         QVERIFY(model.selectedGeoIds().empty());
@@ -107,12 +117,9 @@ private Q_SLOTS:
         view.setModel(&model);
         view.show();
         QSignalSpy spy(&model, &QObjectListModel::objectChecked);
-        QStyleOptionViewItem option;
-        option.initFrom(&view);
-        option.rect = view.visualRect(model.index(0, 0));
-        option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-        const QRect box = view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, box.center());
+        const QRect cell = view.visualRect(model.index(0, 0));
+        const QPoint box = cell.topLeft() + QPoint(10, cell.height() / 2);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, box);
         QCOMPARE(spy.size(), 1);
         QVERIFY(model.selectedGeoIds().empty());
     }
@@ -146,10 +153,85 @@ private Q_SLOTS:
         QCOMPARE(select(sheet, "dat", QString()), m_folder.path());
     }
 
+    void attributes_data()
+    {
+        QTest::addColumn<QString>("supply");
+        QTest::addColumn<int>("unselectable");
+        QTest::addColumn<QString>("listed");
+        QTest::addColumn<QString>("warning");
+        const auto row = [](const char* name, const char* supply, int unselectable, const char* listed,
+                            const char* warning = "") {
+            QTest::newRow(name) << QString::fromLatin1(supply) << unselectable << QString::fromLatin1(listed)
+                                << QString::fromLatin1(warning);
+        };
+        const int text = QExportAttributeWidget::c_systemTypeText;
+        row("sorted whatever the case", "gamma=real Beta=TEXT alpha=Color", 0, "alpha Beta gamma");
+        row("the later of two that differ in case", "depth=real Depth=real", 0, "Depth");
+        row("unsupported, in the order supplied", "Name=text a=real Col=color odd=matrix",
+            text | QExportAttributeWidget::c_systemTypeColor, "a",
+            "Unsupported Attributes for this Format: Name (text), Col (color), odd (matrix)");
+        row("none supported", "Name=text", text, "");
+        row("every type",
+            "a=boolean b=color c=dip d=flag e=integer f=pattern g=real h=realvector2 i=realvector3 j=text "
+            "k=vertexdisplay",
+            0, "a b c d e f g h i j k");
+    }
+
+    void attributes()
+    {
+        QFETCH(QString, supply);
+        QFETCH(int, unselectable);
+        QFETCH(QString, warning);
+        WizardUnderTest wizard;
+        for (const QString& entry : supply.split(QLatin1Char(' ')))
+            wizard.supply.append({entry.section(QLatin1Char('='), 0, 0).toStdString(),
+                                  entry.section(QLatin1Char('='), 1).toStdString()});
+        QExportAttributeWidget panel(&wizard, nullptr);
+        panel.initialize(QString(), QExportAttributeWidget::OBJECT_LEVEL);
+        panel.setUnselectableType(unselectable);
+        panel.show();
+        panel.activate();
+        QStringList shown;
+        for (const std::string& name : panel.selectedAttributeNames())
+            shown.append(QString::fromStdString(name));
+        QTEST(shown.join(QLatin1Char(' ')), "listed");
+        QCOMPARE(child<QGroupBox>(panel, "warningBox")->isVisible(), !warning.isEmpty());
+        if (!warning.isEmpty())
+            QCOMPARE(child<QLabel>(panel, "m_warningLabel")->text(), warning);
+        QVERIFY(!wizard.flags.first && wizard.flags.second);
+    }
+
+    void attributePage()
+    {
+        WizardUnderTest wizard;
+        wizard.supply = {{"a", "real"}, {"b", "real"}};
+        AttributeSheet sheet;
+        sheet.begin(&wizard);
+        QCOMPARE(sheet.windowTitle(), QStringLiteral("File Export: Attribute Export"));
+        QCOMPARE(child<QGroupBox>(sheet, "groupBox")->title(), QStringLiteral("Export  Attributes"));
+        sheet.setAllFlag(true);
+        sheet.setVisibleFlag(false);
+        sheet.activate();
+        QVERIFY(wizard.flags.first && !wizard.flags.second);
+        click(sheet, "m_deselectAllButton");
+        QVERIFY(sheet.selectedAttributeNames().empty() && sheet.isComplete());
+        child<QListWidget>(sheet, "m_attributeList")->item(1)->setCheckState(Qt::Checked);
+        QCOMPARE(sheet.selectedAttributeNames(), std::vector<std::string>{"b"});
+        // Coming back shows everything checked.
+        sheet.activate();
+        QCOMPARE(sheet.selectedAttributeNames().size(), std::size_t(2));
+        // The panel without a wizard has nothing on offer and stays usable.
+        QExportAttributeWidget panel(nullptr, nullptr);
+        panel.initialize(QString(), QExportAttributeWidget::VERTEX_LEVEL);
+        panel.activate();
+        QVERIFY(panel.selectedAttributeNames().empty() && panel.isComplete());
+    }
+
 private:
     static QString textOf(QWidget& sheet) { return sheet.findChild<QTextEdit*>()->toPlainText(); }
 
     QTemporaryDir m_folder;
+    TestSheetFactory m_objects{"QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }};
 };
 
 QTEST_MAIN(PagesTest)

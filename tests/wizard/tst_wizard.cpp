@@ -6,10 +6,6 @@
 #include "tests/core/TestFactories.h"
 #include "tests/wizard/WizardUnderTest.h"
 
-#include <QComboBox>
-#include <QMessageBox>
-#include <QStackedWidget>
-#include <QTextEdit>
 #include <QtTest>
 
 #include <functional>
@@ -218,8 +214,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("alreadyAccepted");
         QTest::addColumn<QString>("answers"); // to as many questions
         QTest::addColumn<int>("accepted");
-        const auto row = [](const char* name, const char* files, bool alreadyAccepted, const char* answers, int accepted) {
-            QTest::newRow(name) << QString::fromLatin1(files) << alreadyAccepted << QString::fromLatin1(answers) << accepted;
+        const auto row = [](const char* name, const char* files, bool already, const char* answers, int accepted) {
+            QTest::newRow(name) << QString::fromLatin1(files) << already << QString::fromLatin1(answers) << accepted;
         };
         row("one, new", "n", false, "", 1);
         row("one, accepted in the file dialog", "e", true, "", 1);

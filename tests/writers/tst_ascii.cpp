@@ -313,7 +313,8 @@ private Q_SLOTS:
             double any = 0.0;
             memcpy(&any, &bits, sizeof any);
             // An exact tie: an odd number of halves of the last decimal's power of two.
-            const double tie = (static_cast<int>(random() % 2000001) - 1000000) / static_cast<double>(1 << (random() % 12));
+            const int halves = static_cast<int>(random() % 2000001) - 1000000;
+            const double tie = static_cast<double>(halves) / (1 << (random() % 12));
             const double usual = coordinate(random);
             for (const double value : {any, tie, usual, std::round(usual * 1000.0) / 1000.0}) {
                 const int precision = static_cast<int>(random() % 19);

@@ -80,9 +80,10 @@ private Q_SLOTS:
         writer.geoObject()->vertexAttributeData().push_back(rowsOf(3));
         QVERIFY_EXCEPTION_THROWN(writer.writeGeo(writer.geoObject()), std::logic_error);
         writer.fileClose();
-        QCOMPARE(contentOf(m_path), QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
-                                       "\t0\nSECTION\n\t2\nTABLES\n\t0\nENDSEC\n\t0\nSECTION\n\t2\nBLOCKS\n\t0\nENDSEC\n"
-                                       "\t0\nSECTION\n\t2\nENTITIES\n\t0\nENDSEC\n\t0\nEOF\n"));
+        QCOMPARE(contentOf(m_path),
+                 QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
+                            "\t0\nSECTION\n\t2\nTABLES\n\t0\nENDSEC\n\t0\nSECTION\n\t2\nBLOCKS\n\t0\nENDSEC\n"
+                            "\t0\nSECTION\n\t2\nENTITIES\n\t0\nENDSEC\n\t0\nEOF\n"));
     }
 
     void recordIsChecked()
@@ -123,32 +124,33 @@ private Q_SLOTS:
         QVERIFY2(text.startsWith(head), text.constData());
         const int iconEnd = text.indexOf("/mapfiles/kml/pal4/icon25.png</href></Icon></IconStyle></Style>\n");
         QVERIFY(iconEnd > head.size());
-        QCOMPARE(text.mid(text.indexOf('\n', iconEnd) + 1),
-                 QByteArray("<name><![CDATA[Карта]]></name>\n<Folder>\n<name><![CDATA[Faults]]></name>\n"
-                            "<Style id=\"LSI1\"><LineStyle><width>2</width><color>aa030201</color></LineStyle></Style>\n"
-                            "<Placemark><name><![CDATA[F1]]></name><styleUrl>#LSI1</styleUrl>\n"
-                            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n"
-                            "-3.190000,55.950000\n-3.180000,55.960000\n</coordinates></LineString></Placemark>\n"
-                            "<Style id=\"PSI2\"><PolyStyle><color>afffffff</color><fill>1</fill></PolyStyle></Style>\n"
-                            "<Placemark><name><![CDATA[]]>]]></name><styleUrl>#PSI2</styleUrl>\n"
-                            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
-                            "</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
-                            "<Placemark><name><![CDATA[S]]></name><styleUrl>#sectionTrace</styleUrl>\n"
-                            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n2.000000,1.000000\n"
-                            "</coordinates></LineString></Placemark>\n</Folder>\n"
-                            "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
-                            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
-                            "20.000000,10.000000\n22.000000,10.000000\n22.000000,11.000000\n20.000000,11.000000\n"
-                            "20.000000,10.000000\n</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
-                            "<Placemark><name><![CDATA[W]]></name>\n<Point><coordinates>\n-2.250000,1.500000\n"
-                            "</coordinates></Point></Placemark>\n"
-                            "<GroundOverlay><name><![CDATA[I]]></name>\n<Icon><href>a&b.png</href></Icon>\n<LatLonBox>\n"
-                            "<north>4.000000</north>\n<south>3.000000</south>\n<east>2.000000</east>\n<west>1.000000</west>\n"
-                            "<rotation>-0.500000</rotation>\n</LatLonBox></GroundOverlay>\n"
-                            "<Placemark><name><![CDATA[P]]></name>\n"
-                            "<description><![CDATA[<img src=\"p.png\" width=640 height=480 />]]></description>\n"
-                            "<Point><coordinates>\n0.000000,0.000000\n</coordinates></Point></Placemark>\n"
-                            "</Document>\n</kml>\n"));
+        const QByteArray body =
+            "<name><![CDATA[Карта]]></name>\n<Folder>\n<name><![CDATA[Faults]]></name>\n"
+            "<Style id=\"LSI1\"><LineStyle><width>2</width><color>aa030201</color></LineStyle></Style>\n"
+            "<Placemark><name><![CDATA[F1]]></name><styleUrl>#LSI1</styleUrl>\n"
+            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n"
+            "-3.190000,55.950000\n-3.180000,55.960000\n</coordinates></LineString></Placemark>\n"
+            "<Style id=\"PSI2\"><PolyStyle><color>afffffff</color><fill>1</fill></PolyStyle></Style>\n"
+            "<Placemark><name><![CDATA[]]>]]></name><styleUrl>#PSI2</styleUrl>\n"
+            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
+            "</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
+            "<Placemark><name><![CDATA[S]]></name><styleUrl>#sectionTrace</styleUrl>\n"
+            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n2.000000,1.000000\n"
+            "</coordinates></LineString></Placemark>\n</Folder>\n"
+            "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
+            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
+            "20.000000,10.000000\n22.000000,10.000000\n22.000000,11.000000\n20.000000,11.000000\n"
+            "20.000000,10.000000\n</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
+            "<Placemark><name><![CDATA[W]]></name>\n<Point><coordinates>\n-2.250000,1.500000\n"
+            "</coordinates></Point></Placemark>\n"
+            "<GroundOverlay><name><![CDATA[I]]></name>\n<Icon><href>a&b.png</href></Icon>\n<LatLonBox>\n"
+            "<north>4.000000</north>\n<south>3.000000</south>\n<east>2.000000</east>\n<west>1.000000</west>\n"
+            "<rotation>-0.500000</rotation>\n</LatLonBox></GroundOverlay>\n"
+            "<Placemark><name><![CDATA[P]]></name>\n"
+            "<description><![CDATA[<img src=\"p.png\" width=640 height=480 />]]></description>\n"
+            "<Point><coordinates>\n0.000000,0.000000\n</coordinates></Point></Placemark>\n"
+            "</Document>\n</kml>\n";
+        QCOMPARE(text.mid(text.indexOf('\n', iconEnd) + 1), body);
     }
 
     void openTecLink()
@@ -170,8 +172,8 @@ private Q_SLOTS:
                             "open_tec_link_section SectionDummy\n\nsection_age 0.00\n\n"
                             "segment\nname H1\ncolor_rgb #ff0000\ntype Horizon\npoints\n"
                             "xyz 0.00 0.00 150.00\nxyz 500.00 0.00 -0.00\npoints-end\nsegment-end\n\n"
-                            "segment\nname V\ncolor_rgb \ntype \npoints\nxyz 1.00 2.00 -0.12\npoints-end\nsegment-end\n\n"
-                            "segment\nname E\ncolor_rgb \ntype \npoints\npoints-end\nsegment-end\n\n"
+                            "segment\nname V\ncolor_rgb \ntype \npoints\nxyz 1.00 2.00 -0.12\npoints-end\n"
+                            "segment-end\n\nsegment\nname E\ncolor_rgb \ntype \npoints\npoints-end\nsegment-end\n\n"
                             "open_tec_link_section-end\n\n"));
     }
 
