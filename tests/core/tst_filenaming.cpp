@@ -50,29 +50,19 @@ class FileNamingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void examples_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("objects");
-        QTest::addColumn<QString>("names");
-        const auto row = [](const char* path, const char* objects, const char* names) {
-            QTest::newRow(objects) << QString::fromUtf8(path) << QString::fromUtf8(objects) << QString::fromUtf8(names);
-        };
-        row("/o/model.dat", "A B A", "/o/model_A_1.dat /o/model_B.dat /o/model_A_2.dat");
-        row("/o/model.dat", "A A_1 A A", "/o/model_A_5.dat /o/model_A_1.dat /o/model_A_2.dat /o/model_A_3.dat");
-        row("/o/model.dat", "A.old A.old", "/o/model_A_1.old.dat /o/model_A_2.old.dat");
-        row("/o/model", "Ö 東", "/o/model_Ö. /o/model_東.");
-    }
-
     void examples()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, objects);
-        QFETCH(QString, names);
-        std::vector<std::string> list;
-        for (const QString& object : objects.split(QLatin1Char(' ')))
-            list.push_back(object.toStdString());
-        QCOMPARE(fileNamesPerObject(path, list), names.split(QLatin1Char(' ')));
+        const auto names = [](const char* path, const char* objects) {
+            std::vector<std::string> list;
+            for (const QString& object : QString::fromUtf8(objects).split(QLatin1Char(' ')))
+                list.push_back(object.toStdString());
+            return fileNamesPerObject(QString::fromUtf8(path), list).join(QLatin1Char(' ')).toUtf8();
+        };
+        QCOMPARE(names("/o/model.dat", "A B A"), QByteArray("/o/model_A_1.dat /o/model_B.dat /o/model_A_2.dat"));
+        QCOMPARE(names("/o/model.dat", "A A_1 A A"),
+                 QByteArray("/o/model_A_5.dat /o/model_A_1.dat /o/model_A_2.dat /o/model_A_3.dat"));
+        QCOMPARE(names("/o/model.dat", "A.old A.old"), QByteArray("/o/model_A_1.old.dat /o/model_A_2.old.dat"));
+        QCOMPARE(names("/o/model", "Ö 東"), QByteArray("/o/model_Ö. /o/model_東."));
     }
 
     void asThePlainRule()

@@ -150,37 +150,34 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isTable");
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("error");
-        const auto json = [](const char* row, const QByteArray& content, const char* error, bool isTable = false) {
-            QTest::newRow(row) << isTable << content << QString::fromLatin1(error);
+        const auto row = [](const char* name, const QByteArray& content, const char* error, bool isTable = false) {
+            QTest::newRow(name) << isTable << content << QString::fromLatin1(error);
         };
-        json("empty", "", "line 1: ");
-        json("no JSON", "X Y Z", "line 1: ");
-        json("a list", "[1]", "line 1: this is no JSON object");
-        json("another format", "{\n\"format\":\"x\"}", "line 2: \"format\" is not");
+        row("empty", "", "line 1: ");
+        row("no JSON", "X Y Z", "line 1: ");
+        row("a list", "[1]", "line 1: this is no JSON object");
+        row("another format", "{\n\"format\":\"x\"}", "line 2: \"format\" is not");
         const QByteArray start = "{\"format\":\"kp-layout\",\n";
-        json("newer version", start + "\n\"version\":2}", "line 3: version 2 is not known");
-        json("other type", start + "\"version\":1,\"type\":\"rows\"}", "line 2: \"type\" is neither");
-        json("no fields", start + "\"version\":1,\"type\":\"fields\"}", "line 1: \"fields\" is no list");
+        row("newer version", start + "\n\"version\":2}", "line 3: version 2 is not known");
+        row("other type", start + "\"version\":1,\"type\":\"rows\"}", "line 2: \"type\" is neither");
+        row("no fields", start + "\"version\":1,\"type\":\"fields\"}", "line 1: \"fields\" is no list");
         const QByteArray head = start + "\"version\":1,\n\"type\":\"fields\",\n\"fields\":[\n{\"name\":\"A\"},\n";
-        json("field is a number", head + "[{\"a\":\"[\"}],\n7]}", "line 6: the field is no object");
-        json("no name", head + "{\"width\":1}]}", "line 6: the field has no");
-        json("width is a text", head + "{\"name\":\"]}{\"},\n{\"name\":\"B\",\n\"width\":\"1\"}]}",
+        row("field is a number", head + "[{\"a\":\"[\"}],\n7]}", "line 6: the field is no object");
+        row("no name", head + "{\"width\":1}]}", "line 6: the field has no");
+        row("width is a text", head + "{\"name\":\"]}{\"},\n{\"name\":\"B\",\n\"width\":\"1\"}]}",
              "line 7: \"width\" is no whole number");
-        json("order is broken", head + "{\"name\":\"B\",\"order\":1.5}]}", "line 6: \"order\" is no whole number");
-        json("start is too large", head + "{\"name\":\"B\",\"start\":1e300}]}", "line 6: \"start\" is no whole number");
-        json("name is a list", head + "{\"name\":[]}]}", "line 6: \"name\" is no text");
-        json("deep", QByteArray(100000, '['), "line 1: ");
-        const auto table = [json](const char* row, const QByteArray& content, const char* error) {
-            json(row, content, error, true);
-        };
-        table("empty table", "# only this\n", "there is no field");
-        table("too few", "X double 1 2 3\n\nY double 1", "line 3: 3 entries instead of");
-        table("no number", "X double a 2 3", "line 1: start \"a\" is no whole number");
-        table("negative", "X double 1 2 -3", "line 1: decimals \"-3\"");
-        table("ends first", "X double 9 2 3", "line 1: the field ends before");
-        table("type", "X float 1 2 3", "line 1: type \"float\" is none of");
-        table("open quote", "\"X double 1 2 3", "line 1: a quote");
-        table("a .klf", FormatFile().toBytes(), "line 1: ");
+        row("order is broken", head + "{\"name\":\"B\",\"order\":1.5}]}", "line 6: \"order\" is no whole number");
+        row("start is too large", head + "{\"name\":\"B\",\"start\":1e300}]}", "line 6: \"start\" is no whole number");
+        row("name is a list", head + "{\"name\":[]}]}", "line 6: \"name\" is no text");
+        row("deep", QByteArray(100000, '['), "line 1: ");
+        row("empty table", "# only this\n", "there is no field", true);
+        row("too few", "X double 1 2 3\n\nY double 1", "line 3: 3 entries instead of", true);
+        row("no number", "X double a 2 3", "line 1: start \"a\" is no whole number", true);
+        row("negative", "X double 1 2 -3", "line 1: decimals \"-3\"", true);
+        row("ends first", "X double 9 2 3", "line 1: the field ends before", true);
+        row("type", "X float 1 2 3", "line 1: type \"float\" is none of", true);
+        row("open quote", "\"X double 1 2 3", "line 1: a quote", true);
+        row("a .klf", FormatFile().toBytes(), "line 1: ", true);
     }
 
     void refused()
