@@ -19,7 +19,6 @@ public:
     using QExportSpecification::attributes;
     using QExportSpecification::deleteAttributeFromSpec;
     using QExportSpecification::fields;
-    using QExportSpecification::loadFormat;
     using QExportSpecification::moveField;
     using QExportSpecification::populateAttributes;
     using QExportSpecification::savedFormat;
@@ -100,13 +99,11 @@ public:
     }
 
     QStringList missing;
+    int refreshed = 0;
 
 protected:
     void attributeMissing(const kpBaseExport::QESAttribute& attribute) override { missing.append(attribute.name()); }
     void refreshAttributes() override { ++refreshed; }
-
-public:
-    int refreshed = 0;
 };
 
 inline kpBaseExport::QESAttribute fieldOf(const char* name, int order, int start = 0, int end = 0)
