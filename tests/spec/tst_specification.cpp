@@ -76,26 +76,6 @@ private Q_SLOTS:
         QCOMPARE(m_list->horizontalHeaderItem(0)->text(), QStringLiteral("Attribute"));
     }
 
-    void insertion()
-    {
-        enter("a b c new", {fieldOf("a", 0, 1, 10), fieldOf("b", 1, 15, 20), fieldOf("c", 2, 30, 35)});
-        m_editor->addAttributeToSpec(1, fieldOf("new", 0));
-        QCOMPARE(m_editor->columns(), QStringLiteral("a 1-10, new 11-21, b 22-27, c 30-35"));
-        QSignalSpy changed(m_editor.get(), &QExportSpecification::onSpecChange);
-        m_editor->addAttributeToSpec(0, fieldOf("new", 0));
-        QCOMPARE(m_editor->size(), 4);
-        QCOMPARE(changed.size(), 1);
-        // A field that has gone leaves its columns empty.
-        m_editor->deleteAttributeFromSpec(fieldOf("b", 0));
-        QCOMPARE(m_editor->columns(), QStringLiteral("a 1-10, new 11-21, c 30-35"));
-        QCOMPARE(m_editor->fault(), QString());
-        // The specification takes the fields over when the page is left.
-        QCOMPARE(m_editor->field(1).name(), QString());
-        m_editor->deactivate();
-        QCOMPARE(m_editor->field(1).name(), QStringLiteral("new"));
-        QVERIFY(m_editor->hasAttribute(QStringLiteral("new")) && !m_editor->hasAttribute(QStringLiteral("b")));
-    }
-
     void groups()
     {
         enter("depth Facies:sand Facies:shale X");
