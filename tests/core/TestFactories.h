@@ -35,6 +35,21 @@ public:
     {
         m_formatDisplay = QString::fromStdString(key);
     }
-    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&, const std::vector<std::string>&) override {}
+    void set_selection(const QString&, const std::vector<int>&, const std::vector<std::string>&,
+                       const std::vector<std::string>&) override
+    {
+    }
     bool save(const std::vector<QString>&, kpBase::AbstractProgress*) override { return true; }
+
+    using AbstractSaver::m_currentDefaultFileFormatExt;
+    using AbstractSaver::m_supportsAttributes;
+};
+
+class SilentSaverFactory : public TestSaverFactory
+{
+public:
+    explicit SilentSaverFactory(const std::string& key, bool isDefault = false)
+        : TestSaverFactory(key, [key] { return new SilentSaver(key); }, isDefault)
+    {
+    }
 };

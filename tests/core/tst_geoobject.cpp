@@ -34,40 +34,35 @@ class GeoObjectTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sizes_data()
-    {
-        QTest::addColumn<QVector<int>>("vertices");
-        QTest::addColumn<QVector<int>>("attributes");
-        QTest::addColumn<bool>("good");
-        QTest::newRow("nothing") << QVector<int>() << QVector<int>{2} << false;
-        QTest::newRow("no rows") << QVector<int>{0} << QVector<int>() << true;
-        QTest::newRow("alike") << QVector<int>{2, 2, 2, 2} << QVector<int>{2, 2} << true;
-        QTest::newRow("vertex matrix differs") << QVector<int>{2, 3} << QVector<int>() << false;
-        QTest::newRow("attribute one row more") << QVector<int>{2} << QVector<int>{2, 3} << false;
-    }
-
     void sizes()
     {
-        QFETCH(QVector<int>, vertices);
-        QFETCH(QVector<int>, attributes);
-        QFETCH(bool, good);
-        {
-            GeoObject record;
-            for (const int rows : qAsConst(vertices))
-                record.vertexData().push_back(new Counted(rows));
-            for (const int rows : qAsConst(attributes))
-                record.vertexAttributeData().push_back(new Counted(rows));
-            record.sectionData() = {new Counted(17), nullptr};
-            record.threeDKelvoFractures() = {nullptr, new Counted(1)};
-            record.name = "A";
-            QCOMPARE(record.checkVectorSizes(), good);
-            record.clearData();
-            QCOMPARE(Counted::alive, 0);
-            QVERIFY(record.name.empty() && record.sectionData().empty() && record.threeDKelvoFractures().empty());
-            record.vertexData().push_back(new Counted(1));
-            QVERIFY(record.checkVectorSizes());
-        }
+        QVERIFY(!accepts({}, {2}));
+        QVERIFY(accepts({0}, {}));
+        QVERIFY(accepts({2, 2, 2, 2}, {2, 2}));
+        QVERIFY(!accepts({2, 3}, {}));
+        QVERIFY(!accepts({2}, {2, 3}));
         QCOMPARE(Counted::alive, 0);
+    }
+
+private:
+    /// Whether a record with these numbers of rows is taken. Afterwards it is cleared, used again and destroyed.
+    static bool accepts(const std::vector<int>& vertices, const std::vector<int>& attributes)
+    {
+        GeoObject record;
+        for (const int rows : vertices)
+            record.vertexData().push_back(new Counted(rows));
+        for (const int rows : attributes)
+            record.vertexAttributeData().push_back(new Counted(rows));
+        record.sectionData() = {new Counted(17), nullptr};
+        record.threeDKelvoFractures() = {nullptr, new Counted(1)};
+        record.name = "A";
+        const bool good = record.checkVectorSizes();
+        record.clearData();
+        const bool empty = record.name.empty() && record.sectionData().empty() && record.threeDKelvoFractures().empty();
+        if (Counted::alive != 0 || !empty)
+            qFatal("something is left after clearData()");
+        record.vertexData().push_back(new Counted(1));
+        return record.checkVectorSizes() && good;
     }
 };
 

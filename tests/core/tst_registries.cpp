@@ -11,26 +11,6 @@ using namespace kpBaseExport;
 namespace
 {
 
-class PlainSaver : public SilentSaver
-{
-public:
-    explicit PlainSaver(const std::string& key, const char* extension = "dat")
-        : SilentSaver(key)
-    {
-        m_currentDefaultFileFormatExt = QString::fromLatin1(extension);
-    }
-    void setSupportsAttributes(bool on) { m_supportsAttributes = on; }
-};
-
-class SaverFactory : public TestSaverFactory
-{
-public:
-    SaverFactory(const std::string& key, bool isDefault)
-        : TestSaverFactory(key, [key] { return new PlainSaver(key); }, isDefault)
-    {
-    }
-};
-
 class PlainSheet : public QExportAbstractOptionSheet
 {
 public:
@@ -45,9 +25,8 @@ public:
     int initialized = 0;
 };
 
-class SheetFactory : public TestSheetFactory
+struct SheetFactory : TestSheetFactory
 {
-public:
     explicit SheetFactory(const std::string& key)
         : TestSheetFactory(key, [] { return new PlainSheet; })
     {
@@ -72,78 +51,75 @@ class RegistriesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void savers();
-    void sheets();
-    void fileNames();
+    void savers()
+    {
+        const QByteArray none = "Abstract factory has no registered concrete factory classes. "
+                                "Please contact Quillmere with a bug-report.";
+        QVERIFY(AbstractSaverFactory::products().empty());
+        QCOMPARE(thrown([] { AbstractSaverFactory::create("x"); }), none);
+        QCOMPARE(thrown([] { AbstractSaverFactory::create_unmanaged(); }), none);
+
+        static SilentSaverFactory second("b");
+        static SilentSaverFactory first("a");
+        QCOMPARE(AbstractSaverFactory::products(), (std::vector<std::string>{"b", "a"}));
+        QCOMPARE(AbstractSaverFactory::create()->key(), std::string("a"));
+        QCOMPARE(AbstractSaverFactory::create("b")->key(), std::string("b"));
+        QCOMPARE(thrown([] { AbstractSaverFactory::create("c"); }),
+                 QByteArray("Abstract factory 'AbstractSaverFactory' does not have the required product name 'c' "
+                            "registered. Please contact Quillmere with a bug-report"));
+        QCOMPARE(thrown([] { SilentSaverFactory("a", true); }),
+                 QByteArray("Two products with name 'a' are attempting to register with abstract factory "
+                            "'AbstractSaverFactory'. Please contact Quillmere with a bug-report."));
+        QCOMPARE(AbstractSaverFactory::products().size(), std::size_t(2));
+
+        static SilentSaverFactory third("c", true);
+        static SilentSaverFactory fourth("d", true);
+        QCOMPARE(AbstractSaverFactory::create("unknown")->key(), std::string("d"));
+        const std::unique_ptr<AbstractSaver> made(AbstractSaverFactory::create_unmanaged());
+        QCOMPARE(made->key(), std::string("d"));
+    }
+
+    void sheets()
+    {
+        QVERIFY(!QExportAbstractOptionSheet::create_unmanaged("x", nullptr, QString()));
+        SilentSaver saver("x");
+        QVERIFY(saver.build_sheets(nullptr).isEmpty());
+
+        // Without a sheet of its own the format gets the attribute sheet, unless it takes no attributes.
+        static SheetFactory attributes("QExportAttributeSheetImpl");
+        SilentSaver plain("x");
+        plain.m_supportsAttributes = false;
+        QVERIFY(plain.build_sheets(nullptr).isEmpty());
+        const QList<QExportAbstractOptionSheet*> made = saver.build_sheets(nullptr);
+        QCOMPARE(made.size(), 1);
+        QCOMPARE(made.first()->key(), std::string("QExportAttributeSheetImpl"));
+        QCOMPARE(static_cast<PlainSheet*>(made.first())->initialized, 1);
+        QCOMPARE(saver.build_sheets(nullptr), made);
+        delete made.first();
+
+        static SheetFactory own("y");
+        const auto sheet = QExportAbstractOptionSheet::create("y", nullptr, QString());
+        QCOMPARE(sheet->key(), std::string("y"));
+        QVERIFY(!sheet->getSheetHandler());
+        QCOMPARE(thrown([] { SheetFactory("y"); }),
+                 QByteArray("Two products with name 'y' are attempting to register with abstract factory "
+                            "'QExportAbstractSheetFactory'. Please contact Quillmere with a bug-report."));
+    }
+
+    void fileNames()
+    {
+        const auto names = [](const char* path, const char* extension) {
+            SilentSaver saver("x");
+            saver.m_currentDefaultFileFormatExt = QString::fromLatin1(extension);
+            QStringList lists[4];
+            saver.generateFileNames(QString::fromLatin1(path), {}, {}, {}, lists[0], lists[1], lists[2], lists[3]);
+            return (lists[0] + lists[1] + lists[2] + lists[3]).join(QLatin1Char('|'));
+        };
+        QCOMPARE(names("/a/out", "dat"), QStringLiteral("/a/out.dat"));
+        QCOMPARE(names("/a/out.txt", "dat"), QStringLiteral("/a/out.txt"));
+        QCOMPARE(names("/a/out", ""), QStringLiteral("/a/out"));
+    }
 };
-
-void RegistriesTest::savers()
-{
-    const QByteArray none = "Abstract factory has no registered concrete factory classes. "
-                            "Please contact Quillmere with a bug-report.";
-    QVERIFY(AbstractSaverFactory::products().empty());
-    QCOMPARE(thrown([] { AbstractSaverFactory::create("x"); }), none);
-    QCOMPARE(thrown([] { AbstractSaverFactory::create_unmanaged(); }), none);
-
-    static SaverFactory second("b", false);
-    static SaverFactory first("a", false);
-    QCOMPARE(AbstractSaverFactory::products(), (std::vector<std::string>{"b", "a"}));
-    QCOMPARE(AbstractSaverFactory::create()->key(), std::string("a"));
-    QCOMPARE(AbstractSaverFactory::create("b")->key(), std::string("b"));
-    QCOMPARE(thrown([] { AbstractSaverFactory::create("c"); }),
-             QByteArray("Abstract factory 'AbstractSaverFactory' does not have the required product name 'c' "
-                        "registered. Please contact Quillmere with a bug-report"));
-    QCOMPARE(thrown([] { SaverFactory("a", true); }),
-             QByteArray("Two products with name 'a' are attempting to register with abstract factory "
-                        "'AbstractSaverFactory'. Please contact Quillmere with a bug-report."));
-    QCOMPARE(AbstractSaverFactory::products().size(), std::size_t(2));
-
-    static SaverFactory third("c", true);
-    static SaverFactory fourth("d", true);
-    QCOMPARE(AbstractSaverFactory::create("unknown")->key(), std::string("d"));
-    const std::unique_ptr<AbstractSaver> made(AbstractSaverFactory::create_unmanaged());
-    QCOMPARE(made->key(), std::string("d"));
-}
-
-void RegistriesTest::sheets()
-{
-    QVERIFY(!QExportAbstractOptionSheet::create_unmanaged("x", nullptr, QString()));
-    PlainSaver saver("x");
-    QVERIFY(saver.build_sheets(nullptr).isEmpty());
-
-    // Without a sheet of its own the format gets the attribute sheet, unless it takes no attributes.
-    static SheetFactory attributes("QExportAttributeSheetImpl");
-    PlainSaver plain("x");
-    plain.setSupportsAttributes(false);
-    QVERIFY(plain.build_sheets(nullptr).isEmpty());
-    const QList<QExportAbstractOptionSheet*> made = saver.build_sheets(nullptr);
-    QCOMPARE(made.size(), 1);
-    QCOMPARE(made.first()->key(), std::string("QExportAttributeSheetImpl"));
-    QCOMPARE(static_cast<PlainSheet*>(made.first())->initialized, 1);
-    QCOMPARE(saver.build_sheets(nullptr), made);
-    delete made.first();
-
-    static SheetFactory own("y");
-    const auto sheet = QExportAbstractOptionSheet::create("y", nullptr, QString());
-    QCOMPARE(sheet->key(), std::string("y"));
-    QVERIFY(!sheet->getSheetHandler());
-    QCOMPARE(thrown([] { SheetFactory("y"); }),
-             QByteArray("Two products with name 'y' are attempting to register with abstract factory "
-                        "'QExportAbstractSheetFactory'. Please contact Quillmere with a bug-report."));
-}
-
-void RegistriesTest::fileNames()
-{
-    const auto names = [](const char* path, const char* extension) {
-        PlainSaver saver("x", extension);
-        QStringList lists[4];
-        saver.generateFileNames(QString::fromLatin1(path), {}, {}, {}, lists[0], lists[1], lists[2], lists[3]);
-        return lists[0].join(QLatin1Char('|')) + lists[1].join(QString()) + lists[2].join(QString()) + lists[3].join(QString());
-    };
-    QCOMPARE(names("/a/out", "dat"), QStringLiteral("/a/out.dat"));
-    QCOMPARE(names("/a/out.txt", "dat"), QStringLiteral("/a/out.txt"));
-    QCOMPARE(names("/a/out", ""), QStringLiteral("/a/out"));
-}
 
 QTEST_GUILESS_MAIN(RegistriesTest)
 #include "tst_registries.moc"

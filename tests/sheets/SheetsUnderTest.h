@@ -20,7 +20,6 @@
 #include "sheets/QExportSheetZMap.h"
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 /// A page as a host makes it: derived, with the operation that the library leaves open.
@@ -31,49 +30,51 @@ public:
     QString optionSummary() const override { return QStringLiteral("summary"); }
 };
 
-/// A page as widget and as sheet.
-struct BuiltSheet
-{
-    std::unique_ptr<QWidget> widget;
-    kpBaseExport::QExportAbstractOptionSheet* sheet = nullptr;
-};
-
+/// A page with its controls, shown, without a wizard.
 template <typename Sheet>
-BuiltSheet build()
+class ShownPage : public Concrete<Sheet>
 {
-    auto page = std::make_unique<Concrete<Sheet>>();
-    kpBaseExport::QExportAbstractOptionSheet* sheet = page.get();
-    static_cast<kpBaseExport::QExportAbstractSheet*>(sheet)->initialize(QStringLiteral("key"));
-    return {std::move(page), sheet};
-}
+public:
+    ShownPage()
+    {
+        static_cast<kpBaseExport::QExportAbstractSheet*>(this)->initialize(QStringLiteral("key"));
+        this->show();
+    }
+};
 
 struct SheetUnderTest
 {
     const char* name;
-    std::function<BuiltSheet()> make;
+    std::function<kpBaseExport::QExportAbstractOptionSheet*()> make;
 };
+
+template <typename Sheet>
+kpBaseExport::QExportAbstractOptionSheet* make()
+{
+    return new Concrete<Sheet>;
+}
 
 inline const std::vector<SheetUnderTest>& allSheets()
 {
     using namespace kpBaseExport;
     static const std::vector<SheetUnderTest> sheets{
-        {"QExportSheetGocad", build<QExportSheetGocad>},
-        {"QExportSheetDxf", build<QExportSheetDxf>},
-        {"QExportSheetAsciiFileSelection", build<QExportSheetAsciiFileSelection>},
-        {"QExportSheet3DStress", build<QExportSheet3DStress>},
-        {"QExportSheetGeoCell", build<QExportSheetGeoCell>},
-        {"QExportSheetEclipse", build<QExportSheetEclipse>},
-        {"QExportSheetRescue", build<QExportSheetRescue>},
-        {"QExportSheetShp", build<QExportSheetShp>},
-        {"QExportSheetTab", build<QExportSheetTab>},
-        {"QExportSheetZMap", build<QExportSheetZMap>},
-        {"QExportSheetOpenTecLink", build<QExportSheetOpenTecLink>},
-        {"QExportSheetGeosec", build<QExportSheetGeosec>},
-        {"QExportSheetFlexDecomp", build<QExportSheetFlexDecomp>},
-        {"QExportSheetLocace", build<QExportSheetLocace>},
-        {"QExportSheetLandmark", build<QExportSheetLandmark>},
-        {"QExportSheetGeoquest", build<QExportSheetGeoquest>},
-        {"QExportSheetOff", build<QExportSheetOff>},
+        {"QExportSheetGocad", make<QExportSheetGocad>},
+        {"QExportSheetDxf", make<QExportSheetDxf>},
+        {"QExportSheetAsciiFileSelection", make<QExportSheetAsciiFileSelection>},
+        {"QExportSheet3DStress", make<QExportSheet3DStress>},
+        {"QExportSheetGeoCell", make<QExportSheetGeoCell>},
+        {"QExportSheetEclipse", make<QExportSheetEclipse>},
+        {"QExportSheetRescue", make<QExportSheetRescue>},
+        {"QExportSheetShp", make<QExportSheetShp>},
+        {"QExportSheetTab", make<QExportSheetTab>},
+        {"QExportSheetZMap", make<QExportSheetZMap>},
+        {"QExportSheetOpenTecLink", make<QExportSheetOpenTecLink>},
+        {"QExportSheetGeosec", make<QExportSheetGeosec>},
+        {"QExportSheetFlexDecomp", make<QExportSheetFlexDecomp>},
+        {"QExportSheetLocace", make<QExportSheetLocace>},
+        {"QExportSheetLandmark", make<QExportSheetLandmark>},
+        {"QExportSheetGeoquest", make<QExportSheetGeoquest>},
+        {"QExportSheetOff", make<QExportSheetOff>},
     };
     return sheets;
 }

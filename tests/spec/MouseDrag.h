@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTableWidget>
-#include <QTimer>
 #include <QWindow>
 #include <QtTest>
 
@@ -14,7 +13,8 @@ inline void dragByMouse(QTableWidget* from, int row, QTableWidget* to, const QPo
     QWidget* source = from->viewport();
     const QPoint start = from->visualItemRect(from->item(row, 0)).center();
     const auto send = [source](QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, source->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
+        const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, at, source->mapToGlobal(at), button, buttons, Qt::NoModifier);
         QApplication::sendEvent(source, &event);
     };
     // The drag runs its own event loop; the rest of the way is made from there.

@@ -4,14 +4,11 @@
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
 #include "spec/QExportSpecification.h"
+#include "tests/wizard/FileDialog.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QSet>
-#include <QStringList>
-#include <QTimer>
 #include <QtTest>
+
+#include <memory>
 
 /// An editor whose attributes the test offers.
 class SpecificationEditor : public kpBaseExport::QExportSpecification
@@ -19,21 +16,13 @@ class SpecificationEditor : public kpBaseExport::QExportSpecification
 public:
     using QExportSpecification::QExportSpecification;
     using QExportSpecification::addAttributeToSpec;
-    using QExportSpecification::addRowToAttribute;
     using QExportSpecification::attributes;
     using QExportSpecification::deleteAttributeFromSpec;
     using QExportSpecification::fields;
-    using QExportSpecification::getFormatFile;
-    using QExportSpecification::loadFormat;
     using QExportSpecification::moveField;
-    using QExportSpecification::onLoadFormatClicked;
-    using QExportSpecification::onSaveFormatClicked;
     using QExportSpecification::populateAttributes;
-    using QExportSpecification::populateFields;
-    using QExportSpecification::populateMap;
     using QExportSpecification::savedFormat;
     using QExportSpecification::setAttributeFilter;
-    using QExportSpecification::specification;
 
     void setGridIndices(bool on) { m_gridIndices = on; }
 
@@ -51,58 +40,70 @@ public:
     /// Rows of the list of attributes.
     QStringList listed() const { return columnOf(*m_attributeTable); }
     QStringList fieldNames() const { return columnOf(*m_fieldTable); }
+    /// The fields and the list of attributes: "a b | c d".
+    QString lists() const
+    {
+        return fieldNames().join(QLatin1Char(' ')) + QStringLiteral(" | ") + listed().join(QLatin1Char(' '));
+    }
     /// "NAME START-END" of each column.
-    QStringList columns() const
+    QString columns() const
     {
         QStringList rows;
-        for (int row = 0; row < m_columnTable->rowCount(); ++row)
-            rows.append(QStringLiteral("%1 %2-%3").arg(cell(*m_columnTable, row, 0), cell(*m_columnTable, row, 1), cell(*m_columnTable, row, 2)));
-        return rows;
+        for (int row = 0; row < m_columnTable->rowCount(); ++row) {
+            const QStringList cells = rowOf(*m_columnTable, row);
+            rows.append(cells[0] + QLatin1Char(' ') + cells[1] + QLatin1Char('-') + cells[2]);
+        }
+        return rows.join(QStringLiteral(", "));
     }
-    static QString cell(const QTableWidget& table, int row, int column) { return table.item(row, column)->text(); }
     static QStringList columnOf(const QTableWidget& table, int column = 0)
     {
         QStringList texts;
         for (int row = 0; row < table.rowCount(); ++row)
-            texts.append(cell(table, row, column));
+            texts.append(table.item(row, column)->text());
+        return texts;
+    }
+    static QStringList rowOf(const QTableWidget& table, int row)
+    {
+        QStringList texts;
+        for (int column = 0; column < table.columnCount(); ++column)
+            texts.append(table.item(row, column)->text());
         return texts;
     }
 
     /// Empty when the tables show the fields row for row, no name occurs twice and no columns overlap.
     QString fault() const
     {
+        const int size = fields().size();
+        if (m_fieldTable->rowCount() != size || m_columnTable->rowCount() != size)
+            return QStringLiteral("%1 fields: %2 and %3 rows").arg(size).arg(fieldNames().size()).arg(columns());
         QSet<QString> names;
         int last = -1;
-        if (m_fieldTable->rowCount() != fields().size() || m_columnTable->rowCount() != fields().size())
-            return QStringLiteral("%1 fields, %2 and %3 rows").arg(fields().size()).arg(m_fieldTable->rowCount()).arg(m_columnTable->rowCount());
-        for (int row = 0; row < fields().size(); ++row) {
+        for (int row = 0; row < size; ++row) {
             if (!fields().contains(row))
                 return QStringLiteral("no field %1").arg(row);
-            const kpBaseExport::QESAttribute& shown = fields()[row];
-            const QStringList wanted{shown.name(), QString::number(shown.width()), QString::number(shown.precision())};
-            const QStringList inFields{cell(*m_fieldTable, row, 0), cell(*m_fieldTable, row, 1), cell(*m_fieldTable, row, 2)};
-            const QStringList wantedColumns{shown.name(), QString::number(shown.start()), QString::number(shown.end()), QString::number(shown.precision())};
-            const QStringList inColumns{cell(*m_columnTable, row, 0), cell(*m_columnTable, row, 1), cell(*m_columnTable, row, 2), cell(*m_columnTable, row, 3)};
-            if (inFields != wanted || inColumns != wantedColumns)
-                return QStringLiteral("row %1 shows %2 / %3").arg(row).arg(inFields.join(QLatin1Char('|')), inColumns.join(QLatin1Char('|')));
-            if (names.contains(shown.name()))
-                return QStringLiteral("%1 twice").arg(shown.name());
-            names.insert(shown.name());
-            if (shown.start() <= last || shown.end() < shown.start())
-                return QStringLiteral("columns overlap: ") + columns().join(QStringLiteral(", "));
-            last = shown.end();
+            const kpBaseExport::QESAttribute& field = fields()[row];
+            const QString decimals = QString::number(field.precision());
+            const QStringList wanted{field.name(), QString::number(field.width()), decimals, field.name(),
+                                     QString::number(field.start()), QString::number(field.end()), decimals};
+            const QStringList shown = rowOf(*m_fieldTable, row) + rowOf(*m_columnTable, row);
+            if (shown != wanted)
+                return QStringLiteral("row %1 shows ").arg(row) + shown.join(QLatin1Char('|'));
+            if (names.contains(field.name()))
+                return field.name() + QStringLiteral(" twice");
+            names.insert(field.name());
+            if (field.start() <= last || field.end() < field.start())
+                return QStringLiteral("columns overlap: ") + columns();
+            last = field.end();
         }
         return {};
     }
 
     QStringList missing;
+    int refreshed = 0;
 
 protected:
     void attributeMissing(const kpBaseExport::QESAttribute& attribute) override { missing.append(attribute.name()); }
     void refreshAttributes() override { ++refreshed; }
-
-public:
-    int refreshed = 0;
 };
 
 inline kpBaseExport::QESAttribute fieldOf(const char* name, int order, int start = 0, int end = 0)
@@ -126,23 +127,41 @@ inline QPoint middleOf(QTableWidget* table, int row)
 {
     if (row < table->rowCount())
         return table->visualItemRect(table->item(row, 0)).center();
-    const int below = table->rowCount() == 0 ? 5 : table->visualItemRect(table->item(table->rowCount() - 1, 0)).bottom() + 15;
-    return {20, below};
+    const int last = table->rowCount() - 1;
+    return {20, last < 0 ? 5 : table->visualItemRect(table->item(last, 0)).bottom() + 15};
 }
 
-/// Answers the next file dialog: with a path, or by cancelling when it is empty.
-inline void chooseInDialog(const QString& path)
+/// A test with an editor that is shown.
+class EditorTest : public QObject
 {
-    QTimer::singleShot(0, qApp, [path] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        if (path.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-}
+protected:
+    void openEditor()
+    {
+        m_editor = std::make_unique<SpecificationEditor>();
+        m_editor->resize(760, 420);
+        m_editor->show();
+        m_list = m_editor->m_attributeTable;
+        m_table = m_editor->m_fieldTable;
+        m_columns = m_editor->m_columnTable;
+        QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));
+    }
+    /// Enters the editor with attributes on offer and fields chosen from them.
+    void enter(const char* offered, const QVector<kpBaseExport::QESAttribute>& chosen = {})
+    {
+        m_editor->offer(words(offered));
+        for (const kpBaseExport::QESAttribute& field : chosen)
+            m_editor->addField(field);
+        m_editor->activate();
+    }
+    /// Chooses an attribute and takes it into the layout.
+    void take(int row)
+    {
+        m_list->setCurrentCell(row, 0);
+        QTest::mouseClick(m_editor->m_toFieldButton, Qt::LeftButton);
+    }
+
+    std::unique_ptr<SpecificationEditor> m_editor;
+    QTableWidget* m_list = nullptr;
+    QTableWidget* m_table = nullptr;
+    QTableWidget* m_columns = nullptr;
+};

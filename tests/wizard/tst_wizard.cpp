@@ -4,19 +4,8 @@
 #include "host/ui/WizardProgress.h"
 #include "tests/app/FileContent.h"
 #include "tests/core/TestFactories.h"
-#include "tests/wizard/OneObjectSheet.h"
-#include "wizard/QExportWizard.h"
+#include "tests/wizard/WizardUnderTest.h"
 
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QTemporaryDir>
-#include <QTextEdit>
-#include <QTimer>
 #include <QtTest>
 
 #include <functional>
@@ -80,7 +69,8 @@ public:
         if (plan.during)
             plan.during(*progress);
         if (!plan.succeed)
-            static_cast<QExportWizard*>(get_wizard())->setErrorMessage(QStringLiteral("<a>.dat"), QStringLiteral("full disk"));
+            static_cast<QExportWizard*>(get_wizard())
+                ->setErrorMessage(QStringLiteral("<a>.dat"), QStringLiteral("full disk"));
         return plan.succeed;
     }
     bool new_save(const std::string& path, kpBase::AbstractProgress*) override
@@ -102,21 +92,30 @@ public:
     QString optionSummary() const override { return {}; }
 };
 
-class TestWizard : public QExportWizard
+class TestWizard : public WizardUnderTest
 {
 public:
-    void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>&, bool, bool) override {}
-    using QExportWizard::insertFileFormatDependentSheet;
+    using WizardUnderTest::insertFileFormatDependentSheet;
 
-    QString report() { return findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText(); }
-    QString page() { return findChild<QStackedWidget*>(QStringLiteral("pages"))->currentWidget()->windowTitle(); }
+    /// Takes the page of a format in, as Next does.
+    void useFormat(int format)
+    {
+        child<QComboBox>(*this, "fileFormatComboBox")->setCurrentIndex(format);
+        insertFileFormatDependentSheet();
+    }
+    /// The report of a save run.
+    QString save(const QString& path, bool accepted = false)
+    {
+        slotSaveClicked(path, accepted);
+        return child<QTextEdit>(*this, "reportView")->toPlainText();
+    }
 };
 
-/// Answers message boxes as they come, in the order given, and counts them.
+/// Answers message boxes as they come, one letter each: yes, no, all. Counts them.
 class Answers : public QObject
 {
 public:
-    explicit Answers(QList<QMessageBox::StandardButton> answers)
+    explicit Answers(QString answers)
         : m_answers(std::move(answers))
     {
         connect(&m_timer, &QTimer::timeout, this, [this] {
@@ -124,18 +123,20 @@ public:
             if (!box)
                 return;
             texts.append(box->text());
-            buttons.append(box->standardButtons());
-            const auto answer = m_answers.isEmpty() ? QMessageBox::No : m_answers.takeFirst();
-            QTest::mouseClick(box->button(answer), Qt::LeftButton);
+            buttons = box->standardButtons();
+            const QChar answer = m_answers.isEmpty() ? QLatin1Char('n') : m_answers.at(0);
+            m_answers.remove(0, 1);
+            const auto other = answer == QLatin1Char('y') ? QMessageBox::Yes : QMessageBox::No;
+            QTest::mouseClick(box->button(answer == QLatin1Char('a') ? QMessageBox::YesToAll : other), Qt::LeftButton);
         });
         m_timer.start(10);
     }
 
     QStringList texts;
-    QList<QMessageBox::StandardButtons> buttons;
+    QMessageBox::StandardButtons buttons;
 
 private:
-    QList<QMessageBox::StandardButton> m_answers;
+    QString m_answers;
     QTimer m_timer;
 };
 
@@ -146,230 +147,196 @@ class WizardTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void saversInOrder();
-    void sheetsFollowTheFormat();
-    void presetStartsBehindTheSelection();
-    void questions_data();
-    void questions();
-    void uncheckedFiles();
-    void selfNaming();
-    void failureAndCancel();
+    void initTestCase()
+    {
+        const auto saver = [this](const char* key, const char* name, const char* display) {
+            const auto make = [=] { return new TestSaver(key, name, display); };
+            m_savers.push_back(std::make_unique<TestSaverFactory>(key, make));
+        };
+        saver("old", "KLX 1.6", "Old");
+        saver("plain", "Plain", "Plain");
+        saver("hidden", "Hidden", "");
+        saver("opt", "Options", "With options");
+        saver("new", "KLX 2.1", "New");
+    }
+
+    void init()
+    {
+        plan = Plan();
+        m_folder = std::make_unique<QTemporaryDir>();
+    }
+
+    void saversInOrder()
+    {
+        TestWizard wizard;
+        wizard.startup();
+        QStringList keys;
+        for (const auto& saver : wizard.savers())
+            keys.append(QString::fromStdString(saver->key()));
+        QCOMPARE(keys.join(QLatin1Char(' ')), QStringLiteral("new old plain opt"));
+        QVERIFY(wizard.nextButton()->isEnabled() && !wizard.backButton()->isEnabled());
+        QCOMPARE(child<QStackedWidget>(wizard, "pages")->currentWidget()->windowTitle(),
+                 QStringLiteral("File Export: Format and Data Selection"));
+    }
+
+    void sheetsFollowTheFormat()
+    {
+        const auto wizard = wizardAtFormat(3);
+        kpBase::AbstractSheet* first = wizard->current_sheet();
+        kpBase::AbstractSheet* option = first->next();
+        QVERIFY(dynamic_cast<OptionSheet*>(option));
+        QCOMPARE(dynamic_cast<OptionSheet*>(option)->key(), std::string("opt"));
+        wizard->activate_next_sheet();
+        QCOMPARE(wizard->current_sheet(), option);
+        click(*wizard, "backButton");
+        QCOMPARE(wizard->current_sheet(), first);
+        // Another format takes the sheet out; the same page comes back with its format.
+        wizard->useFormat(2);
+        QVERIFY(first->next() != option && !option->next());
+        wizard->useFormat(3);
+        QCOMPARE(first->next(), option);
+        QCOMPARE(option->previous(), first);
+    }
+
+    void presetStartsBehindTheSelection()
+    {
+        TestWizard wizard;
+        wizard.setFormatAndSelectedGeo("opt", {4, 5});
+        wizard.startup();
+        QVERIFY(dynamic_cast<OptionSheet*>(wizard.current_sheet()));
+        QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{4, 5}));
+        QVERIFY(!wizard.backButton()->isEnabled());
+    }
+
+    void questions_data()
+    {
+        QTest::addColumn<QString>("files"); // "n": new, "e": there is an earlier one
+        QTest::addColumn<bool>("alreadyAccepted");
+        QTest::addColumn<QString>("answers"); // to as many questions
+        QTest::addColumn<int>("accepted");
+        const auto row = [](const char* name, const char* files, bool already, const char* answers, int accepted) {
+            QTest::newRow(name) << QString::fromLatin1(files) << already << QString::fromLatin1(answers) << accepted;
+        };
+        row("one, new", "n", false, "", 1);
+        row("one, accepted in the file dialog", "e", true, "", 1);
+        row("one, yes", "e", false, "y", 1);
+        row("one, no", "e", false, "n", 0);
+        row("five, yes to all", "eeeee", false, "yna", 4);
+        row("three, one by one", "eee", false, "nyn", 1);
+        row("three, first new", "nee", true, "yy", 3);
+    }
+
+    void questions()
+    {
+        QFETCH(QString, files);
+        QFETCH(bool, alreadyAccepted);
+        QFETCH(QString, answers);
+        QFETCH(int, accepted);
+        for (const QChar kind : qAsConst(files)) {
+            const QByteArray name = QByteArray::number(plan.geometry.size()) + "&.dat";
+            plan.geometry.append(file(name.constData(), kind == QLatin1Char('n') ? nullptr : "earlier"));
+        }
+        const auto wizard = wizardAtFormat(2);
+        const Answers box(answers);
+        const QString report = wizard->save(file("x.dat"), alreadyAccepted);
+        QCOMPARE(box.texts.size(), answers.size());
+        if (!answers.isEmpty()) {
+            QVERIFY2(box.texts.first().endsWith(QStringLiteral("&.dat already exists.\nDo you want to replace it?")),
+                     qPrintable(box.texts.first()));
+            QCOMPARE(box.buttons.testFlag(QMessageBox::YesToAll), files.size() > 1);
+        }
+        QCOMPARE(plan.saves, 1);
+        QCOMPARE(static_cast<int>(plan.accepted.size()), accepted);
+        QCOMPARE(plan.path, QDir::toNativeSeparators(file("x.dat")));
+        QVERIFY(report.contains(QStringLiteral("Data has been exported successfully!")));
+        QCOMPARE(report.count(QStringLiteral("user did not accept overwriting")), files.size() - accepted);
+        QVERIFY(report.contains(QStringLiteral("0&.dat")));
+        QVERIFY(!wizard->nextButton()->isVisibleTo(wizard.get()));
+        QCOMPARE(wizard->closeButton()->text(), QStringLiteral("Close"));
+    }
+
+    void uncheckedFiles()
+    {
+        plan.attribute = QStringList{file("a.dat", "earlier"), file("new.dat")};
+        plan.other = QStringList{file("missing/x.dat")};
+        plan.geoAttribute = QStringList{file("missing/y.dat")};
+        const QString report = wizardAtFormat(2)->save(file("x.dat"));
+        QVERIFY(plan.accepted.empty() && QFile::exists(file("new.dat")));
+        QVERIFY(report.contains(QStringLiteral("accepted,overwritten")));
+        // y.dat is listed as geometry and as attributes, x.dat as another file.
+        QCOMPARE(report.count(QStringLiteral("no create permission")), 3);
+    }
+
+    void selfNaming()
+    {
+        plan.selfNaming = true;
+        const auto wizard = wizardAtFormat(3);
+        const QString report = wizard->save(QStringLiteral("/o/x.dat"));
+        QCOMPARE(report.count(QStringLiteral("accepted")), 2);
+        QVERIFY(report.contains(QStringLiteral("/o/x.dat.2")));
+
+        plan.succeed = false;
+        plan.goBack = true;
+        wizard->save(QStringLiteral("/o/x.dat"));
+        QVERIFY(dynamic_cast<OptionSheet*>(wizard->current_sheet()));
+        QVERIFY(wizard->nextButton()->isVisibleTo(wizard.get()));
+        QCOMPARE(wizard->nextButton()->text(), QStringLiteral("Next"));
+    }
+
+    void failureAndCancel()
+    {
+        const QString path = file("a.dat");
+        plan.geometry = QStringList{path};
+        plan.succeed = false;
+        const auto wizard = wizardAtFormat(2);
+        const QString failed = wizard->save(path);
+        QVERIFY(failed.contains(QStringLiteral("Data has not been exported successfully!")));
+        QVERIFY(failed.contains(QStringLiteral("Failed to export <a>.dat\nfull disk")));
+
+        plan.during = [](kpBase::AbstractProgress&) { throw std::runtime_error("out of <memory>"); };
+        QVERIFY(wizard->save(path, true).contains(QStringLiteral("out of <memory>")));
+
+        // The user presses Close during a long save.
+        plan.succeed = true;
+        wizard->show();
+        bool noticed = false;
+        plan.during = [&](kpBase::AbstractProgress& progress) {
+            QTimer::singleShot(0, wizard.get(), [&wizard] { click(*wizard, "closeButton"); });
+            QElapsedTimer time;
+            time.start();
+            for (int percent = 0; time.elapsed() < 20000 && !noticed; ++percent) {
+                progress.progressChanged(percent % 100);
+                noticed = progress.isCancelled();
+            }
+        };
+        QVERIFY(wizard->save(path, true).contains(QStringLiteral("cancelled by the user")));
+        QVERIFY(noticed && wizard->isVisible());
+        // A later run is not cancelled by the earlier one.
+        plan.during = nullptr;
+        const QString later = wizard->save(path, true);
+        QVERIFY(later.contains(QStringLiteral("successfully!")) && !later.contains(QStringLiteral("not been")));
+    }
 
 private:
-    QString file(const char* name, const char* content = nullptr);
-    std::unique_ptr<TestWizard> wizardAtFormat(int format);
+    QString file(const char* name, const char* content = nullptr)
+    {
+        const QString path = m_folder->filePath(QString::fromLatin1(name));
+        return content ? writeFile(path, content) : path;
+    }
+
+    std::unique_ptr<TestWizard> wizardAtFormat(int format)
+    {
+        auto wizard = std::make_unique<TestWizard>();
+        wizard->startup();
+        wizard->useFormat(format);
+        return wizard;
+    }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::vector<std::unique_ptr<TestSaverFactory>> m_savers;
-    std::vector<std::unique_ptr<TestSheetFactory>> m_sheets;
+    TestSheetFactory m_objects{"QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }};
+    TestSheetFactory m_options{"opt", [] { return new OptionSheet; }};
 };
-
-void WizardTest::initTestCase()
-{
-    const auto saver = [this](const char* key, const char* name, const char* display) {
-        m_savers.push_back(std::make_unique<TestSaverFactory>(key, [=] { return new TestSaver(key, name, display); }));
-    };
-    saver("old", "KLX 1.6", "Old");
-    saver("plain", "Plain", "Plain");
-    saver("hidden", "Hidden", "");
-    saver("opt", "Options", "With options");
-    saver("new", "KLX 2.1", "New");
-    m_sheets.push_back(std::make_unique<TestSheetFactory>("QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; }));
-    m_sheets.push_back(std::make_unique<TestSheetFactory>("opt", [] { return new OptionSheet; }));
-}
-
-void WizardTest::init()
-{
-    plan = Plan();
-    m_folder = std::make_unique<QTemporaryDir>();
-}
-
-QString WizardTest::file(const char* name, const char* content)
-{
-    const QString path = m_folder->filePath(QString::fromLatin1(name));
-    return content ? writeFile(path, content) : path;
-}
-
-std::unique_ptr<TestWizard> WizardTest::wizardAtFormat(int format)
-{
-    auto wizard = std::make_unique<TestWizard>();
-    wizard->startup();
-    wizard->findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"))->setCurrentIndex(format);
-    wizard->insertFileFormatDependentSheet();
-    return wizard;
-}
-
-void WizardTest::saversInOrder()
-{
-    TestWizard wizard;
-    wizard.startup();
-    QStringList keys;
-    for (const auto& saver : wizard.savers())
-        keys.append(QString::fromStdString(saver->key()));
-    QCOMPARE(keys.join(QLatin1Char(' ')), QStringLiteral("new old plain opt"));
-    QVERIFY(wizard.nextButton()->isEnabled());
-    QVERIFY(!wizard.backButton()->isEnabled());
-    QCOMPARE(wizard.page(), QStringLiteral("File Export: Format and Data Selection"));
-}
-
-void WizardTest::sheetsFollowTheFormat()
-{
-    const auto wizard = wizardAtFormat(3);
-    kpBase::AbstractSheet* first = wizard->current_sheet();
-    kpBase::AbstractSheet* option = first->next();
-    auto* page = dynamic_cast<OptionSheet*>(option);
-    QVERIFY(page);
-    QCOMPARE(page->key(), std::string("opt"));
-    wizard->activate_next_sheet();
-    QCOMPARE(wizard->current_sheet(), option);
-    QTest::mouseClick(wizard->backButton(), Qt::LeftButton);
-    QCOMPARE(wizard->current_sheet(), first);
-    // Another format takes the sheet out; the same page comes back with its format.
-    auto* formats = wizard->findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"));
-    formats->setCurrentIndex(2);
-    wizard->insertFileFormatDependentSheet();
-    QVERIFY(first->next() != option);
-    QVERIFY(!option->next());
-    formats->setCurrentIndex(3);
-    wizard->insertFileFormatDependentSheet();
-    QCOMPARE(first->next(), option);
-    QCOMPARE(option->previous(), first);
-}
-
-void WizardTest::presetStartsBehindTheSelection()
-{
-    TestWizard wizard;
-    wizard.setFormatAndSelectedGeo("opt", {4, 5});
-    wizard.startup();
-    QVERIFY(dynamic_cast<OptionSheet*>(wizard.current_sheet()));
-    QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{4, 5}));
-    QVERIFY(!wizard.backButton()->isEnabled());
-}
-
-void WizardTest::questions_data()
-{
-    QTest::addColumn<int>("files");
-    QTest::addColumn<bool>("firstIsNew");
-    QTest::addColumn<bool>("alreadyAccepted");
-    QTest::addColumn<QList<int>>("answers");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<int>("accepted");
-    const int yes = QMessageBox::Yes;
-    const int no = QMessageBox::No;
-    const int all = QMessageBox::YesToAll;
-    QTest::newRow("one, new") << 1 << true << false << QList<int>{} << 0 << 1;
-    QTest::newRow("one, accepted in the file dialog") << 1 << false << true << QList<int>{} << 0 << 1;
-    QTest::newRow("one, yes") << 1 << false << false << QList<int>{yes} << 1 << 1;
-    QTest::newRow("one, no") << 1 << false << false << QList<int>{no} << 1 << 0;
-    QTest::newRow("five, yes to all") << 5 << false << false << QList<int>{yes, no, all} << 3 << 4;
-    QTest::newRow("three, one by one") << 3 << false << false << QList<int>{no, yes, no} << 3 << 1;
-    QTest::newRow("three, first new") << 3 << true << true << QList<int>{yes, yes} << 2 << 3;
-}
-
-void WizardTest::questions()
-{
-    QFETCH(int, files);
-    QFETCH(bool, firstIsNew);
-    QFETCH(bool, alreadyAccepted);
-    QFETCH(QList<int>, answers);
-    QFETCH(int, asked);
-    QFETCH(int, accepted);
-    for (int index = 0; index < files; ++index) {
-        const QByteArray name = QByteArray::number(index) + "&.dat";
-        plan.geometry.append(file(name.constData(), index == 0 && firstIsNew ? nullptr : "earlier"));
-    }
-    const auto wizard = wizardAtFormat(2);
-    QList<QMessageBox::StandardButton> buttons;
-    for (const int answer : qAsConst(answers))
-        buttons.append(static_cast<QMessageBox::StandardButton>(answer));
-    const Answers box(buttons);
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("x.dat")), alreadyAccepted);
-    QCOMPARE(box.texts.size(), asked);
-    if (asked > 0) {
-        QVERIFY2(box.texts.first().endsWith(QStringLiteral("&.dat already exists.\nDo you want to replace it?")),
-                 qPrintable(box.texts.first()));
-        QCOMPARE(box.buttons.first().testFlag(QMessageBox::YesToAll), files > 1);
-    }
-    QCOMPARE(plan.saves, 1);
-    QCOMPARE(static_cast<int>(plan.accepted.size()), accepted);
-    QCOMPARE(plan.path, QDir::toNativeSeparators(m_folder->filePath(QStringLiteral("x.dat"))));
-    const QString report = wizard->report();
-    QVERIFY(report.contains(QStringLiteral("Data has been exported successfully!")));
-    QCOMPARE(report.count(QStringLiteral("user did not accept overwriting")), files - accepted);
-    QVERIFY(report.contains(QStringLiteral("0&.dat")));
-    QVERIFY(!wizard->nextButton()->isVisibleTo(wizard.get()));
-    QCOMPARE(wizard->closeButton()->text(), QStringLiteral("Close"));
-}
-
-void WizardTest::uncheckedFiles()
-{
-    plan.attribute = QStringList{file("a.dat", "earlier"), file("new.dat")};
-    plan.other = QStringList{m_folder->filePath(QStringLiteral("missing/x.dat"))};
-    plan.geoAttribute = QStringList{m_folder->filePath(QStringLiteral("missing/y.dat"))};
-    const auto wizard = wizardAtFormat(2);
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("x.dat")));
-    QVERIFY(plan.accepted.empty());
-    QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("new.dat"))));
-    const QString report = wizard->report();
-    QVERIFY(report.contains(QStringLiteral("accepted,overwritten")));
-    // y.dat is listed as geometry and as attributes, x.dat as another file.
-    QCOMPARE(report.count(QStringLiteral("no create permission")), 3);
-}
-
-void WizardTest::selfNaming()
-{
-    plan.selfNaming = true;
-    auto wizard = wizardAtFormat(3);
-    wizard->slotSaveClicked(QStringLiteral("/o/x.dat"));
-    QCOMPARE(wizard->report().count(QStringLiteral("accepted")), 2);
-    QVERIFY(wizard->report().contains(QStringLiteral("/o/x.dat.2")));
-
-    plan.succeed = false;
-    plan.goBack = true;
-    wizard->slotSaveClicked(QStringLiteral("/o/x.dat"));
-    QVERIFY(dynamic_cast<OptionSheet*>(wizard->current_sheet()));
-    QVERIFY(wizard->nextButton()->isVisibleTo(wizard.get()));
-    QCOMPARE(wizard->nextButton()->text(), QStringLiteral("Next"));
-}
-
-void WizardTest::failureAndCancel()
-{
-    plan.geometry = QStringList{file("a.dat")};
-    plan.succeed = false;
-    auto wizard = wizardAtFormat(2);
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("a.dat")));
-    QVERIFY(wizard->report().contains(QStringLiteral("Data has not been exported successfully!")));
-    QVERIFY(wizard->report().contains(QStringLiteral("Failed to export <a>.dat\nfull disk")));
-
-    plan.during = [](kpBase::AbstractProgress&) { throw std::runtime_error("out of <memory>"); };
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("a.dat")), true);
-    QVERIFY(wizard->report().contains(QStringLiteral("out of <memory>")));
-
-    // The user presses Close during a long save.
-    plan.succeed = true;
-    wizard->show();
-    bool noticed = false;
-    plan.during = [&](kpBase::AbstractProgress& progress) {
-        QTimer::singleShot(0, wizard.get(), [&wizard] { QTest::mouseClick(wizard->closeButton(), Qt::LeftButton); });
-        QElapsedTimer time;
-        time.start();
-        for (int percent = 0; time.elapsed() < 20000 && !noticed; ++percent) {
-            progress.progressChanged(percent % 100);
-            noticed = progress.isCancelled();
-        }
-    };
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("a.dat")), true);
-    QVERIFY(noticed);
-    QVERIFY(wizard->isVisible());
-    QVERIFY(wizard->report().contains(QStringLiteral("cancelled by the user")));
-    // A later run is not cancelled by the earlier one.
-    plan.during = nullptr;
-    wizard->slotSaveClicked(m_folder->filePath(QStringLiteral("a.dat")), true);
-    QVERIFY(wizard->report().contains(QStringLiteral("successfully!")));
-    QVERIFY(!wizard->report().contains(QStringLiteral("not been")));
-}
 
 QTEST_MAIN(WizardTest)
 #include "tst_wizard.moc"

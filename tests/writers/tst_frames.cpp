@@ -4,14 +4,12 @@
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
 #include "host/data/kpProductInfo.h"
+#include "tests/app/FileContent.h"
 #include "writers/MatrixDataDXFExporter.h"
 #include "writers/MatrixDataKMLExporter.h"
 #include "writers/MatrixDataOpenTecLinkExporter.h"
 #include "writers/StreamNumber.h"
 
-#include <QCoreApplication>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
@@ -32,13 +30,32 @@ DoubleMatrixData::Values numbers(std::vector<double> values)
     return std::make_shared<const std::vector<double>>(std::move(values));
 }
 
-/// Matrices of the given lengths: the first lengths are vertex matrices, the last an attribute.
-void fill(GeoObject& record, int vertices, int attributeRows)
+/// A matrix of that many rows.
+kpBase::MatrixData* rowsOf(int rows)
 {
-    record.vertexData().push_back(
-        new DoubleMatrixData(QStringLiteral("X"), numbers(std::vector<double>(static_cast<std::size_t>(vertices)))));
-    record.vertexAttributeData().push_back(new DoubleMatrixData(
-        QStringLiteral("A"), numbers(std::vector<double>(static_cast<std::size_t>(attributeRows)))));
+    return new DoubleMatrixData(QStringLiteral("A"), numbers(std::vector<double>(static_cast<std::size_t>(rows))));
+}
+
+/// A segment of a section through variants, x, y and z one after the other.
+kpBase::MatrixData* segment(const char* name, const QVector<QVariant>& values)
+{
+    return new kpBase::VariantMatrixData(QString::fromLatin1(name), kpBase::MatrixData::Double, values, 3);
+}
+
+/// Why a writer does not take a record with these numbers of rows.
+template <typename Writer>
+QByteArray refusal(const std::vector<int>& vertexRows, int attributeRows)
+{
+    Writer writer;
+    for (const int rows : vertexRows)
+        writer.geoObject()->vertexData().push_back(rowsOf(rows));
+    writer.geoObject()->vertexAttributeData().push_back(rowsOf(attributeRows));
+    try {
+        writer.writeGeo(writer.geoObject());
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+    return "written";
 }
 
 } // namespace
@@ -48,202 +65,163 @@ class FramesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void dxfFrame();
-    void recordIsChecked_data();
-    void recordIsChecked();
-    void kmlDocument();
-    void openTecLink();
-    void openTecLinkPrecision();
-    void numbersAsAStreamWritesThem();
+    void initTestCase()
+    {
+        m_path = m_folder.filePath(QStringLiteral("out"));
+        QCoreApplication::setApplicationVersion(QStringLiteral("1.2"));
+    }
+
+    void dxfFrame()
+    {
+        kpProductInfo::instance().set_product_name("Modeller 7");
+        MatrixDataDXFExporter writer(m_path);
+        QVERIFY(writer.fileOpen());
+        writer.geoObject()->vertexData().push_back(rowsOf(2));
+        writer.geoObject()->vertexAttributeData().push_back(rowsOf(3));
+        QVERIFY_EXCEPTION_THROWN(writer.writeGeo(writer.geoObject()), std::logic_error);
+        writer.fileClose();
+        QCOMPARE(contentOf(m_path),
+                 QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
+                            "\t0\nSECTION\n\t2\nTABLES\n\t0\nENDSEC\n\t0\nSECTION\n\t2\nBLOCKS\n\t0\nENDSEC\n"
+                            "\t0\nSECTION\n\t2\nENTITIES\n\t0\nENDSEC\n\t0\nEOF\n"));
+    }
+
+    void recordIsChecked()
+    {
+        const QByteArray none = "No Vertex Data to be exported";
+        const QByteArray differ = "Vertex data cannot be exported, wrong number of rows";
+        QCOMPARE(refusal<MatrixDataDXFExporter>({}, 0), none);
+        QCOMPARE(refusal<MatrixDataKMLExporter>({}, 0), none);
+        QCOMPARE(refusal<MatrixDataDXFExporter>({1}, 2), differ);
+        QCOMPARE(refusal<MatrixDataKMLExporter>({1}, 2), differ);
+        QCOMPARE(refusal<MatrixDataDXFExporter>({2}, 2), QByteArray("written"));
+        QCOMPARE(refusal<MatrixDataKMLExporter>({2}, 2), QByteArray("written"));
+    }
+
+    void kmlDocument()
+    {
+        MatrixDataKMLExporter writer(m_path);
+        QVERIFY(writer.fileOpen());
+        writer.writeName(QString::fromUtf8("Карта"));
+        writer.beginFolder(QStringLiteral("Faults"));
+        writer.writePolyLine({{55.95, -3.19}, {55.96, -3.18}}, QStringLiteral("F1"), QColor(1, 2, 3));
+        writer.writePolygon({}, QStringLiteral("]]>"), QColor());
+        writer.writeSectionTrace({{1.0, 2.0}}, QStringLiteral("S"));
+        writer.endFolder();
+        writer.writeBoundingArea({10.0, 20.0}, {11.0, 22.0});
+        writer.writeWell({1.5, -2.25}, QStringLiteral("W"));
+        writer.writeHorizontalImage(4, 3, 2, 1, -0.5, QStringLiteral("a&b.png"), QStringLiteral("I"));
+        writer.writePointImage({0, 0}, QStringLiteral("P"), QStringLiteral("p.png"), QSize(640, 480));
+        writer.fileClose();
+
+        const QByteArray head =
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n"
+            "<Document><atom:author><![CDATA[1.2]]></atom:author><Style id=\"transBluePoly\"><LineStyle>"
+            "<width>1.5</width></LineStyle><PolyStyle><color>7dff0000</color></PolyStyle></Style>\n"
+            "<Style id=\"sectionTrace\"><LineStyle><width>5</width><color>aa0000ff</color></LineStyle></Style>\n"
+            "<Style id=\"well\"><IconStyle><color>ffffff00</color><scale>1.0</scale><Icon><href>";
+        const QByteArray text = contentOf(m_path);
+        QVERIFY2(text.startsWith(head), text.constData());
+        const int iconEnd = text.indexOf("/mapfiles/kml/pal4/icon25.png</href></Icon></IconStyle></Style>\n");
+        QVERIFY(iconEnd > head.size());
+        const QByteArray body =
+            "<name><![CDATA[Карта]]></name>\n<Folder>\n<name><![CDATA[Faults]]></name>\n"
+            "<Style id=\"LSI1\"><LineStyle><width>2</width><color>aa030201</color></LineStyle></Style>\n"
+            "<Placemark><name><![CDATA[F1]]></name><styleUrl>#LSI1</styleUrl>\n"
+            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n"
+            "-3.190000,55.950000\n-3.180000,55.960000\n</coordinates></LineString></Placemark>\n"
+            "<Style id=\"PSI2\"><PolyStyle><color>afffffff</color><fill>1</fill></PolyStyle></Style>\n"
+            "<Placemark><name><![CDATA[]]>]]></name><styleUrl>#PSI2</styleUrl>\n"
+            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
+            "</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
+            "<Placemark><name><![CDATA[S]]></name><styleUrl>#sectionTrace</styleUrl>\n"
+            "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n2.000000,1.000000\n"
+            "</coordinates></LineString></Placemark>\n</Folder>\n"
+            "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
+            "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
+            "20.000000,10.000000\n22.000000,10.000000\n22.000000,11.000000\n20.000000,11.000000\n"
+            "20.000000,10.000000\n</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
+            "<Placemark><name><![CDATA[W]]></name>\n<Point><coordinates>\n-2.250000,1.500000\n"
+            "</coordinates></Point></Placemark>\n"
+            "<GroundOverlay><name><![CDATA[I]]></name>\n<Icon><href>a&b.png</href></Icon>\n<LatLonBox>\n"
+            "<north>4.000000</north>\n<south>3.000000</south>\n<east>2.000000</east>\n<west>1.000000</west>\n"
+            "<rotation>-0.500000</rotation>\n</LatLonBox></GroundOverlay>\n"
+            "<Placemark><name><![CDATA[P]]></name>\n"
+            "<description><![CDATA[<img src=\"p.png\" width=640 height=480 />]]></description>\n"
+            "<Point><coordinates>\n0.000000,0.000000\n</coordinates></Point></Placemark>\n"
+            "</Document>\n</kml>\n";
+        QCOMPARE(text.mid(text.indexOf('\n', iconEnd) + 1), body);
+    }
+
+    void openTecLink()
+    {
+        MatrixDataOpenTecLinkExporter writer;
+        using Columns = std::vector<DoubleMatrixData::Column>;
+        const Columns trace{{numbers({1000, 1500}), nullptr}, {numbers({2000, 2000}), nullptr}};
+        writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), trace);
+        const Columns points{{numbers({0, 500}), nullptr}, {numbers({0, 0}), nullptr}, {numbers({-150, 0}), nullptr}};
+        auto* horizon = new DoubleMatrixData(QStringLiteral("H1"), points);
+        horizon->setColor(QStringLiteral("#ff0000"));
+        horizon->setGeoType(QStringLiteral("Horizon"));
+        // The same through variants, and a segment without points.
+        writer.geoObject()->sectionData() = {horizon, segment("V", {1.0, 2.0, 0.125}), segment("E", {})};
+        writer.write(m_path);
+        QCOMPARE(contentOf(m_path),
+                 QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\nxy_section_position\n"
+                            "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n"
+                            "open_tec_link_section SectionDummy\n\nsection_age 0.00\n\n"
+                            "segment\nname H1\ncolor_rgb #ff0000\ntype Horizon\npoints\n"
+                            "xyz 0.00 0.00 150.00\nxyz 500.00 0.00 -0.00\npoints-end\nsegment-end\n\n"
+                            "segment\nname V\ncolor_rgb \ntype \npoints\nxyz 1.00 2.00 -0.12\npoints-end\n"
+                            "segment-end\n\nsegment\nname E\ncolor_rgb \ntype \npoints\npoints-end\nsegment-end\n\n"
+                            "open_tec_link_section-end\n\n"));
+    }
+
+    void openTecLinkPrecision()
+    {
+        MatrixDataOpenTecLinkExporter writer;
+        writer.precision = 0;
+        writer.sectionAge = 65.6;
+        writer.sectionName = QString::fromUtf8("断面");
+        writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), numbers({}));
+        writer.geoObject()->sectionData().push_back(segment("H", {1.4, 2.6, 1e20}));
+        writer.write(m_path);
+        QCOMPARE(contentOf(m_path), QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
+                                       "open_tec_link_section 断面\n\nsection_age 66\n\n"
+                                       "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
+                                       "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
+    }
+
+    void numbersAsAStreamWritesThem()
+    {
+        // Ties, signs of zero, subnormal, very large and no numbers, and many of every size.
+        const double infinite = std::numeric_limits<double>::infinity();
+        std::vector<double> values{0.5, 1.5, 2.5, 0.125, 0.375, -0.125, 0.0, -0.0, -0.001, 1e-320, 1e15 + 0.5,
+                                   18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005,
+                                   999999.9999995};
+        std::mt19937_64 random(1);
+        std::uniform_real_distribution<double> mantissa(-1, 1);
+        std::uniform_int_distribution<int> exponent(-30, 40);
+        for (int count = 0; count < 20000; ++count)
+            values.push_back(std::ldexp(mantissa(random), exponent(random)));
+        for (const int precision : {0, 2, 6, 9, 17, 18, 20}) {
+            std::ostringstream stream;
+            stream.imbue(std::locale::classic());
+            stream << std::fixed << std::setprecision(precision);
+            std::string text;
+            for (const double value : values) {
+                stream << value << '\n';
+                appendStreamFixed(text, value, precision);
+                text += '\n';
+            }
+            QCOMPARE(QByteArray::fromStdString(text), QByteArray::fromStdString(stream.str()));
+        }
+    }
 
 private:
-    QByteArray written() const;
-
     QTemporaryDir m_folder;
     QString m_path;
 };
-
-void FramesTest::initTestCase()
-{
-    m_path = m_folder.filePath(QStringLiteral("out"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.2"));
-}
-
-QByteArray FramesTest::written() const
-{
-    QFile file(m_path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("could not open");
-}
-
-void FramesTest::dxfFrame()
-{
-    kpProductInfo::instance().set_product_name("Modeller 7");
-    MatrixDataDXFExporter writer(m_path);
-    QVERIFY(writer.fileOpen());
-    fill(*writer.geoObject(), 2, 3);
-    QVERIFY_EXCEPTION_THROWN(writer.writeGeo(writer.geoObject()), std::logic_error);
-    writer.fileClose();
-    QCOMPARE(written(), QByteArray("  0\nSECTION\n\t2\nHEADER\n\t999\nfilename created by Modeller 7\n\t0\nENDSEC\n"
-                                   "\t0\nSECTION\n\t2\nTABLES\n\t0\nENDSEC\n\t0\nSECTION\n\t2\nBLOCKS\n\t0\nENDSEC\n"
-                                   "\t0\nSECTION\n\t2\nENTITIES\n\t0\nENDSEC\n\t0\nEOF\n"));
-}
-
-void FramesTest::recordIsChecked_data()
-{
-    QTest::addColumn<int>("vertices");
-    QTest::addColumn<int>("attributeRows");
-    QTest::addColumn<QByteArray>("message");
-    QTest::newRow("no vertex list") << -1 << 0 << QByteArray("No Vertex Data to be exported");
-    QTest::newRow("lengths differ") << 1 << 2
-                                    << QByteArray("Vertex data cannot be exported, wrong number of rows");
-    QTest::newRow("good") << 2 << 2 << QByteArray();
-}
-
-void FramesTest::recordIsChecked()
-{
-    QFETCH(int, vertices);
-    QFETCH(int, attributeRows);
-    QFETCH(QByteArray, message);
-    std::vector<std::unique_ptr<MatrixDataExporter>> writers;
-    writers.push_back(std::make_unique<MatrixDataDXFExporter>());
-    writers.push_back(std::make_unique<MatrixDataKMLExporter>());
-    for (const auto& writer : writers) {
-        if (vertices >= 0)
-            fill(*writer->geoObject(), vertices, attributeRows);
-        QByteArray thrown;
-        try {
-            writer->writeGeo(writer->geoObject());
-        } catch (const std::logic_error& error) {
-            thrown = error.what();
-        }
-        QCOMPARE(thrown, message);
-    }
-}
-
-void FramesTest::kmlDocument()
-{
-    MatrixDataKMLExporter writer(m_path);
-    QVERIFY(writer.fileOpen());
-    writer.writeName(QString::fromUtf8("Карта"));
-    writer.beginFolder(QStringLiteral("Faults"));
-    writer.writePolyLine({{55.95, -3.19}, {55.96, -3.18}}, QStringLiteral("F1"), QColor(1, 2, 3));
-    writer.writePolygon({}, QStringLiteral("]]>"), QColor());
-    writer.writeSectionTrace({{1.0, 2.0}}, QStringLiteral("S"));
-    writer.endFolder();
-    writer.writeBoundingArea({10.0, 20.0}, {11.0, 22.0});
-    writer.writeWell({1.5, -2.25}, QStringLiteral("W"));
-    writer.writeHorizontalImage(4, 3, 2, 1, -0.5, QStringLiteral("a&b.png"), QStringLiteral("I"));
-    writer.writePointImage({0, 0}, QStringLiteral("P"), QStringLiteral("p.png"), QSize(640, 480));
-    writer.fileClose();
-
-    const QByteArray head =
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n"
-        "<Document><atom:author><![CDATA[1.2]]></atom:author><Style id=\"transBluePoly\"><LineStyle>"
-        "<width>1.5</width></LineStyle><PolyStyle><color>7dff0000</color></PolyStyle></Style>\n"
-        "<Style id=\"sectionTrace\"><LineStyle><width>5</width><color>aa0000ff</color></LineStyle></Style>\n"
-        "<Style id=\"well\"><IconStyle><color>ffffff00</color><scale>1.0</scale><Icon><href>";
-    const QByteArray text = written();
-    QVERIFY2(text.startsWith(head), text.constData());
-    const int iconEnd = text.indexOf("/mapfiles/kml/pal4/icon25.png</href></Icon></IconStyle></Style>\n");
-    QVERIFY(iconEnd > head.size());
-    QCOMPARE(text.mid(text.indexOf('\n', iconEnd) + 1),
-             QByteArray("<name><![CDATA[Карта]]></name>\n<Folder>\n<name><![CDATA[Faults]]></name>\n"
-                        "<Style id=\"LSI1\"><LineStyle><width>2</width><color>aa030201</color></LineStyle></Style>\n"
-                        "<Placemark><name><![CDATA[F1]]></name><styleUrl>#LSI1</styleUrl>\n"
-                        "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n"
-                        "-3.190000,55.950000\n-3.180000,55.960000\n</coordinates></LineString></Placemark>\n"
-                        "<Style id=\"PSI2\"><PolyStyle><color>afffffff</color><fill>1</fill></PolyStyle></Style>\n"
-                        "<Placemark><name><![CDATA[]]>]]></name><styleUrl>#PSI2</styleUrl>\n"
-                        "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
-                        "</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
-                        "<Placemark><name><![CDATA[S]]></name><styleUrl>#sectionTrace</styleUrl>\n"
-                        "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n2.000000,1.000000\n"
-                        "</coordinates></LineString></Placemark>\n</Folder>\n"
-                        "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
-                        "<Polygon><altitudeMode>clampToGround</altitudeMode><outerBoundaryIs><LinearRing><coordinates>\n"
-                        "20.000000,10.000000\n22.000000,10.000000\n22.000000,11.000000\n20.000000,11.000000\n"
-                        "20.000000,10.000000\n</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n"
-                        "<Placemark><name><![CDATA[W]]></name>\n<Point><coordinates>\n-2.250000,1.500000\n"
-                        "</coordinates></Point></Placemark>\n"
-                        "<GroundOverlay><name><![CDATA[I]]></name>\n<Icon><href>a&b.png</href></Icon>\n<LatLonBox>\n"
-                        "<north>4.000000</north>\n<south>3.000000</south>\n<east>2.000000</east>\n<west>1.000000</west>\n"
-                        "<rotation>-0.500000</rotation>\n</LatLonBox></GroundOverlay>\n"
-                        "<Placemark><name><![CDATA[P]]></name>\n"
-                        "<description><![CDATA[<img src=\"p.png\" width=640 height=480 />]]></description>\n"
-                        "<Point><coordinates>\n0.000000,0.000000\n</coordinates></Point></Placemark>\n"
-                        "</Document>\n</kml>\n"));
-}
-
-void FramesTest::openTecLink()
-{
-    MatrixDataOpenTecLinkExporter writer;
-    writer.sectionPositions =
-        new DoubleMatrixData(QStringLiteral("Trace"), {{numbers({1000, 1500}), nullptr}, {numbers({2000, 2000}), nullptr}});
-    auto segment = std::make_unique<DoubleMatrixData>(
-        QStringLiteral("H1"), std::vector<DoubleMatrixData::Column>{{numbers({0, 500}), nullptr},
-                                                                    {numbers({0, 0}), nullptr},
-                                                                    {numbers({-150, 0}), nullptr}});
-    segment->setColor(QStringLiteral("#ff0000"));
-    segment->setGeoType(QStringLiteral("Horizon"));
-    writer.geoObject()->sectionData().push_back(segment.release());
-    // The same through variants, and a segment without points.
-    writer.geoObject()->sectionData().push_back(
-        new kpBase::VariantMatrixData(QStringLiteral("V"), kpBase::MatrixData::Double, {1.0, 2.0, 0.125}, 3));
-    writer.geoObject()->sectionData().push_back(
-        new kpBase::VariantMatrixData(QStringLiteral("E"), kpBase::MatrixData::Double, {}, 3));
-    writer.write(m_path);
-    QCOMPARE(written(),
-             QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\nxy_section_position\n"
-                        "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n"
-                        "open_tec_link_section SectionDummy\n\nsection_age 0.00\n\n"
-                        "segment\nname H1\ncolor_rgb #ff0000\ntype Horizon\npoints\n"
-                        "xyz 0.00 0.00 150.00\nxyz 500.00 0.00 -0.00\npoints-end\nsegment-end\n\n"
-                        "segment\nname V\ncolor_rgb \ntype \npoints\nxyz 1.00 2.00 -0.12\npoints-end\nsegment-end\n\n"
-                        "segment\nname E\ncolor_rgb \ntype \npoints\npoints-end\nsegment-end\n\n"
-                        "open_tec_link_section-end\n\n"));
-}
-
-void FramesTest::openTecLinkPrecision()
-{
-    MatrixDataOpenTecLinkExporter writer;
-    writer.precision = 0;
-    writer.sectionAge = 65.6;
-    writer.sectionName = QString::fromUtf8("断面");
-    writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), numbers({}));
-    writer.geoObject()->sectionData().push_back(
-        new kpBase::VariantMatrixData(QStringLiteral("H"), kpBase::MatrixData::Double, {1.4, 2.6, 1e20}, 3));
-    writer.write(m_path);
-    QCOMPARE(written(), QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
-                                   "open_tec_link_section 断面\n\nsection_age 66\n\n"
-                                   "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
-                                   "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
-}
-
-void FramesTest::numbersAsAStreamWritesThem()
-{
-    // Ties, signs of zero, subnormal, very large and no numbers, and many of every size.
-    const double infinite = std::numeric_limits<double>::infinity();
-    std::vector<double> values{0.5,    1.5,   2.5,    0.125,      0.375,  -0.125, 0.0,  -0.0,      -0.001, 1e-320,
-                               1e15 + 0.5, 18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005, 999999.9999995};
-    std::mt19937_64 random(1);
-    std::uniform_real_distribution<double> mantissa(-1, 1);
-    std::uniform_int_distribution<int> exponent(-30, 40);
-    for (int count = 0; count < 20000; ++count)
-        values.push_back(std::ldexp(mantissa(random), exponent(random)));
-    for (const int precision : {0, 2, 6, 9, 17, 18, 20}) {
-        std::ostringstream stream;
-        stream.imbue(std::locale::classic());
-        stream << std::fixed << std::setprecision(precision);
-        std::string text;
-        for (const double value : values) {
-            stream << value << '\n';
-            appendStreamFixed(text, value, precision);
-            text += '\n';
-        }
-        QCOMPARE(QByteArray::fromStdString(text), QByteArray::fromStdString(stream.str()));
-    }
-}
 
 QTEST_GUILESS_MAIN(FramesTest)
 #include "tst_frames.moc"
