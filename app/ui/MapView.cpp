@@ -20,6 +20,8 @@ constexpr int margin = 24;
 constexpr double wheelFactor = 1.2;
 // Vertices nearer than this on the screen are drawn as one.
 constexpr double leastStep = 0.7;
+constexpr int keyStep = 60; // pixels
+const QColor selectionColour(255, 140, 0);
 
 QColor shaded(const QColor& base, double share)
 {
@@ -34,6 +36,8 @@ MapView::MapView(const Model& model, QWidget* parent)
     , m_model(model)
 {
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setToolTip(tr("Wheel or + and -: zoom. Drag or arrow keys: move. Double click: zoom in."));
     setMinimumSize(240, 180);
     setAccessibleName(tr("Map"));
 }
@@ -157,6 +161,11 @@ void MapView::drawGrid(QPainter& painter, const ModelObject& object) const
     painter.drawImage(QRectF(-pixelWidth / 2, -pixelHeight * (image.height() - 0.5), pixelWidth * image.width(),
                              pixelHeight * image.height()),
                       image);
+    if (m_selected.count(object.id) != 0) {
+        painter.setPen(QPen(selectionColour, 3));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(0, -pixelHeight * (image.height() - 1), pixelWidth * (image.width() - 1), pixelHeight * (image.height() - 1)));
+    }
     painter.restore();
 }
 
@@ -169,7 +178,7 @@ void MapView::drawObject(QPainter& painter, const ModelObject& object, const QRe
         drawGrid(painter, object);
         return;
     }
-    const QColor colour = selected ? QColor(255, 140, 0) : object.color;
+    const QColor colour = selected ? selectionColour : object.color;
     if (object.parts.empty()) {
         painter.setPen(QPen(colour.darker(140), 1));
         painter.setBrush(colour);
@@ -225,10 +234,15 @@ void MapView::drawScaleBar(QPainter& painter) const
 
 void MapView::render()
 {
-    m_picture = QPixmap(size());
+    m_picture = QPixmap(size() * devicePixelRatioF());
+    m_picture.setDevicePixelRatio(devicePixelRatioF());
     m_picture.fill(QColor(250, 250, 247));
     QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (m_model.objects().empty()) {
+        drawInvitation(painter);
+        return;
+    }
     const QPointF southWest = toMap(QPointF(-8, height() + 8));
     const QPointF northEast = toMap(QPointF(width() + 8, -8));
     const QRectF shown(southWest, northEast);
@@ -249,6 +263,16 @@ void MapView::render()
     drawScaleBar(painter);
 }
 
+void MapView::drawInvitation(QPainter& painter) const
+{
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    painter.setFont(font);
+    painter.setPen(QColor(110, 110, 110));
+    painter.drawText(rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("Open a model with Ctrl+O,\nor drop a file here."));
+}
+
 void MapView::paintEvent(QPaintEvent*)
 {
     if (m_picture.isNull())
@@ -256,6 +280,10 @@ void MapView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), QColor(250, 250, 247));
     painter.drawPixmap(m_dragOffset, m_picture);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 void MapView::resizeEvent(QResizeEvent*)
@@ -267,14 +295,58 @@ void MapView::resizeEvent(QResizeEvent*)
 
 void MapView::wheelEvent(QWheelEvent* event)
 {
-    const QPointF fixed = toMap(event->position());
-    m_scale *= std::pow(wheelFactor, event->angleDelta().y() / 120.0);
-    m_scale = std::clamp(m_scale, 1e-9, 1e9);
-    const QPointF now = toMap(event->position());
+    zoomAbout(event->position(), std::pow(wheelFactor, event->angleDelta().y() / 120.0));
+}
+
+void MapView::zoomBy(double factor)
+{
+    zoomAbout(QPointF(width() / 2.0, height() / 2.0), factor);
+}
+
+void MapView::zoomAbout(const QPointF& position, double factor)
+{
+    const QPointF fixed = toMap(position);
+    m_scale = std::clamp(m_scale * factor, 1e-9, 1e9);
+    const QPointF now = toMap(position);
     m_centreX += fixed.x() - now.x();
     m_centreY += fixed.y() - now.y();
     m_fitted = false;
     changed();
+}
+
+void MapView::moveBy(const QPointF& pixels)
+{
+    m_centreX += pixels.x() / m_scale;
+    m_centreY -= pixels.y() / m_scale;
+    m_fitted = false;
+    changed();
+}
+
+void MapView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        zoomAbout(event->localPos(), wheelFactor * wheelFactor);
+}
+
+void MapView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        return zoomBy(wheelFactor);
+    case Qt::Key_Minus:
+        return zoomBy(1 / wheelFactor);
+    case Qt::Key_Left:
+        return moveBy({-keyStep, 0});
+    case Qt::Key_Right:
+        return moveBy({keyStep, 0});
+    case Qt::Key_Up:
+        return moveBy({0, -keyStep});
+    case Qt::Key_Down:
+        return moveBy({0, keyStep});
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void MapView::mousePressEvent(QMouseEvent* event)
@@ -304,11 +376,9 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
     unsetCursor();
     if (m_dragOffset.isNull())
         return;
-    m_centreX -= m_dragOffset.x() / m_scale;
-    m_centreY += m_dragOffset.y() / m_scale;
+    const QPoint moved = m_dragOffset;
     m_dragOffset = QPoint();
-    m_fitted = false;
-    changed();
+    moveBy(-moved);
 }
 
 } // namespace refhost
