@@ -24,6 +24,8 @@ void QExportSheetEclipse::initialize(const QString& key)
     m_ui->m_FGRIDFormatCheckBox->setChecked(false);
     m_ui->m_FEGRIDFormatCheckBox->hide();
     m_ui->m_GRDECLFormatCheckBox->setChecked(true);
+    // A narrow window breaks its lines where it must.
+    m_ui->label->setWordWrap(true);
     // The "&" of its text is one, no key.
     m_ui->m_GRDECLFormatCheckBox->setShortcut(QKeySequence());
     auto* style = new LiteralTextStyle;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/GrdeclSheet.h"
 
-#include <QLabel>
-
 #include <algorithm>
 
 namespace refhost
@@ -19,8 +17,6 @@ GrdeclSheet::GrdeclSheet(ExportFormat& format, const Model& model)
 void GrdeclSheet::initialize(const QString& text)
 {
     BoundSheet::initialize(text);
-    // Narrow windows break its lines where they need to.
-    findChild<QLabel*>(QStringLiteral("label"))->setWordWrap(true);
     for (const char* name : {"m_EGRIDFormatCheckBox", "m_GRIDFormatCheckBox", "m_FGRIDFormatCheckBox"}) {
         auto* box = findChild<QWidget*>(QString::fromLatin1(name));
         box->setEnabled(false);

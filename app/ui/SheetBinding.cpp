@@ -91,6 +91,7 @@ void SheetBinding::arrange(QWidget& page)
     more->setObjectName(QStringLiteral("moreOptions"));
     auto* settings = new SettingsForm(m_settings, boundKeys(), more);
     auto* moreLayout = new QVBoxLayout(more);
+    moreLayout->setContentsMargins(8, 8, 8, 8);
     moreLayout->addWidget(settings);
     more->setVisible(!settings->isEmpty());
     QLayout* const formLayout = page.layout();
