@@ -10,6 +10,7 @@
 #include "wizard/QExportSheetSaveFile.h"
 
 #include <QGridLayout>
+#include <QScreen>
 #include <QSet>
 
 namespace refhost
@@ -41,7 +42,10 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     : QExportWizard(parent)
     , m_context(context)
 {
-    resize(900, 720);
+    QSize size(900, 720);
+    if (const QScreen* screen = this->screen())
+        size = size.boundedTo(screen->availableSize());
+    resize(size);
 }
 
 void ExportWizard::insertFileFormatDependentSheet()

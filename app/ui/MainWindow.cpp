@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -81,7 +82,10 @@ MainWindow::MainWindow(HostContext& context)
         if (!m_context.model.objects().empty())
             m_position->setText(QStringLiteral("X %1   Y %2").arg(x, 0, 'f', 2).arg(y, 0, 'f', 2));
     });
-    resize(1100, 680);
+    QSize size(1100, 680);
+    if (const QScreen* onScreen = screen())
+        size = size.boundedTo(onScreen->availableSize());
+    resize(size);
 }
 
 void MainWindow::buildActions()

@@ -225,11 +225,16 @@ void MapView::drawScaleBar(QPainter& painter) const
         }
     }
     const QRectF bar(16, height() - 22, length * m_scale, 6);
+    const QString text = QString::number(length, 'g', 6);
+    // A light plate keeps it readable on every map.
+    const double plateWidth = std::max<double>(bar.width(), painter.fontMetrics().horizontalAdvance(text)) + 12;
+    const double plateTop = bar.top() - painter.fontMetrics().height() - 6;
+    painter.fillRect(QRectF(bar.left() - 6, plateTop, plateWidth, bar.bottom() + 6 - plateTop), QColor(255, 255, 255, 190));
     painter.setPen(Qt::black);
     painter.setBrush(Qt::white);
     painter.drawRect(bar);
     painter.fillRect(QRectF(bar.left(), bar.top(), bar.width() / 2, bar.height()), Qt::black);
-    painter.drawText(QPointF(bar.left(), bar.top() - 4), QString::number(length, 'g', 6));
+    painter.drawText(QPointF(bar.left(), bar.top() - 4), text);
 }
 
 void MapView::render()
