@@ -71,6 +71,7 @@ void AsciiSheet::initialize(const QString& text)
     page->addWidget(m_layout, 3);
     buildSettings(*page);
     buildPreview(*page);
+    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller than its content, it scrolls
     auto* whole = new QVBoxLayout(frame);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(new FormArea(content, frame));
@@ -230,7 +231,6 @@ void AsciiSheet::activate()
     if (others)
         startProfile();
     refresh();
-    FormArea::growWindow(*this);
 }
 
 void AsciiSheet::deactivate()

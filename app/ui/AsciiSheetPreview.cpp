@@ -175,7 +175,7 @@ void AsciiSheet::buildPreview(QVBoxLayout& page)
     m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_preview->setMinimumHeight(m_preview->fontMetrics().height() * leastPreviewLines);
     m_preview->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    page.addWidget(m_preview, 2);
+    page.addWidget(m_preview, 1);
     connect(marks, &QCheckBox::toggled, this, [this](bool on) {
         QTextOption option = m_preview->document()->defaultTextOption();
         option.setFlags(on ? QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators : QTextOption::Flags());

@@ -18,7 +18,7 @@ namespace
 
 using kpBaseExport::QESAttribute;
 
-constexpr int leastTableLines = 7;
+constexpr int leastTableLines = 9;
 constexpr int startColumn = 1;
 constexpr int endColumn = 2;
 constexpr int precisionColumn = 2;

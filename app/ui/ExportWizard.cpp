@@ -19,6 +19,9 @@ namespace refhost
 namespace
 {
 
+/// The pages are made for it. A screen that is smaller still is that of a platform without one.
+constexpr QSize smallestScreen(800, 600);
+
 const char* typeNameOf(AttributeKind kind)
 {
     switch (kind) {
@@ -42,9 +45,11 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     : QExportWizard(parent)
     , m_context(context)
 {
-    QSize size(900, 720);
-    if (const QScreen* screen = this->screen())
-        size = size.boundedTo(screen->availableSize());
+    // In lines of text, so that a larger font gets a larger window.
+    QSize size = QSize(53, 43) * fontMetrics().height();
+    const QSize available = screen() ? screen()->availableSize() : QSize();
+    if (available.expandedTo(smallestScreen) == available)
+        size = size.boundedTo(available);
     resize(size);
 }
 

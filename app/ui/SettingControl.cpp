@@ -42,7 +42,7 @@ private:
     }
 };
 
-/// What stands for a choice where the page has no text of its own.
+/// What stands for a choice where the page has no text of its own: its word, where that says enough.
 QString choiceText(const Setting& setting, const QString& choice)
 {
     struct Text
@@ -52,16 +52,16 @@ QString choiceText(const Setting& setting, const QString& choice)
         const char* text;
     };
     static constexpr Text texts[] = {
-        {"grouping", "single", "One file"},          {"grouping", "object", "A file per object"},
-        {"grouping", "set", "A file per set"},       {"lengthUnit", "model", "That of the model"},
-        {"lengthUnit", "m", "Metres (m)"},           {"lengthUnit", "ft", "Feet (ft)"},
-        {"lengthUnit", "ftUS", "US survey feet (ftUS)"}, {"lengthUnit", "km", "Kilometres (km)"},
+        {"grouping", "single", "one file"},          {"grouping", "object", "a file per object"},
+        {"grouping", "set", "a file per set"},       {"lengthUnit", "model", "that of the model"},
+        {"lengthUnit", "m", "metres (m)"},           {"lengthUnit", "ft", "feet (ft)"},
+        {"lengthUnit", "ftUS", "US survey feet (ftUS)"}, {"lengthUnit", "km", "kilometres (km)"},
     };
     for (const Text& text : texts) {
         if (setting.key == QLatin1String(text.key) && choice == QLatin1String(text.choice))
             return QObject::tr(text.text);
     }
-    return labelOf(choice);
+    return choice;
 }
 
 /// What the setting does, and how a command says it.
@@ -109,7 +109,7 @@ SettingControl numberBox(const Setting& setting, QWidget* parent, const std::fun
     box->setRange(static_cast<int>(setting.least), static_cast<int>(setting.most));
     // Less than none of them leaves the choice to the format.
     if (setting.least == -1)
-        box->setSpecialValueText(QObject::tr("Automatic"));
+        box->setSpecialValueText(QObject::tr("automatic"));
     QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), box, [setting, changed](int value) {
         setting.set(QString::number(value));
         changed();

@@ -117,8 +117,8 @@ void SheetBinding::arrange(QWidget& page)
         layout->addStretch(1);
         return;
     }
-    layout->addLayout(choices, 3);
-    layout->addLayout(beside, settings->isEmpty() ? 0 : 2);
+    layout->addLayout(choices, 7);
+    layout->addLayout(beside, settings->isEmpty() ? 0 : 3);
 }
 
 QStringList SheetBinding::boundKeys() const
