@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/QExportSheetEclipse.h"
 
+#include "sheets/LiteralTextStyle.h"
 #include "ui_QExportSheetEclipse.h"
 
 namespace kpBaseExport
@@ -23,8 +24,13 @@ void QExportSheetEclipse::initialize(const QString& key)
     m_ui->m_FGRIDFormatCheckBox->setChecked(false);
     m_ui->m_FEGRIDFormatCheckBox->hide();
     m_ui->m_GRDECLFormatCheckBox->setChecked(true);
-    // The "&" of its text would make a key of the blank behind it.
+    // A narrow window breaks its lines where it must.
+    m_ui->label->setWordWrap(true);
+    // The "&" of its text is one, no key.
     m_ui->m_GRDECLFormatCheckBox->setShortcut(QKeySequence());
+    auto* style = new LiteralTextStyle;
+    style->setParent(m_ui->m_GRDECLFormatCheckBox);
+    m_ui->m_GRDECLFormatCheckBox->setStyle(style);
     // A layout reserves one line for a text that wraps; these have room for all of theirs.
     QWidget* formats = m_ui->groupBox_2;
     formats->setMinimumHeight(formats->heightForWidth(formats->minimumSizeHint().width()));

@@ -49,6 +49,7 @@ void QExportAttributeWidget::initialize(const QString&, AttributeLevel level)
     m_ui->m_i_j_warning_icon->setPixmap(QPixmap(QStringLiteral(":/kpBaseQt/Resources/error.png")));
     connect(m_ui->m_selectAllButton, &QPushButton::clicked, this, &QExportAttributeWidget::onSelectAll);
     connect(m_ui->m_deselectAllButton, &QPushButton::clicked, this, &QExportAttributeWidget::onDeselectAll);
+    m_ui->gridLayout_3->setColumnStretch(1, 1); // the text begins beside the icon
     m_ui->warningBox->hide();
     setAttributeLevel(level);
 }

@@ -3,6 +3,7 @@
 
 #include "app/savers/ascii/AsciiFormat.h"
 #include "app/ui/AsciiSpecification.h"
+#include "app/ui/FormArea.h"
 #include "app/ui/HostContext.h"
 #include "host/data/FormatFile.h"
 #include "spec/SeparatorCode.h"
@@ -60,15 +61,21 @@ void AsciiSheet::initialize(const QString& text)
 {
     QExportSheetAscii::initialize(text);
     auto* frame = findChild<QFrame*>(QStringLiteral("m_frame"));
-    auto* page = new QVBoxLayout(frame);
+    auto* content = new QWidget(frame);
+    auto* page = new QVBoxLayout(content);
     page->setContentsMargins(6, 2, 6, 6);
     page->setSpacing(5);
-    m_layout = new AsciiSpecification(frame);
+    m_layout = new AsciiSpecification(content);
     m_editor = m_layout;
     m_layout->setWizard(m_wizard);
     page->addWidget(m_layout, 3);
     buildSettings(*page);
     buildPreview(*page);
+    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller than its content, it scrolls
+    auto* whole = new QVBoxLayout(frame);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(new FormArea(content, frame));
+    layout()->setContentsMargins(0, 0, 0, 0);
     restore();
     connectEditor();
 }

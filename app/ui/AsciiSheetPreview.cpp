@@ -27,6 +27,7 @@ namespace
 {
 
 constexpr int workSlice = 8; // ms
+constexpr int leastPreviewLines = 5;
 constexpr int previewRows = 12;
 constexpr int previewCharacters = 4000; // of a line
 constexpr int shownHints = 3;
@@ -159,6 +160,7 @@ void AsciiSheet::buildPreview(QVBoxLayout& page)
     m_previewTitle = new QLabel(this);
     m_previewTitle->setObjectName(QStringLiteral("previewTitle"));
     m_previewTitle->setTextFormat(Qt::PlainText);
+    m_previewTitle->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* marks = new QCheckBox(tr("&Show tabs, blanks and line ends"), this);
     marks->setObjectName(QStringLiteral("showMarks"));
     title->addWidget(m_previewTitle, 1);
@@ -171,8 +173,9 @@ void AsciiSheet::buildPreview(QVBoxLayout& page)
     m_preview->setTabChangesFocus(true);
     m_preview->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_preview->setMinimumHeight(m_preview->fontMetrics().height() * 4);
-    page.addWidget(m_preview, 2);
+    m_preview->setMinimumHeight(m_preview->fontMetrics().height() * leastPreviewLines);
+    m_preview->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    page.addWidget(m_preview, 1);
     connect(marks, &QCheckBox::toggled, this, [this](bool on) {
         QTextOption option = m_preview->document()->defaultTextOption();
         option.setFlags(on ? QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators : QTextOption::Flags());

@@ -18,6 +18,7 @@ namespace
 
 using kpBaseExport::QESAttribute;
 
+constexpr int leastTableLines = 9;
 constexpr int startColumn = 1;
 constexpr int endColumn = 2;
 constexpr int precisionColumn = 2;
@@ -35,6 +36,14 @@ AsciiSpecification::AsciiSpecification(QWidget* parent)
     addFilter();
     m_separatorCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_nullEdit->setMaximumWidth(110);
+    // They take what the page has, and a small window is no reason to scroll it.
+    for (QTableWidget* table : {static_cast<QTableWidget*>(m_attributeTable), static_cast<QTableWidget*>(m_fieldTable),
+                                static_cast<QTableWidget*>(m_columnTable)}) {
+        table->setMinimumHeight(table->fontMetrics().height() * leastTableLines);
+        table->setSizePolicy(table->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
+    }
+    m_toFieldButton->setToolTip(tr("Add the attribute to the fields (Alt+Right)"));
+    m_toAttributeButton->setToolTip(tr("Take the field out (Alt+Left)"));
 }
 
 void AsciiSpecification::addFilter()

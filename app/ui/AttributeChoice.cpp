@@ -5,6 +5,7 @@
 #include "wizard/QExportWizard.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QListWidget>
 #include <QSet>
 
@@ -22,6 +23,9 @@ void AttributeChoice::attach(kpBaseExport::QExportAttributeWidget* panel, kpBase
 {
     m_panel = panel;
     m_wizard = wizard;
+    // In line with what stands above and beside it.
+    if (m_panel && m_panel->layout())
+        m_panel->layout()->setContentsMargins(0, 0, 0, 0);
 }
 
 void AttributeChoice::refill()

@@ -10,6 +10,7 @@
 #include "wizard/QExportSheetSaveFile.h"
 
 #include <QGridLayout>
+#include <QScreen>
 #include <QSet>
 
 namespace refhost
@@ -17,6 +18,9 @@ namespace refhost
 
 namespace
 {
+
+/// The pages are made for it. A screen that is smaller still is that of a platform without one.
+constexpr QSize smallestScreen(800, 600);
 
 const char* typeNameOf(AttributeKind kind)
 {
@@ -41,7 +45,12 @@ ExportWizard::ExportWizard(HostContext& context, QWidget* parent)
     : QExportWizard(parent)
     , m_context(context)
 {
-    resize(900, 720);
+    // In lines of text, so that a larger font gets a larger window.
+    QSize size = QSize(53, 43) * fontMetrics().height();
+    const QSize available = screen() ? screen()->availableSize() : QSize();
+    if (available.expandedTo(smallestScreen) == available)
+        size = size.boundedTo(available);
+    resize(size);
 }
 
 void ExportWizard::insertFileFormatDependentSheet()

@@ -12,8 +12,15 @@ class FormArea : public QScrollArea
 public:
     FormArea(QWidget* form, QWidget* parent);
 
+    /// Makes the window of \a page as large as its form needs, as far as the screen allows.
+    static void growWindow(QWidget& page);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+protected:
+    /// Follows a form whose needs change.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 } // namespace refhost

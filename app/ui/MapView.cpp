@@ -3,12 +3,12 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <vector>
 
 namespace refhost
 {
@@ -18,14 +18,7 @@ namespace
 
 constexpr int margin = 24;
 constexpr double wheelFactor = 1.2;
-// Vertices nearer than this on the screen are drawn as one.
-constexpr double leastStep = 0.7;
-
-QColor shaded(const QColor& base, double share)
-{
-    // From a dark to a light tone of the object's colour.
-    return QColor::fromHsvF(std::max(base.hsvHueF(), 0.0), base.hsvSaturationF() * (1.0 - 0.6 * share), 0.35 + 0.6 * share);
-}
+constexpr int keyStep = 60; // pixels
 
 } // namespace
 
@@ -34,6 +27,8 @@ MapView::MapView(const Model& model, QWidget* parent)
     , m_model(model)
 {
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setToolTip(tr("Wheel or + and -: zoom. Drag or arrow keys: move. Double click: zoom in."));
     setMinimumSize(240, 180);
     setAccessibleName(tr("Map"));
 }
@@ -118,137 +113,6 @@ void MapView::changed()
     update();
 }
 
-void MapView::drawGrid(QPainter& painter, const ModelObject& object) const
-{
-    const GridGeometry& grid = *object.grid;
-    double least = INFINITY;
-    double most = -INFINITY;
-    for (const double z : *object.z) {
-        if (std::isfinite(z)) {
-            least = std::min(least, z);
-            most = std::max(most, z);
-        }
-    }
-    // As many pixels as the screen can show at most.
-    const int every = std::max(1, std::max(grid.columns, grid.rows) / 1500);
-    QImage image(grid.columns / every + 1, grid.rows / every + 1, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    for (int row = 0; row < grid.rows; row += every) {
-        for (int column = 0; column < grid.columns; column += every) {
-            const auto node = static_cast<std::size_t>(row) * grid.columns + column;
-            const double z = (*object.z)[node];
-            if (!std::isfinite(z))
-                continue;
-            double light = most > least ? (z - least) / (most - least) : 0.5;
-            // A light from the north-west shows the relief.
-            if (column > 0 && row + 1 < grid.rows) {
-                const double slope = (*object.z)[node] - (*object.z)[node + grid.columns - 1];
-                if (std::isfinite(slope))
-                    light = std::clamp(light + std::clamp(slope / std::hypot(grid.stepX, grid.stepY) * 2.0, -0.25, 0.25), 0.0, 1.0);
-            }
-            image.setPixelColor(column / every, image.height() - 1 - row / every, shaded(object.color, light));
-        }
-    }
-    painter.save();
-    painter.translate(toScreen(grid.originX, grid.originY));
-    painter.rotate(-grid.rotation);
-    const double pixelWidth = grid.stepX * every * m_scale;
-    const double pixelHeight = grid.stepY * every * m_scale;
-    painter.drawImage(QRectF(-pixelWidth / 2, -pixelHeight * (image.height() - 0.5), pixelWidth * image.width(),
-                             pixelHeight * image.height()),
-                      image);
-    painter.restore();
-}
-
-void MapView::drawObject(QPainter& painter, const ModelObject& object, const QRectF& shown) const
-{
-    if (object.vertexCount() == 0 || !extentOf(object).adjusted(-1e-9, -1e-9, 1e-9, 1e-9).intersects(shown))
-        return;
-    const bool selected = m_selected.count(object.id) != 0;
-    if (object.grid) {
-        drawGrid(painter, object);
-        return;
-    }
-    const QColor colour = selected ? QColor(255, 140, 0) : object.color;
-    if (object.parts.empty()) {
-        painter.setPen(QPen(colour.darker(140), 1));
-        painter.setBrush(colour);
-        const double radius = selected ? 4 : 3;
-        for (std::size_t index = 0; index < object.x->size(); ++index)
-            painter.drawEllipse(toScreen((*object.x)[index], (*object.y)[index]), radius, radius);
-        return;
-    }
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
-    bool area = object.type == ObjectType::Polygons;
-    for (const Part& part : object.parts) {
-        QPointF last;
-        for (int index = part.first; index < part.first + part.count; ++index) {
-            const QPointF point = toScreen((*object.x)[index], (*object.y)[index]);
-            if (index == part.first)
-                path.moveTo(point);
-            else if ((point - last).manhattanLength() >= leastStep || index + 1 == part.first + part.count)
-                path.lineTo(point);
-            else
-                continue;
-            last = point;
-        }
-    }
-    QColor fill = colour;
-    fill.setAlpha(110);
-    painter.setPen(QPen(area ? colour.darker(150) : colour, selected ? 3 : (area ? 1 : 2)));
-    painter.setBrush(area ? QBrush(fill) : QBrush(Qt::NoBrush));
-    painter.drawPath(path);
-    if (object.type == ObjectType::Wells) {
-        painter.setBrush(colour);
-        painter.drawEllipse(toScreen(object.x->front(), object.y->front()), 3, 3);
-    }
-}
-
-void MapView::drawScaleBar(QPainter& painter) const
-{
-    const double longest = 160.0 / m_scale;
-    double length = std::pow(10.0, std::floor(std::log10(longest)));
-    for (const double factor : {5.0, 2.0}) {
-        if (length * factor <= longest) {
-            length *= factor;
-            break;
-        }
-    }
-    const QRectF bar(16, height() - 22, length * m_scale, 6);
-    painter.setPen(Qt::black);
-    painter.setBrush(Qt::white);
-    painter.drawRect(bar);
-    painter.fillRect(QRectF(bar.left(), bar.top(), bar.width() / 2, bar.height()), Qt::black);
-    painter.drawText(QPointF(bar.left(), bar.top() - 4), QString::number(length, 'g', 6));
-}
-
-void MapView::render()
-{
-    m_picture = QPixmap(size());
-    m_picture.fill(QColor(250, 250, 247));
-    QPainter painter(&m_picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPointF southWest = toMap(QPointF(-8, height() + 8));
-    const QPointF northEast = toMap(QPointF(width() + 8, -8));
-    const QRectF shown(southWest, northEast);
-    // Surfaces below, then areas, then lines and points.
-    const auto level = [](const ModelObject& object) {
-        if (object.grid)
-            return 0;
-        if (object.type == ObjectType::Polygons)
-            return 1;
-        return object.parts.empty() ? 3 : 2;
-    };
-    for (int current = 0; current < 4; ++current) {
-        for (const ModelObject& object : m_model.objects()) {
-            if (level(object) == current && m_visible.count(object.id) != 0)
-                drawObject(painter, object, shown);
-        }
-    }
-    drawScaleBar(painter);
-}
-
 void MapView::paintEvent(QPaintEvent*)
 {
     if (m_picture.isNull())
@@ -256,6 +120,10 @@ void MapView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), QColor(250, 250, 247));
     painter.drawPixmap(m_dragOffset, m_picture);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 void MapView::resizeEvent(QResizeEvent*)
@@ -267,14 +135,58 @@ void MapView::resizeEvent(QResizeEvent*)
 
 void MapView::wheelEvent(QWheelEvent* event)
 {
-    const QPointF fixed = toMap(event->position());
-    m_scale *= std::pow(wheelFactor, event->angleDelta().y() / 120.0);
-    m_scale = std::clamp(m_scale, 1e-9, 1e9);
-    const QPointF now = toMap(event->position());
+    zoomAbout(event->position(), std::pow(wheelFactor, event->angleDelta().y() / 120.0));
+}
+
+void MapView::zoomBy(double factor)
+{
+    zoomAbout(QPointF(width() / 2.0, height() / 2.0), factor);
+}
+
+void MapView::zoomAbout(const QPointF& position, double factor)
+{
+    const QPointF fixed = toMap(position);
+    m_scale = std::clamp(m_scale * factor, 1e-9, 1e9);
+    const QPointF now = toMap(position);
     m_centreX += fixed.x() - now.x();
     m_centreY += fixed.y() - now.y();
     m_fitted = false;
     changed();
+}
+
+void MapView::moveBy(const QPointF& pixels)
+{
+    m_centreX += pixels.x() / m_scale;
+    m_centreY -= pixels.y() / m_scale;
+    m_fitted = false;
+    changed();
+}
+
+void MapView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        zoomAbout(event->localPos(), wheelFactor * wheelFactor);
+}
+
+void MapView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        return zoomBy(wheelFactor);
+    case Qt::Key_Minus:
+        return zoomBy(1 / wheelFactor);
+    case Qt::Key_Left:
+        return moveBy({-keyStep, 0});
+    case Qt::Key_Right:
+        return moveBy({keyStep, 0});
+    case Qt::Key_Up:
+        return moveBy({0, -keyStep});
+    case Qt::Key_Down:
+        return moveBy({0, keyStep});
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void MapView::mousePressEvent(QMouseEvent* event)
@@ -304,11 +216,9 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
     unsetCursor();
     if (m_dragOffset.isNull())
         return;
-    m_centreX -= m_dragOffset.x() / m_scale;
-    m_centreY += m_dragOffset.y() / m_scale;
+    const QPoint moved = m_dragOffset;
     m_dragOffset = QPoint();
-    m_fitted = false;
-    changed();
+    moveBy(-moved);
 }
 
 } // namespace refhost

@@ -12,7 +12,8 @@
 namespace refhost
 {
 
-/// The model seen from above: objects in their colours, zoomed by wheel about the cursor, moved by dragging.
+/// The model seen from above: objects in their colours, zoomed by wheel about the cursor, moved by dragging; also by
+/// the keys + and - and the arrows.
 class MapView : public QWidget
 {
     Q_OBJECT
@@ -24,6 +25,8 @@ public:
     void setSelectedIds(const std::set<int>& ids);
     /// Shows the whole of these objects; all visible ones when the list is empty.
     void zoomTo(const std::vector<int>& ids = {});
+    /// Zooms about the middle; \a factor above 1 shows less of the map, larger.
+    void zoomBy(double factor);
     QSize sizeHint() const override { return {700, 560}; }
 
 Q_SIGNALS:
@@ -37,11 +40,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QPointF toScreen(double x, double y) const;
     QPointF toMap(const QPointF& position) const;
+    void zoomAbout(const QPointF& position, double factor);
+    void moveBy(const QPointF& pixels);
     void changed();
+    void drawInvitation(QPainter& painter) const;
     void render();
     void drawObject(QPainter& painter, const ModelObject& object, const QRectF& shown) const;
     void drawGrid(QPainter& painter, const ModelObject& object) const;

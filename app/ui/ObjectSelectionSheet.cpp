@@ -6,7 +6,11 @@
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
 
+#include <QLayout>
+#include <QPushButton>
 #include <QTreeWidget>
+
+#include <algorithm>
 
 namespace refhost
 {
@@ -34,6 +38,15 @@ void ObjectSelectionSheet::initialize(const QString& key)
 {
     QExportSheetObjectSelection::initialize(key);
     auto* tree = findChild<QTreeWidget*>(QStringLiteral("m_objectTree"));
+    layout()->setContentsMargins(0, 0, 0, 0);
+    // The form's limit is too narrow for the text in some fonts.
+    for (const char* name : {"selectAllButton", "deselectAllButton"}) {
+        auto* button = findChild<QPushButton*>(QString::fromLatin1(name));
+        button->setMaximumWidth(std::max(button->maximumWidth(), button->sizeHint().width()));
+    }
+    tree->setAccessibleName(tr("Types of objects"));
+    findChild<QPushButton*>(QStringLiteral("pushButtonMatchModelSelection"))
+        ->setToolTip(tr("Checks the objects that are selected in the program's window, and no others"));
     const QSignalBlocker blocker(tree);
     // A type of this program beside those that every host has.
     for (QTreeWidgetItem* group : tree->findItems(QStringLiteral("Miscellaneous"), Qt::MatchExactly)) {
@@ -66,7 +79,9 @@ void ObjectSelectionSheet::updateObjectTypes()
     const QSignalBlocker blocker(tree);
     forEachLeaf(*tree, [saver](QTreeWidgetItem& leaf) {
         const std::string type = leaf.data(0, Qt::UserRole).toString().toStdString();
-        leaf.setDisabled(!saver || saver->supported_types().count(type) == 0);
+        const bool supported = saver && saver->supported_types().count(type) != 0;
+        leaf.setDisabled(!supported);
+        leaf.setToolTip(0, supported ? QString() : ObjectSelectionSheet::tr("The format cannot take objects of this type."));
     });
 }
 

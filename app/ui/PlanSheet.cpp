@@ -18,6 +18,8 @@ namespace refhost
 namespace
 {
 
+constexpr int mostNamesInToolTip = 30;
+constexpr int cellPadding = 12;
 const QString verifyKey = QStringLiteral("verifyExports");
 
 QString objectsText(const QStringList& names)
@@ -52,7 +54,7 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     : AbstractSheet(wizard)
     , m_summary(new QLabel(this))
     , m_files(new QTreeWidget(this))
-    , m_verify(new QCheckBox(tr("Read the files again and compare them with the model"), this))
+    , m_verify(new QCheckBox(tr("&Read the files again and compare them with the model"), this))
 {
     m_pageWidget = this;
     setWindowTitle(tr("File Export: Files to Write"));
@@ -60,6 +62,9 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     m_summary->setWordWrap(true);
     m_files->setObjectName(QStringLiteral("planFiles"));
     m_files->setHeaderLabels({tr("File"), tr("State"), tr("Rows"), tr("Size, about"), tr("Objects")});
+    m_files->headerItem()->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
+    m_files->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+    m_files->setAccessibleName(tr("Files to write"));
     m_files->setRootIsDecorated(false);
     m_files->setUniformRowHeights(true);
     m_files->setAlternatingRowColors(true);
@@ -68,6 +73,7 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     m_verify->setChecked(QSettings().value(verifyKey, false).toBool());
     connect(m_verify, &QCheckBox::toggled, this, [](bool on) { QSettings().setValue(verifyKey, on); });
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_summary);
     layout->addWidget(m_files, 1);
     layout->addWidget(m_verify);
@@ -86,6 +92,7 @@ void PlanSheet::showPlan(const ExportPlan& plan)
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
         item->setToolTip(0, toolTipOf(output));
+        item->setToolTip(4, output.objects.mid(0, mostNamesInToolTip).join(QLatin1Char('\n')));
         if (output.replaces)
             item->setForeground(1, QColor(Qt::darkRed));
         items.append(item);
@@ -95,6 +102,8 @@ void PlanSheet::showPlan(const ExportPlan& plan)
     m_files->header()->resizeSection(0, 260);
     for (int column = 1; column < 4; ++column)
         m_files->resizeColumnToContents(column);
+    for (int column = 1; column < 4; ++column)
+        m_files->header()->resizeSection(column, m_files->columnWidth(column) + cellPadding);
 }
 
 bool PlanSheet::wantsVerification() const

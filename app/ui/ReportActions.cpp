@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QToolTip>
 
 namespace refhost
 {
@@ -24,6 +25,8 @@ ReportActions::ReportActions(QWidget* parent)
     m_copy->setObjectName(QStringLiteral("copyCommandLine"));
     job->setObjectName(QStringLiteral("saveJobFile"));
     m_retry->setObjectName(QStringLiteral("retryFailed"));
+    job->setToolTip(tr("Saves this export as a job for \"kpexport run\""));
+    m_retry->setToolTip(tr("Writes only the files that failed, once their cause is mended"));
     m_retry->hide();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 6, 0, 0);
@@ -47,6 +50,7 @@ void ReportActions::show(const ExportRequest& request, bool someFailed)
 void ReportActions::copyCommandLine()
 {
     QApplication::clipboard()->setText(commandLineOf(m_request));
+    QToolTip::showText(m_copy->mapToGlobal(m_copy->rect().bottomLeft()), tr("The command is on the clipboard."), m_copy);
 }
 
 void ReportActions::saveJobFile()

@@ -17,7 +17,7 @@ struct SettingControl
     std::function<void()> show;
 };
 
-/// Choices are shown by the given texts, or by their keys. \a changed is called after the user has set a value.
+/// Choices are shown by the given texts, or by words of their own. \a changed is called after the user has set a value.
 SettingControl makeSettingControl(const Setting& setting, const QStringList& choiceTexts, const QString& checkText,
                                   QWidget* parent, const std::function<void()>& changed);
 

@@ -16,7 +16,13 @@ SettingsForm::SettingsForm(const SettingsMap& settings, const QStringList& excep
     for (const Setting& setting : settings.settings()) {
         if (except.contains(setting.key))
             continue;
-        form->addRow(labelOf(setting.key), makeSettingControl(setting, {}, QString(), this, [] {}).widget);
+        const QString label = labelOf(setting.key);
+        QWidget* control = makeSettingControl(setting, {}, label, this, [] {}).widget;
+        // A check box carries its own text, so that a click on the text counts too.
+        if (setting.kind == Setting::Boolean)
+            form->setWidget(form->rowCount(), QFormLayout::FieldRole, control);
+        else
+            form->addRow(label, control);
         m_empty = false;
     }
 }

@@ -26,6 +26,7 @@ void SettingsSheet::initialize(const QString&)
     setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_format.info().fileFormatName));
     restoreSettings(m_settings, m_format.info().key);
     auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
     auto* left = new QVBoxLayout;
     left->addWidget(new SettingsForm(m_settings, {}, this));
     left->addStretch();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/SheetBinding.h"
 
-#include "app/ui/FormArea.h"
 #include "app/ui/SettingsForm.h"
 #include "app/ui/SettingsMemory.h"
 #include "host/ui/QImportUnitSelector.h"
@@ -13,9 +12,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QScreen>
-#include <QScrollArea>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -95,6 +91,7 @@ void SheetBinding::arrange(QWidget& page)
     more->setObjectName(QStringLiteral("moreOptions"));
     auto* settings = new SettingsForm(m_settings, boundKeys(), more);
     auto* moreLayout = new QVBoxLayout(more);
+    moreLayout->setContentsMargins(8, 8, 8, 8);
     moreLayout->addWidget(settings);
     more->setVisible(!settings->isEmpty());
     QLayout* const formLayout = page.layout();
@@ -102,6 +99,7 @@ void SheetBinding::arrange(QWidget& page)
     if (formLayout) {
         auto* form = new QWidget(&page);
         form->setLayout(formLayout); // takes it, and the controls in it, from the page
+        formLayout->setContentsMargins(0, 0, 0, 0);
         choices->addWidget(new FormArea(form, &page));
     }
     if (m_ownPanel)
@@ -111,26 +109,16 @@ void SheetBinding::arrange(QWidget& page)
     beside->addStretch(1);
     auto* layout = new QHBoxLayout(&page);
     layout->setContentsMargins(0, 0, 0, 0);
-    if (choices->isEmpty())
+    // Alone, the options are no wider than beside a form.
+    if (choices->isEmpty()) {
         delete choices;
-    else
-        layout->addLayout(choices, 3);
-    layout->addLayout(beside, settings->isEmpty() ? 0 : 2);
-}
-
-void SheetBinding::growWindow()
-{
-    // What does not fit is known when the layouts have heard of what is shown.
-    QTimer::singleShot(0, m_page, [page = m_page] {
-        QWidget* const window = page->window();
-        const QScreen* const screen = window->screen();
-        const auto* area = page->findChild<const QScrollArea*>(QStringLiteral("formArea"));
-        if (window == page || !screen || !area)
-            return;
-        const int lacking = std::max(0, area->widget()->height() - area->viewport()->height());
-        const QSize wanted(window->sizeHint().width(), window->height() + lacking);
-        window->resize(window->size().expandedTo(wanted.boundedTo(screen->availableSize())));
-    });
+        more->setTitle(QWidget::tr("Options"));
+        layout->addLayout(beside, 2);
+        layout->addStretch(1);
+        return;
+    }
+    layout->addLayout(choices, 7);
+    layout->addLayout(beside, settings->isEmpty() ? 0 : 3);
 }
 
 QStringList SheetBinding::boundKeys() const

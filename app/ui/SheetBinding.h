@@ -5,6 +5,7 @@
 #include "app/model/Model.h"
 #include "app/ui/AttributeChoice.h"
 #include "app/ui/ControlBinding.h"
+#include "app/ui/FormArea.h"
 
 namespace refhost
 {
@@ -33,7 +34,7 @@ public:
             m_attributes.refill(fillPage);
         }
         showUnits();
-        growWindow();
+        FormArea::growWindow(*m_page);
     }
     /// The page is left: settings are filled from the controls and remembered.
     void leave();
@@ -46,8 +47,6 @@ public:
 private:
     bool objectsChanged();
     void arrange(QWidget& page);
-    /// Makes the wizard large enough for the page, as far as the screen goes.
-    void growWindow();
     void showControl(const ControlBinding& binding);
     void readControl(const ControlBinding& binding);
     void showUnits();

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -27,6 +28,17 @@ QFrame* horizontalLine(QWidget* parent)
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     return line;
+}
+
+/// The key clicks the button while it can be clicked.
+void bindKey(QPushButton& button, const QKeySequence& key)
+{
+    auto* shortcut = new QShortcut(key, button.window());
+    QObject::connect(shortcut, &QShortcut::activated, &button, [&button] {
+        if (button.isVisible())
+            button.click();
+    });
+    button.setToolTip(key.toString(QKeySequence::NativeText));
 }
 
 } // namespace
@@ -73,6 +85,9 @@ Wizard::Wizard(QWidget* parent, Qt::WindowFlags flags)
     layout->addWidget(horizontalLine(this));
     layout->addLayout(buttons);
 
+    // Keys that do not stand in the texts, as the library sets these.
+    bindKey(*m_back, Qt::ALT + Qt::Key_PageUp);
+    bindKey(*m_next, Qt::ALT + Qt::Key_PageDown);
     connect(m_next, &QPushButton::clicked, this, [this] { activate_next_sheet(); });
     connect(m_back, &QPushButton::clicked, this, [this] { activate_previous_sheet(); });
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);

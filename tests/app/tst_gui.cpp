@@ -7,15 +7,18 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
@@ -26,6 +29,7 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QTreeWidget>
+#include <QUrl>
 #include <QtTest>
 
 #include <functional>
@@ -153,7 +157,9 @@ private Q_SLOTS:
     void failureIsReported();
     void selectionInTheWindow();
     void everyFormatHasItsPage();
+    void ampersandIsShown();
     void cancelledInTheWizard();
+    void droppedFile();
 
 private:
     QByteArray read(const QString& name) { return contentOf(m_folder.filePath(name)); }
@@ -171,6 +177,10 @@ private:
 void GuiTest::initTestCase()
 {
     useTestSettings(m_folder.path());
+    // The usual size of text; that of a platform without screen is larger.
+    QFont font = QApplication::font();
+    font.setPixelSize(12);
+    QApplication::setFont(font);
     qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
     const QString lines = writeFile(m_folder.filePath(QStringLiteral("lines.geojson")), "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
                 "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}},"
@@ -178,7 +188,10 @@ void GuiTest::initTestCase()
     m_context = std::make_unique<HostContext>();
     m_window = std::make_unique<MainWindow>(*m_context);
     m_window->show();
+    QVERIFY(!m_window->findChild<QAction*>(QStringLiteral("exportAction"))->isEnabled());
     m_window->openModel(lines);
+    QVERIFY(m_window->findChild<QAction*>(QStringLiteral("exportAction"))->isEnabled());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("lines.geojson - kpexport"));
     QCOMPARE(m_context->model.objects().size(), std::size_t(2));
 }
 
@@ -387,9 +400,56 @@ void GuiTest::everyFormatHasItsPage()
         QVERIFY2(page->windowTitle().startsWith(QStringLiteral("File Export: ")), qPrintable(key));
         if (pages.count(key) != 0)
             QCOMPARE(page->metaObject()->className(), pages.at(key));
+        // A small screen holds it; what has no room is scrolled.
+        QVERIFY2(wizard.minimumSizeHint().width() <= 820 && wizard.minimumSizeHint().height() <= 600, qPrintable(QStringLiteral("%1: %2 x %3").arg(key).arg(wizard.minimumSizeHint().width()).arg(wizard.minimumSizeHint().height())));
         for (const QWidget* control : page->findChildren<QWidget*>())
             QVERIFY2(!control->toolTip().contains(QStringLiteral("has no such option")), qPrintable(key + QLatin1Char(' ') + control->objectName()));
     }
+}
+
+/// The text has one "&", which must be seen and be no key.
+void GuiTest::ampersandIsShown()
+{
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.setFormatAndSelectedGeo("grdecl", {1});
+    wizard.startup();
+    wizard.show();
+    auto* box = wizard.findChild<QCheckBox*>(QStringLiteral("m_GRDECLFormatCheckBox"));
+    QVERIFY(box->text().endsWith(QStringLiteral("COORD & ZCORN")));
+    QCheckBox twin(QString(box->text()).replace(QLatin1Char('&'), QStringLiteral("&&")), box->parentWidget());
+    twin.setChecked(true);
+    QCOMPARE(box->sizeHint(), twin.sizeHint());
+    QCheckBox key(box->text());
+    QVERIFY(box->sizeHint() != key.sizeHint());
+    twin.resize(box->size());
+    QCOMPARE(box->grab().toImage(), twin.grab().toImage());
+}
+
+/// A dropped file adds its objects; what was hidden and selected stays so.
+void GuiTest::droppedFile()
+{
+    auto* tree = m_window->findChild<QTreeWidget*>(QStringLiteral("objectTree"));
+    const auto all = [tree] {
+        return tree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive);
+    };
+    const auto named = [&](const char* name) { return tree->findItems(QString::fromLatin1(name), Qt::MatchExactly | Qt::MatchRecursive).value(0); };
+    named("lines 1")->setCheckState(0, Qt::Unchecked);
+    tree->setCurrentItem(named("lines 2"));
+    const auto before = m_context->model.objects().size();
+    const int rows = all().size();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(writeFile(m_folder.filePath(QStringLiteral("dropped.csv")), "x,y,z\n1,2,3\n")), QUrl(QStringLiteral("http://localhost/no"))});
+    QDragEnterEvent enter(QPoint(200, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(200, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &drop);
+    QTRY_COMPARE(m_context->model.objects().size(), before + 1);
+    QVERIFY(all().size() > rows && named("dropped"));
+    QCOMPARE(named("lines 1")->checkState(0), Qt::Unchecked);
+    QCOMPARE(m_context->selectedIds, std::set<int>{2});
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("lines.geojson and 1 more - kpexport"));
+    QVERIFY(m_window->findChild<QLabel*>(QStringLiteral("objectCounts"))->text().endsWith(QStringLiteral(", 1 selected")));
 }
 
 QTEST_MAIN(GuiTest)
