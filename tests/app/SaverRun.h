@@ -101,14 +101,6 @@ struct SaverRun
             list.append(QStringLiteral("%1: %2").arg(finding.kind).arg(finding.count));
         return list.join(QStringLiteral(", "));
     }
-    /// "kind|kind" of the same.
-    QString kinds() const
-    {
-        QStringList list;
-        for (const Finding& finding : report.findings())
-            list.append(finding.kind);
-        return list.join(QLatin1Char('|'));
-    }
     qint64 countOf(const QString& kind) const
     {
         qint64 count = 0;
