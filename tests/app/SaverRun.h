@@ -28,6 +28,15 @@ inline std::unique_ptr<ExportFormat> formatOf(const QString& key)
     return nullptr;
 }
 
+/// Gives a format the settings of another of its kind.
+inline void copySettings(ExportFormat& from, ExportFormat& to)
+{
+    const SettingsMap source = from.settings();
+    SettingsMap target = to.settings();
+    for (const Setting& setting : source.settings())
+        target.set(setting.key, setting.get());
+}
+
 /// One run of a format over objects, with a read-back of each file written. It can be repeated.
 struct SaverRun
 {
