@@ -14,17 +14,10 @@
 #include "tests/spec/MouseDrag.h"
 #include "tests/spec/SpecificationEditor.h"
 
-#include <QCheckBox>
-#include <QFileDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSettings>
-#include <QSpinBox>
-#include <QTextEdit>
+#include <QtWidgets>
 
 #include <numeric>
 

@@ -10,16 +10,8 @@
 #include "wizard/QExportSheetSaveFile.h"
 #include "wizard/QObjectListModel.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QScrollArea>
 #include <QSettings>
-#include <QTableView>
+#include <QtWidgets>
 
 #include <deque>
 

@@ -101,7 +101,6 @@ class OgrExporterTest : public QObject
 
 private Q_SLOTS:
     void initTestCase() { GDALAllRegister(); }
-    void layerFileNames_data();
     void layerFileNames();
     void geometryOfEachType_data();
     void geometryOfEachType();
@@ -123,28 +122,17 @@ private:
     QTemporaryDir m_folder;
 };
 
-void OgrExporterTest::layerFileNames_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<unsigned>("type");
-    QTest::addColumn<QString>("name");
-    const auto row = [](const char* from, OGRwkbGeometryType type, const char* to) {
-        QTest::newRow(to) << QString::fromUtf8(from) << static_cast<unsigned>(type) << QString::fromUtf8(to);
-    };
-    row("/o/model.shp", wkbLineString25D, "/o/model_polylines3d.shp");
-    row("/o/model.shp", wkbMultiPolygon, "/o/model_polygons.shp");
-    row("/o/a.b.shp", wkbPoint, "/o/a.b_points.shp");
-    row("/o/model", wkbMultiPoint25D, "/o/model_points3d.");
-    row("/o/model.tab", wkbUnknown, "/o/model.tab");
-    row("/o/model.tab", wkbPolygon25D, "/o/model_polygons3d.tab");
-}
-
 void OgrExporterTest::layerFileNames()
 {
-    QFETCH(QString, path);
-    QFETCH(unsigned, type);
-    QFETCH(QString, name);
-    QCOMPARE(OGRExporter::layerFileName(path, static_cast<OGRwkbGeometryType>(type)), name);
+    const auto named = [](const char* file, OGRwkbGeometryType type) {
+        return OGRExporter::layerFileName(QString::fromUtf8(file), type);
+    };
+    QCOMPARE(named("/o/model.shp", wkbLineString25D), QStringLiteral("/o/model_polylines3d.shp"));
+    QCOMPARE(named("/o/model.shp", wkbMultiPolygon), QStringLiteral("/o/model_polygons.shp"));
+    QCOMPARE(named("/o/a.b.shp", wkbPoint), QStringLiteral("/o/a.b_points.shp"));
+    QCOMPARE(named("/o/model", wkbMultiPoint25D), QStringLiteral("/o/model_points3d."));
+    QCOMPARE(named("/o/model.tab", wkbUnknown), QStringLiteral("/o/model.tab"));
+    QCOMPARE(named("/o/model.tab", wkbPolygon25D), QStringLiteral("/o/model_polygons3d.tab"));
 }
 
 void OgrExporterTest::geometryOfEachType_data()
