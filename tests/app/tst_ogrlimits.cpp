@@ -30,7 +30,6 @@ class OgrLimitsTest : public SaverTest
 private Q_SLOTS:
     void names_data();
     void names();
-    void manyLikeNames();
     void plans_data();
     void plans();
     void limits_data();
@@ -74,22 +73,6 @@ void OgrLimitsTest::names()
     rules.ascii = !ascii.isEmpty();
     rules.reserved = QStringList{QStringLiteral("FID")};
     QCOMPARE(fieldNames(wanted.split(QLatin1Char('|')), rules).join(QLatin1Char('|')), made);
-}
-
-void OgrLimitsTest::manyLikeNames()
-{
-    FieldNameRules rules;
-    rules.mostBytes = 10;
-    QStringList wanted;
-    for (int index = 0; index < 255; ++index)
-        wanted.append(QString::fromUtf8("пористость_%1").arg(index));
-    const QStringList made = fieldNames(wanted, rules);
-    QSet<QString> different;
-    for (const QString& name : made) {
-        QVERIFY2(name.toUtf8().size() <= 10 && !name.contains(QChar::ReplacementCharacter), qPrintable(name));
-        different.insert(name.toCaseFolded());
-    }
-    QCOMPARE(different.size(), 255);
 }
 
 void OgrLimitsTest::plans_data()
@@ -212,7 +195,7 @@ void OgrLimitsTest::wideTable()
     QFETCH(int, own);
     std::vector<AttributeColumn> attributes;
     for (int index = 0; index < 300; ++index)
-        attributes.push_back(columnOf(QStringLiteral("Permeability %1 of the layer").arg(index), AttributeKind::Real,
+        attributes.push_back(columnOf(QString::fromUtf8("пористость_%1").arg(index), AttributeKind::Real,
                                       {index + 0.5, QVariant()}));
     const SaverRun run(format, {cloudOf(QStringLiteral("o"), {1, 2}, attributes)},
                        path(QStringLiteral("wide.") + format));
@@ -222,6 +205,10 @@ void OgrLimitsTest::wideTable()
     const OGRFeatureUniquePtr first(source->GetLayer(0)->GetNextFeature());
     QCOMPARE(first->GetFieldCount(), most);
     QCOMPARE(first->GetFieldIndex("colorval"), most - 1);
+    // Names that are alike where they are cut; never inside a character.
+    const QStringList names = fieldNamesIn(run.files.front().path).toCaseFolded().split(QLatin1Char(' '));
+    QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), most);
+    QVERIFY(names.filter(QChar(QChar::ReplacementCharacter)).isEmpty());
     for (int index = 0; index < most - own; ++index)
         QCOMPARE(first->GetFieldAsDouble(index + own - 1), index + 0.5);
 }
