@@ -16,7 +16,8 @@ inline void textRows(std::initializer_list<const char*> columns,
         QStringList texts;
         for (const char* text : row)
             texts.append(QString::fromUtf8(text));
-        const QString name = row.size() > columns.size() ? texts.takeFirst() : texts.join(QLatin1Char(' ')).simplified();
+        const QString name =
+            row.size() > columns.size() ? texts.takeFirst() : texts.join(QLatin1Char(' ')).simplified();
         QTestData& data = QTest::newRow(qPrintable(name));
         for (const QString& text : qAsConst(texts))
             data << text;

@@ -43,7 +43,8 @@ void CgalTest::surfaces()
     std::vector<CGAL::Simple_cartesian<double>::Point_3> points;
     std::vector<std::vector<std::size_t>> triangles;
     const std::string file = run.files[0].path.toStdString();
-    QVERIFY(key == QLatin1String("off") ? CGAL::IO::read_OFF(file, points, triangles) : CGAL::IO::read_GOCAD(file, points, triangles));
+    QVERIFY(key == QLatin1String("off") ? CGAL::IO::read_OFF(file, points, triangles)
+                                        : CGAL::IO::read_GOCAD(file, points, triangles));
     const ModelObject& surface = run.objects.front();
     std::size_t next = 0;
     for (std::size_t vertex = 0; vertex < surface.x->size(); ++vertex) {

@@ -65,7 +65,8 @@ void GocadTest::points()
 void GocadTest::lines()
 {
     // A ring, then a line with a vertex that has no height.
-    ModelObject line = objectOf(QStringLiteral("outline"), ObjectType::Polygons, {0, 1, 1, 0, 5, 6, 7, 8, 9}, {0, 0, 1, 0, 5, 5, 5, 5, 5}, {1, 2, 3, 1, 0, 0, NAN, 0, 0},
+    ModelObject line = objectOf(QStringLiteral("outline"), ObjectType::Polygons, {0, 1, 1, 0, 5, 6, 7, 8, 9},
+                                {0, 0, 1, 0, 5, 5, 5, 5, 5}, {1, 2, 3, 1, 0, 0, NAN, 0, 0},
                                 {{0, 4, true, false}, {4, 5, false, false}});
     line.objectAttributes.push_back({QStringLiteral("rank"), AttributeKind::Integer, QString(), 7});
     SaverRun run("gocad", {line}, path("l"), "header=false;decimals=0");
@@ -97,7 +98,8 @@ void GocadTest::lines()
 
 void GocadTest::surface()
 {
-    ModelObject mesh = objectOf(QStringLiteral("m"), ObjectType::MeshSurfaces, {0, 1, 1, NAN}, {0, 0, 1, 0}, {1, 1, 1, 1});
+    ModelObject mesh =
+        objectOf(QStringLiteral("m"), ObjectType::MeshSurfaces, {0, 1, 1, NAN}, {0, 0, 1, 0}, {1, 1, 1, 1});
     mesh.triangles = {{0, 1, 2}, {2, 3, 0}};
     SaverRun run("gocad", {mesh}, path("m.txt"), "decimals=1");
     QCOMPARE(run.fault(), QString());
@@ -108,7 +110,8 @@ void GocadTest::surface()
                                                                        "VRTX 3 1.0 1.0 1.0\n"
                                                                        "TRGL 1 2 3\n"
                                                                        "END\n"));
-    QCOMPARE(run.findings(), QStringLiteral("triangle without a position left out: 1, vertex without a position left out: 1"));
+    QCOMPARE(run.findings(),
+             QStringLiteral("triangle without a position left out: 1, vertex without a position left out: 1"));
 }
 
 void GocadTest::gridWithHoles()
@@ -155,7 +158,8 @@ void GocadTest::files()
     const ModelObject line = objectOf(ObjectType::Polylines, QStringLiteral("line"), {{1, 2, 3}, {2, 2, 3}}, "");
     ModelObject surface = gridOf(2, 2);
     surface.set = QStringLiteral("T");
-    const SaverRun run("gocad", {cloud, line, surface}, path(name), QStringLiteral("filePrefix=pre;grouping=") + grouping);
+    const SaverRun run("gocad", {cloud, line, surface}, path(name),
+                       QStringLiteral("filePrefix=pre;grouping=") + grouping);
     QCOMPARE(run.fault(), QString());
     QStringList names;
     for (const PlannedFile& file : run.files)

@@ -120,7 +120,8 @@ void GrdeclTest::units()
     QVERIFY(run.readBack[0].worstError < 0.002);
     QVERIFY(run.bytes().contains("GRIDUNIT\n " + gridUnit.toUtf8() + " 'MAP'"));
     QVERIFY(run.bytes().contains("ZCORN\n 16*" + depth.toUtf8()));
-    QCOMPARE(run.countOf(QStringLiteral("length unit changed")), modelUnit == QLatin1String("km") || modelUnit == QLatin1String("ftUS"));
+    QCOMPARE(run.countOf(QStringLiteral("length unit changed")),
+             modelUnit == QLatin1String("km") || modelUnit == QLatin1String("ftUS"));
 }
 
 void GrdeclTest::localOrigin()
@@ -143,7 +144,9 @@ void GrdeclTest::missingValues()
     QCOMPARE(run.fault(), QString());
     QVERIFY(run.bytes().contains("NTG\n 0.5 2*-1.0\n/"));
     // The inactive cell's is no loss.
-    QCOMPARE(run.findings(), QStringLiteral("attribute that is no number left out: 1, missing value of an active cell written as -1: 1"));
+    QCOMPARE(
+        run.findings(),
+        QStringLiteral("attribute that is no number left out: 1, missing value of an active cell written as -1: 1"));
     run.selection.attributes = QStringList{QStringLiteral("SWAT")};
     QVERIFY(run.again());
     QVERIFY(!run.bytes().contains("NTG"));
@@ -164,11 +167,12 @@ void GrdeclTest::undefinedCorners()
 
 void GrdeclTest::realGrids_data()
 {
-    textRows({"source", "cells", "properties"}, {{"examples/sample/blocks.grdecl", "192", "PORO PERMX"},
-                                                 {"../shared/data/eclipse/simpleb8.grdecl", "24", "PORO PERMX PERMY PERMZ"},
-                                                 {"../shared/data/eclipse/emerald.grdecl", "48", ""},
-                                                 {"../shared/data/eclipse/b.grdecl", "2400", ""},
-                                                 {"../shared/data/eclipse/SPE9.GRDECL", "9000", ""}});
+    textRows({"source", "cells", "properties"},
+             {{"examples/sample/blocks.grdecl", "192", "PORO PERMX"},
+              {"../shared/data/eclipse/simpleb8.grdecl", "24", "PORO PERMX PERMY PERMZ"},
+              {"../shared/data/eclipse/emerald.grdecl", "48", ""},
+              {"../shared/data/eclipse/b.grdecl", "2400", ""},
+              {"../shared/data/eclipse/SPE9.GRDECL", "9000", ""}});
 }
 
 void GrdeclTest::realGrids()

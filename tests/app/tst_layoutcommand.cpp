@@ -112,7 +112,8 @@ void LayoutCommandTest::wrong()
         write(file, layout);
     const Result result = exportWith(file, more);
     QCOMPARE(result.code, 2);
-    QVERIFY2(result.error.startsWith(QLatin1String("kpexport: error: ")) && result.error.contains(expected), qPrintable(result.error));
+    QVERIFY2(result.error.startsWith(QLatin1String("kpexport: error: ")) && result.error.contains(expected),
+             qPrintable(result.error));
     QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("out.txt"))));
 }
 

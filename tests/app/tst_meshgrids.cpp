@@ -28,7 +28,8 @@ private Q_SLOTS:
 
 void MeshGridsTest::offText()
 {
-    ModelObject mesh = objectOf(QStringLiteral("m\nx"), ObjectType::MeshSurfaces, {0, 1, 1, 0}, {0, 0, 1, NAN}, {1, 2, 3, 4});
+    ModelObject mesh =
+        objectOf(QStringLiteral("m\nx"), ObjectType::MeshSurfaces, {0, 1, 1, 0}, {0, 0, 1, NAN}, {1, 2, 3, 4});
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
     mesh.vertexAttributes.push_back(columnOf(QStringLiteral("age"), AttributeKind::Real, {1, 2, 3, 4}));
     SaverRun run("off", {mesh}, path("m"), "decimals=1;colours=true;zPositive=depth");
@@ -43,8 +44,9 @@ void MeshGridsTest::offText()
                                      "1.0 0.0 -2.0\n"
                                      "1.0 1.0 -3.0\n"
                                      "3 0 1 2 255 0 51\n"));
-    QCOMPARE(run.findings(), QStringLiteral("the format has no attributes; left out: 1, "
-                                            "vertex without a position left out: 1, triangle without a position left out: 1"));
+    QCOMPARE(run.findings(),
+             QStringLiteral("the format has no attributes; left out: 1, "
+                            "vertex without a position left out: 1, triangle without a position left out: 1"));
     QVERIFY(run.again("header=false"));
     QVERIFY(run.bytes().startsWith("OFF\n3 1 0\n"));
 }

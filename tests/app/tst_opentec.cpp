@@ -270,16 +270,17 @@ void OpenTecTest::sectionsOfModelFile()
 
 void OpenTecTest::wrongSections_data()
 {
-    textRows({"entry", "message"},
-             {{R"("trace": [[0, 0], [1, 1]])", R"(there is no "name" (name the section))"},
-              {R"("name": "A")", "the trace has no length"},
-              {R"("name": "A", "trace": [[1, 2], [1, 2]])", "the trace has no length"},
-              {R"("name": "A", "trace": [[1, 2], [1]])", "point 2 of the trace is no pair of numbers"},
-              {R"("name": "A", "trace": [[0, 0], [1, 1]], "objects": ["X"])", R"(there is no object "X")"},
-              {R"("name": "A", "trace": [[0, 0], [1, 1]], "crs": "X")", R"("X" is no coordinate system)"},
-              {R"("name": "A", "trace": [[0, 0], [1, 1]], "colour": "X")", R"("colour" is not known (keys: name, trace)"},
-              {R"("name": 7, "trace": [[0, 0], [1, 1]])", R"("name" is no text)"},
-              {R"("name": "A", "trace": [[0, 0], [1, 1]], "color": "X")", R"("X" is no colour)"}});
+    textRows(
+        {"entry", "message"},
+        {{R"("trace": [[0, 0], [1, 1]])", R"(there is no "name" (name the section))"},
+         {R"("name": "A")", "the trace has no length"},
+         {R"("name": "A", "trace": [[1, 2], [1, 2]])", "the trace has no length"},
+         {R"("name": "A", "trace": [[1, 2], [1]])", "point 2 of the trace is no pair of numbers"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "objects": ["X"])", R"(there is no object "X")"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "crs": "X")", R"("X" is no coordinate system)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "colour": "X")", R"("colour" is not known (keys: name, trace)"},
+         {R"("name": 7, "trace": [[0, 0], [1, 1]])", R"("name" is no text)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "color": "X")", R"("X" is no colour)"}});
 }
 
 void OpenTecTest::wrongSections()

@@ -42,7 +42,8 @@ public:
             else if (values.front().isEmpty())
                 m_map.addText(name.constData(), m_texts.emplace_back(), "a text");
             else
-                m_map.addBoolean(name.constData(), m_flags.emplace_back(values.front() == QLatin1String("true")), "yes or no");
+                m_map.addBoolean(name.constData(), m_flags.emplace_back(values.front() == QLatin1String("true")),
+                                 "yes or no");
         }
     }
 
@@ -88,7 +89,8 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
     };
     add("dxf", false, "lengthUnit=model|m|ft|ftUS|km dimension=3d|map|section grouping=single|object|set filePrefix= "
                       "layers=set|type|none faces=true meshPoints=false boundaries=false crs=");
-    add("gocad", true, "grouping=single|object|set filePrefix= header=true zPositive=elevation|depth lengthUnit=model|m|ft|ftUS|km");
+    add("gocad", true,
+        "grouping=single|object|set filePrefix= header=true zPositive=elevation|depth lengthUnit=model|m|ft|ftUS|km");
     add("off", false, "filePrefix= lengthUnit=model|m|ft|ftUS|km zPositive=elevation|depth");
     add("zmap", false, "nullText=");
     add("grdecl", true, "filePrefix= lengthUnit=model|m|ft|ftUS|km");
@@ -154,7 +156,8 @@ void OptionSheetsTest::initTestCase()
             object.vertexAttributes.push_back(columnOf(attribute, AttributeKind::Real, {}));
         m_context->model.add(object);
     };
-    add("metric", ObjectType::MeshSurfaces, "m", {QStringLiteral("grade"), QStringLiteral("Grade"), QStringLiteral("rock")}); // 1
+    add("metric", ObjectType::MeshSurfaces, "m",
+        {QStringLiteral("grade"), QStringLiteral("Grade"), QStringLiteral("rock")});                    // 1
     add("imperial", ObjectType::MeshSurfaces, "ft", {QStringLiteral("rock"), QStringLiteral("depth")}); // 2
     add("grid a", ObjectType::GeoCellularVolumes, "m", {QStringLiteral("poro")});                       // 3
     add("grid b", ObjectType::GeoCellularVolumes, "m", {QStringLiteral("poro")});                       // 4
@@ -214,8 +217,9 @@ void OptionSheetsTest::dxfControls()
         click(*wizard, "m_surface3DFaceCheck");
         QTest::keyClicks(child<QLineEdit>(*wizard, "crs"), QStringLiteral("EPSG:28350"));
         QVERIFY(!wizard->findChild<QWidget*>(QStringLiteral("faces"))); // bound, so not listed again
-        QCOMPARE(save(*wizard), QStringLiteral("lengthUnit=m dimension=map grouping=single filePrefix= layers=none faces=false "
-                                               "meshPoints=true boundaries=true crs=EPSG:28350 objects=metric attributes=all"));
+        QCOMPARE(save(*wizard),
+                 QStringLiteral("lengthUnit=m dimension=map grouping=single filePrefix= layers=none faces=false "
+                                "meshPoints=true boundaries=true crs=EPSG:28350 objects=metric attributes=all"));
     }
     // Another wizard shows the same again, and what is put back is put back.
     resetFormats();

@@ -150,7 +150,8 @@ void RunTest::unsoundObjects()
     }
     run({&object});
     QVERIFY(!outcome().failedObjects.empty());
-    QVERIFY2(outcome().failedObjects.front().reason.contains(message), qPrintable(outcome().failedObjects.front().reason));
+    QVERIFY2(outcome().failedObjects.front().reason.contains(message),
+             qPrintable(outcome().failedObjects.front().reason));
 }
 
 void RunTest::verification()
@@ -188,7 +189,8 @@ void RunTest::plan()
     // A directory takes the files under the objects' own names.
     m_selection.path = path();
     const QString prefix = QStringLiteral("run/1");
-    QCOMPARE(planFiles(m_selection, FileGrouping::Object, QStringLiteral("nam"), prefix).front().path, path("run_1_one.nam"));
+    QCOMPARE(planFiles(m_selection, FileGrouping::Object, QStringLiteral("nam"), prefix).front().path,
+             path("run_1_one.nam"));
 }
 
 QTEST_GUILESS_MAIN(RunTest)

@@ -276,8 +276,8 @@ void FaultsTest::directoryInTheWay()
 
 void FaultsTest::missingDirectory()
 {
-    expectRefusal(run(command(m_moved, inFolder(QStringLiteral("none/out.") + m_extension))), "directory does not exist",
-                  "exit code 1 with a message, nothing created");
+    expectRefusal(run(command(m_moved, inFolder(QStringLiteral("none/out.") + m_extension))),
+                  "directory does not exist", "exit code 1 with a message, nothing created");
 }
 
 void FaultsTest::signalled()
@@ -342,7 +342,8 @@ void FaultsTest::hostileObjectNames()
 {
     QTemporaryDir inner(inFolder(QStringLiteral("inner-XXXXXX")));
     // The small model's files under names of our choice.
-    const QJsonArray objects = QJsonDocument::fromJson(contentOf(m_small)).object().value(QStringLiteral("objects")).toArray();
+    const QJsonArray objects =
+        QJsonDocument::fromJson(contentOf(m_small)).object().value(QStringLiteral("objects")).toArray();
     QJsonArray named;
     const QStringList names = hostileNames();
     for (int index = 0; index < names.size(); ++index) {
@@ -358,11 +359,13 @@ void FaultsTest::hostileObjectNames()
         }
     }
     const QJsonObject content{{QStringLiteral("version"), 1}, {QStringLiteral("objects"), named}};
-    const QString model = writeFile(m_models.filePath(QStringLiteral("hostile.kpmodel")), QJsonDocument(content).toJson());
+    const QString model =
+        writeFile(m_models.filePath(QStringLiteral("hostile.kpmodel")), QJsonDocument(content).toJson());
     const Snapshot outside = snapshot(m_models.path());
     for (const char* grouping : {"object", "set", "single"}) {
         const QStringList plain = command(model, output(inner));
-        Result result = run(plain + QStringList{QStringLiteral("--set"), QStringLiteral("grouping=") + QLatin1String(grouping)});
+        Result result =
+            run(plain + QStringList{QStringLiteral("--set"), QStringLiteral("grouping=") + QLatin1String(grouping)});
         // A format without this setting says so; it has one way only.
         if (result.code == 2)
             result = run(plain);
@@ -380,9 +383,10 @@ void FaultsTest::hostileObjectNames()
 
 void FaultsTest::oddNumbers()
 {
-    writeFile(m_models.filePath(QStringLiteral("odd.csv")),
-              "X,Y,Z,v\n500000,7500000,nan,inf\n500001,7500000,inf,\n500002,7500001,-0.0,1e300\n500003,7500002,1e-300,nan\n"
-              "500004,7500003,7,-inf\n");
+    writeFile(
+        m_models.filePath(QStringLiteral("odd.csv")),
+        "X,Y,Z,v\n500000,7500000,nan,inf\n500001,7500000,inf,\n500002,7500001,-0.0,1e300\n500003,7500002,1e-300,nan\n"
+        "500004,7500003,7,-inf\n");
     const QString model = writeFile(m_models.filePath(QStringLiteral("odd.kpmodel")),
                                     "{\"version\":1,\"objects\":[{\"file\":\"odd.csv\",\"crs\":\"EPSG:28350\"}]}");
     const Result result = run(command(model, output()) << QStringLiteral("--quiet"));
