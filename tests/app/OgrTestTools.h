@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/readers/GdalSession.h"
 #include "tests/app/SaverRun.h"
-
-#include <ogrsf_frmts.h>
+#include "tests/ogr/ReadBack.h"
 
 namespace refhost
 {
-
-inline GDALDatasetUniquePtr openVector(const QString& path)
-{
-    registerGdalDrivers();
-    return GDALDatasetUniquePtr(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
-}
 
 using Positions = std::vector<std::array<double, 3>>;
 
@@ -22,8 +14,8 @@ inline void addRuns(const OGRGeometry& geometry, std::vector<Positions>& runs)
 {
     const auto add = [&runs](const OGRSimpleCurve& curve) {
         runs.emplace_back();
-        for (int index = 0; index < curve.getNumPoints(); ++index)
-            runs.back().push_back({curve.getX(index), curve.getY(index), curve.getZ(index)});
+        for (const OGRPoint& point : curve)
+            runs.back().push_back({point.getX(), point.getY(), point.getZ()});
     };
     switch (wkbFlatten(geometry.getGeometryType())) {
     case wkbPoint:
@@ -40,6 +32,23 @@ inline void addRuns(const OGRGeometry& geometry, std::vector<Positions>& runs)
         for (const OGRGeometry* part : *geometry.toGeometryCollection())
             addRuns(*part, runs);
     }
+}
+
+/// The same of every feature of a file.
+inline std::vector<Positions> runsIn(const QString& path)
+{
+    std::vector<Positions> runs;
+    const GDALDatasetUniquePtr source = openVector(path);
+    for (auto& feature : *source->GetLayer(0))
+        addRuns(*feature->GetGeometryRef(), runs);
+    return runs;
+}
+
+inline void ogrFormatRows()
+{
+    QTest::addColumn<QString>("format");
+    for (const char* format : {"shp", "tab", "gpkg", "geojson"})
+        QTest::newRow(format) << QString::fromLatin1(format);
 }
 
 } // namespace refhost

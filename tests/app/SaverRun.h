@@ -28,6 +28,15 @@ inline std::unique_ptr<ExportFormat> formatOf(const QString& key)
     return nullptr;
 }
 
+/// Gives a format the settings of another of its kind.
+inline void copySettings(ExportFormat& from, ExportFormat& to)
+{
+    const SettingsMap source = from.settings();
+    SettingsMap target = to.settings();
+    for (const Setting& setting : source.settings())
+        target.set(setting.key, setting.get());
+}
+
 /// One run of a format over objects, with a read-back of each file written. It can be repeated.
 struct SaverRun
 {
@@ -72,6 +81,15 @@ struct SaverRun
     }
 
     Verification verify(std::size_t file = 0) const { return format->verify(files.at(file), files.at(file).path, selection); }
+    /// Puts another text in the place of one that stands in the file once. \returns what reading it again finds then
+    Verification damaged(const QByteArray& right, const QByteArray& wrong, std::size_t file = 0) const
+    {
+        QByteArray text = bytes(file);
+        if (text.count(right) != 1)
+            qFatal("\"%s\" stands %d times in:\n%s", right.constData(), text.count(right), text.constData());
+        writeFile(files.at(file).path, text.replace(right, wrong));
+        return verify(file);
+    }
     QByteArray bytes(std::size_t file = 0) const { return contentOf(files.at(file).path); }
     /// What went wrong with a file or an object of it.
     QString error(std::size_t file = 0) const
@@ -91,14 +109,6 @@ struct SaverRun
         for (const Finding& finding : report.findings())
             list.append(QStringLiteral("%1: %2").arg(finding.kind).arg(finding.count));
         return list.join(QStringLiteral(", "));
-    }
-    /// "kind|kind" of the same.
-    QString kinds() const
-    {
-        QStringList list;
-        for (const Finding& finding : report.findings())
-            list.append(finding.kind);
-        return list.join(QLatin1Char('|'));
     }
     qint64 countOf(const QString& kind) const
     {
@@ -133,15 +143,10 @@ class SaverTest : public QObject
 {
 protected:
     void emptyFolder() { m_folder = std::make_unique<QTemporaryDir>(); }
-    QString path(const char* name = "") const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString path(const char* name = "") const { return path(QString::fromUtf8(name)); }
+    QString path(const QString& name) const { return m_folder->filePath(name); }
     /// Writes a file. \returns its path
-    QString write(const char* name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write %s", name);
-        return file.fileName();
-    }
+    QString write(const char* name, const QByteArray& content) const { return writeFile(path(name), content); }
     QString listing() const
     {
         return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name).join(QLatin1Char(' '));

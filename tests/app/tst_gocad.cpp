@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // GOCAD files: whole texts of small models, real data there and back, what is left out, failures.
+#include "tests/TextRows.h"
 #include "tests/app/SaverRun.h"
 
 #include <cmath>
@@ -32,7 +33,7 @@ void GocadTest::points()
         cloud.vertexAttributes.push_back(columnOf(QString::fromLatin1(name), AttributeKind::Integer, {30, -99999, QVariant()}));
     cloud.vertexAttributes.push_back(columnOf(QStringLiteral("note"), AttributeKind::Text, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
     SaverRun run("gocad", {cloud}, path("p"), "zPositive=depth;decimals=2;lengthUnit=ft");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("p.vs"));
     QCOMPARE(run.bytes(), QByteArray("GOCAD VSet 1\n"
                                      "HEADER {\n"
@@ -55,23 +56,21 @@ void GocadTest::points()
                                      "PVRTX 1 3.28 32.81 16.40 0.1 30 30\n"
                                      "PVRTX 2 8.20 65.62 -0.82 -99999 -99999 -99999\n"
                                      "END\n"));
-    QCOMPARE(run.report.files()[0].rows, 2);
-    QCOMPARE(run.kinds(),
-             QStringLiteral("attribute that is no number left out|renamed|vertex without a position left out|value equal to the null value"));
-    const Verification seen = run.verify();
-    QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
-    QVERIFY(seen.worstError > 0.0 && seen.worstError < 0.005);
+    QCOMPARE(run.rows(), 2);
+    QCOMPARE(run.findings(), QStringLiteral("attribute that is no number left out: 1, renamed: 3, "
+                                            "vertex without a position left out: 1, value equal to the null value: 2"));
+    QVERIFY(run.readBack[0].worstError > 0.0 && run.readBack[0].worstError < 0.005);
 }
 
 void GocadTest::lines()
 {
     // A ring, then a line with a vertex that has no height.
-    ModelObject line = objectOf(QStringLiteral("outline"), ObjectType::VertexClouds, {0, 1, 1, 0, 5, 6, 7, 8, 9}, {0, 0, 1, 0, 5, 5, 5, 5, 5}, {1, 2, 3, 1, 0, 0, NAN, 0, 0});
-    line.type = ObjectType::Polygons;
-    line.parts = {{0, 4, true, false}, {4, 5, false, false}};
+    ModelObject line = objectOf(QStringLiteral("outline"), ObjectType::Polygons, {0, 1, 1, 0, 5, 6, 7, 8, 9},
+                                {0, 0, 1, 0, 5, 5, 5, 5, 5}, {1, 2, 3, 1, 0, 0, NAN, 0, 0},
+                                {{0, 4, true, false}, {4, 5, false, false}});
     line.objectAttributes.push_back({QStringLiteral("rank"), AttributeKind::Integer, QString(), 7});
     SaverRun run("gocad", {line}, path("l"), "header=false;decimals=0");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("l.pl"));
     QVERIFY(run.bytes().startsWith("GOCAD PLine 1\nGOCAD_ORIGINAL_COORDINATE_SYSTEM\n"));
     QVERIFY(run.bytes().contains("ZPOSITIVE Elevation\n"));
@@ -90,8 +89,7 @@ void GocadTest::lines()
                                                                        "SEG 4 5\n"
                                                                        "SEG 6 7\n"
                                                                        "END\n"));
-    QVERIFY(run.kinds().contains(QStringLiteral("name and colour not written")));
-    QCOMPARE(run.verify().fault, QString());
+    QCOMPARE(run.countOf(QStringLiteral("name and colour not written")), 1);
     // Read as lines, the ring closes again and the gap stays.
     const std::vector<Part> parts = loaded(run.files[0].path).front().parts;
     QCOMPARE(parts.size(), std::size_t(3));
@@ -100,11 +98,11 @@ void GocadTest::lines()
 
 void GocadTest::surface()
 {
-    ModelObject mesh = objectOf(QStringLiteral("m"), ObjectType::VertexClouds, {0, 1, 1, NAN}, {0, 0, 1, 0}, {1, 1, 1, 1});
-    mesh.type = ObjectType::MeshSurfaces;
+    ModelObject mesh =
+        objectOf(QStringLiteral("m"), ObjectType::MeshSurfaces, {0, 1, 1, NAN}, {0, 0, 1, 0}, {1, 1, 1, 1});
     mesh.triangles = {{0, 1, 2}, {2, 3, 0}};
     SaverRun run("gocad", {mesh}, path("m.txt"), "decimals=1");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("m.txt"));
     QCOMPARE(run.bytes().mid(run.bytes().indexOf("TFACE")), QByteArray("TFACE\n"
                                                                        "VRTX 1 0.0 0.0 1.0\n"
@@ -112,8 +110,8 @@ void GocadTest::surface()
                                                                        "VRTX 3 1.0 1.0 1.0\n"
                                                                        "TRGL 1 2 3\n"
                                                                        "END\n"));
-    QCOMPARE(run.kinds(), QStringLiteral("triangle without a position left out|vertex without a position left out"));
-    QCOMPARE(run.verify().fault, QString());
+    QCOMPARE(run.findings(),
+             QStringLiteral("triangle without a position left out: 1, vertex without a position left out: 1"));
 }
 
 void GocadTest::gridWithHoles()
@@ -122,14 +120,13 @@ void GocadTest::gridWithHoles()
     ModelObject surface = gridOf(3, 2);
     surface.z = numbersOf({0, 1, 2, 100, 101, NAN});
     SaverRun run("gocad", {surface}, path("g"), "decimals=0");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     const QByteArray text = run.bytes();
     QCOMPARE(text.mid(text.indexOf("TRGL")), QByteArray("TRGL 1 2 5\nTRGL 1 5 4\nTRGL 2 3 5\nEND\n"));
-    QCOMPARE(run.verify().fault, QString());
     QVERIFY(run.again("gridsAs=points"));
     QCOMPARE(run.files[0].path, path("g.vs"));
     QCOMPARE(run.bytes().count("VRTX "), 5);
-    QCOMPARE(run.verify().count, 5);
+    QCOMPARE(run.readBack[0].count, 5);
 }
 
 void GocadTest::names()
@@ -138,43 +135,35 @@ void GocadTest::names()
     ModelObject cloud = objectOf(QString::fromUtf8("Ярус \"A\"\nB"), ObjectType::VertexClouds, {1}, {2}, {3});
     cloud.crs = wktOf(QStringLiteral("EPSG:28350"));
     SaverRun run("gocad", {cloud}, path("n.vs"));
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QVERIFY(run.bytes().contains(QByteArray("\nname:Ярус _A_ B\n")));
     QVERIFY(run.bytes().contains("\nPROJECTION \"GDA94 / MGA zone 50 (EPSG:28350)\"\n"));
-    QCOMPARE(run.verify().fault, QString());
 }
 
 void GocadTest::files_data()
 {
-    QTest::addColumn<QString>("grouping");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("single, mixed") << "single" << "a" << "a.gp";
-    QTest::newRow("single, named") << "single" << "a.ts" << "a.ts";
-    QTest::newRow("object") << "object" << "a" << "a_cloud.vs a_line.pl a_grid.ts";
-    QTest::newRow("object, in a directory") << "object" << "" << "pre_cloud.vs pre_line.pl pre_grid.ts";
-    QTest::newRow("set") << "set" << "a.x" << "a_S.x a_T.x";
+    textRows({"grouping", "name", "expected"}, {{"single", "a", "a.gp"},
+                                                {"single", "a.ts", "a.ts"},
+                                                {"object", "a", "a_cloud.vs a_line.pl a_grid.ts"},
+                                                {"object", "", "pre_cloud.vs pre_line.pl pre_grid.ts"},
+                                                {"set", "a.x", "a_S.x a_T.x"}});
 }
 
 void GocadTest::files()
 {
     QFETCH(QString, grouping);
-    QFETCH(QString, path);
+    QFETCH(QString, name);
     QFETCH(QString, expected);
-    ModelObject cloud = objectOf(QStringLiteral("cloud"), ObjectType::VertexClouds, {1}, {2}, {3});
-    cloud.set = QStringLiteral("S");
-    ModelObject line = objectOf(QStringLiteral("line"), ObjectType::VertexClouds, {1, 2}, {2, 2}, {3, 3});
-    line.parts = {{0, 2, false, false}};
-    line.set = QStringLiteral("S");
+    const ModelObject cloud = objectOf(ObjectType::VertexClouds, QStringLiteral("cloud"), {{1, 2, 3}}, "");
+    const ModelObject line = objectOf(ObjectType::Polylines, QStringLiteral("line"), {{1, 2, 3}, {2, 2, 3}}, "");
     ModelObject surface = gridOf(2, 2);
     surface.set = QStringLiteral("T");
-    SaverRun run("gocad", {cloud, line, surface}, SaverTest::path(path.toLatin1().constData()), QStringLiteral("filePrefix=pre;grouping=") + grouping);
-    QVERIFY(run.written);
+    const SaverRun run("gocad", {cloud, line, surface}, path(name),
+                       QStringLiteral("filePrefix=pre;grouping=") + grouping);
+    QCOMPARE(run.fault(), QString());
     QStringList names;
-    for (std::size_t file = 0; file < run.files.size(); ++file) {
-        names.append(QFileInfo(run.files[file].path).fileName());
-        QCOMPARE(run.verify(file).fault, QString());
-    }
+    for (const PlannedFile& file : run.files)
+        names.append(QFileInfo(file.path).fileName());
     QCOMPARE(names.join(QLatin1Char(' ')), expected);
 }
 
@@ -185,14 +174,14 @@ void GocadTest::faultThereAndBack()
         QSKIP("the data is not here");
     // Written as it came, the file's numbers come out again, to the character.
     SaverRun run("gocad", loaded(fault), path("f5"), "zPositive=depth;decimals=6");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     const auto body = [](QByteArray text) {
         text.replace(" CNXYZ", "");
         text.replace(" \n", "\n");
         return text.mid(text.indexOf("TFACE")).trimmed();
     };
     QCOMPARE(body(run.bytes()), body(contentOf(fault)));
-    QCOMPARE(run.verify().count, 44);
+    QCOMPARE(run.readBack[0].count, 44);
 }
 
 void GocadTest::sampleThereAndBack()
@@ -203,27 +192,19 @@ void GocadTest::sampleThereAndBack()
             taken.push_back(one);
     }
     SaverRun run("gocad", taken, path("all"));
-    QVERIFY(run.written);
-    const Verification seen = run.verify();
-    QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
-    QCOMPARE(seen.count, run.report.files()[0].rows);
-    QVERIFY(seen.worstError < 1e-4);
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.readBack[0].count, run.rows());
+    QVERIFY(run.readBack[0].worstError < 1e-4);
     // A single wrong digit is noticed.
-    QFile file(run.files[0].path);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    const QByteArray text = file.readAll();
-    const int at = text.lastIndexOf("VRTX 7 ");
-    QVERIFY(at > 0);
-    file.seek(at + 7);
-    file.write("9");
-    file.close();
-    QVERIFY(run.verify().worstError > 1.0);
+    const QByteArray text = run.bytes();
+    const QByteArray tail = text.mid(text.lastIndexOf("VRTX 7 "));
+    QVERIFY(run.damaged(tail, "VRTX 7 9" + tail.mid(8)).worstError > 1.0);
 }
 
 void GocadTest::failures()
 {
-    ModelObject cloud = objectOf(QStringLiteral("c"), ObjectType::VertexClouds, std::vector<double>(5, 1.0), std::vector<double>(5, 1.0), std::vector<double>(5, 1.0));
-    ModelObject nowhere = objectOf(QStringLiteral("nowhere"), ObjectType::VertexClouds, {NAN}, {1}, {1});
+    const ModelObject cloud = objectOf(QStringLiteral("c"), ObjectType::VertexClouds, {1}, {1}, {1});
+    const ModelObject nowhere = objectOf(QStringLiteral("nowhere"), ObjectType::VertexClouds, {NAN}, {1}, {1});
     SaverRun empty("gocad", {nowhere}, path("e.vs"));
     QVERIFY(!empty.written);
     QVERIFY(empty.error().contains(QStringLiteral("none of its objects has a position")));
@@ -231,8 +212,8 @@ void GocadTest::failures()
     SaverRun both("gocad", {nowhere, cloud}, path("b.vs"));
     both.selection.attributes = QStringList{QStringLiteral("nothing")};
     QVERIFY(both.again());
-    QCOMPARE(both.kinds(), QStringLiteral("missing attribute|object without a position left out"));
-    QCOMPARE(both.verify().fault, QString());
+    QCOMPARE(both.fault(), QString());
+    QCOMPARE(both.findings(), QStringLiteral("missing attribute: 1, object without a position left out: 1"));
 }
 
 QTEST_GUILESS_MAIN(GocadTest)

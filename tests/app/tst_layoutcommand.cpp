@@ -32,6 +32,19 @@ QByteArray klf(const char* type, const char* fields, const char* settings = "{}"
     return QByteArray("{\"format\":\"kp-layout\",\"version\":1,\"type\":\"") + type + "\",\"settings\":" + settings + ",\n\"fields\":[\n" + fields + "\n]}\n";
 }
 
+void layoutColumns()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("layout");
+    QTest::addColumn<QString>("more");
+    QTest::addColumn<QString>("expected");
+}
+
+void layoutRow(const char* name, const char* file, const QByteArray& layout, const char* more, const char* expected)
+{
+    QTest::newRow(name) << QString::fromUtf8(file) << layout << QString::fromUtf8(more) << QString::fromUtf8(expected);
+}
+
 } // namespace
 
 void LayoutCommandTest::init()
@@ -42,13 +55,8 @@ void LayoutCommandTest::init()
 
 void LayoutCommandTest::layouts_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("layout");
-    QTest::addColumn<QString>("more");
-    QTest::addColumn<QByteArray>("expected");
-    const auto row = [](const char* name, const char* file, const QByteArray& layout, const char* more, const char* expected) {
-        QTest::newRow(name) << QString::fromLatin1(file) << layout << QString::fromLatin1(more) << QByteArray(expected);
-    };
+    layoutColumns();
+    const auto row = layoutRow;
     const QByteArray fields = klf("fields", "{\"name\":\"Ni:grade\",\"order\":0,\"precision\":1},\n{\"name\":\"X\",\"order\":1,\"precision\":0},"
                                             "\n{\"name\":\"name\",\"order\":-1}", "{\"separator\":\"semicolon\",\"nullValue\":\"-\"}");
     row("fields", "a.klf", fields, "", "Ni:grade;X;name\n1.3;6789012;Грифон\n-;2;a, b\n");
@@ -70,21 +78,18 @@ void LayoutCommandTest::layouts()
     QFETCH(QString, file);
     QFETCH(QByteArray, layout);
     QFETCH(QString, more);
-    QFETCH(QByteArray, expected);
+    QFETCH(QString, expected);
     write(file, layout);
     const Result result = exportWith(file, more);
     QVERIFY2(result.code == 0, qPrintable(result.error));
-    QCOMPARE(QString::fromUtf8(read("out.txt")), QString::fromUtf8(expected));
+    QCOMPARE(QString::fromUtf8(read("out.txt")), expected);
 }
 
 void LayoutCommandTest::wrong_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("layout");
-    QTest::addColumn<QString>("more");
-    QTest::addColumn<QString>("message");
+    layoutColumns();
     const auto row = [](const char* file, const QByteArray& layout, const char* more, const char* message) {
-        QTest::newRow(message) << QString::fromLatin1(file) << layout << QString::fromLatin1(more) << QString::fromLatin1(message);
+        layoutRow(message, file, layout, more, message);
     };
     row("a.klf", "{\n\n\"format\": }", "", "a.klf: line 3: ");
     row("a.klf", klf("fields", "{\"name\":\"X\"},\n{\"name\":\"Y\",\"width\":\"w\"}"), "", "a.klf: line 4: \"width\" is no whole number");
@@ -102,12 +107,13 @@ void LayoutCommandTest::wrong()
     QFETCH(QString, file);
     QFETCH(QByteArray, layout);
     QFETCH(QString, more);
-    QFETCH(QString, message);
+    QFETCH(QString, expected);
     if (!layout.isEmpty())
         write(file, layout);
     const Result result = exportWith(file, more);
     QCOMPARE(result.code, 2);
-    QVERIFY2(result.error.startsWith(QLatin1String("kpexport: error: ")) && result.error.contains(message), qPrintable(result.error));
+    QVERIFY2(result.error.startsWith(QLatin1String("kpexport: error: ")) && result.error.contains(expected),
+             qPrintable(result.error));
     QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("out.txt"))));
 }
 

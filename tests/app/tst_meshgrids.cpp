@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // OFF meshes and ZMap+ grids: whole texts, read back by the program's reader and by GDAL, real data, failures.
+#include "tests/TextRows.h"
 #include "tests/app/SaverRun.h"
 
 #include <gdal_priv.h>
@@ -27,12 +28,12 @@ private Q_SLOTS:
 
 void MeshGridsTest::offText()
 {
-    ModelObject mesh = objectOf(QStringLiteral("m\nx"), ObjectType::VertexClouds, {0, 1, 1, 0}, {0, 0, 1, NAN}, {1, 2, 3, 4});
-    mesh.type = ObjectType::MeshSurfaces;
+    ModelObject mesh =
+        objectOf(QStringLiteral("m\nx"), ObjectType::MeshSurfaces, {0, 1, 1, 0}, {0, 0, 1, NAN}, {1, 2, 3, 4});
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
     mesh.vertexAttributes.push_back(columnOf(QStringLiteral("age"), AttributeKind::Real, {1, 2, 3, 4}));
     SaverRun run("off", {mesh}, path("m"), "decimals=1;colours=true;zPositive=depth");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("m.off"));
     QCOMPARE(run.bytes(), QByteArray("OFF\n"
                                      "# m x\n"
@@ -43,9 +44,9 @@ void MeshGridsTest::offText()
                                      "1.0 0.0 -2.0\n"
                                      "1.0 1.0 -3.0\n"
                                      "3 0 1 2 255 0 51\n"));
-    QCOMPARE(run.kinds(), QStringLiteral("the format has no attributes; left out|vertex without a position left out"
-                                                                "|triangle without a position left out"));
-    QCOMPARE(run.verify().fault, QString());
+    QCOMPARE(run.findings(),
+             QStringLiteral("the format has no attributes; left out: 1, "
+                            "vertex without a position left out: 1, triangle without a position left out: 1"));
     QVERIFY(run.again("header=false"));
     QVERIFY(run.bytes().startsWith("OFF\n3 1 0\n"));
 }
@@ -53,14 +54,10 @@ void MeshGridsTest::offText()
 void MeshGridsTest::offThereAndBack()
 {
     SaverRun run("off", {loaded(sample("terrain_mesh.off")).front(), loaded(sample("dtm_rp.tif")).front()}, path(), "lengthUnit=ft;filePrefix=t");
-    QVERIFY(run.written);
+    QCOMPARE(run.fault(), QString());
     QCOMPARE(QFileInfo(run.files[0].path).fileName(), QStringLiteral("t_terrain_mesh.off"));
-    const Verification mesh = run.verify(0);
-    QVERIFY2(mesh.fault.isEmpty(), qPrintable(mesh.fault));
-    QCOMPARE(mesh.count, 1200);
-    QVERIFY(mesh.worstError > 0.0 && mesh.worstError < 1e-4);
-    const Verification terrain = run.verify(1);
-    QVERIFY2(terrain.fault.isEmpty(), qPrintable(terrain.fault));
+    QCOMPARE(run.readBack[0].count, 1200);
+    QVERIFY(run.readBack[0].worstError > 0.0 && run.readBack[0].worstError < 1e-4);
     // The wrong file in its place is noticed.
     QVERIFY(QFile::remove(run.files[0].path) && QFile::copy(run.files[1].path, run.files[0].path));
     QVERIFY(run.verify(0).fault.contains(QStringLiteral("instead of 650 and 1200")));
@@ -70,9 +67,7 @@ void MeshGridsTest::offFailures()
 {
     ModelObject empty = gridOf(3, 3);
     empty.z = numbersOf(std::vector<double>(9, NAN));
-    const ModelObject good = gridOf(3, 3);
-    SaverRun run("off", {empty, good}, path("s.off"));
-    QVERIFY(!run.written);
+    const SaverRun run("off", {empty, gridOf(3, 3)}, path("s.off"));
     QVERIFY(run.error(0).contains(QStringLiteral("has no triangle")));
     QVERIFY(run.error(1).isEmpty());
     QVERIFY(!QFile::exists(run.files[0].path) && QFile::exists(run.files[1].path));
@@ -101,32 +96,28 @@ void MeshGridsTest::zmapText()
                                      "   -1.3\n"
                                      "    6.0 -999.0\n"
                                      "    2.0\n"));
-    QCOMPARE(run.kinds(), QStringLiteral("a grid file holds one value per node; attributes left out"));
+    QCOMPARE(run.findings(), QStringLiteral("a grid file holds one value per node; attributes left out: 1"));
 }
 
 void MeshGridsTest::zmapThroughGdal_data()
 {
-    QTest::addColumn<QString>("settings");
-    QTest::addColumn<bool>("southwards");
-    QTest::newRow("nodes") << "registration=nodes" << false;
-    QTest::newRow("corners") << "registration=corners" << false;
-    QTest::newRow("feet, depth") << "registration=nodes;lengthUnit=ft;zIsElevation=false" << false;
-    QTest::newRow("first row in the north") << "registration=nodes" << true;
+    textRows({"settings", "rows"}, {{"registration=nodes", "northwards"},
+                                    {"registration=corners", "northwards"},
+                                    {"registration=nodes;lengthUnit=ft;zIsElevation=false", "northwards"},
+                                    {"registration=nodes", "southwards"}});
 }
 
 void MeshGridsTest::zmapThroughGdal()
 {
     QFETCH(QString, settings);
-    QFETCH(bool, southwards);
+    QFETCH(QString, rows);
     ModelObject surface = gridOf(7, 4, 25.0);
-    if (southwards)
+    if (rows == QLatin1String("southwards"))
         surface.grid->stepY = -25.0;
     SaverRun run("zmap", {surface}, path("z.dat"), settings);
-    QVERIFY(run.written);
-    const Verification seen = run.verify();
-    QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
-    QCOMPARE(seen.count, 28);
-    QVERIFY2(seen.worstError < 1e-4, qPrintable(QString::number(seen.worstError)));
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.readBack[0].count, 28);
+    QVERIFY2(run.readBack[0].worstError < 1e-4, qPrintable(QString::number(run.readBack[0].worstError)));
 
     // By GDAL's default the limits are the corners: its pixel centres must be the nodes then, too.
     if (!settings.endsWith(QLatin1String("corners")))
@@ -148,10 +139,9 @@ void MeshGridsTest::zmapAttribute()
     ModelObject surface = gridOf(2, 2);
     surface.vertexAttributes.push_back(columnOf(QStringLiteral("thickness"), AttributeKind::Real, {1.5, 2.5, QVariant(), -99999.0}));
     SaverRun run("zmap", {surface}, path("z.dat"), "attribute=thickness;zIsElevation=false;lengthUnit=km;decimals=1");
-    QVERIFY(run.written);
     // No length: neither converted nor turned round.
     QVERIFY(run.bytes().endsWith("\n@\n -99999.0      1.5\n -99999.0      2.5\n"));
-    QCOMPARE(run.kinds(), QStringLiteral("value equal to the null value"));
+    QCOMPARE(run.findings(), QStringLiteral("value equal to the null value: 1"));
     QVERIFY(!run.again("attribute=other"));
     QVERIFY(run.error().contains(QStringLiteral("it has: thickness")));
 }
@@ -160,10 +150,8 @@ void MeshGridsTest::zmapTerrain()
 {
     // The sample's terrain, with holes, comes back through the program's own reader at the same nodes.
     SaverRun run("zmap", loaded(sample("dtm_rp.tif")), path("terrain"));
-    QVERIFY(run.written);
-    const Verification seen = run.verify();
-    QVERIFY2(seen.fault.isEmpty(), qPrintable(seen.fault));
-    QCOMPARE(seen.count, 197 * 204);
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.readBack[0].count, 197 * 204);
     const ModelObject& before = run.objects.front();
     const ModelObject after = loaded(run.files[0].path).front();
     QCOMPARE(after.vertexCount(), before.vertexCount());
@@ -198,11 +186,9 @@ void MeshGridsTest::zmapRefused()
     surface.grid->rotation = rotation;
     emptyFolder();
     SaverRun run("zmap", {surface}, path("z.dat"), set);
-    QCOMPARE(run.written, message.isEmpty());
+    QCOMPARE(run.fault().isEmpty(), message.isEmpty());
     QVERIFY2(run.error().contains(message), qPrintable(run.error()));
     QCOMPARE(QFile::exists(run.files[0].path), message.isEmpty());
-    if (message.isEmpty())
-        QCOMPARE(run.verify().fault, QString());
 }
 
 QTEST_GUILESS_MAIN(MeshGridsTest)

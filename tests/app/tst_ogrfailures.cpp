@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the vector formats do when something goes wrong: full disks, devices, systems that are not known, cancelling.
+#include "tests/TextRows.h"
 #include "tests/app/OgrTestTools.h"
 
 #include <csignal>
@@ -32,44 +33,36 @@ private:
 
 ModelObject points(int count)
 {
-    std::vector<double> x;
-    std::vector<double> y;
+    std::vector<std::array<double, 3>> rows;
     QVector<QVariant> texts;
     for (int index = 0; index < count; ++index) {
-        x.push_back(500000 + index * 1.25);
-        y.push_back(7500000 - index * 0.75);
+        rows.push_back({500000 + index * 1.25, 7500000 - index * 0.75, index * 1.25});
         texts.append(QStringLiteral("sample %1").arg(index));
     }
-    ModelObject object = objectOf(QStringLiteral("P"), ObjectType::VertexClouds, x, y, x);
-    object.crs = wktOf(QStringLiteral("EPSG:28350"));
+    ModelObject object = objectOf(ObjectType::VertexClouds, QStringLiteral("P"), rows, "EPSG:28350");
     object.vertexAttributes = {columnOf(QStringLiteral("t"), AttributeKind::Text, texts)};
     return object;
 }
 
-void addFormats()
-{
-    QTest::addColumn<QString>("format");
-    for (const char* format : {"shp", "tab", "gpkg", "geojson"})
-        QTest::newRow(format) << QString::fromLatin1(format);
-}
-
 } // namespace
 
-class OgrFailuresTest : public QObject
+class OgrFailuresTest : public SaverTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void devices_data() { addFormats(); }
+    void init() { emptyFolder(); }
+    void devices_data() { ogrFormatRows(); }
     void devices();
     void fullSidecars_data();
     void fullSidecars();
-    void fullDiskAtEverySize_data() { addFormats(); }
+    void fullDiskAtEverySize_data() { ogrFormatRows(); }
     void fullDiskAtEverySize();
-    void cancelledAtEveryPercent_data() { addFormats(); }
+    void cancelledAtEveryPercent_data() { ogrFormatRows(); }
     void cancelledAtEveryPercent();
     void staleSidecars();
     void unknownSystems();
+    void missingAttributes_data();
     void missingAttributes();
 };
 
@@ -86,12 +79,9 @@ void OgrFailuresTest::devices()
 
 void OgrFailuresTest::fullSidecars_data()
 {
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("extension");
-    for (const char* name : {"shp/shp", "shp/shx", "shp/dbf", "shp/prj", "shp/cpg", "shp/qml", "tab/tab", "tab/dat", "tab/map", "tab/id", "geojson/geojson", "geojson/qml", "gpkg/gpkg"}) {
-        const QStringList parts = QString::fromLatin1(name).split(QLatin1Char('/'));
-        QTest::newRow(name) << parts[0] << parts[1];
-    }
+    textRows({"format", "extension"}, {{"shp", "shp"}, {"shp", "shx"}, {"shp", "dbf"}, {"shp", "prj"}, {"shp", "cpg"},
+                                       {"shp", "qml"}, {"tab", "tab"}, {"tab", "dat"}, {"tab", "map"}, {"tab", "id"},
+                                       {"geojson", "geojson"}, {"geojson", "qml"}, {"gpkg", "gpkg"}});
 }
 
 void OgrFailuresTest::fullSidecars()
@@ -100,35 +90,33 @@ void OgrFailuresTest::fullSidecars()
     QFETCH(QString, format);
     QFETCH(QString, extension);
     const ModelObject model = points(3);
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("x.") + format);
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), folder.filePath(QStringLiteral("x.") + extension)));
+    const QString target = path(QStringLiteral("x.") + format);
+    const QString link = path(QStringLiteral("x.") + extension);
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), link));
     const auto saver = formatOf(format);
     saver->settings().set(QStringLiteral("symbology"), QStringLiteral("true"));
     ExportSelection selection;
     selection.objects = {&model};
-    selection.path = path;
+    selection.path = target;
     ExportReport report;
     QString error;
     try {
-        saver->write(saver->plan(selection).front(), path, selection, report, nullptr);
+        saver->write(saver->plan(selection).front(), target, selection, report, nullptr);
     } catch (const std::exception& caught) {
         error = QString::fromUtf8(caught.what());
     }
     QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
     // A driver that puts a file of its own in the link's place has no full disk to notice.
-    QVERIFY(QFileInfo(folder.filePath(QStringLiteral("x.") + extension)).isSymLink());
+    QVERIFY(QFileInfo(link).isSymLink());
     QVERIFY(!error.isEmpty());
 }
 
 void OgrFailuresTest::fullDiskAtEverySize()
 {
     QFETCH(QString, format);
-    const ModelObject model = points(200);
-    const QTemporaryDir folder;
-    SaverRun run(format, {model}, folder.filePath(QStringLiteral("x")), "symbology=true");
+    SaverRun run(format, {points(200)}, path("x"), "symbology=true");
     QVERIFY2(run.written, qPrintable(run.error()));
-    const QMap<QString, QByteArray> before = contentsOf(folder.path());
+    const QMap<QString, QByteArray> before = contentsOf(path());
     qint64 largest = 0;
     for (const QByteArray& content : before)
         largest = std::max<qint64>(largest, content.size());
@@ -140,7 +128,7 @@ void OgrFailuresTest::fullDiskAtEverySize()
         }
         QVERIFY2(!run.written && !run.error().isEmpty(), qPrintable(QString::number(size)));
         ++failures;
-        QVERIFY2(contentsOf(folder.path()) == before, qPrintable(QString::number(size)));
+        QVERIFY2(contentsOf(path()) == before, qPrintable(QString::number(size)));
     }
     QVERIFY(failures > (sanitized ? 4 : 15));
     QVERIFY2(run.again(), qPrintable(run.error()));
@@ -149,34 +137,27 @@ void OgrFailuresTest::fullDiskAtEverySize()
 void OgrFailuresTest::cancelledAtEveryPercent()
 {
     QFETCH(QString, format);
-    const ModelObject model = points(150);
-    const QTemporaryDir folder;
-    SaverRun run(format, {model}, folder.filePath(QStringLiteral("x")));
+    SaverRun run(format, {points(150)}, path("x"));
     QVERIFY2(run.written, qPrintable(run.error()));
-    const QMap<QString, QByteArray> before = contentsOf(folder.path());
+    const QMap<QString, QByteArray> before = contentsOf(path());
     for (int percent = 0; percent <= 99; percent += sanitized ? 11 : 1) {
         CancelAt progress(percent);
         QVERIFY(!run.again({}, &progress));
         QVERIFY2(run.report.cancelled && run.error().isEmpty(), qPrintable(QString::number(percent) + run.error()));
-        QVERIFY2(contentsOf(folder.path()) == before, qPrintable(QString::number(percent)));
+        QVERIFY2(contentsOf(path()) == before, qPrintable(QString::number(percent)));
     }
 }
 
 void OgrFailuresTest::staleSidecars()
 {
     // Indexes and journals of an earlier file go with it; a style of the user's own stays.
-    const ModelObject model = points(5);
-    const QTemporaryDir folder;
-    for (const char* name : {"x.qix", "x.sbn", "x.shp.xml", "x.qml", "x.gpkg-wal", "x.ind", "y.qix"}) {
-        QFile file(folder.filePath(QString::fromLatin1(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
-    }
-    for (const char* format : {"shp", "gpkg", "tab"}) {
-        SaverRun run(QString::fromLatin1(format), {model}, folder.filePath(QStringLiteral("x.") + QString::fromLatin1(format)));
+    for (const char* name : {"x.qix", "x.sbn", "x.shp.xml", "x.qml", "x.gpkg-wal", "x.ind", "y.qix"})
+        write(name, "old");
+    for (const QString& format : {QStringLiteral("shp"), QStringLiteral("gpkg"), QStringLiteral("tab")}) {
+        const SaverRun run(format, {points(5)}, path(QStringLiteral("x.") + format));
         QVERIFY2(run.written, qPrintable(run.error()));
     }
-    QCOMPARE(contentsOf(folder.path()).keys().join(QLatin1Char(' ')),
-             QStringLiteral("x.cpg x.dat x.dbf x.gpkg x.id x.map x.prj x.qml x.shp x.shx x.tab y.qix"));
+    QCOMPARE(listing(), QStringLiteral("x.cpg x.dat x.dbf x.gpkg x.id x.map x.prj x.qml x.shp x.shx x.tab y.qix"));
 }
 
 void OgrFailuresTest::unknownSystems()
@@ -185,47 +166,44 @@ void OgrFailuresTest::unknownSystems()
     ModelObject local = object;
     local.name = QStringLiteral("mine grid");
     local.crs = QStringLiteral("LOCAL_CS[\"Mine grid\",UNIT[\"metre\",1]]");
-    const QTemporaryDir folder;
     const auto errorWith = [&](const ModelObject& one, const char* format, const char* settings) {
-        return SaverRun(format, {one}, folder.filePath(QStringLiteral("x")), settings).error();
+        return SaverRun(format, {one}, path("x"), settings).error();
     };
     for (const char* format : {"shp", "tab", "gpkg", "geojson"}) {
         const QString error = errorWith(object, format, "crs=EPSG:no");
-        QVERIFY2(error.contains(QStringLiteral("\"EPSG:no\" is no coordinate system")) && error.contains(QStringLiteral("give EPSG:n or WKT")), qPrintable(error));
+        QVERIFY2(
+            error.contains(QStringLiteral("\"EPSG:no\" is no coordinate system that is known (give EPSG:n or WKT")),
+            qPrintable(error));
     }
     const QString noSystem = errorWith(object, "geojson", "");
     QVERIFY2(noSystem.contains(QStringLiteral("crs=EPSG:n")), qPrintable(noSystem));
     QCOMPARE(errorWith(object, "geojson", "rfc7946=false"), QString());
     QCOMPARE(errorWith(local, "shp", ""), QString());
     const QString noWay = errorWith(local, "shp", "crs=EPSG:28350");
-    QVERIFY2(noWay.contains(QStringLiteral("mine grid")) && noWay.contains(QStringLiteral("no way")), qPrintable(noWay));
+    QVERIFY2(noWay.contains(QLatin1String("mine grid")) && noWay.contains(QLatin1String("no way")), qPrintable(noWay));
+}
+
+void OgrFailuresTest::missingAttributes_data()
+{
+    textRows({"attributes", "settings", "fields", "findings"},
+             {{"all", "", "", "name t colorval", ""},
+              {"missing", "nothing", "", "name colorval", "missing attribute: 1"},
+              {"one alone", "t", "objectName=false;color=false", "t", ""},
+              {"none", "", "attributes=false", "", ""}});
 }
 
 void OgrFailuresTest::missingAttributes()
 {
-    const QTemporaryDir folder;
-    SaverRun run("gpkg", {points(2)}, folder.filePath(QStringLiteral("x.gpkg")));
-    const auto fields = [&run] {
-        QStringList names;
-        const GDALDatasetUniquePtr source = openVector(run.selection.path);
-        OGRFeatureDefn* definition = source->GetLayer(0)->GetLayerDefn();
-        for (int field = 0; field < definition->GetFieldCount(); ++field)
-            names.append(QString::fromUtf8(definition->GetFieldDefn(field)->GetNameRef()));
-        return names.join(QLatin1Char(' '));
-    };
-    QVERIFY(run.written);
-    QCOMPARE(fields(), QStringLiteral("name t colorval"));
-    QVERIFY(run.report.findings().empty());
-    run.selection.attributes = QStringList{QStringLiteral("nothing")};
-    QVERIFY(run.again());
-    QCOMPARE(fields(), QStringLiteral("name colorval"));
-    QCOMPARE(run.countOf(QStringLiteral("missing attribute")), 1);
-    run.selection.attributes = QStringList{QStringLiteral("t")};
-    QVERIFY(run.again("objectName=false;color=false"));
-    QCOMPARE(fields(), QStringLiteral("t"));
-    run.selection.attributes.reset();
-    QVERIFY(run.again("objectName=true;color=true;attributes=false"));
-    QCOMPARE(fields(), QString());
+    QFETCH(QString, attributes);
+    QFETCH(QString, settings);
+    QFETCH(QString, fields);
+    QFETCH(QString, findings);
+    SaverRun run("gpkg", {points(2)}, path("x.gpkg"));
+    if (!attributes.isEmpty())
+        run.selection.attributes = QStringList{attributes};
+    QVERIFY(run.again(settings));
+    QCOMPARE(fieldNamesIn(run.selection.path), fields);
+    QCOMPARE(run.findings(), findings);
 }
 
 QTEST_GUILESS_MAIN(OgrFailuresTest)

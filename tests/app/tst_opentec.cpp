@@ -2,6 +2,7 @@
 #include "app/model/SectionCutter.h"
 #include "app/readers/LoadError.h"
 #include "app/readers/OpenTecReader.h"
+#include "tests/TextRows.h"
 #include "tests/app/SaverRun.h"
 
 #include <cmath>
@@ -63,8 +64,9 @@ void OpenTecTest::wholeFile()
                                  segment(QStringLiteral("F"), {250}, {12.125}), segment(QStringLiteral("E"), {}, {})})},
                        path("a"));
     QCOMPARE(run.fault() + run.findings(), QString());
+    QCOMPARE(run.files.front().path, path("a.otl"));
     QCOMPARE(run.rows(), 3);
-    QCOMPARE(contentOf(path("a.otl")),
+    QCOMPARE(run.bytes(),
              head
                  + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\nopen_tec_link_section "
                    "A\n\nsection_age 0.00\n\n"
@@ -80,22 +82,20 @@ void OpenTecTest::settings()
 {
     ModelObject feet = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, none, 100}, {-10, -20, -30})});
     feet.lengthUnit = QStringLiteral("ft");
-    const SaverRun metres("opentec", {feet}, path("m.otl"),
-                          "decimals=4;age=65.5");
+    const SaverRun metres("opentec", {feet}, path("m.otl"), "decimals=4;age=65.5");
     QCOMPARE(metres.fault(), QString());
     QCOMPARE(metres.findings(), QStringLiteral("position left out: 1"));
-    const QByteArray text = contentOf(path("m.otl"));
+    const QByteArray text = metres.bytes();
     QVERIFY(text.contains("xy 304.8000 609.6000 \n") && text.contains("section_age 65.5000\n"));
     QVERIFY(text.contains("points\nxyz 0.0000 0.0000 3.0480\nxyz 30.4800 0.0000 9.1440\npoints-end"));
-    const SaverRun own("opentec", {feet}, path("f.otl"),
-                       "lengthUnit=model;decimals=0");
+    const SaverRun own("opentec", {feet}, path("f.otl"), "lengthUnit=model;decimals=0");
     QCOMPARE(own.fault(), QString());
     QCOMPARE(own.findings(), QStringLiteral("position left out: 1, unit not stated: 1"));
-    QVERIFY(contentOf(path("f.otl")).contains("xy 1000 2000 \n"));
+    QVERIFY(own.bytes().contains("xy 1000 2000 \n"));
     const SaverRun bare("opentec", {section(QStringLiteral("A"), {})}, path("b.otl"));
     QCOMPARE(bare.fault(), QString());
     QCOMPARE(bare.findings(), QStringLiteral("section without lines: 1"));
-    QCOMPARE(contentOf(path("b.otl")), head + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n");
+    QCOMPARE(bare.bytes(), head + "xy 1000.00 2000.00 \nxy 1500.00 2000.00 \nxy_section_position-end\n\n");
 }
 
 void OpenTecTest::hardNames()
@@ -115,14 +115,11 @@ void OpenTecTest::hardNames()
 
 void OpenTecTest::severalSections()
 {
-    const std::vector<ModelObject> sections{
-        section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}),
-        section(QStringLiteral("B"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})}, {{7, 8, 0}, {9, 8, 0}}),
-        section(QStringLiteral("C"), {segment(QStringLiteral("H"), {0, 1}, {0, 1})})};
-    QCOMPARE(SaverRun("opentec", sections, path("o.otl"),
-                      "sections=A, B;traceLine=B")
-                 .fault(),
-             QString());
+    const std::vector<SectionSegment> line{segment(QStringLiteral("H"), {0, 1}, {0, 1})};
+    const std::vector<ModelObject> sections{section(QStringLiteral("A"), line),
+                                            section(QStringLiteral("B"), line, {{7, 8, 0}, {9, 8, 0}}),
+                                            section(QStringLiteral("C"), line)};
+    QCOMPARE(SaverRun("opentec", sections, path("o.otl"), "sections=A, B;traceLine=B").fault(), QString());
     QCOMPARE(listing(), QStringLiteral("o_A.otl o_B.otl"));
     for (const char* name : {"o_A.otl", "o_B.otl"})
         QVERIFY(contentOf(path(name)).startsWith(head + "xy 7.00 8.00 \nxy 9.00 8.00 \n"));
@@ -135,46 +132,32 @@ void OpenTecTest::severalSections()
 
 void OpenTecTest::wrongNames()
 {
-    const std::vector<ModelObject> sections{section(QStringLiteral("A"), {})};
-    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), "sections=X").error(),
-             QStringLiteral("there is no section \"X\" among those chosen (there are: A)"));
-    QCOMPARE(SaverRun("opentec", sections, path("a.otl"), "traceLine=Y").error(),
-             QStringLiteral("there is no section \"Y\" among those chosen (there are: A)"));
+    for (const char* settings : {"sections=X", "traceLine=X"})
+        QCOMPARE(SaverRun("opentec", {section(QStringLiteral("A"), {})}, path("a.otl"), settings).error(),
+                 QStringLiteral("there is no section \"X\" among those chosen (there are: A)"));
     QVERIFY(listing().isEmpty());
 }
 
 void OpenTecTest::readerRefuses_data()
 {
-    QTest::addColumn<QByteArray>("from");
-    QTest::addColumn<QByteArray>("to");
-    QTest::addColumn<QString>("message");
-    const auto row = [](const char* from, const char* to, const char* message) {
-        QTest::newRow(message) << QByteArray(from) << QByteArray(to) << QString::fromLatin1(message);
-    };
-    row("points-end\n", "", "line 22: \"points-end\" is due here");
-    row("xyz 0.00 0.00 150.00", "xyz 0.00 150.00", "line 20: there are 2 numbers where 3 are due");
-    row("150.00", "nan", "line 20: \"nan\" is no number");
-    row("open_tec_link_section-end\n", "", "line 25: \"open_tec_link_section-end\" is due here");
-    row("section_age 0.00\n", "", "line 14: \"section_age\" is due here");
+    textRows({"from", "to", "message"},
+             {{"points-end\n", "", "line 22: \"points-end\" is due here"},
+              {"xyz 0.00 0.00 150.00", "xyz 0.00 150.00", "line 20: there are 2 numbers where 3 are due"},
+              {"150.00", "nan", "line 20: \"nan\" is no number"},
+              {"open_tec_link_section-end\n", "", "line 25: \"open_tec_link_section-end\" is due here"},
+              {"section_age 0.00\n", "", "line 14: \"section_age\" is due here"}});
 }
 
 void OpenTecTest::readerRefuses()
 {
-    QFETCH(QByteArray, from);
-    QFETCH(QByteArray, to);
+    QFETCH(QString, from);
+    QFETCH(QString, to);
     QFETCH(QString, message);
-    QCOMPARE(SaverRun("opentec", {section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})})},
-                      path("a.otl"))
-                 .fault(),
-             QString());
-    QByteArray text = contentOf(path("a.otl"));
-    QVERIFY(text.contains(from));
-    try {
-        readOpenTec(write("b.otl", text.replace(from, to)));
-        QFAIL("accepted");
-    } catch (const LoadError& error) {
-        QVERIFY2(QString::fromUtf8(error.what()).contains(message), error.what());
-    }
+    const ModelObject object = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})});
+    const SaverRun run("opentec", {object}, path("a.otl"));
+    QCOMPARE(run.fault(), QString());
+    const QString found = run.damaged(from.toUtf8(), to.toUtf8()).fault;
+    QVERIFY2(found.contains(message), qPrintable(found));
 }
 
 void OpenTecTest::cutGrid()
@@ -215,17 +198,8 @@ void OpenTecTest::cutTurnedGrid()
 void OpenTecTest::cutMesh()
 {
     // A strip of a plane, cut lengthwise through a bend of the trace inside a triangle, and a second patch apart.
-    ModelObject mesh = objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"),
-                                {{0, 0, 0},
-                                 {10, 0, 10},
-                                 {10, 10, 30},
-                                 {0, 10, 20},
-                                 {20, 0, 20},
-                                 {20, 10, 40},
-                                 {30, 0, 1},
-                                 {40, 0, 1},
-                                 {30, 10, 1}},
-                                "");
+    ModelObject mesh = objectOf(QStringLiteral("M"), ObjectType::MeshSurfaces, {0, 10, 10, 0, 20, 20, 30, 40, 30},
+                                {0, 0, 10, 10, 0, 10, 0, 0, 10}, {0, 10, 30, 20, 20, 40, 1, 1, 1});
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}, {1, 4, 5}, {1, 5, 2}, {6, 7, 8}};
     const std::vector<SectionSegment> segments = SectionCutter({-5, 8, 50}, {4, 5, 5}).cut(mesh);
     QCOMPARE(static_cast<int>(segments.size()), 2);
@@ -296,36 +270,31 @@ void OpenTecTest::sectionsOfModelFile()
 
 void OpenTecTest::wrongSections_data()
 {
-    QTest::addColumn<QByteArray>("entry");
-    QTest::addColumn<QString>("message");
-    const auto row = [](const char* entry, const char* message) {
-        QTest::newRow(message) << QByteArray(entry) << QString::fromLatin1(message);
-    };
-    row("\"trace\": [[0, 0], [1, 1]]", "section 1: there is no \"name\" (name the section)");
-    row("\"name\": \"A\"", "section 1: the trace has no length");
-    row("\"name\": \"A\", \"trace\": [[1, 2], [1, 2]]", "section 1: the trace has no length");
-    row("\"name\": \"A\", \"trace\": [[1, 2], [1]]", "section 1: point 2 of the trace is no pair of numbers");
-    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"objects\": [\"X\"]", "section 1: there is no object \"X\"");
-    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"crs\": \"X\"", "section 1: \"X\" is no coordinate system");
-    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"colour\": \"X\"",
-        "section 1: \"colour\" is not known (keys: name, trace");
-    row("\"name\": 7, \"trace\": [[0, 0], [1, 1]]", "section 1: \"name\" is no text");
-    row("\"name\": \"A\", \"trace\": [[0, 0], [1, 1]], \"color\": \"X\"", "section 1: \"X\" is no colour");
+    textRows(
+        {"entry", "message"},
+        {{R"("trace": [[0, 0], [1, 1]])", R"(there is no "name" (name the section))"},
+         {R"("name": "A")", "the trace has no length"},
+         {R"("name": "A", "trace": [[1, 2], [1, 2]])", "the trace has no length"},
+         {R"("name": "A", "trace": [[1, 2], [1]])", "point 2 of the trace is no pair of numbers"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "objects": ["X"])", R"(there is no object "X")"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "crs": "X")", R"("X" is no coordinate system)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "colour": "X")", R"("colour" is not known (keys: name, trace)"},
+         {R"("name": 7, "trace": [[0, 0], [1, 1]])", R"("name" is no text)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "color": "X")", R"("X" is no colour)"}});
 }
 
 void OpenTecTest::wrongSections()
 {
-    QFETCH(QByteArray, entry);
+    QFETCH(QString, entry);
     QFETCH(QString, message);
     write("points.csv", "x,y,z\n1,2,3\n");
-    const QString file = write(
-        "a.kpmodel", "{\"version\": 1, \"objects\": [{\"file\": \"points.csv\"}], \"sections\": [{" + entry + "}]}");
-    Model model;
+    const QString file = write("a.kpmodel", R"({"version": 1, "objects": [{"file": "points.csv"}], "sections": [{)"
+                                                + entry.toUtf8() + "}]}");
     try {
-        loadInto(model, file);
+        loaded(file);
         QFAIL("accepted");
     } catch (const LoadError& error) {
-        QVERIFY2(QString::fromUtf8(error.what()).contains(message), error.what());
+        QVERIFY2(QString::fromUtf8(error.what()).contains(QStringLiteral("section 1: ") + message), error.what());
     }
 }
 

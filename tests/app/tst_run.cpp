@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What a run does with objects that cannot be written and with files that come out wrong.
 #include "app/jobs/ExportPlan.h"
-#include "app/jobs/ExportRun.h"
 #include "app/jobs/ObjectError.h"
-#include "tests/app/FileContent.h"
-#include "tests/app/TestObjects.h"
+#include "tests/app/SaverRun.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
-#include <QTemporaryDir>
-#include <QtTest>
 
 using namespace refhost;
 
@@ -63,11 +56,12 @@ public:
 
 } // namespace
 
-class RunTest : public QObject
+class RunTest : public SaverTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void badObjectsAreLeftOut();
     void onlyBadObjects();
     void unsoundObjects_data();
@@ -76,53 +70,54 @@ private Q_SLOTS:
     void plan();
 
 private:
-    ExportSelection selection(const std::vector<const ModelObject*>& objects) const
+    bool run(const std::vector<const ModelObject*>& objects)
     {
-        ExportSelection chosen;
-        chosen.objects = objects;
-        chosen.path = path();
-        return chosen;
+        m_selection.objects = objects;
+        m_report = ExportReport();
+        return runExport(m_format, m_selection, m_format.plan(m_selection), nullptr, m_report);
     }
-    QString path() const { return m_folder.filePath(QStringLiteral("out.nam")); }
-    QString sidecar() const { return m_folder.filePath(QStringLiteral("out.num")); }
+    const FileOutcome& outcome() const { return m_report.files().front(); }
 
-    QTemporaryDir m_folder;
+    NameFormat m_format;
+    ExportSelection m_selection;
+    ExportReport m_report;
     ModelObject m_one = points("one", 1);
     ModelObject m_bad = points("bad", 2);
     ModelObject m_two = points("two/2", 3);
 };
 
+void RunTest::init()
+{
+    emptyFolder();
+    m_format = NameFormat();
+    m_selection = ExportSelection();
+    m_selection.path = path("out.nam");
+}
+
 void RunTest::badObjectsAreLeftOut()
 {
     ModelObject torn = points("torn", 4);
     torn.z = numbersOf({1});
-    NameFormat format;
-    ExportReport report;
-    const ExportSelection chosen = selection({&m_one, &m_bad, &torn, &m_two, &m_bad});
-    QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, report));
-    QCOMPARE(contentOf(path()), QByteArray("one\ntwo/2\n"));
-    QCOMPARE(contentOf(sidecar()), QByteArray("2"));
-    const FileOutcome& outcome = report.files().front();
-    QVERIFY(outcome.written() && !outcome.complete() && report.anyFailed());
-    QCOMPARE(outcome.objects.join(QLatin1Char(' ')), QStringLiteral("one two/2"));
-    QCOMPARE(outcome.failedObjects.size(), std::size_t(2));
-    QCOMPARE(outcome.failedObjects[0].name, QStringLiteral("torn"));
-    QCOMPARE(outcome.failedObjects[1].reason, QStringLiteral("it is bad (mend it)"));
-    const QJsonArray failed = report.toJson(QStringLiteral("names")).value(QStringLiteral("files")).toArray().first().toObject()
-                                  .value(QStringLiteral("failedObjects")).toArray();
-    QCOMPARE(failed.size(), 2);
+    QVERIFY(!run({&m_one, &m_bad, &torn, &m_two, &m_bad}));
+    QCOMPARE(contentOf(path("out.nam")), QByteArray("one\ntwo/2\n"));
+    QCOMPARE(contentOf(path("out.num")), QByteArray("2"));
+    QVERIFY(outcome().written() && !outcome().complete() && m_report.anyFailed());
+    QCOMPARE(outcome().objects.join(QLatin1Char(' ')), QStringLiteral("one two/2"));
+    QCOMPARE(outcome().failedObjects.size(), std::size_t(2));
+    QCOMPARE(outcome().failedObjects[0].name, QStringLiteral("torn"));
+    QCOMPARE(outcome().failedObjects[1].reason, QStringLiteral("it is bad (mend it)"));
+    const QJsonValue file = m_report.toJson(QStringLiteral("names")).value(QStringLiteral("files"))[0];
+    QCOMPARE(file[QStringLiteral("failedObjects")].toArray().size(), 2);
 }
 
 void RunTest::onlyBadObjects()
 {
-    NameFormat format;
-    ExportReport report;
-    const QByteArray before = contentOf(path());
-    const ExportSelection chosen = selection({&m_bad});
-    QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, report));
-    QCOMPARE(contentOf(path()), before);
-    QVERIFY(report.files().front().error.contains(QStringLiteral("none of its objects could be written")));
-    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
+    write("out.nam", "earlier");
+    write("out.num", "7");
+    QVERIFY(!run({&m_bad}));
+    QVERIFY(outcome().error.contains(QStringLiteral("none of its objects could be written")));
+    QCOMPARE(contentOf(path("out.nam")) + contentOf(path("out.num")), QByteArray("earlier7"));
+    QCOMPARE(listing(), QStringLiteral("out.nam out.num"));
 }
 
 void RunTest::unsoundObjects_data()
@@ -140,59 +135,46 @@ void RunTest::unsoundObjects()
     QFETCH(int, kind);
     QFETCH(QString, message);
     ModelObject object = points("object", 1);
-    auto cells = std::make_shared<CellGrid>();
-    cells->columns = cells->rows = 1;
-    cells->layers = kind == 6 ? 0 : 1;
-    cells->coord.resize(24);
-    cells->zcorn.resize(kind == 7 ? 7 : 8);
-    cells->active.resize(kind == 8 ? 2 : 0);
-    AttributeColumn grade;
-    grade.name = QStringLiteral("grade");
-    grade.numbers = numbersOf({1, 2, 3});
+    CellGrid cells = cellsOf(1, 1, 1);
+    cells.layers = kind == 6 ? 0 : 1;
+    cells.zcorn.resize(kind == 7 ? 7 : 8);
+    cells.active.resize(kind == 8 ? 2 : 0);
     switch (kind) {
     case 0: object.y = nullptr; break;
     case 1: object.y = numbersOf({1}); break;
     case 2: object.parts = {{1, 2, false, false}}; break;
     case 3: object.triangles = {{0, 1, 2}}; break;
     case 4: object.grid = GridGeometry{2, 2}; break;
-    case 5: object.vertexAttributes = {grade}; break;
-    default: object.cells = cells; break;
+    case 5: object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {1, 2, 3})}; break;
+    default: object.cells = std::make_shared<const CellGrid>(cells); break;
     }
-    NameFormat format;
-    ExportReport report;
-    const ExportSelection chosen = selection({&object});
-    runExport(format, chosen, format.plan(chosen), nullptr, report);
-    QVERIFY2(report.files().front().failedObjects.front().reason.contains(message),
-             qPrintable(report.files().front().failedObjects.front().reason));
+    run({&object});
+    QVERIFY(!outcome().failedObjects.empty());
+    QVERIFY2(outcome().failedObjects.front().reason.contains(message),
+             qPrintable(outcome().failedObjects.front().reason));
 }
 
 void RunTest::verification()
 {
-    NameFormat format;
-    ExportSelection chosen = selection({&m_one});
-    chosen.verify = true;
-    ExportReport good;
-    QVERIFY(runExport(format, chosen, format.plan(chosen), nullptr, good));
-    QCOMPARE(good.files().front().verification.count, qint64(1));
-    QCOMPARE(contentOf(path()), QByteArray("one\n"));
+    m_selection.verify = true;
+    QVERIFY(run({&m_one}));
+    QCOMPARE(outcome().verification.count, qint64(1));
+    QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
 
     // What does not agree never replaces an earlier file.
-    format.fault = QStringLiteral("a line differs");
-    chosen.objects = {&m_two};
-    ExportReport wrong;
-    QVERIFY(!runExport(format, chosen, format.plan(chosen), nullptr, wrong));
-    QCOMPARE(contentOf(path()), QByteArray("one\n"));
-    QVERIFY(wrong.files().front().error.contains(QStringLiteral("read again by line count it differs: a line differs")));
+    m_format.fault = QStringLiteral("a line differs");
+    QVERIFY(!run({&m_two}));
+    QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
+    QVERIFY(outcome().error.contains(QStringLiteral("read again by line count it differs: a line differs")));
 }
 
 void RunTest::plan()
 {
-    NameFormat format;
-    format.grouping = FileGrouping::Object;
-    ExportSelection chosen = selection({&m_one, &m_two, &m_two});
-    writeFile(m_folder.filePath(QStringLiteral("out_two_2.nam")), "");
-    writeFile(m_folder.filePath(QStringLiteral("out_two_2.num")), "");
-    const ExportPlan plan = makePlan(format, chosen, format.plan(chosen));
+    m_format.grouping = FileGrouping::Object;
+    m_selection.objects = {&m_one, &m_two, &m_two};
+    write("out_two_2.nam", "");
+    write("out_two_2.num", "");
+    const ExportPlan plan = makePlan(m_format, m_selection, m_format.plan(m_selection));
     QStringList lines;
     for (const ExportPlan::Output& output : plan.outputs) {
         lines.append(QStringLiteral("%1 %2 %3 %4 %5").arg(QFileInfo(output.path).fileName(), output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"),
@@ -205,9 +187,10 @@ void RunTest::plan()
     QVERIFY(plan.freeBytes > 0);
 
     // A directory takes the files under the objects' own names.
-    chosen.path = m_folder.path();
-    const std::vector<PlannedFile> inFolder = planFiles(chosen, FileGrouping::Object, QStringLiteral("nam"), QStringLiteral("run/1"));
-    QCOMPARE(inFolder.front().path, m_folder.filePath(QStringLiteral("run_1_one.nam")));
+    m_selection.path = path();
+    const QString prefix = QStringLiteral("run/1");
+    QCOMPARE(planFiles(m_selection, FileGrouping::Object, QStringLiteral("nam"), prefix).front().path,
+             path("run_1_one.nam"));
 }
 
 QTEST_GUILESS_MAIN(RunTest)

@@ -4,6 +4,8 @@
 // KP_RELIABILITY_TABLE set to a path, what was tried and what came of it is written there as a table.
 #include "tests/faults/FaultModel.h"
 
+#include "tests/app/FileContent.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
@@ -63,41 +65,35 @@ class FaultsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase_data();
     void initTestCase();
     void cleanupTestCase();
-    void fullDevice_data() { formatRows(); }
+    void init();
     void fullDevice();
-    void fileSizeLimit_data() { formatRows(); }
     void fileSizeLimit();
-    void smallDisk_data() { formatRows(); }
     void smallDisk();
-    void noPermission_data() { formatRows(); }
     void noPermission();
-    void directoryInTheWay_data() { formatRows(); }
     void directoryInTheWay();
-    void missingDirectory_data() { formatRows(); }
     void missingDirectory();
-    void signalled_data() { formatRows(); }
     void signalled();
-    void hardPaths_data() { formatRows(); }
     void hardPaths();
-    void hostileObjectNames_data() { formatRows(); }
     void hostileObjectNames();
-    void oddNumbers_data() { formatRows(); }
     void oddNumbers();
-    void commaLocale_data() { formatRows(); }
     void commaLocale();
-    void twoAtOnce_data() { formatRows(); }
     void twoAtOnce();
 
 private:
-    void formatRows();
     QStringList command(const QString& model, const QString& output) const;
     Result run(const QStringList& arguments, const QStringList& wrapper = {}) const;
-    /// A folder with an earlier export in it.
-    std::unique_ptr<QTemporaryDir> earlierExport(const QString& parent = QString());
+    /// Fills a new folder with an earlier export.
+    void exportEarlier(const QString& pattern);
     QString output(const QTemporaryDir& folder) const { return folder.filePath(QStringLiteral("out.") + m_extension); }
-    void note(const char* fault, const QString& outcome);
+    QString output() const { return output(*m_folder); }
+    QString inFolder(const QString& name) const { return m_folder->filePath(name); }
+    Snapshot now() const { return snapshot(m_folder->path()); }
+    /// Fails unless a run has failed with a message and left the folder as it was; notes what has been tried.
+    void expectRefusal(const Result& result, const char* fault, const char* outcome);
+    void note(const char* fault, const char* outcome);
 
     QTemporaryDir m_models;
     QString m_small;  ///< a small model
@@ -105,9 +101,21 @@ private:
     QString m_large;
     QString m_format; ///< of the row at work
     QString m_extension;
-    QMap<QString, QString> m_extensions;
-    QVector<QStringList> m_table;
+    std::unique_ptr<QTemporaryDir> m_folder; ///< with the earlier export
+    Snapshot m_before;                       ///< of it
+    QMap<QPair<QString, QString>, QString> m_table; ///< fault and outcome to formats
 };
+
+void FaultsTest::initTestCase_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("extension");
+    const QByteArray list = run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8();
+    for (const QJsonValue& format : QJsonDocument::fromJson(list).array()) {
+        const QString key = format[QLatin1String("key")].toString();
+        QTest::newRow(qPrintable(key)) << key << format[QLatin1String("extension")].toString();
+    }
+}
 
 void FaultsTest::initTestCase()
 {
@@ -121,17 +129,31 @@ void FaultsTest::initTestCase()
     m_moved = model("moved", 24, 1000);
     m_large = model("large", 170, 0);
     QFile::setPermissions(m_models.path(), QFile::Permissions(0x7755));
-    const QJsonArray formats = QJsonDocument::fromJson(run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8()).array();
-    for (const QJsonValue& format : formats)
-        m_extensions.insert(format[QLatin1String("key")].toString(), format[QLatin1String("extension")].toString());
-    QVERIFY(m_extensions.size() > 1);
 }
 
-void FaultsTest::formatRows()
+void FaultsTest::init()
 {
-    QTest::addColumn<QString>("format");
-    for (const QString& key : m_extensions.keys())
-        QTest::newRow(qPrintable(key)) << key;
+    exportEarlier(QDir::tempPath() + QStringLiteral("/faults-XXXXXX"));
+}
+
+void FaultsTest::exportEarlier(const QString& pattern)
+{
+    QFETCH_GLOBAL(QString, format);
+    QFETCH_GLOBAL(QString, extension);
+    m_format = format;
+    m_extension = extension;
+    m_folder = std::make_unique<QTemporaryDir>(pattern);
+    const Result result = run(command(m_small, output()));
+    QVERIFY2(result.code == 0, qPrintable(result.error));
+    m_before = now();
+    QVERIFY(!m_before.isEmpty());
+}
+
+void FaultsTest::expectRefusal(const Result& result, const char* fault, const char* outcome)
+{
+    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
+    QCOMPARE(now(), m_before);
+    note(fault, outcome);
 }
 
 QStringList FaultsTest::command(const QString& model, const QString& path) const
@@ -152,26 +174,10 @@ Result FaultsTest::run(const QStringList& arguments, const QStringList& wrapper)
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-std::unique_ptr<QTemporaryDir> FaultsTest::earlierExport(const QString& parent)
+void FaultsTest::note(const char* fault, const char* outcome)
 {
-    m_format = QTest::currentDataTag() ? QString::fromUtf8(QTest::currentDataTag()) : QString();
-    m_extension = m_extensions.value(m_format);
-    auto folder = parent.isEmpty() ? std::make_unique<QTemporaryDir>() : std::make_unique<QTemporaryDir>(parent + QStringLiteral("/f-XXXXXX"));
-    const Result result = run(command(m_small, output(*folder)));
-    if (result.code != 0 || snapshot(folder->path()).isEmpty())
-        qWarning("%s", qPrintable(result.error));
-    return result.code == 0 ? std::move(folder) : nullptr;
-}
-
-void FaultsTest::note(const char* fault, const QString& outcome)
-{
-    for (QStringList& row : m_table) {
-        if (row.first() == QLatin1String(fault) && row.last() == outcome) {
-            row[1] += QStringLiteral(", ") + m_format;
-            return;
-        }
-    }
-    m_table.append({QString::fromLatin1(fault), m_format, outcome});
+    QString& formats = m_table[{QString::fromLatin1(fault), QString::fromLatin1(outcome)}];
+    formats += (formats.isEmpty() ? QString() : QStringLiteral(", ")) + m_format;
 }
 
 void FaultsTest::cleanupTestCase()
@@ -182,50 +188,43 @@ void FaultsTest::cleanupTestCase()
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("| tried | formats | what happened |\n|---|---|---|\n");
-    for (const QStringList& row : qAsConst(m_table))
-        file.write("| " + row.join(QStringLiteral(" | ")).toUtf8() + " |\n");
+    for (auto row = m_table.cbegin(); row != m_table.cend(); ++row)
+        file.write(QStringLiteral("| %1 | %2 | %3 |\n").arg(row.key().first, row.value(), row.key().second).toUtf8());
 }
 
 void FaultsTest::fullDevice()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), folder->filePath(QStringLiteral("full.") + m_extension)));
+    const QString device = inFolder(QStringLiteral("full.") + m_extension);
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), device));
     // One object only: several would go into files beside it in some formats.
-    const Result result = run(command(m_moved, folder->filePath(QStringLiteral("full.") + m_extension))
-                              << (m_format == QLatin1String("off") ? QStringList{QStringLiteral("--type"), QStringLiteral("mesh_surface")} : QStringList()));
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QVERIFY(QFile::remove(folder->filePath(QStringLiteral("full.") + m_extension)));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("target is `/dev/full`", QStringLiteral("exit code 1 with a message, nothing else changed"));
+    QStringList arguments = command(m_moved, device);
+    if (m_format == QLatin1String("off"))
+        arguments << QStringLiteral("--type") << QStringLiteral("mesh_surface");
+    const Result result = run(arguments);
+    QVERIFY(QFile::remove(device));
+    expectRefusal(result, "target is `/dev/full`", "exit code 1 with a message, nothing else changed");
 }
 
 void FaultsTest::fileSizeLimit()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
-    const Result result = run(command(m_moved, output(*folder)),
-                              {QStringLiteral("sh"), QStringLiteral("-c"), QStringLiteral("ulimit -f 4; exec \"$0\" \"$@\"")});
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("file size limit of 2 kB (`RLIMIT_FSIZE`)", QStringLiteral("exit code 1 with a message, earlier files unchanged, nothing left"));
+    const Result result = run(command(m_moved, output()), {QStringLiteral("sh"), QStringLiteral("-c"),
+                                                           QStringLiteral("ulimit -f 4; exec \"$0\" \"$@\"")});
+    expectRefusal(result, "file size limit of 2 kB (`RLIMIT_FSIZE`)",
+                  "exit code 1 with a message, earlier files unchanged, nothing left");
 }
 
 void FaultsTest::smallDisk()
 {
     // A disk with room for the earlier files and not for the new ones.
     QTemporaryDir mount;
-    if (::geteuid() != 0
-        || QProcess::execute(QStringLiteral("mount"), {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"), QStringLiteral("size=64m"),
-                                                       QStringLiteral("tmpfs"), mount.path()})
-               != 0)
+    const QStringList options = QStringLiteral("-t tmpfs -o size=64m tmpfs").split(QLatin1Char(' '));
+    if (::geteuid() != 0 || QProcess::execute(QStringLiteral("mount"), options + QStringList{mount.path()}) != 0)
         QSKIP("mounting a small disk is not allowed here");
-    const auto unmount = qScopeGuard([&mount] { QProcess::execute(QStringLiteral("umount"), {QStringLiteral("-l"), mount.path()}); });
-    auto folder = earlierExport(mount.path());
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
+    const auto unmount = qScopeGuard([this, &mount] {
+        m_folder.reset();
+        QProcess::execute(QStringLiteral("umount"), {QStringLiteral("-l"), mount.path()});
+    });
+    exportEarlier(mount.path() + QStringLiteral("/f-XXXXXX"));
     // Fill it but for a few blocks.
     QFile filler(mount.filePath(QStringLiteral("filler")));
     QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
@@ -233,75 +232,56 @@ void FaultsTest::smallDisk()
     while (filler.write(block) == block.size()) {
     }
     QVERIFY(filler.resize(filler.size() - 4096));
-    const Result result = run(command(m_moved, output(*folder)));
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    folder.reset();
-    note("disk full after 4 kB (tmpfs)", QStringLiteral("exit code 1 with a message, earlier files unchanged, nothing left"));
+    expectRefusal(run(command(m_moved, output())), "disk full after 4 kB (tmpfs)",
+                  "exit code 1 with a message, earlier files unchanged, nothing left");
 }
 
 void FaultsTest::noPermission()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
     // Root may write anywhere, so the export is then somebody else's.
     QStringList wrapper;
     if (::geteuid() == 0)
-        wrapper = QStringList{QStringLiteral("setpriv"), QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"), QStringLiteral("--clear-groups")};
-    QFile::setPermissions(folder->path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
-    const auto restore = qScopeGuard([&folder] { QFile::setPermissions(folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
-    const Result result = run(command(m_moved, output(*folder)), wrapper);
+        wrapper = QStringLiteral("setpriv --reuid=65534 --regid=65534 --clear-groups").split(QLatin1Char(' '));
+    const QString folder = m_folder->path();
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+    const Result result = run(command(m_moved, output()), wrapper);
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (result.code == 126 || result.code == 127)
         QSKIP("nobody else may run programs here");
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("directory without write permission", QStringLiteral("exit code 1 with a message, earlier files unchanged"));
+    expectRefusal(result, "directory without write permission", "exit code 1 with a message, earlier files unchanged");
 }
 
 void FaultsTest::directoryInTheWay()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
     // In the place of every file that the run would write.
-    const Snapshot names = snapshot(folder->path());
-    for (const QString& name : names.keys()) {
-        QVERIFY(QFile::remove(folder->filePath(name)));
-        QVERIFY(QDir(folder->path()).mkpath(name + QStringLiteral("/inside")));
+    for (const QString& name : m_before.keys()) {
+        QVERIFY(QFile::remove(inFolder(name)));
+        QVERIFY(QDir(m_folder->path()).mkpath(name + QStringLiteral("/inside")));
     }
-    const Snapshot before = snapshot(folder->path());
-    const Result result = run(command(m_moved, output(*folder)));
-    if (result.code == 0) {
-        // A format of one file per object takes a directory as the place for its files.
-        Snapshot now = snapshot(folder->path());
-        for (const QString& name : before.keys())
-            QCOMPARE(now.take(name), before[name]);
-        for (const QString& name : now.keys())
-            QVERIFY2(name.startsWith(QStringLiteral("out.%1/").arg(m_extension)), qPrintable(name));
-        note("a directory has the file's name", QStringLiteral("the objects' files go into it, its contents unchanged"));
+    m_before = now();
+    const Result result = run(command(m_moved, output()));
+    if (result.code != 0) {
+        expectRefusal(result, "a directory has the file's name",
+                      "exit code 1 with a message, the directory and its contents unchanged");
         return;
     }
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("a directory has the file's name", QStringLiteral("exit code 1 with a message, the directory and its contents unchanged"));
+    // A format of one file per object takes a directory as the place for its files.
+    Snapshot after = now();
+    for (const QString& name : m_before.keys())
+        QCOMPARE(after.take(name), m_before[name]);
+    for (const QString& name : after.keys())
+        QVERIFY2(name.startsWith(QStringLiteral("out.%1/").arg(m_extension)), qPrintable(name));
+    note("a directory has the file's name", "the objects' files go into it, its contents unchanged");
 }
 
 void FaultsTest::missingDirectory()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
-    const Result result = run(command(m_moved, folder->filePath(QStringLiteral("none/out.") + m_extension)));
-    QVERIFY2(result.code == 1 && isMessage(result.error), qPrintable(QString::number(result.code) + result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("directory does not exist", QStringLiteral("exit code 1 with a message, nothing created"));
+    expectRefusal(run(command(m_moved, inFolder(QStringLiteral("none/out.") + m_extension))),
+                  "directory does not exist", "exit code 1 with a message, nothing created");
 }
 
 void FaultsTest::signalled()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
     QTemporaryDir aside;
     QElapsedTimer time;
     time.start();
@@ -311,84 +291,84 @@ void FaultsTest::signalled()
     for (const int signal : {SIGINT, SIGKILL}) {
         for (const int percent : {10, 50, 90}) {
             QProcess process;
-            process.start(QStringLiteral(KP_PROGRAM), command(m_large, output(*folder)));
+            process.start(QStringLiteral(KP_PROGRAM), command(m_large, output()));
             QVERIFY(process.waitForStarted());
             QThread::msleep(static_cast<unsigned long>(whole * percent / 100));
             ::kill(static_cast<pid_t>(process.processId()), signal);
             QVERIFY(process.waitForFinished(120000));
-            Snapshot now = snapshot(folder->path());
-            for (const QString& name : now.keys()) {
+            Snapshot after = now();
+            for (const QString& name : after.keys()) {
                 // A killed program cannot tidy up: the next run does.
                 if (signal == SIGKILL && name.startsWith(QStringLiteral(".kpexport-")))
-                    now.remove(name);
+                    after.remove(name);
             }
             // A run that was quicker than the measured one has replaced the files, all of them.
-            QVERIFY2(now == before || now == complete, qPrintable(QStringLiteral("signal %1 at %2 %: %3").arg(signal).arg(percent).arg(now.keys().join(QLatin1Char(' ')))));
-            QCOMPARE(run(command(m_small, output(*folder))).code, 0);
-            QCOMPARE(snapshot(folder->path()), before);
+            const QString names = after.keys().join(QLatin1Char(' '));
+            QVERIFY2(after == m_before || after == complete,
+                     qPrintable(QStringLiteral("signal %1 at %2 %: %3").arg(signal).arg(percent).arg(names)));
+            QCOMPARE(run(command(m_small, output())).code, 0);
+            QCOMPARE(now(), m_before);
         }
     }
-    note("SIGINT and SIGKILL at 10, 50 and 90 % of the time", QStringLiteral("earlier files unchanged; what a killed run leaves is hidden and removed by the next run"));
+    note("SIGINT and SIGKILL at 10, 50 and 90 % of the time",
+         "earlier files unchanged; what a killed run leaves is hidden and removed by the next run");
 }
 
 void FaultsTest::hardPaths()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot expected = snapshot(folder->path());
-    const QString deep = folder->filePath(QString::fromUtf8("Грифон ñ 地層 'q' \"d\""));
+    const QString deep = inFolder(QString::fromUtf8("Грифон ñ 地層 'q' \"d\""));
     QVERIFY(QDir().mkpath(deep));
     // Formats with several files put their suffixes into the name.
-    const int longest = 255 - m_extension.size() - 1 - (expected.size() > 1 ? 24 : 0);
+    const int longest = 255 - m_extension.size() - 1 - (m_before.size() > 1 ? 24 : 0);
     for (const QString& stem : {QString::fromUtf8("слои №1 é"), QString(longest / 2, QChar(0x0436))}) {
         const QString path = deep + QLatin1Char('/') + stem + QLatin1Char('.') + m_extension;
         const Result result = run(command(m_small, path) << QStringLiteral("--verify"));
         if (result.error.contains(QStringLiteral("shorten it to"))) {
             QVERIFY(result.code == 1 && isMessage(result.error) && snapshot(deep).isEmpty());
-            note("path of 255 bytes", QStringLiteral("exit code 1: the format needs a shorter name"));
+            note("path of 255 bytes", "exit code 1: the format needs a shorter name");
             continue;
         }
         QVERIFY2(result.code == 0, qPrintable(result.error));
-        QCOMPARE(snapshot(deep).size(), expected.size());
+        QCOMPARE(snapshot(deep).size(), m_before.size());
         for (const QString& name : snapshot(deep).keys()) {
             QVERIFY2(name.startsWith(stem), qPrintable(name));
             QVERIFY(QFile::remove(deep + QLatin1Char('/') + name));
         }
     }
-    note("paths in Cyrillic and Chinese, with quotes, of 255 bytes", QStringLiteral("written under their true names, verified"));
+    note("paths in Cyrillic and Chinese, with quotes, of 255 bytes", "written under their true names, verified");
 }
 
 void FaultsTest::hostileObjectNames()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    QTemporaryDir inner(folder->filePath(QStringLiteral("inner-XXXXXX")));
+    QTemporaryDir inner(inFolder(QStringLiteral("inner-XXXXXX")));
     // The small model's files under names of our choice.
-    QFile file(m_small);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QJsonArray objects = QJsonDocument::fromJson(file.readAll()).object().value(QStringLiteral("objects")).toArray();
+    const QJsonArray objects =
+        QJsonDocument::fromJson(contentOf(m_small)).object().value(QStringLiteral("objects")).toArray();
     QJsonArray named;
     const QStringList names = hostileNames();
     for (int index = 0; index < names.size(); ++index) {
         for (QJsonValue value : objects) {
             QJsonObject object = value.toObject();
-            if (object.value(QStringLiteral("file")).toString().endsWith(QStringLiteral("json")))
+            const QString file = object.value(QStringLiteral("file")).toString();
+            if (file.endsWith(QStringLiteral("json")))
                 continue;
-            object.insert(QStringLiteral("file"), QFileInfo(m_small).absoluteDir().filePath(object.value(QStringLiteral("file")).toString()));
+            object.insert(QStringLiteral("file"), QFileInfo(m_small).absoluteDir().filePath(file));
             object.insert(QStringLiteral("name"), names[index]);
             object.insert(QStringLiteral("set"), names[names.size() - 1 - index]);
             named.append(object);
         }
     }
-    QFile model(m_models.filePath(QStringLiteral("hostile.kpmodel")));
-    QVERIFY(model.open(QIODevice::WriteOnly));
-    model.write(QJsonDocument(QJsonObject{{QStringLiteral("version"), 1}, {QStringLiteral("objects"), named}}).toJson());
-    model.close();
+    const QJsonObject content{{QStringLiteral("version"), 1}, {QStringLiteral("objects"), named}};
+    const QString model =
+        writeFile(m_models.filePath(QStringLiteral("hostile.kpmodel")), QJsonDocument(content).toJson());
     const Snapshot outside = snapshot(m_models.path());
     for (const char* grouping : {"object", "set", "single"}) {
-        const Result settings = run(command(model.fileName(), output(inner)) << QStringLiteral("--set") << QStringLiteral("grouping=") + QLatin1String(grouping));
+        const QStringList plain = command(model, output(inner));
+        Result result =
+            run(plain + QStringList{QStringLiteral("--set"), QStringLiteral("grouping=") + QLatin1String(grouping)});
         // A format without this setting says so; it has one way only.
-        const Result result = settings.code == 2 ? run(command(model.fileName(), output(inner))) : settings;
+        if (result.code == 2)
+            result = run(plain);
         if (result.code == 3)
             QSKIP("the format takes none of these objects");
         QVERIFY2(result.code == 0, qPrintable(QString::number(result.code) + result.error));
@@ -398,59 +378,51 @@ void FaultsTest::hostileObjectNames()
     }
     QCOMPARE(snapshot(m_models.path()), outside);
     note("object and set names with `/ \\ : * ?`, `..`, CON, line ends, 300 characters, empty, equal but for case",
-         QStringLiteral("files under legal, different names in the chosen directory only"));
+         "files under legal, different names in the chosen directory only");
 }
 
 void FaultsTest::oddNumbers()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    QFile points(m_models.filePath(QStringLiteral("odd.csv")));
-    QVERIFY(points.open(QIODevice::WriteOnly));
-    points.write("X,Y,Z,v\n500000,7500000,nan,inf\n500001,7500000,inf,\n500002,7500001,-0.0,1e300\n500003,7500002,1e-300,nan\n500004,7500003,7,-inf\n");
-    points.close();
-    QFile model(m_models.filePath(QStringLiteral("odd.kpmodel")));
-    QVERIFY(model.open(QIODevice::WriteOnly));
-    model.write("{\"version\":1,\"objects\":[{\"file\":\"odd.csv\",\"crs\":\"EPSG:28350\"}]}");
-    model.close();
-    const Result result = run(command(model.fileName(), output(*folder)) << QStringLiteral("--quiet"));
+    writeFile(
+        m_models.filePath(QStringLiteral("odd.csv")),
+        "X,Y,Z,v\n500000,7500000,nan,inf\n500001,7500000,inf,\n500002,7500001,-0.0,1e300\n500003,7500002,1e-300,nan\n"
+        "500004,7500003,7,-inf\n");
+    const QString model = writeFile(m_models.filePath(QStringLiteral("odd.kpmodel")),
+                                    "{\"version\":1,\"objects\":[{\"file\":\"odd.csv\",\"crs\":\"EPSG:28350\"}]}");
+    const Result result = run(command(model, output()) << QStringLiteral("--quiet"));
     if (result.code == 3)
         QSKIP("the format takes no points");
-    QVERIFY2(result.code == 0 || (result.code == 1 && isMessage(result.error)), qPrintable(QString::number(result.code) + result.error));
-    note("NaN, infinities, nulls, 1e300", result.code == 0 ? QStringLiteral("written, losses counted") : QStringLiteral("exit code 1 with a message"));
+    QVERIFY2(result.code == 0 || (result.code == 1 && isMessage(result.error)),
+             qPrintable(QString::number(result.code) + result.error));
+    note("NaN, infinities, nulls, 1e300", result.code == 0 ? "written, losses counted" : "exit code 1 with a message");
 }
 
 void FaultsTest::commaLocale()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot before = snapshot(folder->path());
-    const Result result = run(command(m_small, output(*folder)), {QStringLiteral("env"), QStringLiteral("LC_ALL=de_DE.UTF-8"), QStringLiteral("LANG=de_DE.UTF-8")});
+    const Result result = run(command(m_small, output()),
+                              QStringLiteral("env LC_ALL=de_DE.UTF-8 LANG=de_DE.UTF-8").split(QLatin1Char(' ')));
     QVERIFY2(result.code == 0, qPrintable(result.error));
-    QCOMPARE(snapshot(folder->path()), before);
-    note("comma-decimal locale of the environment", QStringLiteral("the same bytes"));
+    QCOMPARE(now(), m_before);
+    note("comma-decimal locale of the environment", "the same bytes");
 }
 
 void FaultsTest::twoAtOnce()
 {
-    const auto folder = earlierExport();
-    QVERIFY(folder);
-    const Snapshot small = snapshot(folder->path());
-    QCOMPARE(run(command(m_moved, output(*folder))).code, 0);
-    const Snapshot moved = snapshot(folder->path());
-    QVERIFY(small != moved);
+    QCOMPARE(run(command(m_moved, output())).code, 0);
+    const Snapshot moved = now();
+    QVERIFY(m_before != moved);
     for (int round = 0; round < 4; ++round) {
         QProcess first;
         QProcess second;
-        first.start(QStringLiteral(KP_PROGRAM), command(m_small, output(*folder)));
-        second.start(QStringLiteral(KP_PROGRAM), command(m_moved, output(*folder)));
+        first.start(QStringLiteral(KP_PROGRAM), command(m_small, output()));
+        second.start(QStringLiteral(KP_PROGRAM), command(m_moved, output()));
         QVERIFY(first.waitForFinished(120000) && second.waitForFinished(120000));
         QCOMPARE(first.exitCode(), 0);
         QCOMPARE(second.exitCode(), 0);
-        const Snapshot now = snapshot(folder->path());
-        QVERIFY2(now == small || now == moved, "files of two runs are mixed");
+        const Snapshot after = now();
+        QVERIFY2(after == m_before || after == moved, "files of two runs are mixed");
     }
-    note("two runs on the same target at once", QStringLiteral("all files are of one run or all of the other"));
+    note("two runs on the same target at once", "all files are of one run or all of the other");
 }
 
 QTEST_GUILESS_MAIN(FaultsTest)
