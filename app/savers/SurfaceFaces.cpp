@@ -12,11 +12,6 @@ namespace
 
 using Edge = std::pair<int, int>; ///< smaller vertex first
 
-bool hasValue(const ModelObject& surface, int vertex)
-{
-    return std::isfinite((*surface.z)[static_cast<std::size_t>(vertex)]);
-}
-
 int cornersOf(const Face& face)
 {
     return face[2] == face[3] ? 3 : 4;
@@ -92,6 +87,21 @@ std::vector<Edge> meshBorder(const ModelObject& surface)
 
 } // namespace
 
+bool hasPosition(const ModelObject& object, int vertex)
+{
+    const auto index = static_cast<std::size_t>(vertex);
+    return std::isfinite((*object.x)[index]) && std::isfinite((*object.y)[index]) && std::isfinite((*object.z)[index]);
+}
+
+bool hasAnyPosition(const ModelObject& object)
+{
+    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
+        if (hasPosition(object, vertex))
+            return true;
+    }
+    return false;
+}
+
 qint64 faceCount(const ModelObject& surface)
 {
     if (!surface.grid)
@@ -106,19 +116,30 @@ bool faceAt(const ModelObject& surface, qint64 number, Face& face)
     if (!surface.grid) {
         const std::array<int, 3>& triangle = surface.triangles[static_cast<std::size_t>(number)];
         face = {triangle[0], triangle[1], triangle[2], triangle[2]};
-        return hasValue(surface, triangle[0]) && hasValue(surface, triangle[1]) && hasValue(surface, triangle[2]);
+        return hasPosition(surface, triangle[0]) && hasPosition(surface, triangle[1]) && hasPosition(surface, triangle[2]);
     }
     const int columns = surface.grid->columns;
     const int corner = static_cast<int>(number / (columns - 1)) * columns + static_cast<int>(number % (columns - 1));
     const std::array<int, 4> nodes{corner, corner + 1, corner + 1 + columns, corner + columns};
     std::size_t found = 0;
     for (const int node : nodes) {
-        if (hasValue(surface, node))
+        if (hasPosition(surface, node))
             face[found++] = node;
     }
     if (found == 3)
         face[3] = face[2];
     return found >= 3;
+}
+
+bool hasAnyFace(const ModelObject& surface)
+{
+    Face face;
+    const qint64 count = faceCount(surface);
+    for (qint64 number = 0; number < count; ++number) {
+        if (faceAt(surface, number, face))
+            return true;
+    }
+    return false;
 }
 
 std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker)

@@ -104,6 +104,15 @@ Verification AsciiFormat::verify(const PlannedFile& file, const QString& path, c
     return verifyAscii(file, path, tableOf(file, selection, alreadyReported), m_settings);
 }
 
+void AsciiFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    // Not tableOf(): how wide columns must be is of no interest yet.
+    if (m_layout)
+        asciiTable(*m_layout, selection.objects, m_settings.mode == AsciiExportSettings::Mode::Columns, losses);
+    else
+        asciiTable(file.objects, selection.attributes, m_settings.decimals, losses);
+}
+
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {

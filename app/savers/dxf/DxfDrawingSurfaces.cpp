@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Surfaces and sections of a drawing.
 #include "app/savers/dxf/DxfDrawing.h"
+#include "app/savers/dxf/DxfLosses.h"
 #include "app/savers/SurfaceFaces.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ constexpr int facesAtOnce = 512;
 
 void DxfDrawing::drawSurface(const ModelObject& object)
 {
-    if (!m_settings.faces && !m_settings.meshPoints && !m_settings.boundaries) {
+    if (isSwitchedOff(object, m_settings)) {
         m_report.note(QStringLiteral("surface left out"), object.name, 1,
                       QStringLiteral("faces, meshPoints and boundaries are all off"));
         return;

@@ -5,7 +5,10 @@
 #include "app/readers/CoordinateSystems.h"
 #include "app/savers/dxf/DxfDrawing.h"
 #include "app/savers/dxf/DxfEntityWriter.h"
+#include "app/savers/dxf/DxfLosses.h"
 #include "app/savers/dxf/DxfReadBack.h"
+
+#include <algorithm>
 
 namespace refhost
 {
@@ -50,12 +53,26 @@ std::vector<PlannedFile> DxfFormat::plan(const ExportSelection& selection) const
     return planFiles(selection, m_settings.grouping, QStringLiteral("dxf"), m_settings.filePrefix);
 }
 
-qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                        ExportReport& report, kpBase::AbstractProgress* progress)
+void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
 {
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
                           QStringLiteral("give one like --set crs=EPSG:28350"));
+    const auto off = [this](const ModelObject* object) { return isSwitchedOff(*object, m_settings); };
+    if (std::all_of(file.objects.begin(), file.objects.end(), off))
+        throw ExportError(file.path, QStringLiteral("nothing of the surface %1 is to be drawn").arg(file.objects.front()->name),
+                          QStringLiteral("switch faces, meshPoints or boundaries on"));
+    OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
+    noteMixture(file.objects, m_settings, losses);
+    for (const ModelObject* object : file.objects) {
+        rules.of(*object, false);
+        noteAttributes(*object, selection, losses);
+    }
+}
+
+qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                        ExportReport& report, kpBase::AbstractProgress* progress)
+{
     const int passes = (m_settings.faces ? 1 : 0) + (m_settings.meshPoints ? 1 : 0) + (m_settings.boundaries ? 1 : 0);
     double weight = 0;
     for (const ModelObject* object : file.objects) {

@@ -207,6 +207,27 @@ const ModelObject& OpenTecFormat::traceOf(const ModelObject& section, const Expo
     return m_settings.traceLine.isEmpty() ? section : *findSection(selection, m_settings.traceLine);
 }
 
+void OpenTecFormat::noteForm(const ModelObject& object, ExportReport& report) const
+{
+    if (object.section->segments.empty())
+        report.note(QStringLiteral("section without lines"), object.name, 1,
+                    QStringLiteral("the file holds its trace only"));
+    const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
+    if (unit != QLatin1String("m"))
+        report.note(QStringLiteral("unit not stated"), object.name, 1,
+                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+}
+
+void OpenTecFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    requireNames(file, selection);
+    const ModelObject& object = *file.objects.front();
+    if (!object.section)
+        throw ExportError(file.path, QStringLiteral("the section %1 has nothing drawn on it").arg(object.name),
+                          QStringLiteral("choose a section that the model file cuts"));
+    noteForm(object, losses);
+}
+
 qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                             ExportReport& report, kpBase::AbstractProgress* progress)
 {
@@ -237,13 +258,7 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
         report.note(QStringLiteral("position left out"), object.name, columns.leftOut,
                     QStringLiteral("on the line of %1").arg(segment.name));
     }
-    if (object.section->segments.empty())
-        report.note(QStringLiteral("section without lines"), object.name, 1,
-                    QStringLiteral("the file holds its trace only"));
-    const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
-    if (unit != QLatin1String("m"))
-        report.note(QStringLiteral("unit not stated"), object.name, 1,
-                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+    noteForm(object, report);
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));
@@ -252,7 +267,7 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
     if (writer.writeFailed())
         throw ExportError(file.path, QStringLiteral("the file could not be written completely"),
                           QStringLiteral("make room on the disk or choose another"));
-    return points;
+    return points > 0 ? points : trace.vertexCount();
 }
 
 Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)

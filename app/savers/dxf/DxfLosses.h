@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/jobs/ExportReport.h"
+#include "app/jobs/ExportSelection.h"
+#include "app/savers/dxf/DxfExportSettings.h"
+
+namespace refhost
+{
+
+/// Notes that objects are of different systems or units: they would lie in the wrong places relative to each other.
+void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, ExportReport& report);
+/// Notes the attributes of an object: a drawing has none.
+void noteAttributes(const ModelObject& object, const ExportSelection& selection, ExportReport& report);
+/// Whether it is a surface and the settings leave nothing of surfaces.
+bool isSwitchedOff(const ModelObject& object, const DxfExportSettings& settings);
+
+} // namespace refhost
