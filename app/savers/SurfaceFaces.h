@@ -26,7 +26,7 @@ bool faceAt(const ModelObject& surface, qint64 number, Face& face);
 bool hasAnyFace(const ModelObject& surface);
 
 /// The boundary of a surface: the edges that belong to one face only, joined to lines. The last vertex of a closed line
-/// is its first. Steps \a ticker by the number of vertices all in all; none when the user cancels.
-std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker);
+/// is its first. \a weight is what finding them counts for in \a ticker. None when the user cancels.
+std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker, double weight = 0.0);
 
 } // namespace refhost

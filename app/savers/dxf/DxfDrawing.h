@@ -50,6 +50,7 @@ private:
     void drawSurface(const ModelObject& object);
     void drawFaces(const ModelObject& object);
     void drawBoundaries(const ModelObject& object);
+    bool drawBoundary(const ModelObject& object, const std::vector<int>& line, double weight);
     void drawSection(const ModelObject& object);
     void drawUnfolded(const ModelObject& object, const SectionSegment& segment);
     /// One line; false when fewer than two of its positions have a place.
