@@ -240,7 +240,8 @@ void DxfTest::surfaces()
     const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4, 5, none}), mesh}, path("a.dxf"),
                        settings);
     if (!settings.contains(QLatin1String("true"))) {
-        QCOMPARE(run.error(), QStringLiteral("nothing of the surface G is to be drawn (switch faces, meshPoints or boundaries on)"));
+        QCOMPARE(run.error(), QStringLiteral("nothing of G can be drawn: faces, meshPoints and boundaries are all off (check its type in the model "
+                                            "file and the settings, or choose another object)"));
         return;
     }
     QCOMPARE(run.fault(), QString());

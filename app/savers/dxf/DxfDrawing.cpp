@@ -123,11 +123,7 @@ void DxfDrawing::findTextHeight(const std::vector<const ModelObject*>& objects)
 void DxfDrawing::takeColour(const QColor& colour, const QString& name)
 {
     m_pen.colour = nearestColourIndex(colour);
-    const QColor shown = indexedColour(m_pen.colour);
-    // Black and white are one: what differs from the background.
-    if (colour.isValid() && shown.rgb() != colour.rgb() && m_pen.colour != 7)
-        m_report.note(QStringLiteral("colour changed"), QString(), 1,
-                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+    noteColour(colour, name, m_report);
     m_sink.setPen(m_pen);
 }
 

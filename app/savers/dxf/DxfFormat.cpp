@@ -58,14 +58,18 @@ void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
                           QStringLiteral("give one like --set crs=EPSG:28350"));
-    const auto off = [this](const ModelObject* object) { return isSwitchedOff(*object, m_settings); };
-    if (std::all_of(file.objects.begin(), file.objects.end(), off))
-        throw ExportError(file.path, QStringLiteral("nothing of the surface %1 is to be drawn").arg(file.objects.front()->name),
-                          QStringLiteral("switch faces, meshPoints or boundaries on"));
+    const auto hopeless = [this](const ModelObject* object) { return !undrawable(*object, m_settings).isEmpty(); };
+    const ModelObject& first = *file.objects.front();
+    if (std::all_of(file.objects.begin(), file.objects.end(), hopeless))
+        throw ExportError(file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first, m_settings)),
+                          QStringLiteral("check its type in the model file and the settings, or choose another object"));
     OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
     noteMixture(file.objects, m_settings, losses);
     for (const ModelObject* object : file.objects) {
         rules.of(*object, false);
+        const QString fault = undrawable(*object, m_settings);
+        losses.note(QStringLiteral("object left out"), object->name, fault.isEmpty() ? 0 : 1, fault);
+        noteColour(object->color, object->name, losses);
         noteAttributes(*object, selection, losses);
     }
 }

@@ -2,6 +2,8 @@
 #include "app/savers/dxf/DxfLosses.h"
 
 #include "app/readers/CoordinateSystems.h"
+#include "app/savers/dxf/DxfText.h"
+#include "app/savers/SurfaceFaces.h"
 
 #include <QSet>
 
@@ -38,6 +40,35 @@ void noteAttributes(const ModelObject& object, const ExportSelection& selection,
     for (const AttributeColumn& column : object.vertexAttributes)
         count(column.name);
     report.note(QStringLiteral("attribute not written"), QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
+}
+
+void noteColour(const QColor& colour, const QString& name, ExportReport& report)
+{
+    constexpr int blackOrWhite = 7; // one: what differs from the background
+    const int index = nearestColourIndex(colour);
+    const QColor shown = indexedColour(index);
+    if (colour.isValid() && shown.rgb() != colour.rgb() && index != blackOrWhite)
+        report.note(QStringLiteral("colour changed"), QString(), 1,
+                    QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+}
+
+QString undrawable(const ModelObject& object, const DxfExportSettings& settings)
+{
+    if (isSwitchedOff(object, settings))
+        return QStringLiteral("faces, meshPoints and boundaries are all off");
+    switch (object.type) {
+    case ObjectType::GridSurfaces:
+    case ObjectType::MeshSurfaces:
+        if (settings.meshPoints)
+            break;
+        return hasAnyFace(object) ? QString() : QStringLiteral("it has no faces; meshPoints would draw its points");
+    case ObjectType::Polygons:
+    case ObjectType::Polylines:
+        return object.parts.empty() ? QStringLiteral("it has no lines") : QString();
+    default:
+        break;
+    }
+    return object.vertexCount() == 0 ? QStringLiteral("it has no positions") : QString();
 }
 
 bool isSwitchedOff(const ModelObject& object, const DxfExportSettings& settings)
