@@ -626,7 +626,7 @@ void OgrFormatsTest::tabGrid()
     const ModelObject object = objectOf(QStringLiteral("o"), ObjectType::VertexClouds, x, y, {1.25, 2.5, 3});
     SaverRun run("tab", {object}, path(QStringLiteral("grid.tab")));
     QVERIFY2(run.written, qPrintable(run.error()));
-    QCOMPARE(run.countOf(QStringLiteral("coordinates on a grid")), 3);
+    QCOMPARE(run.countOf(QStringLiteral("coordinates on a grid")), 0); // a step of 0.04 mm takes nothing
     QCOMPARE(run.countOf(QStringLiteral("z dropped")), 0);
     const GDALDatasetUniquePtr source = openVector(run.files.front().path);
     std::size_t index = 0;
