@@ -125,10 +125,10 @@ void printOutcomeErrors(const FileOutcome& file)
         printError(QStringLiteral("%1: %2").arg(file.path, file.error));
 }
 
-void printFindings(const ExportReport& report)
+void printFindings(const ExportReport& report, const char* before = "")
 {
     for (const QString& line : report.findingLines())
-        std::fprintf(stderr, "kpexport: note: %s\n", line.toUtf8().constData());
+        std::fprintf(stderr, "kpexport: note: %s%s\n", before, line.toUtf8().constData());
 }
 
 int codeOf(const ExportReport& report, const ExportRequest& request)
@@ -170,7 +170,7 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
         printLine(line);
     }
     if (!request.quiet) {
-        printFindings(plan.foreseen);
+        printFindings(plan.foreseen, "the report will say: ");
         std::fprintf(stderr, "kpexport: note: nothing was written; planned: %s\n", plan.summary().toUtf8().constData());
     }
     return codeOf(plan.foreseen, request);

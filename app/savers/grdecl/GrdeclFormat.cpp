@@ -24,7 +24,7 @@ void compareLengths(const std::vector<double>& read, const std::vector<double>& 
     }
     for (std::size_t index = 0; index < read.size(); ++index) {
         if (std::isfinite(expected[index]))
-            verification.worstError = std::max(verification.worstError, std::abs(read[index] / factor - expected[index]));
+            verification.differs(read[index] / factor - expected[index]);
     }
 }
 

@@ -173,7 +173,7 @@ Verification OffFormat::verify(const PlannedFile& file, const QString& path, con
         const double dx = (*read.x)[next] / factor - (*object.x)[index];
         const double dy = (*read.y)[next] / factor - (*object.y)[index];
         const double dz = up * (*read.z)[next] / factor - (*object.z)[index];
-        verification.worstError = std::max(verification.worstError, std::sqrt(dx * dx + dy * dy + dz * dz));
+        verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
         ++next;
     }
     next = 0;

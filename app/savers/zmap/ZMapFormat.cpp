@@ -163,7 +163,7 @@ void compareValues(GDALDataset& dataset, const ZMapGrid& grid, Verification& ver
                 return;
             }
             if (std::isfinite(expected))
-                verification.worstError = std::max(verification.worstError, std::abs((read - expected) / grid.valueFactor()));
+                verification.differs((read - expected) / grid.valueFactor());
             ++verification.count;
         }
     }
@@ -182,7 +182,7 @@ void comparePlaces(GDALDataset& dataset, const ZMapGrid& grid, Verification& ver
     const double north = transform[3] + 0.5 * transform[5];
     const double south = north + (grid.rows() - 1) * transform[5];
     for (const double error : {west - grid.west(), east - grid.east(), north - grid.north(), south - grid.south()})
-        verification.worstError = std::max(verification.worstError, std::abs(error / grid.lengthFactor()));
+        verification.differs(error / grid.lengthFactor());
 }
 
 } // namespace
