@@ -66,7 +66,8 @@ QString ExportPlan::summary() const
     if (refused() > 0)
         text += outputs.size() == 1 ? QStringLiteral(", which cannot be written")
                                     : QStringLiteral("; %1 of them cannot be written").arg(refused());
-    text += QStringLiteral("; about %1").arg(sizeText(bytes()));
+    if (bytes() > 0 || refused() == 0)
+        text += QStringLiteral("; about %1").arg(sizeText(bytes()));
     if (freeBytes >= 0)
         text += QStringLiteral(", %1 are free").arg(sizeText(freeBytes));
     return text;

@@ -104,7 +104,9 @@ QStringList ExportReport::findingLines() const
         if (summary.objects == 1) {
             line.prepend(object.isEmpty() ? QString() : object + QStringLiteral(": "));
         } else {
-            line += summary.count > summary.objects ? QStringLiteral(" in %1 objects").arg(summary.objects) : QString();
+            // Objects that share a name are one here, so a number of objects is not told of as many others.
+            const bool inObjects = summary.count > summary.objects && !line.contains(QLatin1String(" objects"));
+            line += inObjects ? QStringLiteral("; in %1 objects").arg(summary.objects) : QString();
             line += object.isEmpty() ? QString() : QStringLiteral(", first %1").arg(object);
         }
         if (!summary.first->example.isEmpty() && summary.first->example != object)

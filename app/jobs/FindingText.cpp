@@ -91,7 +91,7 @@ constexpr Phrase phrases[] = {
     {"unit not stated", "the file does not say the unit of length", "%1 files do not say the unit of length"},
     {"unit not carried", "the unit of an attribute was not written", "the units of %1 attributes were not written"},
     {"larger than 2 GB", "a part of the file is larger than 2 GB", "%1 parts of files are larger than 2 GB"},
-    {"missing attribute", "an attribute asked for is missing", "%1 attributes asked for are missing"},
+    {"missing attribute", "an attribute is missing", "%1 attributes are missing"},
     {"attribute left out", "an attribute was left out", "%1 attributes were left out"},
     {"attribute not written", "an attribute was not written", "%1 attributes were not written"},
     {"attribute of vertices not written",

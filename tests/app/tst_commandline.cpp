@@ -113,7 +113,7 @@ void CommandLineTest::wrongUse_data()
     row("inspect", 2, "no file is named");
     row("run points.csv", 2, "points.csv: line 1:");
     row("inspect empty.csv", 1, "empty.csv: the file is empty");
-    row("inspect flat.csv", 1, "no object was found in it (none of its columns is known to hold coordinates; it has: a, b (name them");
+    row("inspect flat.csv", 1, "none of its columns is known to hold coordinates; it has: a, b (name them");
     row("inspect broken.gpkg", 1, "broken.gpkg: the file could not be opened");
     row("inspect binary.csv", 1, "binary.csv: this is a binary file");
     row("inspect wide.csv", 1, "line 1 has 20001 columns");
