@@ -77,6 +77,7 @@ private:
             leaveOut(*error.object(), error.reason());
             return false;
         }
+        // An empty file is no success.
         if (m_outcome.rows == 0 && !m_file.objects.empty() && !progress.isCancelled())
             throw ExportError(m_file.path, QStringLiteral("nothing of %1 has a place in the file").arg(m_file.objects.front()->name),
                               QStringLiteral("the notes say what was left out; choose another object or format"));

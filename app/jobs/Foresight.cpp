@@ -49,6 +49,13 @@ bool askFormat(Foresight& foresight, const ExportFormat& format, const ExportSel
 
 } // namespace
 
+void requirePositions(const PlannedFile& file)
+{
+    if (std::all_of(file.objects.begin(), file.objects.end(), [](const ModelObject* object) { return object->vertexCount() == 0; }))
+        throw ExportError(file.path, QStringLiteral("nothing of %1 can be written: it has no positions").arg(file.objects.front()->name),
+                          QStringLiteral("choose an object that has"));
+}
+
 QString noneLeftError(const std::vector<FailedObject>& failed)
 {
     return QStringLiteral("none of its objects could be written; %1: %2").arg(failed.front().name, failed.front().reason);
@@ -65,11 +72,6 @@ Foresight foresee(const ExportFormat& format, const PlannedFile& file, const Exp
             return foresight;
         }
     } while (!askFormat(foresight, format, selection, losses));
-    const std::vector<const ModelObject*>& left = foresight.file.objects;
-    const bool empty = std::all_of(left.begin(), left.end(), [](const ModelObject* object) { return object->rowCount() == 0; });
-    if (foresight.error.isEmpty() && empty && !left.empty())
-        foresight.error = QStringLiteral("there is nothing to write: %1 has no positions (choose an object that has)")
-                              .arg(left.front()->name);
     return foresight;
 }
 

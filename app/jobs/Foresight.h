@@ -19,6 +19,9 @@ struct Foresight
 Foresight foresee(const ExportFormat& format, const PlannedFile& file, const ExportSelection& selection,
                   ExportReport& losses);
 
+/// For formats that write positions. \throws ExportError when the objects of a file have none
+void requirePositions(const PlannedFile& file);
+
 /// The error of a file of which every object has been left out.
 QString noneLeftError(const std::vector<FailedObject>& failed);
 

@@ -2,6 +2,7 @@
 #include "app/savers/ogr/OgrFormat.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/Foresight.h"
 #include "app/jobs/SafeNames.h"
 #include "app/jobs/ShareOfProgress.h"
 #include "app/readers/CoordinateSystems.h"
@@ -109,6 +110,13 @@ void noteRefusals(const std::vector<OGRRefusal>& refusals, ExportReport& report)
         else if (refusal.taken)
             report.note(QStringLiteral("changed by the driver"), QString(), 1, refusal.message);
     }
+}
+
+/// A driver would put a file in the device's place.
+void refuseDevice(const QString& path, const OgrTraits& able)
+{
+    if (isDevice(path))
+        throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind), QStringLiteral("give the name of a file"));
 }
 
 /// What made the exporter give up.
@@ -265,9 +273,8 @@ OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& pat
 void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
 {
     const OgrTraits able = traits();
-    if (isDevice(file.path))
-        throw ExportError(file.path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
-                          QStringLiteral("give the name of a file"));
+    refuseDevice(file.path, able);
+    requirePositions(file);
     const std::vector<OgrLayer> layers = ogrLayers(file.objects, m_settings, able.heights);
     requireHoldable(file, layers);
     OgrSystems ways = systems(file, selection);
@@ -282,6 +289,7 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
                         ExportReport& report, kpBase::AbstractProgress* progress)
 {
     const OgrTraits able = traits();
+    refuseDevice(path, able);
     registerGdalDrivers();
     Output output = prepare(file, path, selection, report, progress);
     OGRExporterOptions options = hostOptions(m_settings, able);
