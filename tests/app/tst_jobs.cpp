@@ -48,6 +48,8 @@ private Q_SLOTS:
     void findingTexts();
     void everyFindingHasWords();
     void shapefileTooLarge();
+    void nothingToWrite_data();
+    void nothingToWrite();
 };
 
 void JobsTest::replacedTogether()
@@ -232,6 +234,36 @@ void JobsTest::uniqueNames()
     for (int index = 0; index < 100000; ++index)
         many.insert(names.take(QStringLiteral("same")));
     QCOMPARE(many.size(), 100000);
+}
+
+void JobsTest::nothingToWrite_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("crs");
+    QTest::addColumn<bool>("empty");
+    for (const char* format : {"ascii", "dxf", "gocad", "kml", "shp", "tab", "gpkg", "geojson"}) {
+        const QString key = QString::fromLatin1(format);
+        const QString crs = key == QLatin1String("kml") || key == QLatin1String("geojson") ? QStringLiteral("EPSG:4326") : QString();
+        QTest::newRow(qPrintable(key + QStringLiteral(" without vertices"))) << key << crs << true;
+        // A table holds a row for each vertex, with or without a place.
+        if (key != QLatin1String("ascii"))
+            QTest::newRow(qPrintable(key + QStringLiteral(" without places"))) << key << crs << false;
+    }
+}
+
+void JobsTest::nothingToWrite()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, crs);
+    QFETCH(bool, empty);
+    const std::vector<double> numbers(empty ? 0 : 3, none);
+    ModelObject cloud = objectOf(QStringLiteral("Cloud"), ObjectType::VertexClouds, numbers, numbers, numbers);
+    cloud.crs = crs;
+    QTemporaryDir folder;
+    const SaverRun run(format, {cloud}, folder.filePath(QStringLiteral("o")));
+    QVERIFY(!run.written);
+    QVERIFY2(run.error().contains(QStringLiteral("Cloud")) && run.error().endsWith(QLatin1Char(')')), qPrintable(run.error()));
+    QCOMPARE(entries(folder.path()), QStringList());
 }
 
 void JobsTest::findingTexts_data()
