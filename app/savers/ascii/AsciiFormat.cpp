@@ -113,6 +113,8 @@ void AsciiFormat::foresee(const PlannedFile& file, const ExportSelection& select
         asciiTable(*m_layout, selection.objects, m_settings.mode == AsciiExportSettings::Mode::Columns, losses);
     else
         asciiTable(file.objects, selection.attributes, m_settings.decimals, losses);
+    for (const ModelObject* object : file.objects)
+        noteHeights(*object, m_settings, losses);
 }
 
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,

@@ -5,6 +5,7 @@
 #include "app/jobs/ShareOfProgress.h"
 #include "app/savers/gocad/GocadVerification.h"
 #include "app/savers/gocad/GocadWriter.h"
+#include "app/savers/NumberColumns.h"
 #include "app/savers/SurfaceMesh.h"
 
 #include <QFileInfo>
@@ -79,10 +80,13 @@ void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& select
 {
     qint64 placed = 0;
     for (const ModelObject* object : file.objects) {
-        if (hasAnyPosition(*object))
+        if (hasAnyPosition(*object)) {
             ++placed;
-        else
+            numberColumns(*object, selection, losses);
+            noteGocadForm(*object, m_settings, losses);
+        } else {
             losses.note(QStringLiteral("object without a position left out"), object->name, 1, object->name);
+        }
     }
     if (placed == 0)
         throw ExportError(file.path, QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
