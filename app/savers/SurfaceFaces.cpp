@@ -40,7 +40,7 @@ public:
     /// False once the user has cancelled.
     bool next()
     {
-        constexpr int between = 16384;
+        constexpr int between = 2048;
         if (++m_items % between == 0) {
             m_ticker.step(m_weight * between);
             m_ticker.poll();
