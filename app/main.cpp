@@ -36,7 +36,7 @@ void* openModule()
 
 int main(int argc, char** argv)
 {
-    if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
+    if (argc > 1 && std::strcmp(argv[1], "--version") == 0)
         return std::puts("kpexport " KP_VERSION) < 0 ? 1 : 0;
     void* const module = openModule();
     using Program = int (*)(int, char**);

@@ -5,8 +5,6 @@
 #include "app/commands/InspectCommand.h"
 #include "app/commands/JobFile.h"
 
-#include <QCoreApplication>
-
 #include <cstdio>
 
 namespace refhost
@@ -54,10 +52,6 @@ int runCommand(const QStringList& arguments)
     const QString command = arguments.value(0);
     const QStringList rest = arguments.mid(1);
     try {
-        if (command == QLatin1String("--version")) {
-            printLine(QStringLiteral("kpexport ") + QCoreApplication::applicationVersion());
-            return AllWritten;
-        }
         if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
             std::fputs(usage, stdout);
             return AllWritten;

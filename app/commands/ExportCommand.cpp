@@ -117,10 +117,48 @@ QString verifiedText(const FileOutcome& file)
         .arg(file.verification.worstError, 0, 'g', 3);
 }
 
-/// What would be written. \returns the exit code
+void printOutcomeErrors(const FileOutcome& file)
+{
+    for (const FailedObject& object : file.failedObjects)
+        printError(QStringLiteral("%1: %2: left out: %3").arg(file.path, object.name, object.reason));
+    if (!file.written())
+        printError(QStringLiteral("%1: %2").arg(file.path, file.error));
+}
+
+void printFindings(const ExportReport& report, const char* before = "")
+{
+    for (const QString& line : report.findingLines())
+        std::fprintf(stderr, "kpexport: note: %s%s\n", before, line.toUtf8().constData());
+}
+
+int codeOf(const ExportReport& report, const ExportRequest& request)
+{
+    if (report.anyFailed())
+        return NotAllWritten;
+    return request.strict && !report.findings().empty() ? SomethingLost : AllWritten;
+}
+
+/// The first file that exists and may not be replaced; empty when there is none.
+QString protectedFile(const std::vector<PlannedFile>& files, const ExportRequest& request)
+{
+    const auto found = std::find_if(files.begin(), files.end(), [](const PlannedFile& file) { return QFileInfo(file.path).isFile(); });
+    return request.overwrite || found == files.end() ? QString() : found->path;
+}
+
+void printProtected(const QString& path)
+{
+    printError(QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(path));
+}
+
+/// What would be written. \returns the exit code that the run would have, as far as it can be told
 int showPlan(const ExportPlan& plan, const ExportRequest& request)
 {
-    for (const ExportPlan::Output& output : plan.outputs) {
+    for (std::size_t index = 0; index < plan.outputs.size(); ++index) {
+        const ExportPlan::Output& output = plan.outputs[index];
+        const FileOutcome& outcome = plan.foreseen.files()[index];
+        printOutcomeErrors(outcome);
+        if (!outcome.written())
+            continue;
         QString line = QStringLiteral("%1\t%2\t%3 rows\tabout %4")
                            .arg(output.path, output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"))
                            .arg(output.rows)
@@ -131,9 +169,11 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
             line += QStringLiteral("\twith %1").arg(output.sidecars.join(QStringLiteral(", ")));
         printLine(line);
     }
-    if (!request.quiet)
-        std::fprintf(stderr, "kpexport: note: nothing was written: %s\n", plan.summary().toUtf8().constData());
-    return AllWritten;
+    if (!request.quiet) {
+        printFindings(plan.foreseen, "the report will say: ");
+        std::fprintf(stderr, "kpexport: note: nothing was written; planned: %s\n", plan.summary().toUtf8().constData());
+    }
+    return codeOf(plan.foreseen, request);
 }
 
 int exitCode(const ExportReport& report, const ExportRequest& request)
@@ -143,20 +183,13 @@ int exitCode(const ExportReport& report, const ExportRequest& request)
         return Cancelled;
     }
     for (const FileOutcome& file : report.files()) {
-        for (const FailedObject& object : file.failedObjects)
-            printError(QStringLiteral("%1: %2: left out: %3").arg(file.path, object.name, object.reason));
-        if (!file.written())
-            printError(QStringLiteral("%1: %2").arg(file.path, file.error));
-        else if (!request.quiet)
+        printOutcomeErrors(file);
+        if (file.written() && !request.quiet)
             printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes) + verifiedText(file));
     }
-    if (!request.quiet) {
-        for (const QString& line : report.findingLines())
-            std::fprintf(stderr, "kpexport: note: %s\n", line.toUtf8().constData());
-    }
-    if (report.anyFailed())
-        return NotAllWritten;
-    return request.strict && !report.findings().empty() ? SomethingLost : AllWritten;
+    if (!request.quiet)
+        printFindings(report);
+    return codeOf(report, request);
 }
 
 } // namespace
@@ -206,18 +239,19 @@ int runRequest(const ExportRequest& request)
 
     selection.verify = request.verify;
     const std::vector<PlannedFile> files = format->plan(selection);
+    const QString existing = protectedFile(files, request);
     if (request.dryRun) {
-        const ExportPlan plan = makePlan(*format, selection, files);
-        const int code = showPlan(plan, request);
+        const ExportPlan plan = makePlan(*format, selection, files, report);
+        int code = showPlan(plan, request);
+        if (!existing.isEmpty()) {
+            printProtected(existing);
+            code = NotAllWritten;
+        }
         return writeReport(plan.toJson(request.format), request) ? code : NotAllWritten;
     }
-    if (!request.overwrite) {
-        for (const PlannedFile& file : files) {
-            if (QFileInfo(file.path).isFile()) {
-                printError(QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(file.path));
-                return NotAllWritten;
-            }
-        }
+    if (!existing.isEmpty()) {
+        printProtected(existing);
+        return NotAllWritten;
     }
     runExport(*format, selection, files, &progress, report);
     progress.progressFinished();

@@ -6,26 +6,34 @@
 namespace refhost
 {
 
-QStringList attributeNames(const std::vector<const ModelObject*>& objects)
+std::vector<AttributeDescription> attributesOf(const std::vector<const ModelObject*>& objects)
 {
-    QStringList names;
+    std::vector<AttributeDescription> attributes;
     QSet<QString> known;
-    const auto add = [&](const QString& name) {
-        if (known.contains(name))
+    const auto add = [&](const auto& attribute) {
+        if (known.contains(attribute.name))
             return;
-        known.insert(name);
-        names.append(name);
+        known.insert(attribute.name);
+        attributes.push_back({attribute.name, attribute.kind, attribute.unit});
     };
     for (const ModelObject* object : objects) {
         for (const AttributeColumn& column : object->vertexAttributes)
-            add(column.name);
+            add(column);
         if (object->cells) {
             for (const AttributeColumn& column : object->cells->cellAttributes)
-                add(column.name);
+                add(column);
         }
         for (const ObjectAttribute& attribute : object->objectAttributes)
-            add(attribute.name);
+            add(attribute);
     }
+    return attributes;
+}
+
+QStringList attributeNames(const std::vector<const ModelObject*>& objects)
+{
+    QStringList names;
+    for (const AttributeDescription& attribute : attributesOf(objects))
+        names.append(attribute.name);
     return names;
 }
 

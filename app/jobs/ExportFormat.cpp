@@ -73,6 +73,8 @@ bool ExportFormat::saveLayout(const QString&)
     return false;
 }
 
+void ExportFormat::foresee(const PlannedFile&, const ExportSelection&, ExportReport&) const {}
+
 Verification ExportFormat::verify(const PlannedFile&, const QString&, const ExportSelection&)
 {
     return {};

@@ -56,6 +56,11 @@ public:
     virtual QStringList sidecars() const { return {}; }
     /// A rough guess of a file's size, for a look at what fits on the disk.
     virtual qint64 estimatedBytes(const PlannedFile& file, const ExportSelection& selection) const;
+    /// Looks, without writing, for what write() will refuse in a file, and notes in \a losses what it will not carry, as
+    /// far as a look at the objects tells that costs next to nothing beside writing them. Both the plan and the run ask
+    /// this first.
+    /// \throws ObjectError when one object cannot be written but the others can; ExportError, std::exception
+    virtual void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const;
     /// Writes one file to \a path, which has the final name but lies in a folder of its own, and its sidecars beside
     /// it. Everything that is in the folder afterwards moves to the final place together; an earlier sidecar that was
     /// not written again goes. Stops early when the user cancels.

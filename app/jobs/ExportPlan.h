@@ -23,16 +23,21 @@ struct ExportPlan
     };
 
     std::vector<Output> outputs;
+    ExportReport foreseen; ///< what the run will refuse, an outcome for each output, and what it will not carry
     qint64 freeBytes = -1; ///< on the output's disk; -1 when it is not known
 
     int replaced() const;
+    /// Files that will be refused.
+    int refused() const;
     qint64 bytes() const;
     /// One line about all: files, replaced files, size against free space.
     QString summary() const;
     QJsonObject toJson(const QString& formatKey) const;
 };
 
-ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files);
+/// \a foreseen is what is known to be lost before there is a plan.
+ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files,
+                    const ExportReport& foreseen = ExportReport());
 
 /// A size for people: "12.3 MB".
 QString sizeText(qint64 bytes);

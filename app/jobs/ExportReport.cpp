@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/ExportReport.h"
 
-#include <QJsonArray>
+#include "app/jobs/FindingText.h"
 
 #include <algorithm>
 
 namespace refhost
 {
+
+QJsonArray FileOutcome::failedJson() const
+{
+    QJsonArray failed;
+    for (const FailedObject& object : failedObjects)
+        failed.append(QJsonObject{{QStringLiteral("name"), object.name}, {QStringLiteral("reason"), object.reason}});
+    return failed;
+}
 
 void ExportReport::note(const QString& kind, const QString& object, qint64 count, const QString& example)
 {
@@ -19,6 +27,12 @@ void ExportReport::note(const QString& kind, const QString& object, qint64 count
     }
     m_places.insert({kind, object}, m_findings.size());
     m_findings.push_back({kind, object, count, example});
+}
+
+void ExportReport::add(const ExportReport& other)
+{
+    for (const Finding& finding : other.findings())
+        note(finding.kind, finding.object, finding.count, finding.example);
 }
 
 bool ExportReport::anyFailed() const
@@ -37,9 +51,7 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
                           {QStringLiteral("bytes"), file.bytes}};
         if (!file.written())
             entry.insert(QStringLiteral("error"), file.error);
-        QJsonArray failed;
-        for (const FailedObject& object : file.failedObjects)
-            failed.append(QJsonObject{{QStringLiteral("name"), object.name}, {QStringLiteral("reason"), object.reason}});
+        const QJsonArray failed = file.failedJson();
         if (!failed.isEmpty())
             entry.insert(QStringLiteral("failedObjects"), failed);
         if (!file.verification.reader.isEmpty())
@@ -49,6 +61,14 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
                                                                      {QStringLiteral("fault"), file.verification.fault}});
         files.append(entry);
     }
+    return {{QStringLiteral("format"), formatKey},
+            {QStringLiteral("cancelled"), cancelled},
+            {QStringLiteral("files"), files},
+            {QStringLiteral("findings"), findingsJson()}};
+}
+
+QJsonArray ExportReport::findingsJson() const
+{
     QJsonArray findings;
     for (const Finding& finding : m_findings) {
         findings.append(QJsonObject{{QStringLiteral("kind"), finding.kind},
@@ -56,10 +76,7 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
                                     {QStringLiteral("count"), finding.count},
                                     {QStringLiteral("example"), finding.example}});
     }
-    return {{QStringLiteral("format"), formatKey},
-            {QStringLiteral("cancelled"), cancelled},
-            {QStringLiteral("files"), files},
-            {QStringLiteral("findings"), findings}};
+    return findings;
 }
 
 QStringList ExportReport::findingLines() const
@@ -82,12 +99,19 @@ QStringList ExportReport::findingLines() const
     }
     QStringList lines;
     for (const Summary& summary : summaries) {
-        QString line = QStringLiteral("%1: %2").arg(summary.first->kind).arg(summary.count);
-        if (summary.objects > 1)
-            line += QStringLiteral(" in %1 objects").arg(summary.objects);
-        if (!summary.first->object.isEmpty())
-            line += QStringLiteral(", first in %1").arg(summary.first->object);
-        lines.append(line + QStringLiteral(" (%1)").arg(summary.first->example));
+        const QString& object = summary.first->object;
+        QString line = findingText(summary.first->kind, summary.count);
+        if (summary.objects == 1) {
+            line.prepend(object.isEmpty() ? QString() : object + QStringLiteral(": "));
+        } else {
+            // Objects that share a name are one here, so a number of objects is not told of as many others.
+            const bool inObjects = summary.count > summary.objects && !line.contains(QLatin1String(" objects"));
+            line += inObjects ? QStringLiteral("; in %1 objects").arg(summary.objects) : QString();
+            line += object.isEmpty() ? QString() : QStringLiteral(", first %1").arg(object);
+        }
+        if (!summary.first->example.isEmpty() && summary.first->example != object)
+            line += QStringLiteral(" (%1)").arg(summary.first->example);
+        lines.append(line);
     }
     return lines;
 }

@@ -4,6 +4,7 @@
 #include "app/jobs/Verification.h"
 
 #include <QHash>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QPair>
 #include <QString>
@@ -43,6 +44,8 @@ struct FileOutcome
 
     bool written() const { return error.isEmpty(); }
     bool complete() const { return written() && failedObjects.empty(); }
+    /// The objects that failed, with their reasons.
+    QJsonArray failedJson() const;
 };
 
 /// The record of one run.
@@ -52,6 +55,8 @@ public:
     /// Adds to the finding of that kind and object; the first example stays.
     void note(const QString& kind, const QString& object, qint64 count, const QString& example);
     void add(const FileOutcome& outcome) { m_files.push_back(outcome); }
+    /// Adds the findings of another.
+    void add(const ExportReport& other);
 
     const std::vector<Finding>& findings() const { return m_findings; }
     const std::vector<FileOutcome>& files() const { return m_files; }
@@ -62,6 +67,7 @@ public:
     bool cancelled = false;
 
     QJsonObject toJson(const QString& formatKey) const;
+    QJsonArray findingsJson() const;
     /// The findings as HTML for the wizard's report; empty when there are none.
     QString findingsHtml() const;
     /// One line per kind of finding, with its first example.

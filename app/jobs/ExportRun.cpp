@@ -2,10 +2,10 @@
 #include "app/jobs/ExportRun.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/Foresight.h"
 #include "app/jobs/ObjectError.h"
 #include "app/jobs/OutputTransaction.h"
 #include "app/jobs/ShareOfProgress.h"
-#include "app/model/ObjectCheck.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,9 +43,14 @@ public:
 
     FileOutcome run(kpBase::AbstractProgress& progress)
     {
-        leaveOutUnsound();
+        // What is lost is noted where it is written.
+        ExportReport unread;
+        const Foresight foresight = foresee(m_format, m_file, m_selection, unread);
+        m_file = foresight.file;
+        m_outcome.failedObjects = foresight.failedObjects;
+        m_outcome.error = foresight.error;
         try {
-            while (!writeOnce(progress))
+            while (m_outcome.written() && !writeOnce(progress))
                 m_transaction.drop(m_file.path);
         } catch (const ExportError& error) {
             giveUp(error.reason());
@@ -62,8 +67,7 @@ private:
     bool writeOnce(kpBase::AbstractProgress& progress)
     {
         if (m_file.objects.empty() && !m_outcome.failedObjects.empty()) {
-            giveUp(QStringLiteral("none of its objects could be written; %1: %2")
-                       .arg(m_outcome.failedObjects.front().name, m_outcome.failedObjects.front().reason));
+            giveUp(noneLeftError(m_outcome.failedObjects));
             return true;
         }
         const QString path = m_transaction.stage(m_file.path, m_format.sidecars());
@@ -73,6 +77,10 @@ private:
             leaveOut(*error.object(), error.reason());
             return false;
         }
+        // An empty file is no success.
+        if (m_outcome.rows == 0 && !m_file.objects.empty() && !progress.isCancelled())
+            throw ExportError(m_file.path, QStringLiteral("nothing of %1 has a place in the file").arg(m_file.objects.front()->name),
+                              QStringLiteral("the notes say what was left out; choose another object or format"));
         const bool staged = path != QFileInfo(m_file.path).absoluteFilePath();
         m_outcome.bytes = staged ? bytesOf(path) : 0;
         if (m_selection.verify && staged && !progress.isCancelled())
@@ -89,16 +97,6 @@ private:
         else if (!found.fault.isEmpty())
             throw ExportError(m_file.path, QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
                               QStringLiteral("report this; an earlier file is as it was"));
-    }
-
-    void leaveOutUnsound()
-    {
-        const std::vector<const ModelObject*> objects = m_file.objects;
-        for (const ModelObject* object : objects) {
-            const QString fault = faultOf(*object);
-            if (!fault.isEmpty())
-                leaveOut(*object, QStringLiteral("%1 (load it again or repair its source)").arg(fault));
-        }
     }
 
     void leaveOut(const ModelObject& object, const QString& reason)

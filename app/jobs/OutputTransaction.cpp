@@ -103,13 +103,19 @@ private:
     std::vector<int> m_descriptors;
 };
 
+/// The file that a link leads to.
+QFileInfo resolvedTarget(const QFileInfo& target)
+{
+    return QFileInfo(target.isSymLink() && target.exists() ? target.canonicalFilePath() : target.absoluteFilePath());
+}
+
 } // namespace
 
 OutputTransaction::OutputTransaction() = default;
 
 OutputTransaction::~OutputTransaction() = default;
 
-QString OutputTransaction::stage(const QString& target, const QStringList& sidecars)
+void OutputTransaction::requireWritable(const QString& target)
 {
     const QFileInfo info(target);
     const QString given = info.absolutePath();
@@ -118,11 +124,9 @@ QString OutputTransaction::stage(const QString& target, const QStringList& sidec
     if (!QFileInfo(given).isDir())
         throw ExportError(target, QStringLiteral("the directory %1 does not exist").arg(given),
                           QStringLiteral("create it or choose another"));
-    const QFileInfo resolved(info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath());
-    if (isDevice(resolved)) {
-        m_targets.push_back({target, resolved.filePath(), QString(), {}});
-        return resolved.filePath();
-    }
+    const QFileInfo resolved = resolvedTarget(info);
+    if (isDevice(resolved))
+        return;
     const QString directory = resolved.absolutePath();
     if (!QFileInfo(directory).isWritable())
         throw ExportError(target, QStringLiteral("the directory %1 cannot be written to").arg(directory),
@@ -130,6 +134,17 @@ QString OutputTransaction::stage(const QString& target, const QStringList& sidec
     if (resolved.exists() && !resolved.isWritable())
         throw ExportError(target, QStringLiteral("the file is read-only"),
                           QStringLiteral("change its permissions or choose another name"));
+}
+
+QString OutputTransaction::stage(const QString& target, const QStringList& sidecars)
+{
+    requireWritable(target);
+    const QFileInfo resolved = resolvedTarget(QFileInfo(target));
+    if (isDevice(resolved)) {
+        m_targets.push_back({target, resolved.filePath(), QString(), {}});
+        return resolved.filePath();
+    }
+    const QString directory = resolved.absolutePath();
     std::unique_ptr<StagingFolder>& folder = m_folders[directory];
     if (!folder)
         folder = std::make_unique<StagingFolder>(directory, target);

@@ -27,6 +27,8 @@ public:
     OutputTransaction(const OutputTransaction&) = delete;
     OutputTransaction& operator=(const OutputTransaction&) = delete;
 
+    /// \throws ExportError when nothing can be written to the file: it is a directory, lies in none, or is protected
+    static void requireWritable(const QString& target);
     /// \a sidecars are the extensions of files that belong to the target: those of an earlier export that are not
     /// written again are removed at commit().
     /// \returns the path to write to: the target's name in another folder

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <cmath>
+
 namespace refhost
 {
 
@@ -13,6 +15,13 @@ struct Verification
     qint64 count = 0;      ///< features, rows, nodes or cells that it found
     double worstError = 0; ///< largest distance between a source coordinate and the one read, in the model's unit
     QString fault;         ///< what does not agree, in words; empty when everything does
+
+    /// Takes a difference of coordinates into account, whatever its sign; one that is no number does not count.
+    void differs(double difference)
+    {
+        if (std::abs(difference) > worstError)
+            worstError = std::abs(difference);
+    }
 };
 
 } // namespace refhost

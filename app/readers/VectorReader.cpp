@@ -2,13 +2,10 @@
 #include "app/readers/VectorReader.h"
 
 #include "app/readers/CoordinateSystems.h"
+#include "app/readers/DelimitedTable.h"
 #include "app/readers/GdalSession.h"
 #include "app/readers/LoadError.h"
 
-#include <QFile>
-#include <QFileInfo>
-
-#include <cpl_string.h>
 #include <ogrsf_frmts.h>
 
 #include <limits>
@@ -19,10 +16,6 @@ namespace refhost
 
 namespace
 {
-
-// A table wider than this is no table of attributes; OGR would take minutes over it.
-constexpr int mostColumns = 10000;
-constexpr qint64 longestHeader = 4 * 1024 * 1024;
 
 /// The coordinates of an object while it is read.
 struct Coordinates
@@ -307,49 +300,6 @@ private:
     int m_unknown = 0;
 };
 
-bool isDelimited(const QString& path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    return suffix == QLatin1String("csv") || suffix == QLatin1String("tsv") || suffix == QLatin1String("txt");
-}
-
-/// Refuses what is no table before OGR takes it for one.
-void checkHeader(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QByteArray header = file.readLine(longestHeader);
-    if (header.contains('\0'))
-        throw LoadError(path, QStringLiteral("this is a binary file, not delimited text"),
-                        QStringLiteral("give the file its proper extension"));
-    const int columns = std::max({header.count(','), header.count(';'), header.count('\t')}) + 1;
-    if (columns > mostColumns || header.size() >= longestHeader - 1)
-        throw LoadError(path, QStringLiteral("line 1 has %1 columns; the limit is %2").arg(columns).arg(mostColumns),
-                        QStringLiteral("remove the columns that are not needed"));
-}
-
-QByteArray possibleNames(const char* option, const QString& chosen, const char* guesses)
-{
-    return QByteArray(option) + '=' + (chosen.isEmpty() ? QByteArray(guesses) : chosen.toUtf8());
-}
-
-GDALDatasetUniquePtr open(const QString& path, const LoadOptions& options)
-{
-    if (!isDelimited(path))
-        return openDataset(path, GDAL_OF_VECTOR);
-    checkHeader(path);
-    CPLStringList open;
-    open.AddString(possibleNames("X_POSSIBLE_NAMES", options.x, "x,easting,east,xcollar,lon,long,longitude").constData());
-    open.AddString(possibleNames("Y_POSSIBLE_NAMES", options.y, "y,northing,north,ycollar,lat,latitude").constData());
-    open.AddString(possibleNames("Z_POSSIBLE_NAMES", options.z, "z,elevation,elev,zcollar,altitude").constData());
-    open.AddString("KEEP_GEOM_COLUMNS=NO");
-    open.AddString("AUTODETECT_TYPE=YES");
-    open.AddString("AUTODETECT_SIZE_LIMIT=0");
-    open.AddString("EMPTY_STRING_AS_NULL=YES");
-    return openDataset(path, GDAL_OF_VECTOR, open.List());
-}
-
 } // namespace
 
 QColor paletteColor(int index)
@@ -361,7 +311,8 @@ QColor paletteColor(int index)
 LoadNotes readVectors(Model& model, const QString& path, const LoadOptions& options)
 {
     const QuietGdal quiet;
-    const GDALDatasetUniquePtr dataset = open(path, options);
+    const bool table = isDelimited(path);
+    const GDALDatasetUniquePtr dataset = table ? openTable(path, options) : openDataset(path, GDAL_OF_VECTOR);
     LoadNotes notes;
     QStringList layers;
     int objects = 0;
@@ -383,9 +334,9 @@ LoadNotes readVectors(Model& model, const QString& path, const LoadOptions& opti
         throw LoadError(path, QStringLiteral("there is no layer \"%1\"").arg(options.layer),
                         QStringLiteral("it has: %1").arg(layers.join(QStringLiteral(", "))));
     if (objects == 0) {
-        throw LoadError(path, QStringLiteral("no object was found in it"),
-                        isDelimited(path) ? QStringLiteral("name the coordinate columns x and y, or say which they are")
-                                          : QStringLiteral("the layer is empty; check it at its source"));
+        if (table && dataset->GetLayerCount() > 0)
+            throw noPoints(path, *dataset->GetLayer(0));
+        throw LoadError(path, QStringLiteral("no object was found in it"), QStringLiteral("the layer is empty; check it at its source"));
     }
     return notes;
 }

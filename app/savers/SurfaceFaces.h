@@ -14,14 +14,19 @@ namespace refhost
 /// A face of a surface by its vertices; a triangle repeats its last.
 using Face = std::array<int, 4>;
 
+/// True when all three coordinates of the vertex are finite.
+bool hasPosition(const ModelObject& object, int vertex);
+bool hasAnyPosition(const ModelObject& object);
+
 /// How many faces a surface could have: cells of a grid, triangles of a mesh.
 qint64 faceCount(const ModelObject& surface);
-/// The face with that number. A grid cell of four nodes with values is a quadrilateral, one of three a triangle; false
-/// where there is none.
+/// The face with that number. Its vertices have positions: a grid cell of four such nodes is a quadrilateral, one of three a
+/// triangle, counter-clockwise in a grid whose rows go north. False where there is none.
 bool faceAt(const ModelObject& surface, qint64 number, Face& face);
+bool hasAnyFace(const ModelObject& surface);
 
 /// The boundary of a surface: the edges that belong to one face only, joined to lines. The last vertex of a closed line
-/// is its first. None when the user cancels.
-std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker);
+/// is its first. \a weight is what finding them counts for in \a ticker. None when the user cancels.
+std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker, double weight = 0.0);
 
 } // namespace refhost

@@ -1,25 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/SurfaceMesh.h"
 
-#include <cmath>
-
 namespace refhost
 {
-
-bool hasPosition(const ModelObject& object, int vertex)
-{
-    const auto index = static_cast<std::size_t>(vertex);
-    return std::isfinite((*object.x)[index]) && std::isfinite((*object.y)[index]) && std::isfinite((*object.z)[index]);
-}
-
-bool hasAnyPosition(const ModelObject& object)
-{
-    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
-        if (hasPosition(object, vertex))
-            return true;
-    }
-    return false;
-}
 
 SurfaceMesh::SurfaceMesh(const ModelObject& object)
     : m_object(object)

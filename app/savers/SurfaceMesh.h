@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/model/ModelObject.h"
-
-#include <vector>
+#include "app/savers/SurfaceFaces.h"
 
 namespace refhost
 {
@@ -50,29 +48,16 @@ private:
     template <typename Visit>
     void eachGridTriangle(Visit& visit) const
     {
-        const int columns = m_object.grid->columns;
-        for (int row = 0; row + 1 < m_object.grid->rows; ++row) {
-            for (int column = 0; column + 1 < columns; ++column) {
-                const int node = row * columns + column;
-                // Counter-clockwise.
-                const int ring[4] = {number(node), number(node + 1), number(node + columns + 1), number(node + columns)};
-                if (!visitCell(ring, visit))
-                    return;
-            }
+        const qint64 cells = faceCount(m_object);
+        Face face;
+        for (qint64 cell = 0; cell < cells; ++cell) {
+            if (!faceAt(m_object, cell, face))
+                continue;
+            const int a = number(face[0]);
+            const int c = number(face[2]);
+            if (!visit(a, number(face[1]), c) || (face[3] != face[2] && !visit(a, c, number(face[3]))))
+                return;
         }
-    }
-    template <typename Visit>
-    static bool visitCell(const int (&ring)[4], Visit& visit)
-    {
-        int known[4];
-        int count = 0;
-        for (const int corner : ring) {
-            if (corner >= 0)
-                known[count++] = corner;
-        }
-        if (count < 3)
-            return true;
-        return visit(known[0], known[1], known[2]) && (count < 4 || visit(known[0], known[2], known[3]));
     }
 
     const ModelObject& m_object;
@@ -81,9 +66,5 @@ private:
     qint64 m_triangleCount = 0;
     qint64 m_leftOutTriangles = 0;
 };
-
-/// True when all three coordinates of the vertex are finite.
-bool hasPosition(const ModelObject& object, int vertex);
-bool hasAnyPosition(const ModelObject& object);
 
 } // namespace refhost

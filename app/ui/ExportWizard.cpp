@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ui/ExportWizard.h"
 
+#include "app/jobs/AttributeNames.h"
 #include "app/jobs/ExportPlan.h"
 #include "app/savers/HostSaver.h"
 #include "app/ui/HostContext.h"
@@ -11,7 +12,6 @@
 
 #include <QGridLayout>
 #include <QScreen>
-#include <QSet>
 
 namespace refhost
 {
@@ -131,26 +131,13 @@ void ExportWizard::retryFailed()
 
 void ExportWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool, bool)
 {
-    QSet<QString> known;
-    const auto add = [&](const QString& name, AttributeKind kind, const QString& unit) {
-        if (known.contains(name))
-            return;
-        known.insert(name);
-        list.append({name.toStdString(), typeNameOf(kind), unit.toStdString()});
-    };
+    std::vector<const ModelObject*> objects;
     for (const int id : selectedGeoIds()) {
-        const ModelObject* object = m_context.model.find(id);
-        if (!object)
-            continue;
-        for (const AttributeColumn& column : object->vertexAttributes)
-            add(column.name, column.kind, column.unit);
-        if (object->cells) {
-            for (const AttributeColumn& column : object->cells->cellAttributes)
-                add(column.name, column.kind, column.unit);
-        }
-        for (const ObjectAttribute& attribute : object->objectAttributes)
-            add(attribute.name, attribute.kind, attribute.unit);
+        if (const ModelObject* object = m_context.model.find(id))
+            objects.push_back(object);
     }
+    for (const AttributeDescription& attribute : attributesOf(objects))
+        list.append({attribute.name.toStdString(), typeNameOf(attribute.kind), attribute.unit.toStdString()});
 }
 
 } // namespace refhost

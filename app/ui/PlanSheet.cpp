@@ -30,17 +30,48 @@ QString objectsText(const QStringList& names)
     return PlanSheet::tr("%1 and %2 more").arg(names.mid(0, mostNames - 1).join(QStringLiteral(", "))).arg(names.size() - mostNames + 1);
 }
 
-QString stateText(const ExportPlan::Output& output)
+QString stateText(const ExportPlan::Output& output, const FileOutcome& outcome)
 {
+    if (!outcome.written())
+        return PlanSheet::tr("cannot be written");
     QString text = output.replaces ? PlanSheet::tr("replaces a file") : PlanSheet::tr("new");
     if (!output.renamedFrom.isEmpty())
         text += PlanSheet::tr(", renamed");
+    if (!outcome.failedObjects.empty())
+        text += PlanSheet::tr(", without %n of its objects", nullptr, static_cast<int>(outcome.failedObjects.size()));
     return text;
 }
 
-QString toolTipOf(const ExportPlan::Output& output)
+/// What the run will refuse and what it will not carry, each named once; empty when that is nothing.
+QString foreseenHtml(const ExportReport& foreseen)
+{
+    constexpr int mostLines = 6;
+    QStringList lines;
+    for (const FileOutcome& file : foreseen.files()) {
+        if (!file.written())
+            lines.append(PlanSheet::tr("%1 cannot be written: %2").arg(QFileInfo(file.path).fileName(), file.error));
+        for (const FailedObject& object : file.failedObjects) {
+            if (file.written())
+                lines.append(PlanSheet::tr("%1 will be left out: %2").arg(object.name, object.reason));
+        }
+    }
+    for (const QString& line : foreseen.findingLines())
+        lines.append(PlanSheet::tr("the report will say: %1").arg(line));
+    if (lines.empty())
+        return {};
+    QString html = QStringLiteral("<ul>");
+    for (const QString& line : lines.mid(0, mostLines))
+        html += QStringLiteral("<li>") + line.toHtmlEscaped() + QStringLiteral("</li>");
+    if (lines.size() > mostLines)
+        html += QStringLiteral("<li>") + PlanSheet::tr("and %1 more; the report will tell").arg(lines.size() - mostLines) + QStringLiteral("</li>");
+    return html + QStringLiteral("</ul>");
+}
+
+QString toolTipOf(const ExportPlan::Output& output, const FileOutcome& outcome)
 {
     QStringList lines{QDir::toNativeSeparators(output.path)};
+    if (!outcome.written())
+        lines.append(outcome.error);
     if (!output.renamedFrom.isEmpty())
         lines.append(PlanSheet::tr("named after \"%1\", which cannot stand in a file name or is taken").arg(output.renamedFrom));
     if (!output.sidecars.isEmpty())
@@ -84,16 +115,18 @@ void PlanSheet::showPlan(const ExportPlan& plan)
     QString summary = plan.summary();
     if (plan.freeBytes >= 0 && plan.bytes() > plan.freeBytes)
         summary = QStringLiteral("<b>%1</b> ").arg(tr("The disk may be too small.")) + summary;
-    m_summary->setText(summary);
+    m_summary->setText(summary + foreseenHtml(plan.foreseen));
     QList<QTreeWidgetItem*> items;
-    for (const ExportPlan::Output& output : plan.outputs) {
-        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output), QString::number(output.rows),
+    for (std::size_t index = 0; index < plan.outputs.size(); ++index) {
+        const ExportPlan::Output& output = plan.outputs[index];
+        const FileOutcome& outcome = plan.foreseen.files()[index];
+        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output, outcome), QString::number(output.rows),
                                           sizeText(output.bytes), objectsText(output.objects)});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
-        item->setToolTip(0, toolTipOf(output));
+        item->setToolTip(0, toolTipOf(output, outcome));
         item->setToolTip(4, output.objects.mid(0, mostNamesInToolTip).join(QLatin1Char('\n')));
-        if (output.replaces)
+        if (output.replaces || !outcome.complete())
             item->setForeground(1, QColor(Qt::darkRed));
         items.append(item);
     }

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void wrongUse_data();
     void wrongUse();
     void overwriting();
+    void dryRun_data();
+    void dryRun();
     void fileForEachObject();
     void reportAndStrict();
     void jobFile();
@@ -111,7 +113,7 @@ void CommandLineTest::wrongUse_data()
     row("inspect", 2, "no file is named");
     row("run points.csv", 2, "points.csv: line 1:");
     row("inspect empty.csv", 1, "empty.csv: the file is empty");
-    row("inspect flat.csv", 1, "no object was found in it (name the coordinate columns x and y");
+    row("inspect flat.csv", 1, "none of its columns is known to hold coordinates; it has: a, b (name them");
     row("inspect broken.gpkg", 1, "broken.gpkg: the file could not be opened");
     row("inspect binary.csv", 1, "binary.csv: this is a binary file");
     row("inspect wide.csv", 1, "line 1 has 20001 columns");
@@ -151,6 +153,58 @@ void CommandLineTest::overwriting()
     QCOMPARE(run(command + QStringList{QStringLiteral("--overwrite")}).code, 0);
     QVERIFY(read("out.csv").startsWith("X,Y,Z,name"));
     QCOMPARE(listing(), (QStringList{QStringLiteral("out.csv"), QStringLiteral("points.csv")}));
+}
+
+void CommandLineTest::dryRun_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, const char* arguments, int code, const char* error) {
+        QTest::newRow(name) << QString::fromUtf8(arguments).split(QLatin1Char(' ')) << code << QString::fromUtf8(error);
+    };
+    row("all well", "points.csv --format ascii --output o.csv --strict", 0, "");
+    row("no coordinate system", "points.csv --format kml --output o.kml", 1, "the object points has no coordinate system (give theirs");
+    row("no system for GeoJSON", "points.csv --format geojson --output o.geojson", 1, "the objects have no coordinate system, and GeoJSON");
+    row("type of no use", "forced.kpmodel --object image --format kml --output o.kml", 1, "nothing of image can be drawn: it has no rows and columns");
+    row("image as drawing", "forced.kpmodel --object mesh --format dxf --output o.dxf", 1, "nothing of mesh can be drawn: it has no faces");
+    row("mesh without triangles", "forced.kpmodel --object mesh --format off --output o.off", 1, "the surface mesh has no triangle");
+    row("grid without nodes", "forced.kpmodel --object grid --format zmap --output o.dat", 1, "the grid grid is empty");
+    row("no way to the system", "points.csv --format dxf --set crs=EPSG:nowhere --output o.dxf", 1, "is no coordinate system that is known");
+    row("a file that exists", "points.csv --format ascii --output points.csv", 1, "the file exists already (add --overwrite");
+    row("no directory", "points.csv --format shp --output gone/o.shp", 1, "gone does not exist (create it");
+    row("device", "points.csv --format gpkg --output /dev/null", 1, "a device cannot hold a GeoPackage");
+    row("attribute that is not there", "points.csv --format gocad --output o.vs --attribute age --strict", 5, "");
+    row("no place for attributes", "forced.kpmodel --object line --format dxf --output o.dxf --strict --set meshPoints=true", 1, "it has no lines");
+    row("on MapInfo's grid", "points.csv --format tab --output o.tab --strict", 0, "");
+}
+
+void CommandLineTest::dryRun()
+{
+    // What the plan says is what the run does, to the word and the exit code.
+    QFETCH(QStringList, arguments);
+    QFETCH(int, code);
+    QFETCH(QString, error);
+    write("points.csv", "x,y,z,n\n500000,7500000,1,2\n500010,7500010,2,3\n500020,7500000,3,4\n");
+    write("forced.kpmodel", "{\"version\":1,\"objects\":["
+                            "{\"file\":\"points.csv\",\"name\":\"image\",\"type\":\"image\",\"crs\":\"EPSG:28350\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"mesh\",\"type\":\"mesh_surface\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"line\",\"type\":\"polyline\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"grid\",\"type\":\"grid_surface\"}]}");
+    const auto errorsOf = [](const Result& result) { return result.error.split(QLatin1Char('\n')).filter(QStringLiteral(": error: ")); };
+    const QStringList before = QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    const Result plan = run(QStringList{QStringLiteral("export"), QStringLiteral("--dry-run"), QStringLiteral("--report"), QStringLiteral("plan.json")} + arguments);
+    QVERIFY(m_folder->path().size() > 0 && QFile::exists(path("plan.json")));
+    const QJsonObject report = QJsonDocument::fromJson(read("plan.json")).object();
+    QVERIFY(QFile::remove(path("plan.json")));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
+    QVERIFY2(plan.code == code && plan.error.contains(error), qPrintable(plan.error));
+    const bool refused = report.value(QStringLiteral("files")).toArray().first().toObject().value(QStringLiteral("error")).toString().contains(error);
+    QVERIFY(refused || error.isEmpty() || error.startsWith(QLatin1String("the file exists")));
+    QCOMPARE(report.value(QStringLiteral("findings")).toArray().isEmpty(), code != 5);
+    const Result real = run(QStringList{QStringLiteral("export")} + arguments);
+    QCOMPARE(real.code, code);
+    QCOMPARE(errorsOf(real), errorsOf(plan));
 }
 
 void CommandLineTest::fileForEachObject()
@@ -271,7 +325,7 @@ void CommandLineTest::mixedSelection()
     const Result off = exported("off", "s.off");
     QVERIFY2(off.code == 0, qPrintable(off.error));
     QCOMPARE(off.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size(), 2);
-    QVERIFY2(off.error.contains(QStringLiteral("object of a type that the format does not take: ")), qPrintable(off.error));
+    QVERIFY2(off.error.contains(QStringLiteral("note: 501 objects were left out because the format does not take their types (first ")), qPrintable(off.error));
     QVERIFY(read("s_Terrain mesh.off").startsWith("OFF\n"));
     const Result grdecl = exported("grdecl", "s.grdecl");
     QVERIFY2(grdecl.code == 0, qPrintable(grdecl.error));

@@ -28,6 +28,8 @@ ModelObject twoLegs()
 
 } // namespace
 
+Q_DECLARE_METATYPE(ModelObject)
+
 class DxfTest : public SaverTest
 {
     Q_OBJECT
@@ -44,6 +46,8 @@ private Q_SLOTS:
     void surfaces_data();
     void surfaces();
     void boundaries();
+    void boundariesCancelled_data();
+    void boundariesCancelled();
     void unitsAndSystems();
     void leftOut();
     void severalFiles();
@@ -235,6 +239,11 @@ void DxfTest::surfaces()
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
     const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4, 5, none}), mesh}, path("a.dxf"),
                        settings);
+    if (!settings.contains(QLatin1String("true"))) {
+        QCOMPARE(run.error(), QStringLiteral("nothing of G can be drawn: faces, meshPoints and boundaries are all off (check its type in the model "
+                                            "file and the settings, or choose another object)"));
+        return;
+    }
     QCOMPARE(run.fault(), QString());
     const QByteArray text = body("a.dxf");
     QCOMPARE(QStringLiteral("%1 faces %2 points %3 lines")
@@ -242,8 +251,6 @@ void DxfTest::surfaces()
                  .arg(text.count("\nPOINT\n"))
                  .arg(text.count("\nPOLYLINE\n")),
              expected);
-    QCOMPARE(run.findings().contains(QStringLiteral("surface left out: 1, object left out: 1")),
-             !settings.contains(QLatin1String("true")));
     if (!settings.contains(QLatin1String("false")))
         KP_VALIDATE("dxf.py", path("a.dxf"));
 }
@@ -275,6 +282,47 @@ void DxfTest::boundaries()
         objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"), {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}});
     solid.triangles = {{0, 1, 2}, {0, 1, 3}, {1, 2, 3}, {0, 2, 3}};
     QVERIFY(boundaryLines(solid, ticker).empty());
+}
+
+void DxfTest::boundariesCancelled_data()
+{
+    QTest::addColumn<ModelObject>("surface");
+    const int columns = sanitized ? 300 : 700;
+    const ModelObject grid = gridOf(columns, columns);
+    ModelObject mesh = grid;
+    mesh.type = ObjectType::MeshSurfaces;
+    mesh.grid.reset();
+    // Triangles that share no edge: their boundary is all there is.
+    ModelObject loose = mesh;
+    for (int row = 0; row + 1 < columns; ++row) {
+        for (int column = 0; column + 1 < columns; ++column) {
+            const int node = row * columns + column;
+            mesh.triangles.push_back({node, node + 1, node + columns});
+            mesh.triangles.push_back({node + 1, node + columns + 1, node + columns});
+            loose.triangles.push_back({node, node + 1, node + columns});
+        }
+    }
+    QTest::newRow("grid") << grid;
+    QTest::newRow("mesh") << mesh;
+    QTest::newRow("loose triangles") << loose;
+}
+
+void DxfTest::boundariesCancelled()
+{
+    // Finding the edges is most of the work; it tells how far it is and can be left.
+    QFETCH(ModelObject, surface);
+    const double weight = 100000;
+    CancelAt whole(1000);
+    ProgressTicker ticker(&whole, weight);
+    QVERIFY(!boundaryLines(surface, ticker, weight).empty());
+    QVERIFY(!whole.backwards && whole.asked > 20);
+    for (const int percent : {10, 40}) {
+        CancelAt progress(percent);
+        ProgressTicker stopped(&progress, weight);
+        QVERIFY(boundaryLines(surface, stopped, weight).empty());
+        QVERIFY2(progress.reached >= percent && progress.reached < percent + 10, qPrintable(QString::number(progress.reached)));
+        QVERIFY(progress.asked < whole.asked);
+    }
 }
 
 void DxfTest::unitsAndSystems()
@@ -324,9 +372,10 @@ void DxfTest::leftOut()
             "position left out: 3, line of fewer than two points left out: 1, object left out: 1, "
             "ring closed: 1, line of fewer than two points left out: 1, object left out: 2, attribute not written: 1"));
     KP_VALIDATE("dxf.py", QStringLiteral("--expect"), QStringLiteral("POLYLINE=1"), path("a.dxf"));
-    // A drawing of nothing is still one.
-    QVERIFY(SaverRun("dxf", {objects[3]}, path("b.dxf")).written);
-    QCOMPARE(body("b.dxf"), QByteArray("999\nempty\n"));
+    // A drawing of nothing is none.
+    for (const ModelObject& object : {objects[1], objects[3]})
+        QVERIFY(SaverRun("dxf", {object}, path("b.dxf")).error().contains(object.name));
+    QVERIFY(!QFile::exists(path("b.dxf")));
 }
 
 void DxfTest::severalFiles()

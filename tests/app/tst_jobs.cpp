@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/ExportError.h"
 #include "app/jobs/OutputTransaction.h"
+#include "app/jobs/ExportPlan.h"
+#include "app/jobs/FindingText.h"
 #include "app/jobs/SafeNames.h"
-#include "tests/app/FileContent.h"
+#include "tests/app/SaverRun.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -40,6 +44,12 @@ private Q_SLOTS:
     void names_data();
     void names();
     void uniqueNames();
+    void findingTexts_data();
+    void findingTexts();
+    void everyFindingHasWords();
+    void shapefileTooLarge();
+    void nothingToWrite_data();
+    void nothingToWrite();
 };
 
 void JobsTest::replacedTogether()
@@ -224,6 +234,107 @@ void JobsTest::uniqueNames()
     for (int index = 0; index < 100000; ++index)
         many.insert(names.take(QStringLiteral("same")));
     QCOMPARE(many.size(), 100000);
+}
+
+void JobsTest::nothingToWrite_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("crs");
+    QTest::addColumn<bool>("empty");
+    for (const char* format : {"ascii", "dxf", "gocad", "kml", "shp", "tab", "gpkg", "geojson"}) {
+        const QString key = QString::fromLatin1(format);
+        const QString crs = key == QLatin1String("kml") || key == QLatin1String("geojson") ? QStringLiteral("EPSG:4326") : QString();
+        QTest::newRow(qPrintable(key + QStringLiteral(" without vertices"))) << key << crs << true;
+        // A table holds a row for each vertex, with or without a place.
+        if (key != QLatin1String("ascii"))
+            QTest::newRow(qPrintable(key + QStringLiteral(" without places"))) << key << crs << false;
+    }
+}
+
+void JobsTest::nothingToWrite()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, crs);
+    QFETCH(bool, empty);
+    const std::vector<double> numbers(empty ? 0 : 3, none);
+    ModelObject cloud = objectOf(QStringLiteral("Cloud"), ObjectType::VertexClouds, numbers, numbers, numbers);
+    cloud.crs = crs;
+    QTemporaryDir folder;
+    const SaverRun run(format, {cloud}, folder.filePath(QStringLiteral("o")));
+    QVERIFY(!run.written);
+    QVERIFY2(run.error().contains(QStringLiteral("Cloud")) && run.error().endsWith(QLatin1Char(')')), qPrintable(run.error()));
+    QCOMPARE(entries(folder.path()), QStringList());
+}
+
+void JobsTest::findingTexts_data()
+{
+    using Notes = QVector<QPair<QString, qint64>>;
+    QTest::addColumn<Notes>("notes");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("line");
+    const auto row = [](const char* name, const char* kind, const Notes& notes, const char* line) {
+        QTest::newRow(name) << notes << QString::fromUtf8(kind) << QString::fromUtf8(line);
+    };
+    const QString a = QStringLiteral("A");
+    const QString b = QStringLiteral("B");
+    row("one", "renamed", {{a, 1}}, "A: a name was changed (as said)");
+    row("one of each", "renamed", {{a, 1}, {b, 1}}, "2 names were changed, first A (as said)");
+    row("many of each", "position left out", {{a, 3}, {b, 4}}, "7 positions were left out; in 2 objects, first A (as said)");
+    row("same names", "object left out", {{a, 3}, {b, 1}}, "4 objects were left out, first A (as said)");
+    row("of no object", "coordinate systems differ", {{QString(), 2}}, "the objects have 2 different coordinate systems (as said)");
+    row("with a value", "missing value of an active cell written as -9", {{a, 2}}, "A: 2 missing values of active cells were written as -9 (as said)");
+    row("no words", "something new", {{a, 2}}, "A: something new: 2 (as said)");
+}
+
+void JobsTest::findingTexts()
+{
+    using Notes = QVector<QPair<QString, qint64>>;
+    QFETCH(Notes, notes);
+    QFETCH(QString, kind);
+    QFETCH(QString, line);
+    ExportReport report;
+    for (const auto& note : notes)
+        report.note(kind, note.first, note.second, QStringLiteral("as said"));
+    QCOMPARE(report.findingLines(), QStringList{line});
+}
+
+void JobsTest::everyFindingHasWords()
+{
+    // As the sources note them.
+    const QRegularExpression kind(QStringLiteral("\\bnote\\((?:[^\";]*\\?)?\\s*QStringLiteral\\(\"([^\"%]+)"));
+    QDirIterator sources(QStringLiteral(KP_SOURCE_DIR "/app"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+    QStringList wordless;
+    int found = 0;
+    while (sources.hasNext()) {
+        auto matches = kind.globalMatch(QString::fromUtf8(contentOf(sources.next())));
+        while (matches.hasNext()) {
+            const QString name = matches.next().captured(1);
+            ++found;
+            // What the layout's own tests look for is its words.
+            if (findingText(name, 2).startsWith(name) && name != QLatin1String("field of the layout left out"))
+                wordless.append(name);
+        }
+    }
+    QVERIFY(found > 60);
+    QCOMPARE(wordless.join(QLatin1String(", ")), QString());
+}
+
+void JobsTest::shapefileTooLarge()
+{
+    // 4 GB of records: many objects that share their vertices. Nothing is written to find it out.
+    std::vector<double> numbers(1000000, 1.0);
+    const ModelObject cloud = objectOf(QStringLiteral("C"), ObjectType::VertexClouds, numbers, numbers, numbers);
+    const auto format = formatOf(QStringLiteral("shp"));
+    const QTemporaryDir folder;
+    ExportSelection selection;
+    selection.path = folder.filePath(QStringLiteral("o.shp"));
+    for (const int objects : {90, 100}) { // of 44 bytes for each vertex
+        selection.objects.assign(static_cast<std::size_t>(objects), &cloud);
+        const ExportPlan plan = makePlan(*format, selection, format->plan(selection));
+        QCOMPARE(plan.refused(), objects == 100 ? 1 : 0);
+        QCOMPARE(plan.foreseen.files().front().error.contains(QStringLiteral("4 GB, and this one would have 4400 MB")), objects == 100);
+        QCOMPARE(plan.summary().contains(QStringLiteral("cannot be written")), objects == 100);
+    }
 }
 
 QTEST_GUILESS_MAIN(JobsTest)

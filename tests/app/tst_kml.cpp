@@ -43,6 +43,8 @@ ModelObject longLine(int count)
 
 } // namespace
 
+Q_DECLARE_METATYPE(ModelObject)
+
 class KmlTest : public SaverTest
 {
     Q_OBJECT
@@ -56,6 +58,8 @@ private Q_SLOTS:
     void systems();
     void heights();
     void leftOut();
+    void nothingToDraw_data();
+    void nothingToDraw();
     void surfaces();
     void pictureGoesWithItsFile();
     void archive();
@@ -260,6 +264,40 @@ void KmlTest::leftOut()
             "position left out: 3, object left out: 2, line of fewer than two points left out: 1, "
             "object left out: 1, position left out: 1, position left out: 4, object left out: 1"));
     KP_VALIDATE("kml.sh", QStringLiteral("--strict"), QStringLiteral("--werror"), path("a.kml"));
+}
+
+void KmlTest::nothingToDraw_data()
+{
+    QTest::addColumn<ModelObject>("object");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, const ModelObject& object, const char* error) {
+        QTest::newRow(name) << object << QString::fromUtf8(error);
+    };
+    const std::vector<std::array<double, 3>> two{{1, 2, 3}, {4, 5, 6}};
+    ModelObject thin = gridOf(QStringLiteral("O"), 1, {1, 2, 3});
+    row("image without nodes", objectOf(ObjectType::Images, QStringLiteral("O"), two),
+        "nothing of O can be drawn: it has no rows and columns of nodes (check its type in the model file, or choose another object)");
+    row("one column", thin, "nothing of O can be drawn: it has a single row or column of nodes (check its type in the model file, or choose another object)");
+    row("no triangles", objectOf(ObjectType::MeshSurfaces, QStringLiteral("O"), two),
+        "nothing of O can be drawn: it has no triangles (check its type in the model file, or choose another object)");
+    // These only the run finds.
+    row("off the earth", objectOf(ObjectType::Wells, QStringLiteral("O"), {{500000, 7000000, 3}}),
+        "nothing of O has a place in the file (the notes say what was left out; choose another object or format)");
+    row("grid off the earth", gridOf(QStringLiteral("O"), 2, {1, 2, 3, 4}, 5000, 5000),
+        "nothing of O has a place in the file (the notes say what was left out; choose another object or format)");
+}
+
+void KmlTest::nothingToDraw()
+{
+    QFETCH(ModelObject, object);
+    QFETCH(QString, error);
+    const SaverRun run("kml", {object}, path("a.kml"));
+    QCOMPARE(run.error(), error);
+    QCOMPARE(listing(), QString());
+    // With one that can be drawn it is left out, and said to be.
+    const SaverRun two("kml", {object, objectOf(ObjectType::Pins, QStringLiteral("P"), {{1, 2, 3}})}, path("b.kml"));
+    QCOMPARE(two.fault(), QString());
+    QCOMPARE(two.countOf(QStringLiteral("object left out")), qint64(1));
 }
 
 void KmlTest::surfaces()

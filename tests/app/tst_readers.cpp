@@ -20,6 +20,8 @@ private Q_SLOTS:
     void polygonsWithHoles();
     void pointsWithNulls();
     void grid();
+    void tables_data();
+    void tables();
     void wellPath();
     void pins();
 
@@ -91,6 +93,44 @@ void ReadersTest::grid()
     }
     QCOMPARE(undefined, 109);
     QVERIFY(std::abs(least - 297.0) < 1.0 && std::abs(most - 1175.0) < 1.0);
+}
+
+void ReadersTest::tables_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* name, const QByteArray& text, const char* expected) { QTest::newRow(name) << text << QString::fromUtf8(expected); };
+    row("a column named by a number", "Unnamed: 0,7,X,y,z\n1,2,3,4,5\n", "3 4 5 Unnamed: 0 7");
+    row("two names for heights", "x,y,z,altitude\n1,2,3,4\n", "1 2 3 altitude");
+    row("the more usual name", "lon;lat;easting;northing\n1;2;3;4\n", "3 4 0 lon lat");
+    row("byte order mark", "\xef\xbb\xbfx,y\n1,2\n", "1 2 0");
+    row("no known name", "east_m,north_m,Cu\n1,2,3\n",
+        "none of its columns is known to hold coordinates; it has: east_m, north_m, Cu (name them x, y and z in the file, or say "
+        "which they are with \"x\", \"y\" and \"z\" in its entry of a model file)");
+    row("no numbers", "x,y\n,\n", "no row of it has numbers for x and y (check it at its source)");
+}
+
+void ReadersTest::tables()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, expected);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("t.csv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush());
+    Model model;
+    QString found;
+    try {
+        loadInto(model, path);
+        const ModelObject& cloud = model.objects().front();
+        QStringList parts{QString::number(cloud.x->front()), QString::number(cloud.y->front()), QString::number(cloud.z->front())};
+        for (const AttributeColumn& column : cloud.vertexAttributes)
+            parts.append(column.name);
+        found = parts.join(QLatin1Char(' '));
+    } catch (const std::exception& error) {
+        found = QString::fromUtf8(error.what()).mid(path.size() + 2);
+    }
+    QCOMPARE(found, expected);
 }
 
 void ReadersTest::wellPath()

@@ -2,6 +2,7 @@
 #include "app/savers/ascii/AsciiFormat.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/Foresight.h"
 #include "app/jobs/ShareOfProgress.h"
 #include "app/savers/ascii/AsciiOutput.h"
 #include "app/savers/ascii/AsciiVerification.h"
@@ -102,6 +103,18 @@ Verification AsciiFormat::verify(const PlannedFile& file, const QString& path, c
 {
     ExportReport alreadyReported;
     return verifyAscii(file, path, tableOf(file, selection, alreadyReported), m_settings);
+}
+
+void AsciiFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    requirePositions(file);
+    // Not tableOf(): how wide columns must be is of no interest yet.
+    if (m_layout)
+        asciiTable(*m_layout, selection.objects, m_settings.mode == AsciiExportSettings::Mode::Columns, losses);
+    else
+        asciiTable(file.objects, selection.attributes, m_settings.decimals, losses);
+    for (const ModelObject* object : file.objects)
+        noteHeights(*object, m_settings, losses);
 }
 
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,

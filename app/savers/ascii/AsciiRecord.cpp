@@ -316,28 +316,35 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     }
 }
 
+qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, ExportReport& report)
+{
+    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
+                                                    : QStringLiteral("z is written as 0");
+    if (!object.hasZ) {
+        report.note(QStringLiteral("no z"), object.name, object.vertexCount(), QStringLiteral("the object is flat; ") + written);
+        return object.vertexCount();
+    }
+    const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
+    report.note(QStringLiteral("vertex without z"), object.name, undefined, written);
+    return undefined;
+}
+
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
                 const AsciiExportSettings& settings, const QString& separator, ExportReport& report)
 {
     record.clearData();
     record.name = object.name.simplified().toStdString();
     DoubleMatrixData::Missing missingZ;
-    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
-                                                    : QStringLiteral("z is written as 0");
+    const qint64 undefined = noteHeights(object, settings, report);
     if (!object.hasZ) {
         // No height is known, which is not the same as a height of 0.
         missingZ = std::make_shared<std::vector<unsigned char>>(object.z->size(), static_cast<unsigned char>(1));
-        report.note(QStringLiteral("no z"), object.name, object.vertexCount(), QStringLiteral("the object is flat; ") + written);
-    } else {
-        const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
-        if (undefined > 0) {
-            auto flags = std::make_shared<std::vector<unsigned char>>();
-            flags->reserve(object.z->size());
-            for (const double z : *object.z)
-                flags->push_back(std::isnan(z) ? 1 : 0);
-            missingZ = flags;
-            report.note(QStringLiteral("vertex without z"), object.name, undefined, written);
-        }
+    } else if (undefined > 0) {
+        auto flags = std::make_shared<std::vector<unsigned char>>();
+        flags->reserve(object.z->size());
+        for (const double z : *object.z)
+            flags->push_back(std::isnan(z) ? 1 : 0);
+        missingZ = flags;
     }
     record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x), new DoubleMatrixData(QStringLiteral("X"), object.x),
                            new DoubleMatrixData(QStringLiteral("Y"), object.y),

@@ -44,6 +44,9 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
 void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                    const AsciiExportSettings& settings);
 
+/// Notes the vertices that have no height. \returns how many there are
+qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, ExportReport& report);
+
 /// Fills \a record with the object's matrices, shared with the model, and notes what the table cannot carry.
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
                 const AsciiExportSettings& settings, const QString& separator, ExportReport& report);

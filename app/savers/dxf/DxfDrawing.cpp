@@ -2,8 +2,7 @@
 #include "app/savers/dxf/DxfDrawing.h"
 
 #include "app/readers/CoordinateSystems.h"
-
-#include <QSet>
+#include "app/savers/dxf/DxfLosses.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,8 +32,7 @@ DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, Progres
 
 qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection)
 {
-    m_selection = &selection;
-    noteMixture(objects);
+    noteMixture(objects, m_settings, m_report);
     findPlane(objects);
     findTextHeight(objects);
     for (const ModelObject* object : objects) {
@@ -46,7 +44,7 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
         if (m_entities == before && !stopped())
             m_report.note(QStringLiteral("object left out"), object->name, 1,
                           QStringLiteral("nothing of it can be drawn"));
-        noteAttributes(*object);
+        noteAttributes(*object, selection, m_report);
     }
     return m_entities;
 }
@@ -122,31 +120,10 @@ void DxfDrawing::findTextHeight(const std::vector<const ModelObject*>& objects)
     m_textHeight = size > 0 ? size / 200.0 : 1.0;
 }
 
-/// Objects of different systems or units would lie in the wrong places relative to each other.
-void DxfDrawing::noteMixture(const std::vector<const ModelObject*>& objects)
-{
-    QSet<QString> systems;
-    QSet<QString> units;
-    for (const ModelObject* object : objects) {
-        systems.insert(crsName(object->crs));
-        units.insert(object->lengthUnit);
-    }
-    if (m_settings.crs.isEmpty() && systems.size() > 1)
-        m_report.note(QStringLiteral("coordinate systems differ"), QString(), systems.size(),
-                      QStringLiteral("set crs=EPSG:... or write a file for each"));
-    if (m_settings.lengthUnit == OutputUnit::Model && units.size() > 1)
-        m_report.note(QStringLiteral("length units differ"), QString(), units.size(),
-                      QStringLiteral("set lengthUnit=m"));
-}
-
 void DxfDrawing::takeColour(const QColor& colour, const QString& name)
 {
     m_pen.colour = nearestColourIndex(colour);
-    const QColor shown = indexedColour(m_pen.colour);
-    // Black and white are one: what differs from the background.
-    if (colour.isValid() && shown.rgb() != colour.rgb() && m_pen.colour != 7)
-        m_report.note(QStringLiteral("colour changed"), QString(), 1,
-                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+    noteColour(colour, name, m_report);
     m_sink.setPen(m_pen);
 }
 
@@ -167,24 +144,6 @@ void DxfDrawing::takePen(const ModelObject& object)
     // There is no place for the name of a line or surface but a remark.
     bool changed = false;
     m_sink.comment(dxfText(object.name, changed));
-}
-
-void DxfDrawing::noteAttributes(const ModelObject& object)
-{
-    qint64 lost = 0;
-    QString first;
-    const auto count = [&](const QString& name) {
-        // The wizard does not ask which attributes to write where none can be.
-        const bool wanted = m_selection->wantsAttribute(name) || m_selection->attributes->isEmpty();
-        if (wanted && lost++ == 0)
-            first = name;
-    };
-    for (const ObjectAttribute& attribute : object.objectAttributes)
-        count(attribute.name);
-    for (const AttributeColumn& column : object.vertexAttributes)
-        count(column.name);
-    m_report.note(QStringLiteral("attribute not written"), QString(), lost,
-                  QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
 void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)

@@ -41,7 +41,6 @@ private:
 
     void findPlane(const std::vector<const ModelObject*>& objects);
     void findTextHeight(const std::vector<const ModelObject*>& objects);
-    void noteMixture(const std::vector<const ModelObject*>& objects);
     void takePen(const ModelObject& object);
     void takeColour(const QColor& colour, const QString& name);
     void drawObject(const ModelObject& object);
@@ -51,19 +50,18 @@ private:
     void drawSurface(const ModelObject& object);
     void drawFaces(const ModelObject& object);
     void drawBoundaries(const ModelObject& object);
+    bool drawBoundary(const ModelObject& object, const std::vector<int>& line, double weight);
     void drawSection(const ModelObject& object);
     void drawUnfolded(const ModelObject& object, const SectionSegment& segment);
     /// One line; false when fewer than two of its positions have a place.
     bool drawLine(PositionReader& reader, int first, int end, bool closed);
     void drawName(const ModelObject& object, const DxfSink::Corner& place);
     void noteLeftOut(const ModelObject& object, const PositionReader& reader);
-    void noteAttributes(const ModelObject& object);
 
     DxfSink& m_sink;
     const DxfExportSettings& m_settings;
     ProgressTicker& m_ticker;
     ExportReport& m_report;
-    const ExportSelection* m_selection = nullptr;
     OutputRules m_rules;
     DxfLayerNames m_layers;
     QSet<QString> m_renamed;

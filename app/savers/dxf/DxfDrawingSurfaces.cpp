@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Surfaces and sections of a drawing.
 #include "app/savers/dxf/DxfDrawing.h"
+#include "app/savers/dxf/DxfLosses.h"
 #include "app/savers/SurfaceFaces.h"
 
 #include <algorithm>
@@ -13,12 +14,13 @@ namespace
 {
 
 constexpr int facesAtOnce = 512;
+constexpr std::size_t boundaryAtOnce = 2048;
 
 } // namespace
 
 void DxfDrawing::drawSurface(const ModelObject& object)
 {
-    if (!m_settings.faces && !m_settings.meshPoints && !m_settings.boundaries) {
+    if (isSwitchedOff(object, m_settings)) {
         m_report.note(QStringLiteral("surface left out"), object.name, 1,
                       QStringLiteral("faces, meshPoints and boundaries are all off"));
         return;
@@ -69,24 +71,45 @@ void DxfDrawing::drawFaces(const ModelObject& object)
 
 void DxfDrawing::drawBoundaries(const ModelObject& object)
 {
-    for (const std::vector<int>& line : boundaryLines(object, m_ticker)) {
+    const double half = object.vertexCount() / 2.0;
+    const std::vector<std::vector<int>> lines = boundaryLines(object, m_ticker, half);
+    std::size_t points = 0;
+    for (const std::vector<int>& line : lines)
+        points += line.size();
+    for (const std::vector<int>& line : lines) {
         if (stopped())
             return;
-        const bool closed = line.size() > 2 && line.front() == line.back();
-        PositionBlock block;
-        readerOf(PositionSource::of(object), object).gather(line.data(), line.size() - (closed ? 1 : 0), block);
-        project(block);
-        if (std::any_of(block.x.begin(), block.x.end(), [](double x) { return std::isnan(x); })) {
+        if (!drawBoundary(object, line, half / static_cast<double>(points)))
             m_report.note(QStringLiteral("boundary left out"), object.name, 1,
                           QStringLiteral("it has no place in the coordinate system"));
-            continue;
-        }
-        m_sink.beginLine(closed);
-        m_sink.positions(block);
-        m_sink.endLine();
-        ++m_entities;
     }
-    m_ticker.step(object.vertexCount());
+}
+
+/// False when a vertex of it has no place.
+bool DxfDrawing::drawBoundary(const ModelObject& object, const std::vector<int>& line, double weight)
+{
+    const bool closed = line.size() > 2 && line.front() == line.back();
+    const std::size_t count = line.size() - (closed ? 1 : 0);
+    const PositionReader reader = readerOf(PositionSource::of(object), object);
+    std::vector<PositionBlock> blocks;
+    for (std::size_t first = 0; first < count && !stopped(); first += boundaryAtOnce) {
+        const std::size_t some = std::min(boundaryAtOnce, count - first);
+        blocks.emplace_back();
+        reader.gather(line.data() + first, some, blocks.back());
+        project(blocks.back());
+        m_ticker.step(weight * static_cast<double>(some));
+        if (std::any_of(blocks.back().x.begin(), blocks.back().x.end(), [](double x) { return std::isnan(x); }))
+            return false;
+    }
+    m_sink.beginLine(closed);
+    for (const PositionBlock& block : blocks) {
+        if (m_ticker.poll())
+            return true;
+        m_sink.positions(block);
+    }
+    m_sink.endLine();
+    ++m_entities;
+    return true;
 }
 
 /// In space the trace and, where they are, the lines on the section; on a map the trace; from the side the lines,

@@ -5,7 +5,10 @@
 #include "app/readers/CoordinateSystems.h"
 #include "app/savers/dxf/DxfDrawing.h"
 #include "app/savers/dxf/DxfEntityWriter.h"
+#include "app/savers/dxf/DxfLosses.h"
 #include "app/savers/dxf/DxfReadBack.h"
+
+#include <algorithm>
 
 namespace refhost
 {
@@ -50,12 +53,30 @@ std::vector<PlannedFile> DxfFormat::plan(const ExportSelection& selection) const
     return planFiles(selection, m_settings.grouping, QStringLiteral("dxf"), m_settings.filePrefix);
 }
 
-qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                        ExportReport& report, kpBase::AbstractProgress* progress)
+void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
 {
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
                           QStringLiteral("give one like --set crs=EPSG:28350"));
+    const auto hopeless = [this](const ModelObject* object) { return !undrawable(*object, m_settings).isEmpty(); };
+    const ModelObject& first = *file.objects.front();
+    if (std::all_of(file.objects.begin(), file.objects.end(), hopeless))
+        throw ExportError(file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first, m_settings)),
+                          QStringLiteral("check its type in the model file and the settings, or choose another object"));
+    OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
+    noteMixture(file.objects, m_settings, losses);
+    for (const ModelObject* object : file.objects) {
+        rules.of(*object, false);
+        const QString fault = undrawable(*object, m_settings);
+        losses.note(QStringLiteral("object left out"), object->name, fault.isEmpty() ? 0 : 1, fault);
+        noteColour(object->color, object->name, losses);
+        noteAttributes(*object, selection, losses);
+    }
+}
+
+qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
+                        ExportReport& report, kpBase::AbstractProgress* progress)
+{
     const int passes = (m_settings.faces ? 1 : 0) + (m_settings.meshPoints ? 1 : 0) + (m_settings.boundaries ? 1 : 0);
     double weight = 0;
     for (const ModelObject* object : file.objects) {

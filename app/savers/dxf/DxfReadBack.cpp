@@ -83,7 +83,7 @@ void DxfReadBack::compare(const Corner& place)
     const Corner& read = m_places[m_next++];
     const double up = m_pen.flat ? 0.0 : read[2] - place[2];
     const double error = std::hypot(read[0] - place[0], read[1] - place[1], up);
-    m_result.worstError = std::max(m_result.worstError, error);
+    m_result.differs(error);
     // Half of the last decimal in each direction, and what a double of seven digits cannot tell apart.
     if (!(error <= std::pow(10.0, -std::min(m_pen.decimals, m_pen.flat ? 9 : 7))))
         fail(QStringLiteral("a position of entity %1 is %2 off").arg(m_result.count).arg(error));

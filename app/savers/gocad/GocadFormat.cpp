@@ -5,6 +5,7 @@
 #include "app/jobs/ShareOfProgress.h"
 #include "app/savers/gocad/GocadVerification.h"
 #include "app/savers/gocad/GocadWriter.h"
+#include "app/savers/NumberColumns.h"
 #include "app/savers/SurfaceMesh.h"
 
 #include <QFileInfo>
@@ -75,6 +76,24 @@ std::vector<PlannedFile> GocadFormat::plan(const ExportSelection& selection) con
     return files;
 }
 
+void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    qint64 placed = 0;
+    for (const ModelObject* object : file.objects) {
+        if (hasAnyPosition(*object)) {
+            ++placed;
+            numberColumns(*object, selection, losses);
+            noteGocadForm(*object, m_settings, losses);
+        } else {
+            losses.note(QStringLiteral("object without a position left out"), object->name, 1, object->name);
+        }
+    }
+    if (placed == 0)
+        throw ExportError(file.path, QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
+                          QStringLiteral("choose objects with coordinates"));
+    noteMissingAttributes(file.objects, selection, losses);
+}
+
 qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                           ExportReport& report, kpBase::AbstractProgress* progress)
 {
@@ -83,7 +102,6 @@ qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const Ex
     BlockWriter out(path, file.path);
     GocadWriter writer(out, m_settings, selection, report);
     qint64 rows = 0;
-    bool any = false;
     for (const ModelObject* object : file.objects) {
         share.next(object->weight());
         if (share.isCancelled())
@@ -92,12 +110,8 @@ qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const Ex
             report.note(QStringLiteral("object without a position left out"), object->name, 1, object->name);
             continue;
         }
-        any = true;
         rows += writer.write(*object, &share);
     }
-    if (!any)
-        throw ExportError(file.path, QStringLiteral("none of its objects has a position"),
-                          QStringLiteral("choose objects with coordinates"));
     out.close();
     return rows;
 }

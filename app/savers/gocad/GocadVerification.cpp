@@ -102,7 +102,7 @@ private:
             const double dx = read.x[index] / factor - (*object.x)[vertex];
             const double dy = read.y[index] / factor - (*object.y)[vertex];
             const double dz = up * read.z[index] / factor - (*object.z)[vertex];
-            verification.worstError = std::max(verification.worstError, std::sqrt(dx * dx + dy * dy + dz * dz));
+            verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
         }
     }
 

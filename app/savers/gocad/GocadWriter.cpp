@@ -122,16 +122,21 @@ qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* p
     return m_written;
 }
 
+void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, ExportReport& report)
+{
+    if (!object.hasZ)
+        report.note(QStringLiteral("object without heights written at height 0"), object.name, 1, object.name);
+    if (!settings.header)
+        report.note(QStringLiteral("name and colour not written"), object.name, 1, QStringLiteral("the header was not wanted"));
+}
+
 void GocadWriter::noteLosses()
 {
     m_report.note(QStringLiteral("vertex without a position left out"), m_object->name, m_withoutPosition,
                   QStringLiteral("its height or place is missing"));
     m_report.note(QStringLiteral("value equal to the null value"), m_object->name, m_equalToNull,
                   QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
-    if (!m_object->hasZ)
-        m_report.note(QStringLiteral("object without heights written at height 0"), m_object->name, 1, m_object->name);
-    if (!m_settings.header)
-        m_report.note(QStringLiteral("name and colour not written"), m_object->name, 1, QStringLiteral("the header was not wanted"));
+    noteGocadForm(*m_object, m_settings, m_report);
 }
 
 void GocadWriter::writeHead(GocadKind kind)

@@ -20,6 +20,9 @@ QString gocadObjectName(const QString& name);
 /// The name as one word of a list: blanks and quotes become "_".
 QString gocadWord(const QString& name);
 
+/// Notes what the form of the file and the settings leave out of any object.
+void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, ExportReport& report);
+
 /// Writes model objects one after the other into a GOCAD ASCII file.
 class GocadWriter
 {

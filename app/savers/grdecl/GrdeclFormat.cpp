@@ -24,7 +24,7 @@ void compareLengths(const std::vector<double>& read, const std::vector<double>& 
     }
     for (std::size_t index = 0; index < read.size(); ++index) {
         if (std::isfinite(expected[index]))
-            verification.worstError = std::max(verification.worstError, std::abs(read[index] / factor - expected[index]));
+            verification.differs(read[index] / factor - expected[index]);
     }
 }
 
@@ -78,22 +78,34 @@ SettingsMap GrdeclFormat::settings()
     return map;
 }
 
+void GrdeclFormat::noteUnit(const ModelObject& object, OutputUnit unit, ExportReport& report) const
+{
+    if (m_settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
+        report.note(QStringLiteral("length unit changed"), object.name, 1,
+                    QStringLiteral("%1 is written in %2; GRDECL knows metres and feet").arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
+}
+
 std::vector<PlannedFile> GrdeclFormat::plan(const ExportSelection& selection) const
 {
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
+}
+
+void GrdeclFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    const ModelObject& object = *file.objects.front();
+    if (!object.cells)
+        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name), QStringLiteral("choose a corner-point grid"));
+    noteMissingAttributes(file.objects, selection, losses);
+    noteUnit(object, grdeclUnit(object, m_settings, file.path), losses);
+    noteCornersWithoutDepth(object, file.path, losses);
 }
 
 qint64 GrdeclFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                            ExportReport& report, kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
-    if (!object.cells)
-        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name), QStringLiteral("choose a corner-point grid"));
     noteMissingAttributes(file.objects, selection, report);
-    const OutputUnit unit = grdeclUnit(object, m_settings, file.path);
-    if (m_settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
-        report.note(QStringLiteral("length unit changed"), object.name, 1,
-                    QStringLiteral("%1 is written in %2; GRDECL knows metres and feet").arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
+    noteUnit(object, grdeclUnit(object, m_settings, file.path), report);
     BlockWriter out(path, file.path);
     GrdeclWriter writer(out, object, m_settings, file.path, report);
     if (writer.write(selection, progress))

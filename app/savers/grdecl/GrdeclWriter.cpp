@@ -6,6 +6,7 @@
 #include "app/savers/NumberColumns.h"
 #include "writers/FixedNumber.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace refhost
@@ -28,6 +29,17 @@ std::string commentLine(const QString& text)
     return line.toStdString() + '\n';
 }
 
+/// The cell that a corner's depth belongs to.
+std::size_t cellOf(const CellGrid& grid, std::size_t corner)
+{
+    const auto columns = static_cast<std::size_t>(grid.columns);
+    const auto rows = static_cast<std::size_t>(grid.rows);
+    const std::size_t i = corner % (2 * columns) / 2;
+    const std::size_t j = corner / (2 * columns) % (2 * rows) / 2;
+    const std::size_t k = corner / (8 * columns * rows);
+    return (k * rows + j) * columns + i;
+}
+
 } // namespace
 
 OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file)
@@ -45,6 +57,26 @@ OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& set
     throw ExportError(file, QStringLiteral("GRDECL knows metres and feet only"), QStringLiteral("set lengthUnit to m or ft"));
 }
 
+void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report)
+{
+    const CellGrid& grid = *object.cells;
+    if (std::any_of(grid.coord.begin(), grid.coord.end(), [](double number) { return !std::isfinite(number); }))
+        throw ExportError(file, QStringLiteral("a pillar of the grid %1 has no position").arg(object.name),
+                          QStringLiteral("correct it at its source"));
+    qint64 undefined = 0;
+    for (std::size_t corner = 0; corner < grid.zcorn.size(); ++corner) {
+        if (std::isfinite(grid.zcorn[corner]))
+            continue;
+        ++undefined;
+        const std::size_t cell = cellOf(grid, corner);
+        if (grid.active.empty() || grid.active[cell] != 0)
+            throw ExportError(file, QStringLiteral("cell %1 of the grid %2 is active and has a corner without a depth").arg(cell + 1).arg(object.name),
+                              QStringLiteral("make the cell inactive or give it a depth"));
+    }
+    report.note(QStringLiteral("corner of an inactive cell without a depth written as 0"), object.name, undefined,
+                QStringLiteral("the format has a number for every corner"));
+}
+
 GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings,
                            const QString& file, ExportReport& report)
     : m_out(out)
@@ -56,51 +88,12 @@ GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const Gr
     , m_unit(grdeclUnit(object, settings, file))
     , m_factor(unitFactor(object.lengthUnit, m_unit))
 {
-    checkGeometry();
+    noteCornersWithoutDepth(object, file, report);
+    m_cells = m_grid.zcorn.size() / 8;
     if (settings.origin == GrdeclExportSettings::Origin::Local) {
         m_originX = m_grid.coord[0] * m_factor;
         m_originY = m_grid.coord[1] * m_factor;
     }
-}
-
-std::size_t GrdeclWriter::cellOf(std::size_t corner) const
-{
-    const auto columns = static_cast<std::size_t>(m_grid.columns);
-    const auto rows = static_cast<std::size_t>(m_grid.rows);
-    const std::size_t i = corner % (2 * columns) / 2;
-    const std::size_t j = corner / (2 * columns) % (2 * rows) / 2;
-    const std::size_t k = corner / (8 * columns * rows);
-    return (k * rows + j) * columns + i;
-}
-
-void GrdeclWriter::checkGeometry()
-{
-    if (m_grid.columns < 1 || m_grid.rows < 1 || m_grid.layers < 1)
-        throw ExportError(m_file, QStringLiteral("the grid %1 is empty").arg(m_object.name), QStringLiteral("choose a grid with cells"));
-    const auto columns = static_cast<std::size_t>(m_grid.columns);
-    const auto rows = static_cast<std::size_t>(m_grid.rows);
-    m_cells = columns * rows * static_cast<std::size_t>(m_grid.layers);
-    const bool complete = m_grid.coord.size() == 6 * (columns + 1) * (rows + 1) && m_grid.zcorn.size() == 8 * m_cells
-                          && (m_grid.active.empty() || m_grid.active.size() == m_cells);
-    if (!complete)
-        throw ExportError(m_file, QStringLiteral("the geometry of the grid %1 is not complete").arg(m_object.name),
-                          QStringLiteral("load it again from its source"));
-    for (const double number : m_grid.coord) {
-        if (!std::isfinite(number))
-            throw ExportError(m_file, QStringLiteral("a pillar of the grid %1 has no position").arg(m_object.name),
-                              QStringLiteral("correct it at its source"));
-    }
-    qint64 undefined = 0;
-    for (std::size_t corner = 0; corner < m_grid.zcorn.size(); ++corner) {
-        if (std::isfinite(m_grid.zcorn[corner]))
-            continue;
-        ++undefined;
-        if (isActive(cellOf(corner)))
-            throw ExportError(m_file, QStringLiteral("cell %1 of the grid %2 is active and has a corner without a depth").arg(cellOf(corner) + 1).arg(m_object.name),
-                              QStringLiteral("make the cell inactive or give it a depth"));
-    }
-    m_report.note(QStringLiteral("corner of an inactive cell without a depth written as 0"), m_object.name, undefined,
-                  QStringLiteral("the format has a number for every corner"));
 }
 
 bool GrdeclWriter::write(const ExportSelection& selection, kpBase::AbstractProgress* progress)

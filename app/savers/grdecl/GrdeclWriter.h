@@ -14,6 +14,10 @@ namespace refhost
 /// The unit that a grid is written in: metres or feet. \throws ExportError naming \a file for another one
 OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file);
 
+/// Notes corners of inactive cells that have no depth. \throws ExportError naming \a file when the geometry is not
+/// complete where a cell is active
+void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report);
+
 /// Writes one corner-point grid.
 class GrdeclWriter
 {
@@ -26,15 +30,12 @@ public:
     bool write(const ExportSelection& selection, kpBase::AbstractProgress* progress);
 
 private:
-    void checkGeometry();
     void writeHead();
     bool writeCoordinates(ProgressTicker& progress);
     bool writeDepths(ProgressTicker& progress);
     bool writeActive(ProgressTicker& progress);
     bool writeProperty(const class NumberColumn& column, const QString& keyword, ProgressTicker& progress);
     bool isActive(std::size_t cell) const { return m_grid.active.empty() || m_grid.active[cell] != 0; }
-    /// The cell that a corner's depth belongs to.
-    std::size_t cellOf(std::size_t corner) const;
 
     BlockWriter& m_out;
     const ModelObject& m_object;

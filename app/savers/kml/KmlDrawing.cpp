@@ -4,6 +4,7 @@
 #include "app/readers/CoordinateSystems.h"
 #include "app/savers/AttributeTable.h"
 #include "app/savers/kml/KmlDocumentWriter.h"
+#include "app/savers/kml/KmlLosses.h"
 #include "app/savers/kml/KmlPlacemark.h"
 #include "app/savers/OutputUnit.h"
 
@@ -118,20 +119,6 @@ void KmlDrawing::noteLeftOut(const ModelObject& object, const PositionReader& re
                   QStringLiteral("vertex %1 has no height or no place on the earth").arg(reader.firstLeftOut()));
 }
 
-void KmlDrawing::noteVertexAttributes(const ModelObject& object)
-{
-    if (!m_settings.attributes)
-        return;
-    qint64 lost = 0;
-    QString first;
-    for (const AttributeColumn& column : object.vertexAttributes) {
-        if (m_selection->wantsAttribute(column.name) && lost++ == 0)
-            first = column.name;
-    }
-    m_report.note(QStringLiteral("attribute of vertices not written"), object.name, lost,
-                  QStringLiteral("first %1").arg(first));
-}
-
 /// Writes what is in \a block and the rest of a line or ring.
 void KmlDrawing::streamPositions(PositionReader& reader, int& next, int end, PositionBlock& block)
 {
@@ -170,7 +157,7 @@ void KmlDrawing::drawLines(const ModelObject& object)
     placemark.close();
     m_report.note(QStringLiteral("line of fewer than two points left out"), object.name, tooShort, object.name);
     noteLeftOut(object, reader);
-    noteVertexAttributes(object);
+    noteVertexAttributes(object, m_settings, *m_selection, m_report);
 }
 
 void KmlDrawing::drawPolygons(const ModelObject& object)
@@ -215,7 +202,7 @@ void KmlDrawing::drawPolygons(const ModelObject& object)
     m_report.note(QStringLiteral("ring closed"), object.name, closed,
                   QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
-    noteVertexAttributes(object);
+    noteVertexAttributes(object, m_settings, *m_selection, m_report);
 }
 
 void KmlDrawing::drawPoints(const ModelObject& object)
@@ -275,7 +262,7 @@ void KmlDrawing::drawWell(const ModelObject& object)
     m_ticker.step(object.vertexCount());
     placemark.close();
     noteLeftOut(object, reader);
-    noteVertexAttributes(object);
+    noteVertexAttributes(object, m_settings, *m_selection, m_report);
 }
 
 } // namespace refhost

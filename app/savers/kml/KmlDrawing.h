@@ -50,7 +50,6 @@ private:
     void drawSegment(const ModelObject& object, const SectionSegment& segment);
     void streamPositions(PositionReader& reader, int& next, int end, PositionBlock& block);
     void noteLeftOut(const ModelObject& object, const PositionReader& reader);
-    void noteVertexAttributes(const ModelObject& object);
 
     KmlSink& m_sink;
     const KmlExportSettings& m_settings;

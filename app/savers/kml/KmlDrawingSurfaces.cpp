@@ -2,6 +2,7 @@
 // Surfaces, sections and the bounding area of a KML document.
 #include "app/savers/kml/GridPicture.h"
 #include "app/savers/kml/KmlDrawing.h"
+#include "app/savers/kml/KmlLosses.h"
 #include "app/savers/kml/KmlPlacemark.h"
 
 #include <algorithm>
@@ -56,7 +57,7 @@ void KmlDrawing::drawMesh(const ModelObject& object)
     placemark.close();
     m_report.note(QStringLiteral("triangle left out"), object.name, leftOut,
                   QStringLiteral("a corner has no place on the earth"));
-    noteVertexAttributes(object);
+    noteVertexAttributes(object, m_settings, *m_selection, m_report);
 }
 
 void KmlDrawing::drawSurface(const ModelObject& object)
@@ -80,7 +81,7 @@ void KmlDrawing::drawSurface(const ModelObject& object)
     if (picture->coarser)
         m_report.note(QStringLiteral("picture coarser than the grid"), object.name, 1,
                       QStringLiteral("%1 x %2 pixels").arg(picture->image.width()).arg(picture->image.height()));
-    noteVertexAttributes(object);
+    noteVertexAttributes(object, m_settings, *m_selection, m_report);
 }
 
 /// The trace and, where heights are written, what is drawn on the section.
@@ -100,12 +101,8 @@ void KmlDrawing::drawSection(const ModelObject& object)
     noteLeftOut(object, reader);
     if (!object.section)
         return;
-    if (m_settings.altitudeMode == AltitudeMode::Clamp) {
-        m_report.note(QStringLiteral("line on a section left out"), object.name,
-                      static_cast<qint64>(object.section->segments.size()),
-                      QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
+    if (noteLinesOnGround(object, m_settings, m_report))
         return;
-    }
     for (const SectionSegment& segment : object.section->segments) {
         if (!stopped())
             drawSegment(object, segment);

@@ -5,6 +5,7 @@
 #include "app/readers/CoordinateSystems.h"
 #include "app/savers/kml/KmlDocumentWriter.h"
 #include "app/savers/kml/KmlDrawing.h"
+#include "app/savers/kml/KmlLosses.h"
 #include "app/savers/kml/KmlReadBack.h"
 #include "app/savers/kml/KmzArchive.h"
 
@@ -39,6 +40,22 @@ QString pictureName(const QString& path, bool inArchive, int number)
 {
     return (inArchive ? QStringLiteral("picture") : QFileInfo(path).completeBaseName()) + QLatin1Char('.')
            + pictureExtension(number);
+}
+
+/// Whether an object of the type is a single placemark, with one table of attributes.
+bool hasOnePlacemark(ObjectType type)
+{
+    switch (type) {
+    case ObjectType::Polygons:
+    case ObjectType::Polylines:
+    case ObjectType::Wells:
+    case ObjectType::MeshSurfaces:
+    case ObjectType::GridSurfaces:
+    case ObjectType::Images:
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool isDevice(const QString& path)
@@ -135,6 +152,41 @@ void KmlFormat::requireSystems(const PlannedFile& file) const
             cure);
 }
 
+void KmlFormat::requireDrawable(const PlannedFile& file) const
+{
+    int pictures = 0;
+    bool any = false;
+    for (const ModelObject* object : file.objects) {
+        const bool drawable = undrawable(*object).isEmpty();
+        any = any || drawable;
+        const bool surface = object->type == ObjectType::GridSurfaces || object->type == ObjectType::Images;
+        pictures += drawable && surface ? 1 : 0;
+    }
+    const ModelObject& first = *file.objects.front();
+    if (!any)
+        throw ExportError(file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first)),
+                          QStringLiteral("check its type in the model file, or choose another object"));
+    if (pictures > mostPictures && !archived(file.path))
+        throw ExportError(file.path, QStringLiteral("there are more than %1 surfaces").arg(mostPictures),
+                          QStringLiteral("set compress=true or grouping=object"));
+}
+
+void KmlFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    requireSystems(file);
+    requireDrawable(file);
+    TransformCache transforms(wktOf(QStringLiteral("EPSG:4326")));
+    const QString own = wktOf(m_settings.crs);
+    for (const ModelObject* object : file.objects) {
+        transforms.from(object->crs.isEmpty() ? own : object->crs);
+        const QString fault = undrawable(*object);
+        losses.note(QStringLiteral("object left out"), object->name, fault.isEmpty() ? 0 : 1, fault);
+        noteLinesOnGround(*object, m_settings, losses);
+        if (fault.isEmpty() && hasOnePlacemark(object->type))
+            noteVertexAttributes(*object, m_settings, selection, losses);
+    }
+}
+
 qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document, const ExportSelection& selection,
                                 ExportReport& report, ProgressTicker& ticker) const
 {
@@ -146,10 +198,7 @@ qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document
     int kept = 0;
     const auto keep = [&](const QImage& image) {
         const bool inArchive = archived(file.path);
-        if (++kept > mostPictures && !inArchive)
-            throw ExportError(file.path, QStringLiteral("there are more than %1 surfaces").arg(mostPictures),
-                              QStringLiteral("set compress=true or grouping=object"));
-        const QString name = pictureName(document, inArchive, kept);
+        const QString name = pictureName(document, inArchive, ++kept);
         if (isDevice(document) || !image.save(QFileInfo(document).absoluteDir().filePath(name), "PNG"))
             throw ExportError(file.path, QStringLiteral("the picture %1 could not be written").arg(name),
                               QStringLiteral("make room on the disk or choose another"));
@@ -167,7 +216,6 @@ qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document
 qint64 KmlFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                         ExportReport& report, kpBase::AbstractProgress* progress)
 {
-    requireSystems(file);
     ProgressTicker ticker(progress, weightOf(file.objects));
     if (!archived(file.path))
         return writeDocument(file, path, selection, report, ticker);

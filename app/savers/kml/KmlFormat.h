@@ -18,6 +18,7 @@ public:
     SettingsMap settings() override;
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
     QStringList sidecars() const override;
+    void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
     qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
                  kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
@@ -25,6 +26,7 @@ public:
 private:
     bool archived(const QString& path) const;
     void requireSystems(const PlannedFile& file) const;
+    void requireDrawable(const PlannedFile& file) const;
     qint64 writeDocument(const PlannedFile& file, const QString& document, const ExportSelection& selection,
                          ExportReport& report, ProgressTicker& ticker) const;
 

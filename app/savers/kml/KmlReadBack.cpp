@@ -172,7 +172,7 @@ void KmlReadBack::compare(double longitude, double latitude, double height)
     const double east = (m_places[m_next].x - longitude) * std::cos(latitude * M_PI / 180.0) * metresPerDegree;
     const double north = (m_places[m_next].y - latitude) * metresPerDegree;
     const double up = m_hasHeights ? m_heights[m_next] - height : 0.0;
-    m_result.worstError = std::max(m_result.worstError, std::hypot(east, north, up));
+    m_result.differs(std::hypot(east, north, up));
     ++m_next;
 }
 
@@ -184,7 +184,7 @@ void KmlReadBack::overlay(const QString& name, const QString&, const QString&, c
     m_feature->GetGeometryRef()->getEnvelope(&envelope);
     const double worst = std::max({std::abs(envelope.MinX - box.west), std::abs(envelope.MaxX - box.east),
                                    std::abs(envelope.MinY - box.south), std::abs(envelope.MaxY - box.north)});
-    m_result.worstError = std::max(m_result.worstError, worst * metresPerDegree);
+    m_result.differs(worst * metresPerDegree);
 }
 
 void KmlReadBack::checkPicture(const QString& name, const QImage& image)

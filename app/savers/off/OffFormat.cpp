@@ -117,14 +117,20 @@ std::vector<PlannedFile> OffFormat::plan(const ExportSelection& selection) const
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
 }
 
+void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportReport& losses) const
+{
+    const ModelObject& object = *file.objects.front();
+    if (!hasAnyFace(object))
+        throw ExportError(file.path, QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
+                          QStringLiteral("choose a surface with values, or export its points as ASCII"));
+    noteAttributesLeftOut(object, losses);
+}
+
 qint64 OffFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport& report,
                         kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
     const SurfaceMesh mesh(object);
-    if (mesh.triangleCount() == 0)
-        throw ExportError(file.path, QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
-                          QStringLiteral("choose a surface with values, or export its points as ASCII"));
     noteLosses(object, mesh, report);
     ProgressTicker loop(progress, static_cast<double>(object.vertexCount() + mesh.triangleCount()));
     BlockWriter out(path, file.path);
@@ -167,7 +173,7 @@ Verification OffFormat::verify(const PlannedFile& file, const QString& path, con
         const double dx = (*read.x)[next] / factor - (*object.x)[index];
         const double dy = (*read.y)[next] / factor - (*object.y)[index];
         const double dz = up * (*read.z)[next] / factor - (*object.z)[index];
-        verification.worstError = std::max(verification.worstError, std::sqrt(dx * dx + dy * dy + dz * dz));
+        verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
         ++next;
     }
     next = 0;

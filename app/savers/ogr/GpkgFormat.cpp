@@ -87,13 +87,17 @@ OgrTraits GpkgFormat::traits() const
     return traits;
 }
 
-void GpkgFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>&) const
 {
     // SQLite keeps a journal beside the file, under its name and nine bytes more.
     constexpr int longestName = 255 - 9;
-    if (QFileInfo(output.file.path).fileName().toUtf8().size() > longestName)
-        throw ExportError(output.file.path, QStringLiteral("the name is too long for a GeoPackage"),
+    if (QFileInfo(file.path).fileName().toUtf8().size() > longestName)
+        throw ExportError(file.path, QStringLiteral("the name is too long for a GeoPackage"),
                           QStringLiteral("shorten it to %1 bytes").arg(longestName));
+}
+
+void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+{
     if (!m_settings.spatialIndex)
         options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
 }

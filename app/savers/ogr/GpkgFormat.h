@@ -17,6 +17,7 @@ public:
 protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
+    void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const override;
     void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
               const kpBase::AbstractProgress* progress) const override;
     QString noSystem() const override;

@@ -2,6 +2,7 @@
 #include "app/savers/ogr/OgrFormat.h"
 
 #include "app/jobs/ExportError.h"
+#include "app/jobs/Foresight.h"
 #include "app/jobs/SafeNames.h"
 #include "app/jobs/ShareOfProgress.h"
 #include "app/readers/CoordinateSystems.h"
@@ -109,6 +110,13 @@ void noteRefusals(const std::vector<OGRRefusal>& refusals, ExportReport& report)
         else if (refusal.taken)
             report.note(QStringLiteral("changed by the driver"), QString(), 1, refusal.message);
     }
+}
+
+/// A driver would put a file in the device's place.
+void refuseDevice(const QString& path, const OgrTraits& able)
+{
+    if (isDevice(path))
+        throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind), QStringLiteral("give the name of a file"));
 }
 
 /// What made the exporter give up.
@@ -227,18 +235,20 @@ OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& se
 
 void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&, const kpBase::AbstractProgress*) const {}
 
-void OgrFormat::noteSystems(Output& output, ExportReport& report) const
+void OgrFormat::requireHoldable(const PlannedFile&, const std::vector<OgrLayer>&) const {}
+
+void OgrFormat::noteSystems(const PlannedFile& file, OgrSystems& systems, ExportReport& report) const
 {
     // What the user has asked for need not be told.
     const bool asked = !m_settings.crs.isEmpty();
-    const QString target = output.systems.target();
-    for (const ModelObject* object : output.file.objects) {
+    const QString target = systems.target();
+    for (const ModelObject* object : file.objects) {
         try {
-            if (output.systems.to(*object) && !asked && output.systems.followsObjects())
+            if (systems.to(*object) && !asked && systems.followsObjects())
                 report.note(QStringLiteral("transformed"), object->name, object->vertexCount(),
                             QStringLiteral("from %1 to %2").arg(crsName(object->crs), crsName(target)));
         } catch (const std::exception& error) {
-            throw ExportError(output.file.path, QStringLiteral("%1: %2").arg(object->name, QString::fromUtf8(error.what())),
+            throw ExportError(file.path, QStringLiteral("%1: %2").arg(object->name, QString::fromUtf8(error.what())),
                               QStringLiteral("leave the object out, or give another crs"));
         }
         if (!asked && object->crs.isEmpty() && !target.isEmpty())
@@ -252,7 +262,7 @@ OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& pat
 {
     const OgrTraits able = traits();
     Output output{file, path, ogrLayers(file.objects, m_settings, able.heights), {}, {}, systems(file, selection)};
-    noteSystems(output, report);
+    noteSystems(file, output.systems, report);
     if (!able.heights)
         noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, report);
     for (const OgrLayer& layer : output.layers)
@@ -260,13 +270,26 @@ OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& pat
     return output;
 }
 
+void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    const OgrTraits able = traits();
+    refuseDevice(file.path, able);
+    requirePositions(file);
+    const std::vector<OgrLayer> layers = ogrLayers(file.objects, m_settings, able.heights);
+    requireHoldable(file, layers);
+    OgrSystems ways = systems(file, selection);
+    noteSystems(file, ways, losses);
+    if (!able.heights)
+        noteDroppedHeights(layers, m_settings.attributes && m_settings.zField, losses);
+    for (const OgrLayer& layer : layers)
+        ogrColumns(layer, selection, m_settings, able, losses);
+}
+
 qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                         ExportReport& report, kpBase::AbstractProgress* progress)
 {
     const OgrTraits able = traits();
-    if (isDevice(path))
-        throw ExportError(file.path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
-                          QStringLiteral("give the name of a file"));
+    refuseDevice(path, able);
     registerGdalDrivers();
     Output output = prepare(file, path, selection, report, progress);
     OGRExporterOptions options = hostOptions(m_settings, able);

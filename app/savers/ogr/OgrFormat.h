@@ -18,6 +18,7 @@ class OgrFormat : public ExportFormat
 {
 public:
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
+    void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
     qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                  ExportReport& report, kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
@@ -39,6 +40,8 @@ protected:
     virtual QStringList extensions() const = 0;
     /// The systems of an output. \throws ExportError
     virtual OgrSystems systems(const PlannedFile& file, const ExportSelection& selection) const;
+    /// What else the driver will refuse. \throws ExportError
+    virtual void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const;
     /// Creation options of the driver, made for the data. Stops early when the user cancels.
     virtual void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
                       const kpBase::AbstractProgress* progress) const;
@@ -64,7 +67,7 @@ protected:
 private:
     Output prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
                    const kpBase::AbstractProgress* progress) const;
-    void noteSystems(Output& output, ExportReport& report) const;
+    void noteSystems(const PlannedFile& file, OgrSystems& systems, ExportReport& report) const;
 };
 
 /// Throws that the file could not be written completely. \throws ExportError

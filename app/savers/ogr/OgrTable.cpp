@@ -220,12 +220,11 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
     return column.kind == AttributeKind::Real ? QVariant(number) : QVariant(value.toInt());
 }
 
-OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress)
+std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
+                                  const OgrTraits& traits, ExportReport& report)
 {
-    OgrTable table;
     if (!settings.attributes)
-        return table;
+        return {};
     Collector collector(selection);
     for (const ModelObject* object : layer.objects) {
         if (layer.shape == OgrShape::Points) {
@@ -236,13 +235,21 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
             collector.add(attribute.name, attribute.kind, attribute.unit);
     }
     collector.noteMissing(layer, report);
-    table.columns = std::move(collector.columns);
-    addOwnColumns(table.columns, layer, settings, traits);
-    dropSuperfluous(table.columns, traits.mostFields, report);
-    nameFields(table.columns, settings, traits, report);
+    std::vector<OgrColumn> columns = std::move(collector.columns);
+    addOwnColumns(columns, layer, settings, traits);
+    dropSuperfluous(columns, traits.mostFields, report);
+    nameFields(columns, settings, traits, report);
+    noteWhatHasNoField(layer, selection, report);
+    return columns;
+}
+
+OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
+                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress)
+{
+    OgrTable table;
+    table.columns = ogrColumns(layer, selection, settings, traits, report);
     if (settings.dipInType)
         prepareDips(table);
-    noteWhatHasNoField(layer, selection, report);
     qint64 booleans = 0;
     QString firstBoolean;
     for (OgrColumn& column : table.columns) {

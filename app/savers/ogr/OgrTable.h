@@ -54,6 +54,11 @@ struct OgrTable
     QVector<kpBaseExport::OGRAttributeInfo> fields() const;
 };
 
+/// The fields of a layer as the objects' attributes name them: kinds that fit all, names that the driver takes, no more
+/// than it holds. Notes in \a report what has no field.
+std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
+                                  const OgrTraits& traits, ExportReport& report);
+
 /// Looks at every value once and notes in \a report what the fields cannot hold. Of no use when the user cancels.
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
                   const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/ogr/ShpFormat.h"
 
+#include "app/jobs/ExportError.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -13,6 +15,24 @@ namespace
 {
 
 constexpr int headerSize = 100;
+
+/// Places in a .shp are counted in words of 16 bits, by 31 bits of a number.
+constexpr qint64 largestFile = Q_INT64_C(1) << 32;
+/// What many readers take of any part of a Shapefile.
+constexpr qint64 largestForMost = Q_INT64_C(1) << 31;
+
+/// Bytes of an object's records: a head of 8 each, then the numbers of the geometry. Cells of a grid count for nothing,
+/// since those without values are not written.
+qint64 recordBytes(const OgrLayer& layer, const ModelObject& object)
+{
+    const qint64 vertices = object.vertexCount();
+    if (layer.shape == OgrShape::Points)
+        return object.grid ? 0 : vertices * (layer.hasZ ? 44 : 28);
+    if (!asCells(layer, object))
+        return vertices * (layer.hasZ ? 24 : 16);
+    const qint64 triangle = 8 + 44 + 4 + 4 * 16 + (layer.hasZ ? 16 + 4 * 8 : 0);
+    return object.grid ? 0 : featuresOf(layer, object) * triangle;
+}
 
 QByteArray head(const QString& path)
 {
@@ -104,6 +124,18 @@ OgrTraits ShpFormat::traits() const
     return traits;
 }
 
+void ShpFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const
+{
+    qint64 bytes = 0;
+    for (const OgrLayer& layer : layers) {
+        for (const ModelObject* object : layer.objects)
+            bytes += recordBytes(layer, *object);
+    }
+    if (bytes > largestFile)
+        throw ExportError(file.path, QStringLiteral("a Shapefile holds no more than 4 GB, and this one would have %1 MB").arg(bytes / 1000000),
+                          QStringLiteral("set grouping=object, or export as GeoPackage"));
+}
+
 void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
@@ -114,6 +146,11 @@ void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportR
 void ShpFormat::check(const Output& output, ExportReport& report) const
 {
     const QString base = output.path.left(output.path.size() - 4);
+    for (const char* extension : {".shp", ".dbf"}) {
+        const qint64 size = QFileInfo(base + QString::fromLatin1(extension)).size();
+        report.note(QStringLiteral("larger than 2 GB"), QString(), size >= largestForMost ? 1 : 0,
+                    QStringLiteral("%1; many programs read no more of it").arg(QString::fromLatin1(extension)));
+    }
     for (const char* extension : {".shp", ".shx"}) {
         const QString path = base + QString::fromLatin1(extension);
         if (toldSize(path) != QFileInfo(path).size())

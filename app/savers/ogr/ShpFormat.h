@@ -18,6 +18,7 @@ public:
 protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
+    void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const override;
     void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
               const kpBase::AbstractProgress* progress) const override;
     void check(const Output& output, ExportReport& report) const override;

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/savers/ogr/TabFormat.h"
 
+#include "app/savers/OutputUnit.h"
 #include "host/data/AbstractProgress.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
 #include <QtEndian>
+
+#include <ogr_spatialref.h>
 
 #include <algorithm>
 #include <cmath>
@@ -84,6 +87,17 @@ qint64 numberAt(const QByteArray& bytes, int place, int size)
     return size == 4 ? qFromLittleEndian<quint32>(bytes.constData() + place) : qFromLittleEndian<quint16>(bytes.constData() + place);
 }
 
+/// The step from which on the grid takes something from a position: a millimetre, in the unit of the coordinates.
+double noticedStep(const QString& system, const ModelObject& first)
+{
+    constexpr double millimetre = 0.001;
+    constexpr double millimetreInDegrees = 1e-8;
+    OGRSpatialReference reference;
+    if (system.isEmpty() || reference.SetFromUserInput(system.toUtf8().constData()) != OGRERR_NONE)
+        return millimetre / unitFactor(first.lengthUnit, OutputUnit::Metre);
+    return reference.IsGeographic() ? millimetreInDegrees : millimetre / reference.GetLinearUnits();
+}
+
 } // namespace
 
 FormatInfo TabFormat::info() const
@@ -150,8 +164,10 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& 
     if (!bounds.isEmpty()) {
         bounds.widen();
         options.layerOptions.append(QStringLiteral("BOUNDS=") + bounds.text());
-        report.note(QStringLiteral("coordinates on a grid"), QString(), count,
-                    QStringLiteral("its step is %1 of the coordinates' unit").arg(bounds.step(), 0, 'g', 3));
+        if (bounds.step() > noticedStep(output.systems.target(), *output.file.objects.front()))
+            report.note(QStringLiteral("coordinates on a grid"), QString(), count,
+                        QStringLiteral("its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
+                            .arg(bounds.step(), 0, 'g', 3));
     }
     QString characters;
     for (const OgrTable& table : output.tables)

@@ -115,19 +115,17 @@ DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
     return std::make_shared<const std::vector<double>>(std::move(values));
 }
 
-/// The largest difference of two lists of numbers; infinite when one is longer.
+/// Compares two lists of numbers; one that is longer differs without end.
 template <std::size_t count>
-double worstOf(const std::vector<std::array<double, count>>& read,
-               const std::array<DoubleMatrixData::Values, count>& columns)
+void compare(const std::vector<std::array<double, count>>& read,
+             const std::array<DoubleMatrixData::Values, count>& columns, Verification& result)
 {
-    double worst = 0;
     for (std::size_t column = 0; column < count; ++column) {
         if (columns[column]->size() != read.size())
-            return HUGE_VAL;
+            return result.differs(HUGE_VAL);
         for (std::size_t row = 0; row < read.size(); ++row)
-            worst = std::max(worst, std::abs(read[row][column] - (*columns[column])[row]));
+            result.differs(read[row][column] - (*columns[column])[row]);
     }
-    return worst;
 }
 
 DoubleMatrixData::Values negated(const DoubleMatrixData::Values& values)
@@ -207,6 +205,27 @@ const ModelObject& OpenTecFormat::traceOf(const ModelObject& section, const Expo
     return m_settings.traceLine.isEmpty() ? section : *findSection(selection, m_settings.traceLine);
 }
 
+void OpenTecFormat::noteForm(const ModelObject& object, ExportReport& report) const
+{
+    if (object.section->segments.empty())
+        report.note(QStringLiteral("section without lines"), object.name, 1,
+                    QStringLiteral("the file holds its trace only"));
+    const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
+    if (unit != QLatin1String("m"))
+        report.note(QStringLiteral("unit not stated"), object.name, 1,
+                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+}
+
+void OpenTecFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+{
+    requireNames(file, selection);
+    const ModelObject& object = *file.objects.front();
+    if (!object.section)
+        throw ExportError(file.path, QStringLiteral("the section %1 has nothing drawn on it").arg(object.name),
+                          QStringLiteral("choose a section that the model file cuts"));
+    noteForm(object, losses);
+}
+
 qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
                             ExportReport& report, kpBase::AbstractProgress* progress)
 {
@@ -237,13 +256,7 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
         report.note(QStringLiteral("position left out"), object.name, columns.leftOut,
                     QStringLiteral("on the line of %1").arg(segment.name));
     }
-    if (object.section->segments.empty())
-        report.note(QStringLiteral("section without lines"), object.name, 1,
-                    QStringLiteral("the file holds its trace only"));
-    const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
-    if (unit != QLatin1String("m"))
-        report.note(QStringLiteral("unit not stated"), object.name, 1,
-                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+    noteForm(object, report);
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));
@@ -252,7 +265,7 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
     if (writer.writeFailed())
         throw ExportError(file.path, QStringLiteral("the file could not be written completely"),
                           QStringLiteral("make room on the disk or choose another"));
-    return points;
+    return points > 0 ? points : trace.vertexCount();
 }
 
 Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
@@ -273,15 +286,14 @@ Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path,
                                     QString::number(read.segments.size()));
             return result;
         }
-        result.worstError = worstOf<2>(read.trace, {scaled(trace.x, traceFactor), scaled(trace.y, traceFactor)});
+        compare<2>(read.trace, {scaled(trace.x, traceFactor), scaled(trace.y, traceFactor)}, result);
         for (std::size_t index = 0; index < segments.size(); ++index) {
             const SectionColumns columns = columnsOf(object.section, segments[index], factor);
             const OpenTecSection::Segment& line = read.segments[index];
             if (line.name != oneLine(segments[index].name) || line.color != segments[index].color.name()
                 || line.type != typeName(segments[index].type))
                 result.fault = QStringLiteral("line %1 was read as %2").arg(segments[index].name, line.name);
-            result.worstError = std::max(
-                result.worstError, worstOf<3>(line.points, {columns.distance, columns.across, negated(columns.z)}));
+            compare<3>(line.points, {columns.distance, columns.across, negated(columns.z)}, result);
             result.count += static_cast<qint64>(line.points.size());
         }
         // Half of the last decimal, and what a double of seven digits cannot tell apart.

@@ -40,7 +40,8 @@ struct Survey
     qint64 equalToNull = 0;
 };
 
-Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings)
+/// \throws ExportError naming \a file when a value is too wide
+Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const QString& file)
 {
     Survey survey;
     double least = 0.0;
@@ -60,6 +61,9 @@ Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings)
     }
     for (const double value : {least, most, settings.nullValue})
         survey.width = std::max(survey.width, fixedText(value, settings.decimals).size() + 1);
+    if (survey.width > widestField)
+        throw ExportError(file, QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
+                          QStringLiteral("choose fewer decimals or a smaller nullValue"));
     return survey;
 }
 
@@ -159,7 +163,7 @@ void compareValues(GDALDataset& dataset, const ZMapGrid& grid, Verification& ver
                 return;
             }
             if (std::isfinite(expected))
-                verification.worstError = std::max(verification.worstError, std::abs((read - expected) / grid.valueFactor()));
+                verification.differs((read - expected) / grid.valueFactor());
             ++verification.count;
         }
     }
@@ -178,7 +182,7 @@ void comparePlaces(GDALDataset& dataset, const ZMapGrid& grid, Verification& ver
     const double north = transform[3] + 0.5 * transform[5];
     const double south = north + (grid.rows() - 1) * transform[5];
     for (const double error : {west - grid.west(), east - grid.east(), north - grid.north(), south - grid.south()})
-        verification.worstError = std::max(verification.worstError, std::abs(error / grid.lengthFactor()));
+        verification.differs(error / grid.lengthFactor());
 }
 
 } // namespace
@@ -216,15 +220,19 @@ std::vector<PlannedFile> ZMapFormat::plan(const ExportSelection& selection) cons
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
 }
 
+void ZMapFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportReport& losses) const
+{
+    const ModelObject& object = *file.objects.front();
+    const ZMapGrid grid(object, m_settings, file.path);
+    noteLosses(object, m_settings, surveyOf(grid, m_settings, file.path), losses);
+}
+
 qint64 ZMapFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport& report,
                          kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
     const ZMapGrid grid(object, m_settings, file.path);
-    const Survey survey = surveyOf(grid, m_settings);
-    if (survey.width > widestField)
-        throw ExportError(file.path, QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
-                          QStringLiteral("choose fewer decimals or a smaller nullValue"));
+    const Survey survey = surveyOf(grid, m_settings, file.path);
     noteLosses(object, m_settings, survey, report);
     ProgressTicker loop(progress, object.vertexCount());
     BlockWriter out(path, file.path);
