@@ -146,8 +146,8 @@ void QExportSpecification::addShortcuts()
         button->setShortcut(keys);
         button->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
     };
-    name(m_toFieldButton, tr("Add to the layout"), QKeySequence(Qt::ALT + Qt::Key_Right));
-    name(m_toAttributeButton, tr("Take out of the layout"), QKeySequence(Qt::ALT + Qt::Key_Left));
+    name(m_toFieldButton, tr("Add to the layout"), QKeySequence(Qt::ALT | Qt::Key_Right));
+    name(m_toAttributeButton, tr("Take out of the layout"), QKeySequence(Qt::ALT | Qt::Key_Left));
     m_loadFormatButton->setAccessibleName(tr("Load Format File"));
     m_loadFormatButton->setShortcut(QKeySequence::Open);
     m_saveFormatButton->setAccessibleName(tr("Save Format File"));
@@ -168,11 +168,11 @@ void QExportSpecification::addShortcuts()
         });
     }
     // The arrow button lies on the other page.
-    onKey(m_columnTable, Qt::ALT + Qt::Key_Left, [this] { onToAttributeClicked(); });
+    onKey(m_columnTable, Qt::ALT | Qt::Key_Left, [this] { onToAttributeClicked(); });
     for (QESSpecificationTableWidget* table : {m_fieldTable, m_columnTable}) {
         onKey(table, Qt::Key_Delete, [this] { onToAttributeClicked(); });
-        onKey(table, Qt::ALT + Qt::Key_Up, [this, table] { moveField(table->currentRow(), table->currentRow() - 1); });
-        onKey(table, Qt::ALT + Qt::Key_Down, [this, table] { moveField(table->currentRow(), table->currentRow() + 1); });
+        onKey(table, Qt::ALT | Qt::Key_Up, [this, table] { moveField(table->currentRow(), table->currentRow() - 1); });
+        onKey(table, Qt::ALT | Qt::Key_Down, [this, table] { moveField(table->currentRow(), table->currentRow() + 1); });
     }
 }
 

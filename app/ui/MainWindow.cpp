@@ -104,9 +104,9 @@ void MainWindow::buildActions()
     };
     bar->addAction(add(file, tr("&Open..."), "openAction", QKeySequence::Open, [this] { chooseModel(); }));
     m_needObjects = {
-        add(file, tr("&Export..."), "exportAction", QKeySequence(Qt::CTRL + Qt::Key_E), [this] { exportObjects(); }),
-        add(view, tr("Zoom to &All"), "zoomAction", QKeySequence(Qt::CTRL + Qt::Key_0), [this] { m_map->zoomTo(); }),
-        add(view, tr("Zoom to &Selection"), "zoomSelectionAction", QKeySequence(Qt::CTRL + Qt::Key_9), [this] {
+        add(file, tr("&Export..."), "exportAction", QKeySequence(Qt::CTRL | Qt::Key_E), [this] { exportObjects(); }),
+        add(view, tr("Zoom to &All"), "zoomAction", QKeySequence(Qt::CTRL | Qt::Key_0), [this] { m_map->zoomTo(); }),
+        add(view, tr("Zoom to &Selection"), "zoomSelectionAction", QKeySequence(Qt::CTRL | Qt::Key_9), [this] {
             const std::set<int>& ids = m_context.selectedIds;
             if (!ids.empty())
                 m_map->zoomTo({ids.begin(), ids.end()});

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void surfaces();
     void degenerate();
     void geoPackageWithoutSystem();
+    void geoPackageNames();
 };
 
 void OgrLimitsTest::names_data()
@@ -370,6 +371,15 @@ void OgrLimitsTest::geoPackageWithoutSystem()
     QCOMPARE(row->GetFieldAsInteger(0), -1);
     source->ReleaseResultSet(ids);
     QCOMPARE(loaded(run.files.front().path).front().crs, QString());
+}
+
+void OgrLimitsTest::geoPackageNames()
+{
+    for (const char* name : {"gpkg", "SQLite_x", "rtree_o_geom", "layer_styles"}) {
+        const SaverRun run("gpkg", {cloudOf(QStringLiteral("o"), {500000})}, path(name) + QStringLiteral(".gpkg"));
+        QCOMPARE(run.fault() + run.findings(), QStringLiteral("renamed: 1"));
+        QCOMPARE(QByteArray(openVector(run.files.front().path)->GetLayer(0)->GetName()), QByteArray("data_") + name);
+    }
 }
 
 QTEST_GUILESS_MAIN(OgrLimitsTest)

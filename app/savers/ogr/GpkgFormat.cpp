@@ -82,6 +82,9 @@ OgrTraits GpkgFormat::traits() const
     traits.driver = QStringLiteral("GPKG");
     traits.fileKind = QStringLiteral("GeoPackage");
     traits.names.reserved = QStringList{QStringLiteral("fid"), QStringLiteral("geom")};
+    // The database keeps tables of its own under these, and its styles in the last.
+    traits.reserved = QStringList{QStringLiteral("gpkg"), QStringLiteral("sqlite_"), QStringLiteral("rtree_"),
+                                  QStringLiteral("layer_styles")};
     traits.mostFields = 1990; // SQLite has 2000 columns in a table
     traits.manyLayers = true;
     return traits;

@@ -48,9 +48,18 @@ QString withOneOf(const QString& path, const QStringList& extensions)
     return path.left(path.size() - suffix.size()) + suffix;
 }
 
-QString layerName(const QString& path, const OgrLayer& layer, bool single)
+/// The name of one of the layers of a file, which is the file's where the format leaves it free.
+QString layerName(const QString& path, const OgrLayer& layer, bool single, const OgrTraits& able, ExportReport& report)
 {
-    return QFileInfo(single ? path : OGRExporter::layerFileName(path, layer.type())).completeBaseName();
+    const QString wanted = QFileInfo(single ? path : OGRExporter::layerFileName(path, layer.type())).completeBaseName();
+    const bool reserved = std::any_of(able.reserved.begin(), able.reserved.end(), [&wanted](const QString& beginning) {
+        return wanted.startsWith(beginning, Qt::CaseInsensitive);
+    });
+    if (!reserved)
+        return wanted;
+    const QString name = QStringLiteral("data_") + wanted;
+    report.note(QStringLiteral("renamed"), QString(), 1, QStringLiteral("layer %1 is written as %2").arg(wanted, name));
+    return name;
 }
 
 /// The progress of several layers as one: the exporter starts again with each.
@@ -281,8 +290,10 @@ void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
     noteSystems(file, ways, losses);
     if (!able.heights)
         noteDroppedHeights(layers, m_settings.attributes && m_settings.zField, losses);
-    for (const OgrLayer& layer : layers)
+    for (const OgrLayer& layer : layers) {
+        layerName(file.path, layer, layers.size() == 1, able, losses);
         ogrColumns(layer, selection, m_settings, able, losses);
+    }
 }
 
 qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
@@ -302,7 +313,8 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
     for (std::size_t index = 0; index < output.layers.size(); ++index) {
         const OgrLayer& layer = output.layers[index];
         sources.push_back(std::make_shared<OgrFeatures>(layer, output.tables[index], output.systems, report));
-        OGRLayerInfo info(layerName(path, layer, output.layers.size() == 1), {}, output.tables[index].fields(), QString());
+        const QString name = layerName(path, layer, output.layers.size() == 1, able, report);
+        OGRLayerInfo info(name, {}, output.tables[index].fields(), QString());
         info.source(sources.back(), layer.type());
         layers.append(info);
     }

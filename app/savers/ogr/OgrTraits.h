@@ -4,6 +4,7 @@
 #include "app/savers/ogr/FieldNames.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace refhost
 {
@@ -14,6 +15,7 @@ struct OgrTraits
     QString driver;            ///< its name, "ESRI Shapefile"
     QString fileKind;          ///< for messages, "Shapefile"
     FieldNameRules names;      ///< of fields
+    QStringList reserved;      ///< beginnings of names that a layer may not have
     int mostFields = 0;        ///< 0 for no limit
     int mostTextBytes = 0;     ///< of a text in a field; 0 for no limit
     bool sizedTexts = false;   ///< a text field has a width
