@@ -159,9 +159,9 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
         printOutcomeErrors(outcome);
         if (!outcome.written())
             continue;
-        QString line = QStringLiteral("%1\t%2\t%3 rows\tabout %4")
+        QString line = QStringLiteral("%1\t%2\t%3 vertices\tabout %4")
                            .arg(output.path, output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"))
-                           .arg(output.rows)
+                           .arg(output.vertices)
                            .arg(sizeText(output.bytes));
         if (!output.renamedFrom.isEmpty())
             line += QStringLiteral("\trenamed from %1").arg(output.renamedFrom);

@@ -4,6 +4,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <numeric>
 
 namespace refhost
 {
@@ -36,7 +37,9 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
     // As in a table: every row has every column of the file, be it with a mark for "missing".
     QHash<QString, qint64> columns;
     const bool withAttributes = info().supportsAttributes;
+    const bool ofFeatures = info().valuesOfFeatures;
     qint64 vertices = 0;
+    qint64 rows = 0;
     qint64 bytes = 0;
     for (const ModelObject* object : file.objects) {
         for (const AttributeColumn& column : object->vertexAttributes) {
@@ -48,6 +51,7 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
                 columns.insert(attribute.name, attribute.value.toString().size() + 1);
         }
         vertices += object->vertexCount();
+        rows += ofFeatures && !object->parts.empty() ? static_cast<qint64>(object->parts.size()) : object->vertexCount();
         if (object->section) {
             for (const SectionSegment& segment : object->section->segments)
                 vertices += static_cast<qint64>(segment.z.size());
@@ -57,10 +61,8 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
             bytes += (object->rowCount() - object->vertexCount())
                      * (cornersPerCell + static_cast<qint64>(object->cells->cellAttributes.size())) * bytesPerValue;
     }
-    qint64 row = 3 * bytesPerCoordinate;
-    for (const qint64 width : qAsConst(columns))
-        row += width;
-    return bytes + vertices * row;
+    const qint64 row = std::accumulate(columns.cbegin(), columns.cend(), qint64(0));
+    return bytes + vertices * 3 * bytesPerCoordinate + rows * row;
 }
 
 void ExportFormat::loadLayout(const QString&)

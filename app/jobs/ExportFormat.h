@@ -31,6 +31,7 @@ struct FormatInfo
     QString patterns;         ///< "*.csv *.txt"
     std::vector<ObjectType> types;
     bool supportsAttributes = true;
+    bool valuesOfFeatures = false; ///< a line or polygon has one value of an attribute, not one for each vertex
     bool takesLayout = false; ///< loadLayout() is for this format
 };
 

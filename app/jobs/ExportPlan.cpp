@@ -84,7 +84,7 @@ QJsonObject ExportPlan::toJson(const QString& formatKey) const
                                  {QStringLiteral("renamedFrom"), output.renamedFrom},
                                  {QStringLiteral("objects"), QJsonArray::fromStringList(output.objects)},
                                  {QStringLiteral("sidecars"), QJsonArray::fromStringList(output.sidecars)},
-                                 {QStringLiteral("rows"), output.rows},
+                                 {QStringLiteral("vertices"), output.vertices},
                                  {QStringLiteral("estimatedBytes"), output.bytes}};
         if (!outcome.written())
             entry.insert(QStringLiteral("error"), outcome.error);
@@ -119,7 +119,7 @@ ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection
         for (const ModelObject* object : file.objects)
             output.objects.append(object->name);
         for (const ModelObject* object : foresight.file.objects)
-            output.rows += outcome.written() ? object->rowCount() : 0;
+            output.vertices += outcome.written() ? object->rowCount() : 0;
         plan.foreseen.add(outcome);
         if (!file.renamedFrom.isEmpty())
             plan.foreseen.note(QStringLiteral("renamed file"), file.renamedFrom, 1, info.fileName());

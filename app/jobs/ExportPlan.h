@@ -18,7 +18,7 @@ struct ExportPlan
         QStringList objects;
         bool replaces = false; ///< the file exists
         QStringList sidecars;  ///< files that belong to it, exist and are replaced or removed with it
-        qint64 rows = 0;       ///< vertices and cells that go in
+        qint64 vertices = 0;   ///< that go in, and cells of grids
         qint64 bytes = 0;      ///< a rough guess
     };
 

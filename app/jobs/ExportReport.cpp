@@ -106,7 +106,7 @@ QStringList ExportReport::findingLines() const
         } else {
             // Objects that share a name are one here, so a number of objects is not told of as many others.
             const bool inObjects = summary.count > summary.objects && !line.contains(QLatin1String(" objects"));
-            line += inObjects ? QStringLiteral("; in %1 objects").arg(summary.objects) : QString();
+            line += inObjects ? QStringLiteral(", in %1 objects").arg(summary.objects) : QString();
             line += object.isEmpty() ? QString() : QStringLiteral(", first %1").arg(object);
         }
         if (!summary.first->example.isEmpty() && summary.first->example != object)

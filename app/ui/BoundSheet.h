@@ -44,7 +44,7 @@ public:
     }
     QString optionSummary() const override { return m_binding.summary(); }
     // Overrides that of the library's page or that of the interface.
-    std::vector<std::string> selectedAttributeNames() { return m_binding.selectedAttributeNames(); }
+    std::vector<std::string> selectedAttributeNames() override { return m_binding.selectedAttributeNames(); }
 
 protected:
     using kpBaseExport::QExportAbstractOptionSheet::initialize;

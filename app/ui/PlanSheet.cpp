@@ -55,11 +55,10 @@ QString foreseenHtml(const ExportReport& foreseen)
                 lines.append(PlanSheet::tr("%1 will be left out: %2").arg(object.name, object.reason));
         }
     }
-    for (const QString& line : foreseen.findingLines())
-        lines.append(PlanSheet::tr("the report will say: %1").arg(line));
+    lines += foreseen.findingLines();
     if (lines.empty())
         return {};
-    QString html = QStringLiteral("<ul>");
+    QString html = QStringLiteral("<p>%1</p><ul>").arg(PlanSheet::tr("The report will say:"));
     for (const QString& line : lines.mid(0, mostLines))
         html += QStringLiteral("<li>") + line.toHtmlEscaped() + QStringLiteral("</li>");
     if (lines.size() > mostLines)
@@ -92,7 +91,7 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     m_summary->setObjectName(QStringLiteral("planSummary"));
     m_summary->setWordWrap(true);
     m_files->setObjectName(QStringLiteral("planFiles"));
-    m_files->setHeaderLabels({tr("File"), tr("State"), tr("Rows"), tr("Size, about"), tr("Objects")});
+    m_files->setHeaderLabels({tr("File"), tr("State"), tr("Vertices"), tr("Size, about"), tr("Objects")});
     m_files->headerItem()->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
     m_files->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     m_files->setAccessibleName(tr("Files to write"));
@@ -120,7 +119,7 @@ void PlanSheet::showPlan(const ExportPlan& plan)
     for (std::size_t index = 0; index < plan.outputs.size(); ++index) {
         const ExportPlan::Output& output = plan.outputs[index];
         const FileOutcome& outcome = plan.foreseen.files()[index];
-        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output, outcome), QString::number(output.rows),
+        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output, outcome), QString::number(output.vertices),
                                           sizeText(output.bytes), objectsText(output.objects)});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);

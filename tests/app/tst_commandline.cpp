@@ -164,7 +164,7 @@ void CommandLineTest::dryRun_data()
         QTest::newRow(name) << QString::fromUtf8(arguments).split(QLatin1Char(' ')) << code << QString::fromUtf8(error);
     };
     row("all well", "points.csv --format ascii --output o.csv --strict", 0, "");
-    row("no coordinate system", "points.csv --format kml --output o.kml", 1, "the object points has no coordinate system (give theirs");
+    row("no coordinate system", "points.csv --format kml --output o.kml", 1, "the object points has no coordinate system (name it in the setting crs");
     row("no system for GeoJSON", "points.csv --format geojson --output o.geojson", 1, "the objects have no coordinate system, and GeoJSON");
     row("type of no use", "forced.kpmodel --object image --format kml --output o.kml", 1, "nothing of image can be drawn: it has no rows and columns");
     row("image as drawing", "forced.kpmodel --object mesh --format dxf --output o.dxf", 1, "nothing of mesh can be drawn: it has no faces");

@@ -279,7 +279,7 @@ void JobsTest::findingTexts_data()
     const QString b = QStringLiteral("B");
     row("one", "renamed", {{a, 1}}, "A: a name was changed (as said)");
     row("one of each", "renamed", {{a, 1}, {b, 1}}, "2 names were changed, first A (as said)");
-    row("many of each", "position left out", {{a, 3}, {b, 4}}, "7 positions were left out; in 2 objects, first A (as said)");
+    row("many of each", "position left out", {{a, 3}, {b, 4}}, "7 positions were left out, in 2 objects, first A (as said)");
     row("same names", "object left out", {{a, 3}, {b, 1}}, "4 objects were left out, first A (as said)");
     row("of no object", "coordinate systems differ", {{QString(), 2}}, "the objects have 2 different coordinate systems (as said)");
     row("with a value", "missing value of an active cell written as -9", {{a, 2}}, "A: 2 missing values of active cells were written as -9 (as said)");

@@ -189,11 +189,11 @@ void KmlTest::systems_data()
     QTest::newRow("given") << QByteArray() << QStringLiteral("EPSG:28350") << nothing;
     QTest::newRow("none")
         << QByteArray() << nothing
-        << QStringLiteral(
-               "the object O has no coordinate system (give theirs with --set crs=EPSG:..., or leave them out)");
+        << QStringLiteral("the object O has no coordinate system (name it in the setting crs, such as EPSG:28350, "
+                          "or leave out what has none)");
     QTest::newRow("not known")
         << QByteArray("EPSG:28350") << QStringLiteral("EPSG:999999")
-        << QStringLiteral("\"EPSG:999999\" is no coordinate system that is known (give one like --set crs=EPSG:28350)");
+        << QStringLiteral("\"EPSG:999999\" is no coordinate system that is known (set crs to one like EPSG:28350)");
 }
 
 void KmlTest::systems()

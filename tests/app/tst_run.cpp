@@ -178,7 +178,7 @@ void RunTest::plan()
     QStringList lines;
     for (const ExportPlan::Output& output : plan.outputs) {
         lines.append(QStringLiteral("%1 %2 %3 %4 %5").arg(QFileInfo(output.path).fileName(), output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"),
-                                                          output.renamedFrom, output.sidecars.join(QLatin1Char(' '))).arg(output.rows));
+                                                          output.renamedFrom, output.sidecars.join(QLatin1Char(' '))).arg(output.vertices));
     }
     QCOMPARE(lines.join(QLatin1Char('\n')), QStringLiteral("out_one.nam new   2\n"
                                                            "out_two_2.nam overwrite two/2 out_two_2.num 2\n"

@@ -57,7 +57,7 @@ void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
 {
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
-                          QStringLiteral("give one like --set crs=EPSG:28350"));
+                          QStringLiteral("set crs to one like EPSG:28350"));
     const auto hopeless = [this](const ModelObject* object) { return !undrawable(*object, m_settings).isEmpty(); };
     const ModelObject& first = *file.objects.front();
     if (std::all_of(file.objects.begin(), file.objects.end(), hopeless))

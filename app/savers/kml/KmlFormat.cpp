@@ -76,6 +76,7 @@ FormatInfo KmlFormat::info() const
 {
     FormatInfo info;
     info.key = QStringLiteral("kml");
+    info.valuesOfFeatures = true;
     info.displayName = QStringLiteral("KML (globe viewers)");
     info.fileFormatName = QStringLiteral("KML");
     info.defaultExtension = QStringLiteral("kml");
@@ -134,10 +135,10 @@ bool KmlFormat::archived(const QString& path) const
 
 void KmlFormat::requireSystems(const PlannedFile& file) const
 {
-    const QString cure = QStringLiteral("give theirs with --set crs=EPSG:..., or leave them out");
+    const QString cure = QStringLiteral("name it in the setting crs, such as EPSG:28350, or leave out what has none");
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
-                          QStringLiteral("give one like --set crs=EPSG:28350"));
+                          QStringLiteral("set crs to one like EPSG:28350"));
     int without = 0;
     QString first;
     for (const ModelObject* object : file.objects) {

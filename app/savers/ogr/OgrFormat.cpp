@@ -168,6 +168,7 @@ FormatInfo OgrFormat::vectorInfo() const
 {
     FormatInfo info;
     info.types = positionedObjectTypes();
+    info.valuesOfFeatures = true;
     info.defaultExtension = extensions().first();
     for (const QString& extension : extensions())
         info.patterns += (info.patterns.isEmpty() ? QStringLiteral("*.") : QStringLiteral(" *.")) + extension;
