@@ -147,23 +147,16 @@ inline char* writeUsual(char* out, std::uint64_t number, int precision)
     return out + precision;
 }
 
-/// The magnitude of the double with these bits at \a out, for which 63 characters have room; those behind the text
-/// may change. Takes numbers of up to 16 digits, decimals included.
-/// \returns the end of the text, or null when the number is none of these
-template <Tie tie> char* writeMagnitude(char* out, std::uint64_t bits, int precision)
+/// What writeMagnitude() does, for every number.
+template <Tie tie> [[gnu::noinline]] char* writeAnyMagnitude(char* out, std::uint64_t bits, int precision)
 {
     const auto biased = static_cast<int>((bits >> 52) & 0x7ffU);
     if (biased == 0x7ff || precision < 0 || precision > largestPrecision)
         return nullptr;
     // Subnormal numbers have no hidden bit and the exponent of the smallest normal ones.
     const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | (biased != 0 ? 0x10000000000000ULL : 0);
-    const int exponent = (biased == 0 ? 1 : biased) - 1075;
-    constexpr int largestShortExponent = -27; // a value below 2^26, thus of eight digits
-    if (exponent <= largestShortExponent && exponent > -64 && precision > 0 && precision <= largestShortPrecision)
-        return writeUsual(out, halved<tie>(mantissa * powersOfTen[precision], -exponent), precision);
-
     std::uint64_t number = 0;
-    if (!scaled<tie>(mantissa, exponent, precision, number) || number >= tenToTheSixteenth)
+    if (!scaled<tie>(mantissa, (biased == 0 ? 1 : biased) - 1075, precision, number) || number >= tenToTheSixteenth)
         return nullptr;
     if (precision > 0 && precision <= largestUsualPrecision && number < tenToTheEighth * powersOfTen[precision])
         return writeUsual(out, number, precision);
@@ -181,6 +174,19 @@ template <Tie tie> char* writeMagnitude(char* out, std::uint64_t bits, int preci
     digits >>= 8 * (count - precision);
     std::memcpy(out, &digits, sizeof digits);
     return out + precision;
+}
+
+/// The magnitude of the double with these bits at \a out, for which 63 characters have room; those behind the text
+/// may change. Takes numbers of up to 16 digits, decimals included.
+/// \returns the end of the text, or null when the number is none of these
+template <Tie tie> inline char* writeMagnitude(char* out, std::uint64_t bits, int precision)
+{
+    // Values below 2^26, thus of eight digits, that one shift of 63 bits at most scales.
+    const int shift = 1075 - static_cast<int>((bits >> 52) & 0x7ffU);
+    if (shift < 27 || shift > 63 || precision <= 0 || precision > largestShortPrecision)
+        return writeAnyMagnitude<tie>(out, bits, precision);
+    const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | 0x10000000000000ULL;
+    return writeUsual(out, halved<tie>(mantissa * powersOfTen[precision], shift), precision);
 }
 
 } // namespace kpBaseExport::DecimalDigits

@@ -5,10 +5,15 @@
 
 #include <QByteArray>
 
+#include <iterator>
+
 namespace kpBaseExport
 {
 
-char* writeFixed(char* out, double value, int precision)
+namespace
+{
+
+inline char* write(char* out, double value, int precision)
 {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
@@ -16,6 +21,25 @@ char* writeFixed(char* out, double value, int precision)
     *out = '-';
     out += (bits >> 63) & static_cast<std::uint64_t>((bits << 1) != 0);
     return DecimalDigits::writeMagnitude<DecimalDigits::Tie::AwayFromZero>(out, bits, precision);
+}
+
+/// With the precision known when it is compiled.
+template <int precision> char* writeKnown(char* out, double value, int)
+{
+    return write(out, value, precision);
+}
+
+} // namespace
+
+char* writeFixed(char* out, double value, int precision)
+{
+    return write(out, value, precision);
+}
+
+FixedWriter fixedWriter(int precision)
+{
+    constexpr FixedWriter known[] = {writeKnown<0>, writeKnown<1>, writeKnown<2>, writeKnown<3>};
+    return precision >= 0 && precision < static_cast<int>(std::size(known)) ? known[precision] : writeFixed;
 }
 
 void appendFixed(std::string& text, double value, int precision)

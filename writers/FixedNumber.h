@@ -21,4 +21,8 @@ constexpr int longestFastNumber = 64;
 /// \returns the end of the text, or null when the number is none of these
 KPBASEEXPORT_EXPORT char* writeFixed(char* out, double value, int precision);
 
+/// writeFixed(), or a faster function that does the same for this precision alone.
+using FixedWriter = char* (*)(char* out, double value, int precision);
+KPBASEEXPORT_EXPORT FixedWriter fixedWriter(int precision);
+
 } // namespace kpBaseExport

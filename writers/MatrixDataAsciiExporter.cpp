@@ -2,7 +2,6 @@
 #include "writers/MatrixDataAsciiExporter.h"
 
 #include "host/data/AbstractProgress.h"
-#include "writers/FixedNumber.h"
 #include "writers/VertexCheck.h"
 
 #include <algorithm>
@@ -14,7 +13,7 @@ namespace kpBaseExport
 namespace
 {
 
-constexpr std::size_t blockSize = 1024 * 1024;
+constexpr std::size_t blockSize = 2048 * 1024;
 constexpr std::size_t longestPlainSeparator = 8; // copied as one word
 constexpr int rowsBetweenReports = 4096;
 
@@ -239,7 +238,9 @@ bool MatrixDataAsciiExporter::preparePlainRows(int rows, const std::string& sepa
         const Source& source = m_fieldData[index];
         if (!source.block.values)
             return false;
-        m_plainColumns.push_back({source.block.values, source.block.missing, fields[index].precision, source.negated});
+        const int precision = fields[index].precision;
+        m_plainColumns.push_back(
+            {source.block.values, source.block.missing, fixedWriter(precision), precision, source.negated});
     }
     m_plainNull = nullValue.toStdString();
     const std::size_t longestValue = std::max(static_cast<std::size_t>(longestFastNumber), m_plainNull.size());
@@ -270,7 +271,7 @@ int MatrixDataAsciiExporter::appendPlainRows(int row, int end, const std::string
                 out = std::copy(m_plainNull.begin(), m_plainNull.end(), out);
             } else {
                 const double number = missing ? 0.0 : column.values[row];
-                out = writeFixed(out, column.negated ? -number : number, column.precision);
+                out = column.write(out, column.negated ? -number : number, column.precision);
                 if (!out)
                     return row;
             }

@@ -3,6 +3,7 @@
 
 #include "core/GeoObject.h"
 #include "core/MatrixDataExporter.h"
+#include "writers/FixedNumber.h"
 #include "host/data/MatrixData.h"
 
 #include <string>
@@ -64,6 +65,7 @@ private:
     {
         const double* values;
         const unsigned char* missing;
+        FixedWriter write;
         int precision;
         bool negated;
     };
