@@ -4,6 +4,7 @@
 #include "app/ui/ExportWizard.h"
 #include "app/ui/HostContext.h"
 #include "host/ui/QImportUnitSelector.h"
+#include "tests/Child.h"
 #include "tests/TestSettings.h"
 #include "tests/TextRows.h"
 #include "tests/app/SaverRun.h"
@@ -99,15 +100,6 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
     add("opentec", false, "sections= traceLine= decimals=1|0");
     add("plain", true, "attributes=true");
     return formats;
-}
-
-template <typename Control>
-Control* child(QWidget& parent, const char* name)
-{
-    auto* found = parent.findChild<Control*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("no control %s", name);
-    return found;
 }
 
 } // namespace

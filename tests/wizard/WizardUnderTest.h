@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/Child.h"
 #include "wizard/QExportSheetObjectSelection.h"
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
@@ -35,15 +36,6 @@ public:
     QVector<Info> supply;
     QPair<bool, bool> flags;
 };
-
-template <typename Control>
-Control* child(QWidget& page, const char* name)
-{
-    auto* found = page.findChild<Control*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("no control %s", name);
-    return found;
-}
 
 inline void click(QWidget& page, const char* name)
 {
