@@ -66,8 +66,12 @@ void ours(benchmark::State& state, bool block)
 {
     kpBaseExport::MatrixDataAsciiExporter writer;
     writer.separator = 2;
-    writer.fields = {{QStringLiteral("x"), decimals}, {QStringLiteral("y"), decimals}, {QStringLiteral("z"), decimals}, {QStringLiteral("a"), decimals}};
-    writer.geoObject()->vertexData() = {matrix(0, "x", block), matrix(0, "x", block), matrix(1, "y", block), matrix(2, "z", block)};
+    writer.fields = {{QStringLiteral("x"), decimals},
+                     {QStringLiteral("y"), decimals},
+                     {QStringLiteral("z"), decimals},
+                     {QStringLiteral("a"), decimals}};
+    writer.geoObject()->vertexData() = {matrix(0, "x", block), matrix(0, "x", block), matrix(1, "y", block),
+                                        matrix(2, "z", block)};
     writer.geoObject()->vertexAttributeData() = {matrix(3, "a", block)};
     for (auto step : state) {
         writer.headerPending = true;
@@ -92,7 +96,8 @@ void fprintfLoop(benchmark::State& state)
         std::FILE* file = std::fopen(outputPath().toUtf8().constData(), "w");
         std::fputs("x,y,z,a\n", file);
         for (std::size_t row = 0; row < rows; ++row)
-            std::fprintf(file, "%.3f,%.3f,%.3f,%.3f\n", (*columns()[0])[row], (*columns()[1])[row], (*columns()[2])[row], (*columns()[3])[row]);
+            std::fprintf(file, "%.3f,%.3f,%.3f,%.3f\n", (*columns()[0])[row], (*columns()[1])[row],
+                         (*columns()[2])[row], (*columns()[3])[row]);
         std::fclose(file);
     }
 }

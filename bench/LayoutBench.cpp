@@ -52,7 +52,8 @@ refhost::HostContext& context()
         wide.name = QStringLiteral("wide");
         wide.x = wide.y = wide.z = std::make_shared<const std::vector<double>>(100, 1.0);
         for (int index = 0; index < manyAttributes; ++index)
-            wide.objectAttributes.push_back({QStringLiteral("attribute %1").arg(index), refhost::AttributeKind::Integer, {}, index});
+            wide.objectAttributes.push_back(
+                {QStringLiteral("attribute %1").arg(index), refhost::AttributeKind::Integer, {}, index});
         made.model.add(std::move(wide));
     }
     return made;
@@ -105,7 +106,8 @@ void lookAtTheData(benchmark::State& state)
     const auto offered = refhost::offeredFields({object});
     for (auto step : state) {
         refhost::AsciiProfile profile;
-        profile.start({object}, offered, {QStringLiteral(","), QStringLiteral(";"), QStringLiteral(" "), QStringLiteral("\t")});
+        profile.start({object}, offered,
+                      {QStringLiteral(","), QStringLiteral(";"), QStringLiteral(" "), QStringLiteral("\t")});
         while (!profile.advance(8)) {
         }
     }

@@ -5,9 +5,9 @@
 #include "core/saver/FileNaming.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTableView>
-#include <QHeaderView>
 
 #include <benchmark/benchmark.h>
 

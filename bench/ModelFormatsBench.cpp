@@ -132,8 +132,8 @@ void gocadPointsFprintf(benchmark::State& state)
     for (auto step : state) {
         std::FILE* file = std::fopen(outputPath().toUtf8().constData(), "w");
         for (std::size_t node = 0; node < object.x->size(); ++node)
-            std::fprintf(file, "PVRTX %zu %.4f %.4f %.4f %.17g\n", node + 1, (*object.x)[node], (*object.y)[node], (*object.z)[node],
-                         (*object.vertexAttributes[0].numbers)[node]);
+            std::fprintf(file, "PVRTX %zu %.4f %.4f %.4f %.17g\n", node + 1, (*object.x)[node], (*object.y)[node],
+                         (*object.z)[node], (*object.vertexAttributes[0].numbers)[node]);
         std::fclose(file);
     }
 }
@@ -159,7 +159,8 @@ void offFprintf(benchmark::State& state)
         for (int row = 0; row + 1 < side; ++row) {
             for (int column = 0; column + 1 < side; ++column) {
                 const int node = row * side + column;
-                std::fprintf(file, "3 %d %d %d\n3 %d %d %d\n", node, node + 1, node + side + 1, node, node + side + 1, node + side);
+                std::fprintf(file, "3 %d %d %d\n3 %d %d %d\n", node, node + 1, node + side + 1, node, node + side + 1,
+                             node + side);
             }
         }
         std::fclose(file);
@@ -176,17 +177,21 @@ void zmapGdal(benchmark::State& state)
     GDALAllRegister();
     const ModelObject& object = surface(state.range(0));
     const int side = object.grid->columns;
-    const GDALDatasetUniquePtr source(GetGDALDriverManager()->GetDriverByName("MEM")->Create("", side, side, 1, GDT_Float64, nullptr));
+    const GDALDatasetUniquePtr source(
+        GetGDALDriverManager()->GetDriverByName("MEM")->Create("", side, side, 1, GDT_Float64, nullptr));
     double transform[6] = {459000.0 - 12.5, 25.0, 0.0, 5934000.0 + 25.0 * side - 12.5, 0.0, -25.0};
     source->SetGeoTransform(transform);
     for (int row = 0; row < side; ++row) {
-        void* line = const_cast<double*>(object.z->data() + static_cast<std::size_t>(side - 1 - row) * static_cast<std::size_t>(side));
-        if (source->GetRasterBand(1)->RasterIO(GF_Write, 0, row, side, 1, line, side, 1, GDT_Float64, 0, 0, nullptr) != CE_None)
+        void* line = const_cast<double*>(object.z->data()
+                                         + static_cast<std::size_t>(side - 1 - row) * static_cast<std::size_t>(side));
+        if (source->GetRasterBand(1)->RasterIO(GF_Write, 0, row, side, 1, line, side, 1, GDT_Float64, 0, 0, nullptr)
+            != CE_None)
             state.SkipWithError("GDAL took no line");
     }
     GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ZMap");
     for (auto step : state) {
-        const GDALDatasetUniquePtr copy(driver->CreateCopy(outputPath().toUtf8().constData(), source.get(), FALSE, nullptr, nullptr, nullptr));
+        const GDALDatasetUniquePtr copy(
+            driver->CreateCopy(outputPath().toUtf8().constData(), source.get(), FALSE, nullptr, nullptr, nullptr));
         if (!copy)
             state.SkipWithError("GDAL wrote no grid");
     }

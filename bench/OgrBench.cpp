@@ -69,9 +69,9 @@ struct Field
 };
 
 // As the saver sizes them; a MapInfo table has numbers of a fixed size.
-constexpr Field shpFields[] = {{"name", OFTString, 5, 0},  {"dip", OFTReal, 5, 2},    {"grade", OFTReal, 7, 4},
+constexpr Field shpFields[] = {{"name", OFTString, 5, 0},  {"dip", OFTReal, 5, 2},     {"grade", OFTReal, 7, 4},
                                {"code", OFTInteger, 5, 0}, {"unit", OFTString, 12, 0}, {"site", OFTString, 11, 0}};
-constexpr Field tabFields[] = {{"name", OFTString, 5, 0},  {"dip", OFTReal, 0, 0},    {"grade", OFTReal, 0, 0},
+constexpr Field tabFields[] = {{"name", OFTString, 5, 0},  {"dip", OFTReal, 0, 0},     {"grade", OFTReal, 0, 0},
                                {"code", OFTInteger, 0, 0}, {"unit", OFTString, 12, 0}, {"site", OFTString, 11, 0}};
 
 QString outputPath(bool shp)
@@ -86,7 +86,9 @@ double bytesWritten(bool shp)
 {
     double bytes = 0;
     for (const char* extension : {"shp", "shx", "dbf", "dat", "map", "id"})
-        bytes += static_cast<double>(QFileInfo(outputPath(shp).section(QLatin1Char('.'), 0, -2) + QLatin1Char('.') + QLatin1String(extension)).size());
+        bytes += static_cast<double>(
+            QFileInfo(outputPath(shp).section(QLatin1Char('.'), 0, -2) + QLatin1Char('.') + QLatin1String(extension))
+                .size());
     return bytes;
 }
 
@@ -128,7 +130,8 @@ void bareLoop(benchmark::State& state, bool shp, bool oneMark)
             feature->SetField(3, from.code[index]);
             feature->SetField(4, from.unit[index].c_str());
             feature->SetField(5, from.site[index].c_str());
-            const OGRPoint point = shp ? OGRPoint(from.x[index], from.y[index], from.z[index]) : OGRPoint(from.x[index], from.y[index]);
+            const OGRPoint point =
+                shp ? OGRPoint(from.x[index], from.y[index], from.z[index]) : OGRPoint(from.x[index], from.y[index]);
             feature->SetGeometry(&point);
             if (layer->CreateFeature(feature.get()) != OGRERR_NONE)
                 state.SkipWithError("GDAL refused a feature");
@@ -148,7 +151,8 @@ OGRLayerInfo layerInfo(bool shp)
     const Values& from = values();
     for (std::size_t index = 0; index < features; ++index) {
         OGRFeatureDetails details(shp ? wkbPoint25D : wkbPoint, 1);
-        details.append_point(shp ? OGRPoint(from.x[index], from.y[index], from.z[index]) : OGRPoint(from.x[index], from.y[index]));
+        details.append_point(shp ? OGRPoint(from.x[index], from.y[index], from.z[index])
+                                 : OGRPoint(from.x[index], from.y[index]));
         details.append_object_attribute(QStringLiteral("Cloud"));
         details.append_object_attribute(from.dip[index]);
         details.append_object_attribute(from.grade[index]);
@@ -172,7 +176,8 @@ void exporter(benchmark::State& state, bool shp)
     if (!shp)
         options.layerOptions.append(QString::fromLatin1(bounds));
     for (auto step : state) {
-        OGRExporter writer(outputPath(shp), shp ? QStringLiteral("ESRI Shapefile") : QStringLiteral("MapInfo File"), nullptr);
+        OGRExporter writer(outputPath(shp), shp ? QStringLiteral("ESRI Shapefile") : QStringLiteral("MapInfo File"),
+                           nullptr);
         writer.options(options);
         writer.writeAttributes(true);
         if (!writer.write(layers))
@@ -209,9 +214,10 @@ ModelObject cloud()
     object.x = std::make_shared<const std::vector<double>>(from.x);
     object.y = std::make_shared<const std::vector<double>>(from.y);
     object.z = std::make_shared<const std::vector<double>>(from.z);
-    object.vertexAttributes = {column("dip", from.dip), column("grade", from.grade),
-                               column("code", AttributeKind::Integer, from.code, [](int entry) { return QVariant(entry); }),
-                               column("unit", AttributeKind::Text, from.unit, text), column("site", AttributeKind::Text, from.site, text)};
+    object.vertexAttributes = {
+        column("dip", from.dip), column("grade", from.grade),
+        column("code", AttributeKind::Integer, from.code, [](int entry) { return QVariant(entry); }),
+        column("unit", AttributeKind::Text, from.unit, text), column("site", AttributeKind::Text, from.site, text)};
     return object;
 }
 

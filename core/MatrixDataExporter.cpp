@@ -47,7 +47,8 @@ void MatrixDataExporter::fileClose()
     if (wasOpen && stream.fail())
         m_writeFailed = true;
     if (m_writeFailed && throwOnWriteFailure)
-        throw std::runtime_error(ErrorMessage(QStringLiteral("The file could not be written completely"), -1).toStdString());
+        throw std::runtime_error(
+            ErrorMessage(QStringLiteral("The file could not be written completely"), -1).toStdString());
 }
 
 GeoObject* MatrixDataExporter::geoObject() const

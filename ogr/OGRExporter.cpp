@@ -116,9 +116,8 @@ bool OGRExporter::write(const QVector<OGRLayerInfo>& layers)
 bool OGRExporter::writeLayers(const QVector<OGRLayerInfo>& layers)
 {
     const bool singleLayer = layers.size() == 1;
-    return std::all_of(layers.begin(), layers.end(), [this, singleLayer](const OGRLayerInfo& layer) {
-        return processLayer(layer, singleLayer);
-    });
+    return std::all_of(layers.begin(), layers.end(),
+                       [this, singleLayer](const OGRLayerInfo& layer) { return processLayer(layer, singleLayer); });
 }
 
 QString OGRExporter::layerFileName(const QString& path, OGRwkbGeometryType type)
@@ -202,8 +201,7 @@ OGRExporter::spatialReference(const QString& layerName)
     return reference;
 }
 
-bool OGRExporter::processOGRGeometryLayer(const OGRLayerInfo& layer, GDALDataset* dataSource,
-                                          OGRwkbGeometryType type)
+bool OGRExporter::processOGRGeometryLayer(const OGRLayerInfo& layer, GDALDataset* dataSource, OGRwkbGeometryType type)
 {
     const auto reference = spatialReference(layer.name());
     const CPLStringList creation = stringList(m_options.layerOptions);

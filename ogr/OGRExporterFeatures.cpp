@@ -73,8 +73,8 @@ void OGRExporter::lookUpColumns(OGRLayer* ogrLayer, const OGRLayerInfo& layer)
     for (const OGRAttributeInfo& attribute : attributes) {
         const QString name = attribute.name().toLower();
         const int field = allCreated ? position : definition->GetFieldIndex(encoded(attribute.name()).constData());
-        columns.columns.push_back({attribute.attribute_type(), name == QLatin1String("dip"),
-                                   name == QLatin1String("type"), field});
+        columns.columns.push_back(
+            {attribute.attribute_type(), name == QLatin1String("dip"), name == QLatin1String("type"), field});
         ++position;
     }
 }
@@ -121,8 +121,7 @@ void OGRExporter::addFieldInfo(OGRLayer* ogrLayer, const OGRLayerInfo& layer)
     if (!m_writeAttributes)
         return;
     for (const OGRAttributeInfo& attribute : layer.attribute_infos()) {
-        const OGRFieldType type =
-            attribute.attribute_type() == OFTStringList ? OFTString : attribute.attribute_type();
+        const OGRFieldType type = attribute.attribute_type() == OFTStringList ? OFTString : attribute.attribute_type();
         OGRFieldDefn field(encoded(attribute.name()).constData(), type);
         if (m_options.fieldSizes) {
             field.SetSubType(attribute.subtype());
@@ -258,8 +257,7 @@ void OGRExporter::setOGRFeatureStyle(OGRFeature* feature)
     const int colour = m_run->columns.colour;
     if (colour == -1)
         return;
-    const std::string style =
-        styleText(feature->GetFieldAsString(colour), m_run->type, m_options.styleByGeometry);
+    const std::string style = styleText(feature->GetFieldAsString(colour), m_run->type, m_options.styleByGeometry);
     feature->SetStyleString(style.c_str());
 }
 

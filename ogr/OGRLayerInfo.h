@@ -18,8 +18,8 @@ class KPBASEEXPORT_EXPORT OGRLayerInfo
 {
 public:
     OGRLayerInfo() = default;
-    OGRLayerInfo(QString name, const QVector<OGRFeatureDetails>& features,
-                 const QVector<OGRAttributeInfo>& attributes, const QString& coordinateSystem);
+    OGRLayerInfo(QString name, const QVector<OGRFeatureDetails>& features, const QVector<OGRAttributeInfo>& attributes,
+                 const QString& coordinateSystem);
 
     QString name() const;
     void name(const QString& name);

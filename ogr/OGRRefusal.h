@@ -12,9 +12,9 @@ struct OGRRefusal
     enum Kind { SpatialReference, Layer, Field, Feature, Geometry, Closing };
 
     Kind kind;
-    QString layer;   ///< name of the layer
-    QString subject; ///< field name, or the number of the feature counted from 1
-    QString message; ///< the driver's words
+    QString layer;      ///< name of the layer
+    QString subject;    ///< field name, or the number of the feature counted from 1
+    QString message;    ///< the driver's words
     bool taken = false; ///< a feature that was written, with some loss
 };
 

@@ -76,10 +76,10 @@ void FileGroupingSheet::buildFileGrouping(const char* context, QGroupBox* fileGr
     // earlier ones first, and then the new ones between them.
     const QList<QWidget*> first = before ? QList<QWidget*>{before} : QList<QWidget*>();
     chainTabs(first + after);
-    chainTabs(first
-              + QList<QWidget*>{single, m_multipleRadio, m_filePrefix, useSets, m_fileSetComboBox,
-                                m_useObjectAsFilenames}
-              + after);
+    chainTabs(
+        first
+        + QList<QWidget*>{single, m_multipleRadio, m_filePrefix, useSets, m_fileSetComboBox, m_useObjectAsFilenames}
+        + after);
 }
 
 void FileGroupingSheet::deactivate()

@@ -18,8 +18,7 @@ void QExportSheetAsciiFileSelection::initialize(const QString&)
     m_ui->setupUi(this);
     setWindowTitle(QStringLiteral("File Export: Ascii Options"));
     buildFileGrouping("QExportSheetAsciiFileSelection", m_ui->fileGroup, m_ui->m_fileNameGroup, nullptr,
-                      {m_ui->m_writeHeaderCheck, m_ui->m_insertLinebreaksCheck,
-                       m_ui->m_exportSectionCoordinatesCheck});
+                      {m_ui->m_writeHeaderCheck, m_ui->m_insertLinebreaksCheck, m_ui->m_exportSectionCoordinatesCheck});
     m_pageWidget = this;
 }
 

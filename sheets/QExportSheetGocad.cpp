@@ -28,8 +28,7 @@ void QExportSheetGocad::initialize(const QString& key)
     layout->addWidget(m_attributes);
     m_attributes->initialize(key, QExportAttributeWidget::VERTEX_LEVEL);
     auto* lastOfPanel = m_attributes->findChild<QWidget*>(QStringLiteral("m_deselectAllButton"));
-    buildFileGrouping("QExportSheetGocad", m_ui->fileGroup, m_ui->m_fileNameGroup, lastOfPanel,
-                      {m_ui->m_headerCheck});
+    buildFileGrouping("QExportSheetGocad", m_ui->fileGroup, m_ui->m_fileNameGroup, lastOfPanel, {m_ui->m_headerCheck});
     m_pageWidget = this;
 }
 

@@ -28,8 +28,8 @@ struct NonAttribute
 
 // X has no columns: it is placed by layOut().
 constexpr NonAttribute nonAttributes[] = {
-    {"X", "double", -6, 0, 0, 0, 14, 4},   {"Y", "double", -2, 1, 15, 28, 14, 4}, {"Z", "double", -3, 2, 29, 42, 14, 4},
-    {"i", "int", -4, 3, 1, 10, 9, 0},      {"j", "int", -5, 4, 11, 20, 9, 0},
+    {"X", "double", -6, 0, 0, 0, 14, 4}, {"Y", "double", -2, 1, 15, 28, 14, 4}, {"Z", "double", -3, 2, 29, 42, 14, 4},
+    {"i", "int", -4, 3, 1, 10, 9, 0},    {"j", "int", -5, 4, 11, 20, 9, 0},
 };
 
 const NonAttribute* findNonAttribute(const QString& name)
@@ -43,13 +43,15 @@ const NonAttribute* findNonAttribute(const QString& name)
 int sum(int a, int b)
 {
     const std::int64_t total = std::int64_t{a} + b;
-    return static_cast<int>(std::clamp<std::int64_t>(total, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(total, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 int distance(int from, int to)
 {
     const std::int64_t length = std::int64_t{to} - from;
-    return static_cast<int>(std::clamp<std::int64_t>(length, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(length, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 } // namespace

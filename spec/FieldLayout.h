@@ -50,7 +50,8 @@ KPBASEEXPORT_EXPORT void layOut(QVector<QESAttribute>& fields);
 /// The field as the writer takes it: X, Y, Z in lower case.
 KPBASEEXPORT_EXPORT QString writerName(const QString& name);
 /// The writer's list of the fields. Columns are the fields' own; separated fields get those that their widths give.
-KPBASEEXPORT_EXPORT std::vector<MatrixDataExporter::FieldInfo> fieldInfos(const QVector<QESAttribute>& fields, bool columns);
+KPBASEEXPORT_EXPORT std::vector<MatrixDataExporter::FieldInfo> fieldInfos(const QVector<QESAttribute>& fields,
+                                                                          bool columns);
 
 } // namespace layout
 

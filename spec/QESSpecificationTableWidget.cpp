@@ -81,8 +81,8 @@ void QESSpecificationTableWidget::dropRow(QDropEvent* event)
 {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     const QTableWidgetItem* target = itemAt(event->pos());
-    const bool wholeRow = selectionMode() == SingleSelection && selectionBehavior() == SelectRows
-                          && !selected.isEmpty() && selected.size() == columnCount();
+    const bool wholeRow = selectionMode() == SingleSelection && selectionBehavior() == SelectRows && !selected.isEmpty()
+                          && selected.size() == columnCount();
     if (!wholeRow || !target || target->row() == selected.first().row()) {
         event->setDropAction(Qt::IgnoreAction);
         event->ignore();

@@ -14,7 +14,8 @@ QESSpinBoxColumnDelegate::QESSpinBoxColumnDelegate(QExportSpecification* editor,
 {
 }
 
-QWidget* QESSpinBoxColumnDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+QWidget* QESSpinBoxColumnDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                                const QModelIndex& index) const
 {
     auto* box = new QSpinBox(parent);
     if (index.column() != 1 && index.column() != 2)

@@ -32,7 +32,8 @@ void QESSpinBoxDelegate::setModelData(QWidget* editor, QAbstractItemModel* model
     model->setData(index, box->value(), Qt::EditRole);
 }
 
-void QESSpinBoxDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const
+void QESSpinBoxDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                              const QModelIndex&) const
 {
     editor->setGeometry(option.rect);
 }

@@ -55,7 +55,7 @@ bool QExportSheetAscii::isAvailable() const
 MatrixDataAsciiExporter::Mode QExportSheetAscii::mode() const
 {
     return m_editor->mode() == QExportSpecification::FieldBased ? MatrixDataAsciiExporter::FieldBased
-                                                                 : MatrixDataAsciiExporter::ColumnBased;
+                                                                : MatrixDataAsciiExporter::ColumnBased;
 }
 
 std::vector<MatrixDataExporter::FieldInfo> QExportSheetAscii::fieldInfoList() const

@@ -245,7 +245,8 @@ void QExportSpecification::insertField(int row, const QESAttribute& attribute)
 
     int next = layout::spanBehind(added.end(), 0).start;
     for (int following = row + 1; following < m_columnTable->rowCount(); ++following) {
-        layout::Span place{numberIn(*m_columnTable, following, columnStart), numberIn(*m_columnTable, following, columnEnd)};
+        layout::Span place{numberIn(*m_columnTable, following, columnStart),
+                           numberIn(*m_columnTable, following, columnEnd)};
         if (!layout::pushedRight(place, next))
             break;
         changeTableCell(m_columnTable, following, columnStart, place.start);
@@ -305,8 +306,8 @@ void QExportSpecification::populateFields()
 {
     const QSignalBlocker fieldBlocker(m_fieldTable);
     const QSignalBlocker columnBlocker(m_columnTable);
-    QVector<QESAttribute> laidOut = layout::orderedFields(
-        m_specification, [this](const QString& name) { return m_attributes.contains(name); });
+    QVector<QESAttribute> laidOut =
+        layout::orderedFields(m_specification, [this](const QString& name) { return m_attributes.contains(name); });
     layout::layOut(laidOut);
     m_fields.clear();
     m_names.clear();
@@ -385,7 +386,8 @@ layout::Span QExportSpecification::columnRange(int row, bool start) const
     if (start)
         range = {row == 0 ? 1 : m_fields.value(row - 1).end() + 1, shown.end() - 1};
     else if (last)
-        range = {shown.start() + 1, std::min(shown.end(), std::numeric_limits<int>::max() - growthOfLastColumn) + growthOfLastColumn};
+        range = {shown.start() + 1,
+                 std::min(shown.end(), std::numeric_limits<int>::max() - growthOfLastColumn) + growthOfLastColumn};
     else
         range = {shown.start() + 1, m_fields.value(row + 1).start() - 1};
     if (range.start > range.end)

@@ -130,7 +130,8 @@ void QExportSpecification::connectControls()
     connect(m_columnTable, &QTableWidget::itemSelectionChanged, this, &QExportSpecification::onColumnSelectionChanged);
     connect(m_fieldRadio, &QRadioButton::toggled, this, &QExportSpecification::onFieldToggle);
     connect(m_columnRadio, &QRadioButton::toggled, this, &QExportSpecification::onColumnToggle);
-    connect(m_attributeTable, &QTableWidget::itemSelectionChanged, this, &QExportSpecification::onAttributeSelectionChanged);
+    connect(m_attributeTable, &QTableWidget::itemSelectionChanged, this,
+            &QExportSpecification::onAttributeSelectionChanged);
     connect(m_attributeTable, &QTableWidget::itemDoubleClicked, this, &QExportSpecification::onAttributeDoubleClicked);
     connect(m_toFieldButton, &QToolButton::clicked, this, &QExportSpecification::onToFieldClicked);
     connect(m_toAttributeButton, &QToolButton::clicked, this, &QExportSpecification::onToAttributeClicked);
@@ -172,7 +173,8 @@ void QExportSpecification::addShortcuts()
     for (QESSpecificationTableWidget* table : {m_fieldTable, m_columnTable}) {
         onKey(table, Qt::Key_Delete, [this] { onToAttributeClicked(); });
         onKey(table, Qt::ALT | Qt::Key_Up, [this, table] { moveField(table->currentRow(), table->currentRow() - 1); });
-        onKey(table, Qt::ALT | Qt::Key_Down, [this, table] { moveField(table->currentRow(), table->currentRow() + 1); });
+        onKey(table, Qt::ALT | Qt::Key_Down,
+              [this, table] { moveField(table->currentRow(), table->currentRow() + 1); });
     }
 }
 

@@ -47,10 +47,11 @@ QString QExportSpecification::getFormatFile(bool open)
     const QString key = QStringLiteral("directory");
     const QString directory = settings.value(key).toString();
     const QString path =
-        open ? QFileDialog::getOpenFileName(this, tr("Load Format File"), directory,
-                                            tr("Format File (*.klf *.fmt);;KLX Format (*.klf);;Landmark Format (*.fmt);;"
-                                               "All Files (*.*)"))
-             : QFileDialog::getSaveFileName(this, tr("Save Format File"), directory, tr("KLX Format (*.klf)"));
+        open
+            ? QFileDialog::getOpenFileName(this, tr("Load Format File"), directory,
+                                           tr("Format File (*.klf *.fmt);;KLX Format (*.klf);;Landmark Format (*.fmt);;"
+                                              "All Files (*.*)"))
+            : QFileDialog::getSaveFileName(this, tr("Save Format File"), directory, tr("KLX Format (*.klf)"));
     if (!path.isEmpty())
         settings.setValue(key, path.left(path.size() - QFileInfo(path).fileName().size()));
     return path;

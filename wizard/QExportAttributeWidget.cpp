@@ -80,8 +80,8 @@ void QExportAttributeWidget::activate()
         item->setCheckState(Qt::Checked);
     }
     if (!unsupported.isEmpty()) {
-        m_ui->m_warningLabel->setText(QStringLiteral("Unsupported Attributes for this Format: %1")
-                                          .arg(unsupported.join(QStringLiteral(", "))));
+        m_ui->m_warningLabel->setText(
+            QStringLiteral("Unsupported Attributes for this Format: %1").arg(unsupported.join(QStringLiteral(", "))));
         m_ui->warningBox->show();
     }
 }

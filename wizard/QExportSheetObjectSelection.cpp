@@ -100,11 +100,9 @@ void QExportSheetObjectSelection::initialize(const QString&)
     view->horizontalHeader()->setResizeContentsPrecision(rowsMeasuredForColumnWidth);
     view->resizeColumnsToContents();
 
-    connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this, [view](int column) {
-        view->sortByColumn(column, view->horizontalHeader()->sortIndicatorOrder());
-    });
-    connect(m_ui->m_objectTree, &QTreeWidget::itemChanged, this,
-            &QExportSheetObjectSelection::slotUpdateListViews);
+    connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [view](int column) { view->sortByColumn(column, view->horizontalHeader()->sortIndicatorOrder()); });
+    connect(m_ui->m_objectTree, &QTreeWidget::itemChanged, this, &QExportSheetObjectSelection::slotUpdateListViews);
     connect(m_ui->pushButtonDeselectAllObjects, &QPushButton::clicked, this,
             &QExportSheetObjectSelection::deselectAllObjects);
     connect(m_ui->pushButtonSelectAllObjects, &QPushButton::clicked, this,
@@ -208,9 +206,8 @@ void QExportSheetObjectSelection::setAllSelectionTree(bool checked)
     // Every leaf that changes rebuilds the list; sorting it waits for the rebuild that follows the last one.
     m_sortLater = true;
     m_proxy->sort(-1);
-    forEachLeaf(*m_ui->m_objectTree, [checked](QTreeWidgetItem* leaf) {
-        leaf->setCheckState(0, checked ? Qt::Checked : Qt::Unchecked);
-    });
+    forEachLeaf(*m_ui->m_objectTree,
+                [checked](QTreeWidgetItem* leaf) { leaf->setCheckState(0, checked ? Qt::Checked : Qt::Unchecked); });
     m_sortLater = false;
 }
 

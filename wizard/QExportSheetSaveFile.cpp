@@ -90,13 +90,13 @@ void QExportSheetSaveFile::doFileSelection()
     if (wizard)
         wizard->setSaveMode();
     loadSettings();
-    const QString filter = QStringLiteral("All %1 Files (%2)").arg(m_formatName, m_allExtensions)
-                           + QStringLiteral(";;All Files (*.*)");
+    const QString filter =
+        QStringLiteral("All %1 Files (%2)").arg(m_formatName, m_allExtensions) + QStringLiteral(";;All Files (*.*)");
     const QString path =
-        m_fileMode ? QFileDialog::getSaveFileName(this, QStringLiteral("File Export: File Selection"),
-                                                  m_directoryName, filter)
-                   : QFileDialog::getExistingDirectory(this, QStringLiteral("File Export: Directory Selection"),
-                                                       m_directoryName, QFileDialog::ShowDirsOnly);
+        m_fileMode
+            ? QFileDialog::getSaveFileName(this, QStringLiteral("File Export: File Selection"), m_directoryName, filter)
+            : QFileDialog::getExistingDirectory(this, QStringLiteral("File Export: Directory Selection"),
+                                                m_directoryName, QFileDialog::ShowDirsOnly);
     if (wizard)
         wizard->setSaveModeComplete();
     if (path.isEmpty()) {

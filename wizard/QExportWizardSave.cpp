@@ -94,8 +94,8 @@ void QExportWizard::saveNameFirst(const QString& path, bool userAlreadyAccepted)
     QStringList geometryFiles;
     QStringList attributeFiles;
     QStringList otherFiles;
-    m_currentSaver->generateFileNames(path, ids, names, attributes, geoAttributeFiles, geometryFiles,
-                                      attributeFiles, otherFiles);
+    m_currentSaver->generateFileNames(path, ids, names, attributes, geoAttributeFiles, geometryFiles, attributeFiles,
+                                      otherFiles);
     std::vector<QString> accepted;
     const bool single = geoAttributeFiles.size() < 2 && geometryFiles.size() < 2;
     bool askAgain = true;
@@ -138,8 +138,7 @@ void QExportWizard::addUncheckedFiles(const QStringList& names, QExportAbstractS
 
 void QExportWizard::checkFileNamesUserAccepted(const QStringList& names, const QString&,
                                                const QExportAbstractSheet::InfoType& type, bool& askAgain,
-                                               std::vector<QString>& accepted, bool single,
-                                               bool userAlreadyAccepted)
+                                               std::vector<QString>& accepted, bool single, bool userAlreadyAccepted)
 {
     bool first = true;
     for (const QString& name : names) {

@@ -57,8 +57,8 @@ void QObjectListModel::setIdInListChecked(const int& id)
 
 void QObjectListModel::setNameInListChecked(const QString& name)
 {
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [&name](const Entry& entry) { return entry.name == name; });
+    const auto found =
+        std::find_if(m_entries.begin(), m_entries.end(), [&name](const Entry& entry) { return entry.name == name; });
     if (found != m_entries.end())
         found->checked = true;
 }

@@ -61,9 +61,8 @@ QString table(const QString& title, const std::vector<ReportEntry>& entries)
     QString html = blackTag() + QStringLiteral("<u><b>") + title + QStringLiteral("</b>:</u></font><br>")
                    + QStringLiteral("<table align=\"center\" border=1 width=500 cellpadding=5>");
     for (const ReportEntry& entry : entries) {
-        html += QStringLiteral("<tr><td>") + blueTag() + entry.name.toHtmlEscaped()
-                + QStringLiteral("</font><td>") + stateTag(entry.state) + stateText(entry.state)
-                + QStringLiteral("</font></tr>");
+        html += QStringLiteral("<tr><td>") + blueTag() + entry.name.toHtmlEscaped() + QStringLiteral("</font><td>")
+                + stateTag(entry.state) + stateText(entry.state) + QStringLiteral("</font></tr>");
     }
     return html + QStringLiteral("</table><br><br>");
 }

@@ -85,7 +85,8 @@ inline int digitCount(std::uint64_t number)
 }
 
 /// product / 2^places, rounded. For places from 1 on and products that leave the topmost bit free.
-template <Tie tie, typename Word> Word halved(Word product, int places)
+template <Tie tie, typename Word>
+Word halved(Word product, int places)
 {
     if constexpr (tie == Tie::AwayFromZero)
         return ((product >> (places - 1)) + 1) >> 1;
@@ -96,7 +97,8 @@ template <Tie tie, typename Word> Word halved(Word product, int places)
 /// The magnitude of a finite value, mantissa * 2^exponent, times 10^precision, rounded once. The product of a 53-bit
 /// mantissa and a power below 2^60 fits in 128 bits, so nothing is lost before that.
 /// False when the result has more than 64 bits.
-template <Tie tie> bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
+template <Tie tie>
+bool scaled(std::uint64_t mantissa, int exponent, int precision, std::uint64_t& result)
 {
     const Wide product = static_cast<Wide>(mantissa) * powersOfTen[precision];
     Wide rounded = 0;
@@ -148,7 +150,8 @@ inline char* writeUsual(char* out, std::uint64_t number, int precision)
 }
 
 /// What writeMagnitude() does, for every number.
-template <Tie tie> [[gnu::noinline]] char* writeAnyMagnitude(char* out, std::uint64_t bits, int precision)
+template <Tie tie>
+[[gnu::noinline]] char* writeAnyMagnitude(char* out, std::uint64_t bits, int precision)
 {
     const auto biased = static_cast<int>((bits >> 52) & 0x7ffU);
     if (biased == 0x7ff || precision < 0 || precision > largestPrecision)
@@ -179,7 +182,8 @@ template <Tie tie> [[gnu::noinline]] char* writeAnyMagnitude(char* out, std::uin
 /// The magnitude of the double with these bits at \a out, for which 63 characters have room; those behind the text
 /// may change. Takes numbers of up to 16 digits, decimals included.
 /// \returns the end of the text, or null when the number is none of these
-template <Tie tie> inline char* writeMagnitude(char* out, std::uint64_t bits, int precision)
+template <Tie tie>
+inline char* writeMagnitude(char* out, std::uint64_t bits, int precision)
 {
     // Values below 2^26, thus of eight digits, that one shift of 63 bits at most scales.
     const int shift = 1075 - static_cast<int>((bits >> 52) & 0x7ffU);

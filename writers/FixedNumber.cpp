@@ -24,7 +24,8 @@ inline char* write(char* out, double value, int precision)
 }
 
 /// With the precision known when it is compiled.
-template <int precision> char* writeKnown(char* out, double value, int)
+template <int precision>
+char* writeKnown(char* out, double value, int)
 {
     return write(out, value, precision);
 }

@@ -3,8 +3,8 @@
 
 #include "core/GeoObject.h"
 #include "core/MatrixDataExporter.h"
-#include "writers/FixedNumber.h"
 #include "host/data/MatrixData.h"
+#include "writers/FixedNumber.h"
 
 #include <string>
 #include <vector>
@@ -37,10 +37,10 @@ public:
 
     std::vector<FieldInfo> fields; ///< the output fields in order
     Mode mode = FieldBased;
-    int separator = 0;            ///< 0 blank, 1 tab, 2 comma, 3 semicolon, 4 customSeparator, else nothing
-    QString customSeparator;      ///< text of separator code 4
-    bool zIsElevation = true;     ///< false: values of a field "z" are negated
-    bool headerPending = true;    ///< a header is still to be written
+    int separator = 0;         ///< 0 blank, 1 tab, 2 comma, 3 semicolon, 4 customSeparator, else nothing
+    QString customSeparator;   ///< text of separator code 4
+    bool zIsElevation = true;  ///< false: values of a field "z" are negated
+    bool headerPending = true; ///< a header is still to be written
 
 protected:
     /// Finds the source of each field in \a object.
@@ -90,8 +90,8 @@ private:
     std::vector<PlainColumn> m_plainColumns;
     std::string m_plainNull; ///< what stands for a missing value there
     std::string m_block;
-    std::vector<char> m_plainRows;      ///< follow m_block; their room is made once
-    std::size_t m_plainSize = 0;        ///< characters of m_plainRows in use
+    std::vector<char> m_plainRows; ///< follow m_block; their room is made once
+    std::size_t m_plainSize = 0;   ///< characters of m_plainRows in use
     int m_lastPercent = 0;
     bool m_cancelled = false;
 };

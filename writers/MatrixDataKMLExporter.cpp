@@ -70,8 +70,7 @@ bool MatrixDataKMLExporter::fileOpen()
 {
     if (!MatrixDataExporter::fileOpen())
         return false;
-    stream << KmlFrame::beforeVersion << QCoreApplication::applicationVersion().toStdString()
-           << KmlFrame::afterVersion;
+    stream << KmlFrame::beforeVersion << QCoreApplication::applicationVersion().toStdString() << KmlFrame::afterVersion;
     return true;
 }
 
@@ -104,11 +103,7 @@ void MatrixDataKMLExporter::writeBoundingArea(const QPointF& corner1, const QPoi
     m_text = "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
              "<Polygon><altitudeMode>clampToGround</altitudeMode>"
              "<outerBoundaryIs><LinearRing><coordinates>\n";
-    appendPoints(m_text, {corner1,
-                          {corner1.x(), corner2.y()},
-                          corner2,
-                          {corner2.x(), corner1.y()},
-                          corner1});
+    appendPoints(m_text, {corner1, {corner1.x(), corner2.y()}, corner2, {corner2.x(), corner1.y()}, corner1});
     put("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
 }
 
@@ -156,8 +151,8 @@ void MatrixDataKMLExporter::writeWell(const QPointF& position, const QString& na
     put("</coordinates></Point></Placemark>\n");
 }
 
-void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, double east, double west,
-                                                 double rotation, const QString& imageHref, const QString& name)
+void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, double east, double west, double rotation,
+                                                 const QString& imageHref, const QString& name)
 {
     m_text = "<GroundOverlay>";
     appendName(m_text, name);
@@ -170,8 +165,8 @@ void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, dou
     put("</LatLonBox></GroundOverlay>\n");
 }
 
-void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QString& name,
-                                            const QString& imageSource, const QSize& size)
+void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QString& name, const QString& imageSource,
+                                            const QSize& size)
 {
     m_text = "<Placemark>";
     appendName(m_text, name);

@@ -20,7 +20,8 @@ namespace kpBaseExport
 class KPBASEEXPORT_EXPORT MatrixDataOpenTecLinkExporter : public MatrixDataExporter
 {
 public:
-    explicit MatrixDataOpenTecLinkExporter(const QString& file = QString(), kpBase::AbstractProgress* reporter = nullptr);
+    explicit MatrixDataOpenTecLinkExporter(const QString& file = QString(),
+                                           kpBase::AbstractProgress* reporter = nullptr);
     ~MatrixDataOpenTecLinkExporter() override;
 
     /// Version, units and, when there is one, the trace of the section.
@@ -31,10 +32,11 @@ public:
     /// True when writeGeo() has stopped because the user cancelled.
     bool cancelled() const { return m_cancelled; }
 
-    int precision = 2;                                           ///< decimals of every number
-    QString sectionName = QStringLiteral("SectionDummy");        ///< name of the section
-    double sectionAge = 0.0;                                     ///< age of the section
-    const kpBase::MatrixData* sectionPositions = nullptr;        ///< trace: a row per point, columns x, y; deleted by the writer
+    int precision = 2;                                    ///< decimals of every number
+    QString sectionName = QStringLiteral("SectionDummy"); ///< name of the section
+    double sectionAge = 0.0;                              ///< age of the section
+    const kpBase::MatrixData* sectionPositions =
+        nullptr; ///< trace: a row per point, columns x, y; deleted by the writer
 
 private:
     void appendRow(const char* keyword, std::initializer_list<double> numbers);

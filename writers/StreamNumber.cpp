@@ -27,8 +27,7 @@ void appendStreamFixed(std::string& text, double value, int precision)
     const std::size_t size = text.size();
     text.resize(size + longestWhole + static_cast<std::size_t>(precision));
     char* first = text.data() + size;
-    const auto result =
-        std::to_chars(first, text.data() + text.size(), value, std::chars_format::fixed, precision);
+    const auto result = std::to_chars(first, text.data() + text.size(), value, std::chars_format::fixed, precision);
     text.resize(static_cast<std::size_t>(result.ptr - text.data()));
 }
 

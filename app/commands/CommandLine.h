@@ -7,14 +7,7 @@ namespace refhost
 {
 
 /// Exit codes of the program.
-enum ExitCode {
-    AllWritten = 0,
-    NotAllWritten = 1,
-    WrongUse = 2,
-    NothingMatched = 3,
-    Cancelled = 4,
-    SomethingLost = 5
-};
+enum ExitCode { AllWritten = 0, NotAllWritten = 1, WrongUse = 2, NothingMatched = 3, Cancelled = 4, SomethingLost = 5 };
 
 /// True when \a arguments (without the program's name) ask for a command rather than for the window.
 bool isCommand(const QStringList& arguments);

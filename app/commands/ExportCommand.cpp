@@ -30,7 +30,8 @@ bool matchesAny(const ModelObject& object, const QStringList& patterns)
         // A glob spans "/" in a name, which is no path.
         QString text = QRegularExpression::escape(pattern);
         text.replace(QLatin1String("\\*"), QLatin1String(".*")).replace(QLatin1String("\\?"), QLatin1String("."));
-        return QRegularExpression(QRegularExpression::anchoredPattern(text), QRegularExpression::DotMatchesEverythingOption)
+        return QRegularExpression(QRegularExpression::anchoredPattern(text),
+                                  QRegularExpression::DotMatchesEverythingOption)
             .match(object.name)
             .hasMatch();
     });
@@ -104,7 +105,8 @@ bool writeReport(const QJsonObject& report, const ExportRequest& request)
     const QByteArray text = QJsonDocument(report).toJson();
     if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
         return true;
-    printError(QStringLiteral("%1: the report could not be written: %2 (check the directory)").arg(request.report, file.errorString()));
+    printError(QStringLiteral("%1: the report could not be written: %2 (check the directory)")
+                   .arg(request.report, file.errorString()));
     return false;
 }
 
@@ -141,7 +143,8 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
 /// The first file that exists and may not be replaced; empty when there is none.
 QString protectedFile(const std::vector<PlannedFile>& files, const ExportRequest& request)
 {
-    const auto found = std::find_if(files.begin(), files.end(), [](const PlannedFile& file) { return QFileInfo(file.path).isFile(); });
+    const auto found =
+        std::find_if(files.begin(), files.end(), [](const PlannedFile& file) { return QFileInfo(file.path).isFile(); });
     return request.overwrite || found == files.end() ? QString() : found->path;
 }
 
@@ -179,13 +182,15 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
 int exitCode(const ExportReport& report, const ExportRequest& request)
 {
     if (report.cancelled) {
-        printError(QStringLiteral("%1: the export was cancelled; earlier files are as they were (start it again)").arg(request.output));
+        printError(QStringLiteral("%1: the export was cancelled; earlier files are as they were (start it again)")
+                       .arg(request.output));
         return Cancelled;
     }
     for (const FileOutcome& file : report.files()) {
         printOutcomeErrors(file);
         if (file.written() && !request.quiet)
-            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes) + verifiedText(file));
+            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes)
+                      + verifiedText(file));
     }
     if (!request.quiet)
         printFindings(report);

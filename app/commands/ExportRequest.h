@@ -15,11 +15,11 @@ struct ExportRequest
     QStringList models;
     QString format;
     QString output;
-    QStringList objects;    ///< names, globs or "id:NUMBER"; all when empty
-    QStringList types;      ///< type keys; all when empty
-    QStringList attributes; ///< all when empty
+    QStringList objects;       ///< names, globs or "id:NUMBER"; all when empty
+    QStringList types;         ///< type keys; all when empty
+    QStringList attributes;    ///< all when empty
     bool noAttributes = false; ///< coordinates only
-    QString layout;         ///< layout file of the ASCII format; none when empty
+    QString layout;            ///< layout file of the ASCII format; none when empty
     QVector<QPair<QString, QString>> settings;
     bool overwrite = false;
     bool strict = false;

@@ -40,7 +40,9 @@ const char* kindName(AttributeKind kind)
 
 QJsonObject attributeJson(const QString& name, AttributeKind kind, const QString& unit)
 {
-    return {{QStringLiteral("name"), name}, {QStringLiteral("type"), QLatin1String(kindName(kind))}, {QStringLiteral("unit"), unit}};
+    return {{QStringLiteral("name"), name},
+            {QStringLiteral("type"), QLatin1String(kindName(kind))},
+            {QStringLiteral("unit"), unit}};
 }
 
 QJsonArray extentOf(const Numbers& numbers)
@@ -103,9 +105,10 @@ QString textOf(const QJsonObject& object)
     const QString crs = object.value(QLatin1String("crs")).toString();
     return QStringLiteral("%1\t%2\t%3\t%4 vertices\t%5, %6, %7\t%8\t%9")
         .arg(QString::number(object.value(QLatin1String("id")).toInt()), object.value(QLatin1String("name")).toString(),
-             object.value(QLatin1String("type")).toString(), QString::number(object.value(QLatin1String("vertices")).toInt()),
-             range(object, "x"), range(object, "y"), range(object, "z"),
-             crs.isEmpty() ? QStringLiteral("no coordinate system") : crs, attributes.join(QStringLiteral(", ")));
+             object.value(QLatin1String("type")).toString(),
+             QString::number(object.value(QLatin1String("vertices")).toInt()), range(object, "x"), range(object, "y"),
+             range(object, "z"), crs.isEmpty() ? QStringLiteral("no coordinate system") : crs,
+             attributes.join(QStringLiteral(", ")));
 }
 
 bool parse(QCommandLineParser& parser, const QStringList& arguments)
@@ -163,7 +166,8 @@ int formatsCommand(const QStringList& arguments)
             types.append(QString::fromStdString(typeKey(type)));
         QJsonArray settings;
         if (!parser.isSet(QStringLiteral("json")))
-            printLine(QStringLiteral("%1\t%2\t%3\t%4").arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
+            printLine(QStringLiteral("%1\t%2\t%3\t%4")
+                          .arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
         for (const Setting& setting : map.settings()) {
             static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
             const QString allowed = setting.kind == Setting::Choice ? setting.choices.join(QStringLiteral(", "))
@@ -174,10 +178,12 @@ int formatsCommand(const QStringList& arguments)
                                         {QStringLiteral("default"), setting.get()},
                                         {QStringLiteral("description"), setting.description}});
             if (!parser.isSet(QStringLiteral("json")))
-                printLine(QStringLiteral("    %1 = %2\t%3 (%4)").arg(setting.key, setting.get(), setting.description, allowed));
+                printLine(QStringLiteral("    %1 = %2\t%3 (%4)")
+                              .arg(setting.key, setting.get(), setting.description, allowed));
         }
         if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
-            printLine(QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
+            printLine(
+                QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
         all.append(QJsonObject{{QStringLiteral("key"), info.key},
                                {QStringLiteral("layout"), info.takesLayout},
                                {QStringLiteral("name"), info.displayName},

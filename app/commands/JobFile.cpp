@@ -33,7 +33,8 @@ QStringList textList(const QString& path, const QString& key, const QJsonValue& 
         return {value.toString()};
     for (const QJsonValue& entry : value.toArray()) {
         if (!entry.isString())
-            fail(path, QStringLiteral("\"%1\" holds something that is no text").arg(key), QStringLiteral("give a list of texts"));
+            fail(path, QStringLiteral("\"%1\" holds something that is no text").arg(key),
+                 QStringLiteral("give a list of texts"));
         list.append(entry.toString());
     }
     if (list.isEmpty())
@@ -102,7 +103,8 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
                 request.settings.append({setting.key(), settingText(setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, settings, overwrite, strict, verify, dryRun, quiet, report"));
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, "
+                                "settings, overwrite, strict, verify, dryRun, quiet, report"));
         }
     }
     return request;
@@ -119,7 +121,8 @@ QJsonObject readJob(const QString& path)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(content, &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
-        fail(path, QStringLiteral("line %1: %2").arg(content.left(error.offset).count('\n') + 1).arg(error.errorString()),
+        fail(path,
+             QStringLiteral("line %1: %2").arg(content.left(error.offset).count('\n') + 1).arg(error.errorString()),
              QStringLiteral("correct the JSON there"));
     return document.object();
 }

@@ -51,7 +51,8 @@ qint64 ExportFormat::estimatedBytes(const PlannedFile& file, const ExportSelecti
                 columns.insert(attribute.name, attribute.value.toString().size() + 1);
         }
         vertices += object->vertexCount();
-        rows += ofFeatures && !object->parts.empty() ? static_cast<qint64>(object->parts.size()) : object->vertexCount();
+        rows +=
+            ofFeatures && !object->parts.empty() ? static_cast<qint64>(object->parts.size()) : object->vertexCount();
         if (object->section) {
             for (const SectionSegment& segment : object->section->segments)
                 vertices += static_cast<qint64>(segment.z.size());

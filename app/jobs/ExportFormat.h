@@ -32,7 +32,7 @@ struct FormatInfo
     std::vector<ObjectType> types;
     bool supportsAttributes = true;
     bool valuesOfFeatures = false; ///< a line or polygon has one value of an attribute, not one for each vertex
-    bool takesLayout = false; ///< loadLayout() is for this format
+    bool takesLayout = false;      ///< loadLayout() is for this format
 };
 
 /// One export format: used alike by the command line and by the wizard. A new format is one class derived from this

@@ -39,13 +39,15 @@ FileOutcome foreseenOutcome(const PlannedFile& file, const Foresight& foresight)
 
 int ExportPlan::replaced() const
 {
-    return static_cast<int>(std::count_if(outputs.begin(), outputs.end(), [](const Output& output) { return output.replaces; }));
+    return static_cast<int>(
+        std::count_if(outputs.begin(), outputs.end(), [](const Output& output) { return output.replaces; }));
 }
 
 int ExportPlan::refused() const
 {
     const std::vector<FileOutcome>& files = foreseen.files();
-    return static_cast<int>(std::count_if(files.begin(), files.end(), [](const FileOutcome& file) { return !file.written(); }));
+    return static_cast<int>(
+        std::count_if(files.begin(), files.end(), [](const FileOutcome& file) { return !file.written(); }));
 }
 
 qint64 ExportPlan::bytes() const
@@ -79,13 +81,14 @@ QJsonObject ExportPlan::toJson(const QString& formatKey) const
     for (std::size_t index = 0; index < outputs.size(); ++index) {
         const Output& output = outputs[index];
         const FileOutcome& outcome = foreseen.files()[index];
-        QJsonObject entry{{QStringLiteral("path"), output.path},
-                                 {QStringLiteral("state"), output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new")},
-                                 {QStringLiteral("renamedFrom"), output.renamedFrom},
-                                 {QStringLiteral("objects"), QJsonArray::fromStringList(output.objects)},
-                                 {QStringLiteral("sidecars"), QJsonArray::fromStringList(output.sidecars)},
-                                 {QStringLiteral("vertices"), output.vertices},
-                                 {QStringLiteral("estimatedBytes"), output.bytes}};
+        QJsonObject entry{
+            {QStringLiteral("path"), output.path},
+            {QStringLiteral("state"), output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new")},
+            {QStringLiteral("renamedFrom"), output.renamedFrom},
+            {QStringLiteral("objects"), QJsonArray::fromStringList(output.objects)},
+            {QStringLiteral("sidecars"), QJsonArray::fromStringList(output.sidecars)},
+            {QStringLiteral("vertices"), output.vertices},
+            {QStringLiteral("estimatedBytes"), output.bytes}};
         if (!outcome.written())
             entry.insert(QStringLiteral("error"), outcome.error);
         if (!outcome.failedObjects.empty())
@@ -130,7 +133,8 @@ ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection
         }
         plan.outputs.push_back(output);
     }
-    const QStorageInfo disk(QFileInfo(selection.path).isDir() ? selection.path : QFileInfo(selection.path).absolutePath());
+    const QStorageInfo disk(QFileInfo(selection.path).isDir() ? selection.path
+                                                              : QFileInfo(selection.path).absolutePath());
     if (disk.isValid())
         plan.freeBytes = disk.bytesAvailable();
     return plan;

@@ -14,7 +14,7 @@ struct ExportPlan
     struct Output
     {
         QString path;
-        QString renamedFrom;   ///< the name asked for, when the file's had to differ
+        QString renamedFrom; ///< the name asked for, when the file's had to differ
         QStringList objects;
         bool replaces = false; ///< the file exists
         QStringList sidecars;  ///< files that belong to it, exist and are replaced or removed with it

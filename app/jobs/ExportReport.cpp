@@ -44,21 +44,23 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
 {
     QJsonArray files;
     for (const FileOutcome& file : m_files) {
-        QJsonObject entry{{QStringLiteral("path"), file.path},
-                          {QStringLiteral("objects"), QJsonArray::fromStringList(file.objects)},
-                          {QStringLiteral("outcome"), file.written() ? QStringLiteral("written") : QStringLiteral("failed")},
-                          {QStringLiteral("rows"), file.rows},
-                          {QStringLiteral("bytes"), file.bytes}};
+        QJsonObject entry{
+            {QStringLiteral("path"), file.path},
+            {QStringLiteral("objects"), QJsonArray::fromStringList(file.objects)},
+            {QStringLiteral("outcome"), file.written() ? QStringLiteral("written") : QStringLiteral("failed")},
+            {QStringLiteral("rows"), file.rows},
+            {QStringLiteral("bytes"), file.bytes}};
         if (!file.written())
             entry.insert(QStringLiteral("error"), file.error);
         const QJsonArray failed = file.failedJson();
         if (!failed.isEmpty())
             entry.insert(QStringLiteral("failedObjects"), failed);
         if (!file.verification.reader.isEmpty())
-            entry.insert(QStringLiteral("verification"), QJsonObject{{QStringLiteral("reader"), file.verification.reader},
-                                                                     {QStringLiteral("count"), file.verification.count},
-                                                                     {QStringLiteral("worstError"), file.verification.worstError},
-                                                                     {QStringLiteral("fault"), file.verification.fault}});
+            entry.insert(QStringLiteral("verification"),
+                         QJsonObject{{QStringLiteral("reader"), file.verification.reader},
+                                     {QStringLiteral("count"), file.verification.count},
+                                     {QStringLiteral("worstError"), file.verification.worstError},
+                                     {QStringLiteral("fault"), file.verification.fault}});
         files.append(entry);
     }
     return {{QStringLiteral("format"), formatKey},

@@ -18,8 +18,8 @@ namespace refhost
 /// Something that was lost or changed on the way to a file, counted.
 struct Finding
 {
-    QString kind;    ///< "missing attribute", "renamed", "ambiguous text" ...
-    QString object;  ///< name of the object, or empty
+    QString kind;   ///< "missing attribute", "renamed", "ambiguous text" ...
+    QString object; ///< name of the object, or empty
     qint64 count = 0;
     QString example; ///< the first case in words
 };

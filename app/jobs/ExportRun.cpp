@@ -30,8 +30,8 @@ qint64 bytesOf(const QString& staged)
 class FileRun
 {
 public:
-    FileRun(ExportFormat& format, const ExportSelection& selection, const PlannedFile& file, OutputTransaction& transaction,
-            ExportReport& report)
+    FileRun(ExportFormat& format, const ExportSelection& selection, const PlannedFile& file,
+            OutputTransaction& transaction, ExportReport& report)
         : m_format(format)
         , m_selection(selection)
         , m_file(file)
@@ -79,7 +79,8 @@ private:
         }
         // An empty file is no success.
         if (m_outcome.rows == 0 && !m_file.objects.empty() && !progress.isCancelled())
-            throw ExportError(m_file.path, QStringLiteral("nothing of %1 has a place in the file").arg(m_file.objects.front()->name),
+            throw ExportError(m_file.path,
+                              QStringLiteral("nothing of %1 has a place in the file").arg(m_file.objects.front()->name),
                               QStringLiteral("the notes say what was left out; choose another object or format"));
         const bool staged = path != QFileInfo(m_file.path).absoluteFilePath();
         m_outcome.bytes = staged ? bytesOf(path) : 0;
@@ -93,9 +94,11 @@ private:
         m_outcome.verification = m_format.verify(m_file, path, m_selection);
         const Verification& found = m_outcome.verification;
         if (found.reader.isEmpty())
-            m_report.note(QStringLiteral("not verified"), QString(), 1, QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
+            m_report.note(QStringLiteral("not verified"), QString(), 1,
+                          QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
         else if (!found.fault.isEmpty())
-            throw ExportError(m_file.path, QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
+            throw ExportError(m_file.path,
+                              QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
                               QStringLiteral("report this; an earlier file is as it was"));
     }
 

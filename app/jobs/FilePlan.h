@@ -12,7 +12,8 @@ struct PlannedFile
 {
     QString path;
     std::vector<const ModelObject*> objects;
-    QString renamedFrom = QString(); ///< name of the object or set that the file is named after, where its own had to differ
+    QString renamedFrom =
+        QString(); ///< name of the object or set that the file is named after, where its own had to differ
 };
 
 /// \a path with the extension, unless it has one of its own.
@@ -26,6 +27,7 @@ std::vector<PlannedFile> planFiles(const ExportSelection& selection, FileGroupin
 
 /// One file per object, for formats that hold no more: a single object goes into \a path itself, unless that is a
 /// directory.
-std::vector<PlannedFile> planOneEach(const ExportSelection& selection, const QString& extension, const QString& prefix = QString());
+std::vector<PlannedFile> planOneEach(const ExportSelection& selection, const QString& extension,
+                                     const QString& prefix = QString());
 
 } // namespace refhost

@@ -51,14 +51,18 @@ bool askFormat(Foresight& foresight, const ExportFormat& format, const ExportSel
 
 void requirePositions(const PlannedFile& file)
 {
-    if (std::all_of(file.objects.begin(), file.objects.end(), [](const ModelObject* object) { return object->vertexCount() == 0; }))
-        throw ExportError(file.path, QStringLiteral("nothing of %1 can be written: it has no positions").arg(file.objects.front()->name),
-                          QStringLiteral("choose an object that has"));
+    if (std::all_of(file.objects.begin(), file.objects.end(),
+                    [](const ModelObject* object) { return object->vertexCount() == 0; }))
+        throw ExportError(
+            file.path,
+            QStringLiteral("nothing of %1 can be written: it has no positions").arg(file.objects.front()->name),
+            QStringLiteral("choose an object that has"));
 }
 
 QString noneLeftError(const std::vector<FailedObject>& failed)
 {
-    return QStringLiteral("none of its objects could be written; %1: %2").arg(failed.front().name, failed.front().reason);
+    return QStringLiteral("none of its objects could be written; %1: %2")
+        .arg(failed.front().name, failed.front().reason);
 }
 
 Foresight foresee(const ExportFormat& format, const PlannedFile& file, const ExportSelection& selection,

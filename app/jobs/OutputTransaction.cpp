@@ -154,7 +154,8 @@ QString OutputTransaction::stage(const QString& target, const QStringList& sidec
 
 std::vector<OutputTransaction::Target>::iterator OutputTransaction::find(const QString& target)
 {
-    return std::find_if(m_targets.begin(), m_targets.end(), [&target](const Target& entry) { return entry.name == target; });
+    return std::find_if(m_targets.begin(), m_targets.end(),
+                        [&target](const Target& entry) { return entry.name == target; });
 }
 
 void OutputTransaction::drop(const QString& target)
@@ -193,8 +194,10 @@ std::vector<OutputTransaction::Move> OutputTransaction::moves() const
             moves.push_back({target.name, target.folder + QLatin1Char('/') + name, directory.filePath(name), {}});
         }
         if (written.isEmpty())
-            throw ExportError(target.name, QStringLiteral("what was written is gone: %1 was removed during the run").arg(resolved.absolutePath()),
-                              QStringLiteral("create the directory and export again"));
+            throw ExportError(
+                target.name,
+                QStringLiteral("what was written is gone: %1 was removed during the run").arg(resolved.absolutePath()),
+                QStringLiteral("create the directory and export again"));
         for (const QString& extension : target.sidecars) {
             const QString name = resolved.completeBaseName() + QLatin1Char('.') + extension;
             if (!written.contains(name) && QFileInfo(directory.filePath(name)).isFile())
@@ -251,12 +254,14 @@ void OutputTransaction::commit()
         directories.append(folder.first);
     const bool many = pending.size() > mostSingleSyncs;
     if (many && !synchroniseDisks(directories))
-        throw ExportError(m_targets.front().name, QStringLiteral("the files could not be made durable: %1").arg(errorText(errno)),
+        throw ExportError(m_targets.front().name,
+                          QStringLiteral("the files could not be made durable: %1").arg(errorText(errno)),
                           QStringLiteral("check the disk"));
     for (const Move& move : pending) {
         const int error = many || move.from.isEmpty() ? 0 : synchronise(move.from, O_RDONLY);
         if (error != 0)
-            throw ExportError(move.target, QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
+            throw ExportError(move.target,
+                              QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
                               QStringLiteral("check the disk"));
     }
     const DirectoryLocks locks(directories);

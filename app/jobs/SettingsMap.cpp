@@ -91,7 +91,8 @@ void SettingsMap::set(const QString& key, const QString& value)
             allowed = QStringLiteral("a number from %1 to %2").arg(found->least).arg(found->most);
     }
     if (!allowed.isEmpty())
-        throw SettingsError(QStringLiteral("%1: \"%2\" is not a value of this setting (give %3)").arg(key, value, allowed));
+        throw SettingsError(
+            QStringLiteral("%1: \"%2\" is not a value of this setting (give %3)").arg(key, value, allowed));
     found->set(value);
 }
 

@@ -43,8 +43,9 @@ bool isSameFile(const QString& one, const QString& other)
 {
     struct stat first = {};
     struct stat second = {};
-    return ::stat(QFile::encodeName(one).constData(), &first) == 0 && ::stat(QFile::encodeName(other).constData(), &second) == 0
-           && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+    return ::stat(QFile::encodeName(one).constData(), &first) == 0
+           && ::stat(QFile::encodeName(other).constData(), &second) == 0 && first.st_dev == second.st_dev
+           && first.st_ino == second.st_ino;
 }
 
 /// A run was killed while it moved files into place, after all had been made durable. When some have been moved, the
@@ -65,7 +66,8 @@ void finishCommit(const QDir& parent, const QDir& folder)
         for (const QString& name : waiting.entryList(QDir::Files | QDir::Hidden)) {
             const QString target = parent.filePath(name);
             if (!QFile::exists(target) || isSameFile(earlier.filePath(name), target))
-                std::rename(QFile::encodeName(waiting.filePath(name)).constData(), QFile::encodeName(target).constData());
+                std::rename(QFile::encodeName(waiting.filePath(name)).constData(),
+                            QFile::encodeName(target).constData());
         }
     }
 }
@@ -80,7 +82,8 @@ StagingFolder::StagingFolder(const QString& directory, const QString& target)
     // Another run may take the new folder for an abandoned one before it is locked; then it is gone, or going.
     constexpr int mostTries = 100;
     for (int tries = 0; tries < mostTries && m_lock < 0; ++tries) {
-        const QString name = QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
+        const QString name =
+            QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
         m_path = parent.filePath(name);
         if (::mkdir(QFile::encodeName(m_path).constData(), 0777) == 0)
             m_lock = lockFolder(m_path, true);
@@ -93,7 +96,8 @@ StagingFolder::StagingFolder(const QString& directory, const QString& target)
     }
     if (m_lock < 0)
         throw ExportError(target,
-                          QStringLiteral("nothing can be created in %1: %2").arg(directory, QString::fromLocal8Bit(std::strerror(errno))),
+                          QStringLiteral("nothing can be created in %1: %2")
+                              .arg(directory, QString::fromLocal8Bit(std::strerror(errno))),
                           QStringLiteral("make room, change its permissions or choose another directory"));
 }
 
@@ -120,7 +124,8 @@ QString StagingFolder::backupRoom()
 void StagingFolder::removeAbandoned(const QString& directory)
 {
     const QDir parent(directory);
-    const QStringList names = parent.entryList({prefix + QLatin1Char('*')}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    const QStringList names =
+        parent.entryList({prefix + QLatin1Char('*')}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
     for (const QString& name : names) {
         QDir folder(parent.filePath(name));
         const int lock = lockFolder(folder.path(), false);

@@ -34,8 +34,8 @@ struct GridGeometry
     int rows = 0;
     double originX = 0.0; ///< position of node (0, 0)
     double originY = 0.0;
-    double stepX = 1.0; ///< distance of neighbouring columns, in coordinate units
-    double stepY = 1.0; ///< distance of neighbouring rows; positive: north of the row before
+    double stepX = 1.0;    ///< distance of neighbouring columns, in coordinate units
+    double stepY = 1.0;    ///< distance of neighbouring rows; positive: north of the row before
     double rotation = 0.0; ///< degrees, counter-clockwise, about the origin
 };
 
@@ -60,15 +60,15 @@ struct ModelObject
     QString name;
     ObjectType type = ObjectType::VertexClouds;
     QColor color = QColor(Qt::darkGray);
-    QString set;    ///< name of the set (layer, group) that the object belongs to; may be empty
-    QString crs;    ///< coordinate system as WKT; empty when unknown
+    QString set; ///< name of the set (layer, group) that the object belongs to; may be empty
+    QString crs; ///< coordinate system as WKT; empty when unknown
     QString lengthUnit = QStringLiteral("m"); ///< "m", "ft", "ftUS", "km"
-    QString source; ///< file that the object came from, for messages
+    QString source;                           ///< file that the object came from, for messages
 
     Numbers x; ///< one per vertex; never null in a loaded object
     Numbers y;
-    Numbers z;          ///< 0 where the source is flat; NaN marks a node without value
-    bool hasZ = true;   ///< false when the source has no third dimension
+    Numbers z;        ///< 0 where the source is flat; NaN marks a node without value
+    bool hasZ = true; ///< false when the source has no third dimension
 
     std::vector<Part> parts;                     ///< empty for plain points
     std::vector<std::array<int, 3>> triangles;   ///< mesh surfaces: vertex indices
@@ -80,7 +80,10 @@ struct ModelObject
 
     int vertexCount() const { return x ? static_cast<int>(x->size()) : 0; }
     /// Vertices and cells.
-    qint64 rowCount() const { return vertexCount() + (cells ? qint64(cells->columns) * cells->rows * cells->layers : 0); }
+    qint64 rowCount() const
+    {
+        return vertexCount() + (cells ? qint64(cells->columns) * cells->rows * cells->layers : 0);
+    }
     /// How much there is to write, for progress: vertices, points drawn on a section and cells.
     double weight() const
     {

@@ -49,14 +49,16 @@ QString faultOf(const ModelObject& object)
     if (object.y->size() != count || object.z->size() != count)
         return QStringLiteral("its x, y and z are not equally many");
     const bool partOutside = std::any_of(object.parts.begin(), object.parts.end(), [count](const Part& part) {
-        return part.first < 0 || part.count < 0 || static_cast<std::size_t>(part.first) + static_cast<std::size_t>(part.count) > count;
+        return part.first < 0 || part.count < 0
+               || static_cast<std::size_t>(part.first) + static_cast<std::size_t>(part.count) > count;
     });
     if (partOutside)
         return QStringLiteral("a part reaches beyond its vertices");
-    const bool triangleOutside = std::any_of(object.triangles.begin(), object.triangles.end(), [count](const auto& triangle) {
-        return std::any_of(triangle.begin(), triangle.end(),
-                           [count](int corner) { return corner < 0 || static_cast<std::size_t>(corner) >= count; });
-    });
+    const bool triangleOutside =
+        std::any_of(object.triangles.begin(), object.triangles.end(), [count](const auto& triangle) {
+            return std::any_of(triangle.begin(), triangle.end(),
+                               [count](int corner) { return corner < 0 || static_cast<std::size_t>(corner) >= count; });
+        });
     if (triangleOutside)
         return QStringLiteral("a triangle has a corner that is none of its vertices");
     if (object.grid

@@ -75,8 +75,9 @@ const std::vector<ObjectType>& allObjectTypes()
 const std::vector<ObjectType>& positionedObjectTypes()
 {
     static const std::vector<ObjectType> types = {
-        ObjectType::Pins,   ObjectType::Polygons,     ObjectType::Polylines,    ObjectType::Posts, ObjectType::Wells,
-        ObjectType::Labels, ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
+        ObjectType::Pins,         ObjectType::Polygons,     ObjectType::Polylines,
+        ObjectType::Posts,        ObjectType::Wells,        ObjectType::Labels,
+        ObjectType::VertexClouds, ObjectType::GridSurfaces, ObjectType::MeshSurfaces};
     return types;
 }
 

@@ -27,7 +27,8 @@ SectionSegment newSegment(const ModelObject& object)
     return segment;
 }
 
-template <typename Point> void append(SectionSegment& segment, const Point& point)
+template <typename Point>
+void append(SectionSegment& segment, const Point& point)
 {
     segment.distance.push_back(point.distance);
     segment.x.push_back(point.x);

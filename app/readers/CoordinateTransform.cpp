@@ -36,7 +36,8 @@ CoordinateTransform::CoordinateTransform(const QString& fromWkt, const QString& 
         return;
     m_transformation.reset(OGRCreateCoordinateTransformation(&from, &to));
     if (!m_transformation)
-        throw std::runtime_error(QStringLiteral("there is no way from %1 to %2").arg(crsName(fromWkt), crsName(toWkt)).toStdString());
+        throw std::runtime_error(
+            QStringLiteral("there is no way from %1 to %2").arg(crsName(fromWkt), crsName(toWkt)).toStdString());
 }
 
 CoordinateTransform::~CoordinateTransform() = default;

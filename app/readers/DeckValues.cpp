@@ -26,7 +26,8 @@ Repeated repeatedOf(const TextScanner& scanner, std::string_view word)
     if (star != std::string_view::npos) {
         repeated.count = scanner.integer(word.substr(0, star));
         if (repeated.count < 1)
-            scanner.fail(QStringLiteral("%1 repeats a number less than once").arg(quoted(word)), QStringLiteral("correct the count"));
+            scanner.fail(QStringLiteral("%1 repeats a number less than once").arg(quoted(word)),
+                         QStringLiteral("correct the count"));
         word.remove_prefix(star + 1);
         if (word.empty())
             return repeated;
@@ -45,7 +46,8 @@ DeckValues readDeckValues(DeckWords& words, qint64 most, bool strict, const QStr
     while (true) {
         if (!words.next(word)) {
             if (strict)
-                words.scanner().failAtEnd(QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most));
+                words.scanner().failAtEnd(
+                    QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most));
             break;
         }
         if (word == "/")
@@ -64,7 +66,8 @@ DeckValues readDeckValues(DeckWords& words, qint64 most, bool strict, const QStr
         // Looked at before memory is taken for it.
         if (repeated.count > most - static_cast<qint64>(values.numbers.size())) {
             if (strict)
-                words.scanner().fail(QStringLiteral("%1 has more than %2 numbers").arg(keyword).arg(most), QStringLiteral("correct it or the grid's size"));
+                words.scanner().fail(QStringLiteral("%1 has more than %2 numbers").arg(keyword).arg(most),
+                                     QStringLiteral("correct it or the grid's size"));
             values.complete = false;
             values.numbers.clear();
             continue;
@@ -73,8 +76,9 @@ DeckValues readDeckValues(DeckWords& words, qint64 most, bool strict, const QStr
         values.numbers.insert(values.numbers.end(), static_cast<std::size_t>(repeated.count), repeated.value);
     }
     if (strict && static_cast<qint64>(values.numbers.size()) < most)
-        words.scanner().fail(QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most),
-                  QStringLiteral("correct it or the grid's size"));
+        words.scanner().fail(
+            QStringLiteral("%1 has %2 of %3 numbers").arg(keyword).arg(values.numbers.size()).arg(most),
+            QStringLiteral("correct it or the grid's size"));
     return values;
 }
 
@@ -83,7 +87,9 @@ AttributeColumn deckColumn(const QString& name, DeckValues values)
     AttributeColumn column;
     column.name = name;
     column.unit = name.startsWith(QLatin1String("PERM")) ? QStringLiteral("mD") : QString();
-    const auto fits = [](double number) { return std::isnan(number) || std::abs(number) <= std::numeric_limits<int>::max(); };
+    const auto fits = [](double number) {
+        return std::isnan(number) || std::abs(number) <= std::numeric_limits<int>::max();
+    };
     if (values.whole && std::all_of(values.numbers.begin(), values.numbers.end(), fits)) {
         column.kind = AttributeKind::Integer;
         column.values.reserve(static_cast<int>(values.numbers.size()));

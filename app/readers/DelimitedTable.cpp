@@ -77,7 +77,8 @@ GDALDatasetUniquePtr openTable(const QString& path, const LoadOptions& options)
     open.SetNameValue("Y_POSSIBLE_NAMES", y.toUtf8().constData());
     open.SetNameValue("Z_POSSIBLE_NAMES", z.toUtf8().constData());
     // OGR takes a line for no header where a column is named by a number.
-    if (fields.contains(x, Qt::CaseInsensitive) && fields.contains(y, Qt::CaseInsensitive) && !x.isEmpty() && !y.isEmpty())
+    if (fields.contains(x, Qt::CaseInsensitive) && fields.contains(y, Qt::CaseInsensitive) && !x.isEmpty()
+        && !y.isEmpty())
         open.SetNameValue("HEADERS", "YES");
     open.AddString("KEEP_GEOM_COLUMNS=NO");
     open.AddString("AUTODETECT_TYPE=YES");
@@ -94,10 +95,14 @@ LoadError noPoints(const QString& path, OGRLayer& layer)
     for (int field = 0; field < definition->GetFieldCount() && field < mostShown; ++field)
         columns.append(QString::fromUtf8(definition->GetFieldDefn(field)->GetNameRef()));
     if (definition->GetGeomFieldCount() > 0)
-        return LoadError(path, QStringLiteral("no row of it has numbers for x and y"), QStringLiteral("check it at its source"));
-    return LoadError(path, QStringLiteral("none of its columns is known to hold coordinates; it has: %1").arg(columns.join(QStringLiteral(", "))),
-                     QStringLiteral("name them x, y and z in the file, or say which they are with \"x\", \"y\" and \"z\" "
-                                    "in its entry of a model file"));
+        return LoadError(path, QStringLiteral("no row of it has numbers for x and y"),
+                         QStringLiteral("check it at its source"));
+    return LoadError(
+        path,
+        QStringLiteral("none of its columns is known to hold coordinates; it has: %1")
+            .arg(columns.join(QStringLiteral(", "))),
+        QStringLiteral("name them x, y and z in the file, or say which they are with \"x\", \"y\" and \"z\" "
+                       "in its entry of a model file"));
 }
 
 } // namespace refhost

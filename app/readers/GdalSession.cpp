@@ -57,8 +57,8 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
     if (info.size() == 0)
         throw LoadError(path, QStringLiteral("the file is empty"), QStringLiteral("export it again from its source"));
     registerGdalDrivers();
-    GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(path.toUtf8().constData(), flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, options));
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8().constData(),
+                                                   flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, options));
     if (!dataset) {
         throw LoadError(path, QStringLiteral("the file could not be opened: %1").arg(QuietGdal::lastMessage()),
                         QStringLiteral("give a file in a format that GDAL reads"));

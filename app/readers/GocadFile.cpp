@@ -122,7 +122,8 @@ private:
     {
         if (keyword == "PROPERTIES") {
             if (!object.x.empty())
-                m_scanner.fail(QStringLiteral("PROPERTIES stands behind vertices"), QStringLiteral("put it before the first vertex"));
+                m_scanner.fail(QStringLiteral("PROPERTIES stands behind vertices"),
+                               QStringLiteral("put it before the first vertex"));
             object.properties = wordsOf(m_scanner.rest());
             object.values.resize(static_cast<std::size_t>(object.properties.size()));
             m_sizes.assign(static_cast<std::size_t>(object.properties.size()), 1);
@@ -192,14 +193,16 @@ private:
     {
         std::string_view word;
         if (!m_scanner.nextWord(word))
-            m_scanner.fail(QStringLiteral("%1 is missing").arg(QLatin1String(what)), QStringLiteral("correct the line"));
+            m_scanner.fail(QStringLiteral("%1 is missing").arg(QLatin1String(what)),
+                           QStringLiteral("correct the line"));
         return word;
     }
 
     qint64 newVertex(const GocadObject& object)
     {
         if (object.x.size() >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
-            m_scanner.fail(QStringLiteral("there are more vertices than an object can have"), QStringLiteral("split the file"));
+            m_scanner.fail(QStringLiteral("there are more vertices than an object can have"),
+                           QStringLiteral("split the file"));
         return m_scanner.integer(need("the vertex number"));
     }
 
@@ -238,7 +241,8 @@ private:
     {
         const auto found = m_indices.find(id);
         if (found == m_indices.end())
-            m_scanner.fail(QStringLiteral("there is no vertex %1 before it").arg(id), QStringLiteral("correct the line"));
+            m_scanner.fail(QStringLiteral("there is no vertex %1 before it").arg(id),
+                           QStringLiteral("correct the line"));
         return found->second;
     }
 

@@ -34,7 +34,8 @@ Runs runsOf(const GocadObject& line)
     if (line.segments.empty()) {
         // Without segments each vertex of an ILINE is joined to the one before.
         for (std::size_t start = 0; start < line.lineStarts.size(); ++start) {
-            const int end = start + 1 < line.lineStarts.size() ? line.lineStarts[start + 1] : static_cast<int>(line.x.size());
+            const int end =
+                start + 1 < line.lineStarts.size() ? line.lineStarts[start + 1] : static_cast<int>(line.x.size());
             begin();
             for (int vertex = line.lineStarts[start]; vertex < end; ++vertex)
                 add(vertex);
@@ -70,7 +71,8 @@ void addProperties(ModelObject& object, GocadObject& source)
         std::vector<unsigned char> missing;
         bool any = false;
         for (double& number : numbers) {
-            const bool none = std::isnan(number) || (hasNoData && number == source.noDataValues[static_cast<std::size_t>(index)]);
+            const bool none =
+                std::isnan(number) || (hasNoData && number == source.noDataValues[static_cast<std::size_t>(index)]);
             missing.push_back(none ? 1 : 0);
             if (none)
                 number = 0.0;
@@ -104,11 +106,13 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
     QStringList others;
     std::vector<GocadObject> objects = readGocadObjects(path, others);
     if (objects.empty())
-        throw LoadError(path, QStringLiteral("there is no vertex set, line or surface in it"), QStringLiteral("check the file"));
+        throw LoadError(path, QStringLiteral("there is no vertex set, line or surface in it"),
+                        QStringLiteral("check the file"));
     for (GocadObject& source : objects) {
         const bool line = source.type == QLatin1String("PLine");
-        const ObjectType type = line ? ObjectType::Polylines
-                                     : (source.type == QLatin1String("TSurf") ? ObjectType::MeshSurfaces : ObjectType::VertexClouds);
+        const ObjectType type =
+            line ? ObjectType::Polylines
+                 : (source.type == QLatin1String("TSurf") ? ObjectType::MeshSurfaces : ObjectType::VertexClouds);
         QString name = options.name.isEmpty() ? source.name : options.name;
         if (name.isEmpty())
             name = QFileInfo(path).completeBaseName();
@@ -126,7 +130,8 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
             for (std::vector<double>& numbers : source.values)
                 numbers = reordered(numbers, runs.order);
         }
-        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"), QStringLiteral("km")};
+        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
+                                       QStringLiteral("km")};
         if (units.contains(source.unit))
             object.lengthUnit = source.unit;
         setCoordinates(object, std::move(source.x), std::move(source.y), std::move(source.z));
@@ -137,7 +142,8 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
     LoadNotes notes;
     if (!others.isEmpty()) {
         others.removeDuplicates();
-        notes.append(QStringLiteral("%1: objects of other types were left out: %2").arg(path, others.join(QStringLiteral(", "))));
+        notes.append(QStringLiteral("%1: objects of other types were left out: %2")
+                         .arg(path, others.join(QStringLiteral(", "))));
     }
     return notes;
 }

@@ -83,7 +83,8 @@ void GrdeclFile::read()
             readKeyword(QString::fromLatin1(word.data(), static_cast<int>(word.size())));
     }
     if (m_grid.coord.empty() || m_grid.zcorn.empty())
-        throw LoadError(m_path, QStringLiteral("there is no corner-point grid in it: SPECGRID, COORD or ZCORN is missing"),
+        throw LoadError(m_path,
+                        QStringLiteral("there is no corner-point grid in it: SPECGRID, COORD or ZCORN is missing"),
                         QStringLiteral("give a file that holds all three"));
 }
 
@@ -123,10 +124,12 @@ void GrdeclFile::readDimensions(const QString& keyword)
     std::string_view word;
     for (int& number : size) {
         if (!m_words.next(word) || word == "/")
-            at().fail(QStringLiteral("%1 needs three numbers").arg(keyword), QStringLiteral("give columns, rows and layers"));
+            at().fail(QStringLiteral("%1 needs three numbers").arg(keyword),
+                      QStringLiteral("give columns, rows and layers"));
         const qint64 value = at().integer(word);
         if (value < 1 || value > mostCells)
-            at().fail(QStringLiteral("a grid cannot have %1 cells in one direction").arg(value), QStringLiteral("correct the size"));
+            at().fail(QStringLiteral("a grid cannot have %1 cells in one direction").arg(value),
+                      QStringLiteral("correct the size"));
         number = static_cast<int>(value);
     }
     const double total = static_cast<double>(size[0]) * size[1] * size[2];
@@ -153,7 +156,8 @@ std::vector<double> GrdeclFile::readNumbers(const QString& keyword, qint64 count
 {
     DeckValues values = readDeckValues(m_words, count, true, keyword);
     if (std::any_of(values.numbers.begin(), values.numbers.end(), [](double number) { return std::isnan(number); }))
-        at().fail(QStringLiteral("%1 has defaults instead of numbers").arg(keyword), QStringLiteral("write every number"));
+        at().fail(QStringLiteral("%1 has defaults instead of numbers").arg(keyword),
+                  QStringLiteral("write every number"));
     return std::move(values.numbers);
 }
 
@@ -235,9 +239,10 @@ void GrdeclFile::moveToMap()
 {
     if (m_mapAxes.empty() || m_onMap)
         return;
-    const double factor = m_mapUnit.isEmpty() || m_gridUnit.isEmpty() || m_mapUnit == m_gridUnit
-                              ? 1.0
-                              : unitFactor(m_mapUnit, m_gridUnit == QLatin1String("ft") ? OutputUnit::Foot : OutputUnit::Metre);
+    const double factor =
+        m_mapUnit.isEmpty() || m_gridUnit.isEmpty() || m_mapUnit == m_gridUnit
+            ? 1.0
+            : unitFactor(m_mapUnit, m_gridUnit == QLatin1String("ft") ? OutputUnit::Foot : OutputUnit::Metre);
     const double originX = m_mapAxes[2] * factor;
     const double originY = m_mapAxes[3] * factor;
     const double yLength = std::hypot(m_mapAxes[0] - m_mapAxes[2], m_mapAxes[1] - m_mapAxes[3]);
@@ -312,7 +317,8 @@ LoadNotes GrdeclFile::notes() const
     if (names.isEmpty())
         return {};
     constexpr int mostNames = 12;
-    const QString more = names.size() > mostNames ? QStringLiteral(" and %1 more").arg(names.size() - mostNames) : QString();
+    const QString more =
+        names.size() > mostNames ? QStringLiteral(" and %1 more").arg(names.size() - mostNames) : QString();
     return {QStringLiteral("%1: keywords that are no property of the cells were passed over: %2%3")
                 .arg(m_path, names.mid(0, mostNames).join(QStringLiteral(", ")), more)};
 }
@@ -327,7 +333,8 @@ LoadNotes readGrdecl(Model& model, const QString& path, const LoadOptions& optio
         file.addTo(model, options);
         return file.notes();
     } catch (const std::bad_alloc&) {
-        throw LoadError(path, QStringLiteral("the grid does not fit into memory"), QStringLiteral("split or coarsen it"));
+        throw LoadError(path, QStringLiteral("the grid does not fit into memory"),
+                        QStringLiteral("split or coarsen it"));
     }
 }
 

@@ -63,7 +63,8 @@ LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options
         if (band->RasterIO(GF_Read, 0, line, columns, 1, z.data() + static_cast<std::size_t>(row) * columns, columns, 1,
                            GDT_Float64, 0, 0, nullptr)
             != CE_None) {
-            throw LoadError(path, QStringLiteral("reading line %1 failed: %2").arg(line + 1).arg(QuietGdal::lastMessage()),
+            throw LoadError(path,
+                            QStringLiteral("reading line %1 failed: %2").arg(line + 1).arg(QuietGdal::lastMessage()),
                             QStringLiteral("the file may be damaged; copy it again from its source"));
         }
     }
@@ -90,7 +91,8 @@ LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options
     grid.type = options.type.value_or(ObjectType::GridSurfaces);
     grid.name = options.name.isEmpty() ? QFileInfo(path).completeBaseName() : options.name;
     grid.set = options.set.isEmpty() ? QStringLiteral("Grids") : options.set;
-    grid.color = options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
+    grid.color =
+        options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
     grid.crs = options.crs.isEmpty() ? wktOf(dataset->GetSpatialRef()) : wktOf(options.crs);
     grid.lengthUnit = options.lengthUnit;
     grid.source = path;

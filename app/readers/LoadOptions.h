@@ -25,8 +25,8 @@ struct LoadOptions
     QString x; ///< columns of a delimited file; else guessed from their names
     QString y;
     QString z;
-    QString survey;          ///< deviation survey that belongs to a collar file
-    double maxDepth = 1e5;   ///< survey stations deeper than this are end marks and are left out
+    QString survey;        ///< deviation survey that belongs to a collar file
+    double maxDepth = 1e5; ///< survey stations deeper than this are end marks and are left out
 };
 
 /// What loading passed over, for the user.

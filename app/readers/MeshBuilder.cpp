@@ -16,7 +16,8 @@ void MeshBuilder::readVertex(TextScanner& scanner)
     std::string_view word;
     for (std::vector<double>* axis : {&x, &y, &z}) {
         if (!scanner.nextWord(word))
-            scanner.fail(QStringLiteral("a vertex needs three numbers"), QStringLiteral("correct the line at its source"));
+            scanner.fail(QStringLiteral("a vertex needs three numbers"),
+                         QStringLiteral("correct the line at its source"));
         axis->push_back(scanner.number(word));
     }
 }
@@ -34,7 +35,8 @@ ModelObject newObject(const Model& model, const QString& path, const LoadOptions
     object.type = options.type.value_or(type);
     object.name = name;
     object.set = options.set.isEmpty() ? set : options.set;
-    object.color = options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
+    object.color =
+        options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
     object.crs = options.crs.isEmpty() ? QString() : wktOf(options.crs);
     object.lengthUnit = options.lengthUnit;
     object.source = path;

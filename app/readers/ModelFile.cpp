@@ -28,10 +28,17 @@ struct TextKey
 };
 
 constexpr TextKey textKeys[] = {
-    {"layer", &LoadOptions::layer},   {"name", &LoadOptions::name},   {"nameField", &LoadOptions::nameField},
-    {"set", &LoadOptions::set},       {"color", &LoadOptions::color}, {"crs", &LoadOptions::crs},
-    {"lengthUnit", &LoadOptions::lengthUnit}, {"x", &LoadOptions::x}, {"y", &LoadOptions::y},
-    {"z", &LoadOptions::z},           {"survey", &LoadOptions::survey},
+    {"layer", &LoadOptions::layer},
+    {"name", &LoadOptions::name},
+    {"nameField", &LoadOptions::nameField},
+    {"set", &LoadOptions::set},
+    {"color", &LoadOptions::color},
+    {"crs", &LoadOptions::crs},
+    {"lengthUnit", &LoadOptions::lengthUnit},
+    {"x", &LoadOptions::x},
+    {"y", &LoadOptions::y},
+    {"z", &LoadOptions::z},
+    {"survey", &LoadOptions::survey},
 };
 
 class Entry
@@ -91,9 +98,11 @@ private:
         }
         if (key == QLatin1String("color") && !QColor(text).isValid())
             fail(QStringLiteral("\"%1\" is no colour").arg(text), QStringLiteral("write it as #rrggbb"));
-        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"), QStringLiteral("km")};
+        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
+                                       QStringLiteral("km")};
         if (key == QLatin1String("lengthUnit") && !units.contains(text))
-            fail(QStringLiteral("\"%1\" is no length unit").arg(text), QStringLiteral("units: %1").arg(units.join(QStringLiteral(", "))));
+            fail(QStringLiteral("\"%1\" is no length unit").arg(text),
+                 QStringLiteral("units: %1").arg(units.join(QStringLiteral(", "))));
         for (const TextKey& known : textKeys) {
             if (key == QLatin1String(known.key)) {
                 options.*known.member = text;
@@ -103,7 +112,8 @@ private:
         QStringList keys{QStringLiteral("file"), QStringLiteral("type"), QStringLiteral("maxDepth")};
         for (const TextKey& known : textKeys)
             keys.append(QString::fromLatin1(known.key));
-        fail(QStringLiteral("\"%1\" is not known").arg(key), QStringLiteral("keys: %1").arg(keys.join(QStringLiteral(", "))));
+        fail(QStringLiteral("\"%1\" is not known").arg(key),
+             QStringLiteral("keys: %1").arg(keys.join(QStringLiteral(", "))));
     }
 
     static QString knownTypes()
@@ -123,9 +133,11 @@ QJsonObject readJson(const QString& path)
 {
     QFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
-        throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check the path and its permissions"));
+        throw LoadError(path, QStringLiteral("the file cannot be read"),
+                        QStringLiteral("check the path and its permissions"));
     if (file.size() > largestModelFile)
-        throw LoadError(path, QStringLiteral("the file is larger than a model file can be"), QStringLiteral("check the path"));
+        throw LoadError(path, QStringLiteral("the file is larger than a model file can be"),
+                        QStringLiteral("check the path"));
     const QByteArray text = file.readAll();
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
@@ -143,10 +155,12 @@ LoadNotes readModelFile(Model& model, const QString& path)
 {
     const QJsonObject root = readJson(path);
     if (root.value(QLatin1String("version")).toInt() != 1)
-        throw LoadError(path, QStringLiteral("this is no model file of version 1"), QStringLiteral("add \"version\": 1"));
+        throw LoadError(path, QStringLiteral("this is no model file of version 1"),
+                        QStringLiteral("add \"version\": 1"));
     const QJsonArray objects = root.value(QLatin1String("objects")).toArray();
     if (objects.isEmpty())
-        throw LoadError(path, QStringLiteral("there are no \"objects\""), QStringLiteral("list the files to load there"));
+        throw LoadError(path, QStringLiteral("there are no \"objects\""),
+                        QStringLiteral("list the files to load there"));
     LoadNotes notes;
     int number = 0;
     for (const QJsonValue& value : objects) {
@@ -154,12 +168,14 @@ LoadNotes readModelFile(Model& model, const QString& path)
         const QString file = entry.file();
         // A model file in a model file could name itself.
         if (file.endsWith(QLatin1String(".kpmodel"), Qt::CaseInsensitive))
-            throw LoadError(path, QStringLiteral("object %1 is a model file").arg(number), QStringLiteral("list its objects here"));
+            throw LoadError(path, QStringLiteral("object %1 is a model file").arg(number),
+                            QStringLiteral("list its objects here"));
         notes += loadInto(model, file, entry.options());
     }
     const QJsonValue sections = root.value(QLatin1String("sections"));
     if (!sections.isUndefined() && !sections.isArray())
-        throw LoadError(path, QStringLiteral("\"sections\" is no list"), QStringLiteral("put the sections in brackets"));
+        throw LoadError(path, QStringLiteral("\"sections\" is no list"),
+                        QStringLiteral("put the sections in brackets"));
     notes += readSections(model, path, sections.toArray());
     return notes;
 }

@@ -19,11 +19,11 @@ namespace refhost
 
 LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options)
 {
-    static const QStringList rasters{QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("asc"),
-                                     QStringLiteral("grd"), QStringLiteral("img"), QStringLiteral("vrt"),
+    static const QStringList rasters{QStringLiteral("tif"),  QStringLiteral("tiff"), QStringLiteral("asc"),
+                                     QStringLiteral("grd"),  QStringLiteral("img"),  QStringLiteral("vrt"),
                                      QStringLiteral("zmap"), QStringLiteral("dem")};
-    static const QStringList gocad{QStringLiteral("ts"), QStringLiteral("pl"), QStringLiteral("vs"), QStringLiteral("gp"),
-                                   QStringLiteral("gocad")};
+    static const QStringList gocad{QStringLiteral("ts"), QStringLiteral("pl"), QStringLiteral("vs"),
+                                   QStringLiteral("gp"), QStringLiteral("gocad")};
     if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
         throw LoadError(path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(options.crs),
                         QStringLiteral("give one like EPSG:28350"));

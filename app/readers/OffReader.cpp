@@ -50,7 +50,8 @@ Counts readHead(TextScanner& scanner)
     if (keyword) {
         const std::string_view prefix = word.substr(0, word.size() - 3);
         if (prefix.find_first_not_of("STCN") != std::string_view::npos)
-            scanner.fail(QStringLiteral("%1 has other than three dimensions").arg(quoted(word)), QStringLiteral("save it as plain OFF"));
+            scanner.fail(QStringLiteral("%1 has other than three dimensions").arg(quoted(word)),
+                         QStringLiteral("save it as plain OFF"));
         if (!scanner.nextWord(word) || word.front() == '#') {
             if (!nextFilledLine(scanner))
                 scanner.failAtEnd(QStringLiteral("there are no counts"));
@@ -62,7 +63,8 @@ Counts readHead(TextScanner& scanner)
     Counts counts;
     counts.vertices = readCount(scanner, word, "vertices");
     if (!scanner.nextWord(word))
-        scanner.fail(QStringLiteral("the number of faces is missing"), QStringLiteral("write vertices, faces and edges"));
+        scanner.fail(QStringLiteral("the number of faces is missing"),
+                     QStringLiteral("write vertices, faces and edges"));
     counts.faces = readCount(scanner, word, "faces");
     return counts;
 }
@@ -75,7 +77,8 @@ void readFace(TextScanner& scanner, MeshBuilder& mesh, std::vector<int>& corners
     corners.clear();
     for (qint64 corner = 0; corner < count; ++corner) {
         if (!scanner.nextWord(word))
-            scanner.fail(QStringLiteral("the face has %1 of its %2 corners").arg(corner).arg(count), QStringLiteral("correct the line"));
+            scanner.fail(QStringLiteral("the face has %1 of its %2 corners").arg(corner).arg(count),
+                         QStringLiteral("correct the line"));
         const qint64 vertex = scanner.integer(word);
         if (vertex < 0 || vertex >= mesh.vertexCount())
             scanner.fail(QStringLiteral("there is no vertex %1, only 0 to %2").arg(vertex).arg(mesh.vertexCount() - 1),
@@ -109,11 +112,13 @@ LoadNotes readOff(Model& model, const QString& path, const LoadOptions& options)
     if (thin > 0)
         notes.append(QStringLiteral("%1: %2 faces with fewer than three corners were left out").arg(path).arg(thin));
     if (nextFilledLine(scanner))
-        notes.append(QStringLiteral("%1: what follows the last face, from line %2, was left out").arg(path).arg(scanner.lineNumber()));
+        notes.append(QStringLiteral("%1: what follows the last face, from line %2, was left out")
+                         .arg(path)
+                         .arg(scanner.lineNumber()));
 
-    ModelObject object = newObject(model, path, options, ObjectType::MeshSurfaces,
-                                   options.name.isEmpty() ? QFileInfo(path).completeBaseName() : options.name,
-                                   QStringLiteral("Meshes"));
+    ModelObject object =
+        newObject(model, path, options, ObjectType::MeshSurfaces,
+                  options.name.isEmpty() ? QFileInfo(path).completeBaseName() : options.name, QStringLiteral("Meshes"));
     setCoordinates(object, std::move(mesh.x), std::move(mesh.y), std::move(mesh.z));
     object.triangles = std::move(mesh.triangles);
     model.add(std::move(object));

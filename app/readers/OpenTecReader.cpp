@@ -46,7 +46,8 @@ public:
     const QByteArray& keyword() const { return m_keyword; }
     QString text() const { return QString::fromUtf8(m_value); }
 
-    template <std::size_t count> std::array<double, count> numbers() const
+    template <std::size_t count>
+    std::array<double, count> numbers() const
     {
         const QList<QByteArray> words = m_value.trimmed().split(' ');
         if (words.size() != static_cast<int>(count))

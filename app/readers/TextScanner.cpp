@@ -39,7 +39,8 @@ TextScanner::TextScanner(const QString& path)
     : m_file(path)
 {
     if (QFileInfo(path).isDir() || !m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check the path and its permissions"));
+        throw LoadError(path, QStringLiteral("the file cannot be read"),
+                        QStringLiteral("check the path and its permissions"));
 }
 
 bool TextScanner::fill()
@@ -50,7 +51,8 @@ bool TextScanner::fill()
     m_buffer.resize(before + static_cast<std::size_t>(blockSize));
     const qint64 count = m_file.read(m_buffer.data() + before, blockSize);
     if (count < 0)
-        fail(QStringLiteral("reading failed: %1").arg(m_file.errorString()), QStringLiteral("copy the file again from its source"));
+        fail(QStringLiteral("reading failed: %1").arg(m_file.errorString()),
+             QStringLiteral("copy the file again from its source"));
     m_buffer.resize(before + static_cast<std::size_t>(count));
     return count > 0;
 }
@@ -63,7 +65,8 @@ bool TextScanner::nextLine()
         const std::size_t searched = m_buffer.size() - m_next;
         m_atEnd = !fill();
         if (m_buffer.size() > longestLine + static_cast<std::size_t>(blockSize))
-            fail(QStringLiteral("the line does not end"), QStringLiteral("this is no text file; give it its proper extension"));
+            fail(QStringLiteral("the line does not end"),
+                 QStringLiteral("this is no text file; give it its proper extension"));
         end = m_buffer.find('\n', m_next + searched);
     }
     if (end == std::string::npos) {
@@ -121,7 +124,8 @@ double TextScanner::number(std::string_view word) const
         read.ptr = read.ptr == last ? end : text.data();
     }
     if (read.ec == std::errc::result_out_of_range)
-        fail(QStringLiteral("%1 is beyond what a number can hold").arg(quoted(word)), QStringLiteral("correct it at its source"));
+        fail(QStringLiteral("%1 is beyond what a number can hold").arg(quoted(word)),
+             QStringLiteral("correct it at its source"));
     if (read.ec != std::errc() || read.ptr != end || !std::isfinite(value))
         fail(QStringLiteral("%1 is no number").arg(quoted(word)), QStringLiteral("correct it at its source"));
     return value;
@@ -147,8 +151,10 @@ void TextScanner::fail(const QString& cause, const QString& cure) const
 
 void TextScanner::failAtEnd(const QString& cause) const
 {
-    throw LoadError(m_file.fileName(), QStringLiteral("the file ends after line %1: %2").arg(std::max<qint64>(m_lineNumber - 1, 0)).arg(cause),
-                    QStringLiteral("it was cut short; copy it again from its source"));
+    throw LoadError(
+        m_file.fileName(),
+        QStringLiteral("the file ends after line %1: %2").arg(std::max<qint64>(m_lineNumber - 1, 0)).arg(cause),
+        QStringLiteral("it was cut short; copy it again from its source"));
 }
 
 } // namespace refhost

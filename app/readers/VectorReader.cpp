@@ -158,8 +158,9 @@ public:
         }
         m_nameField = m_fieldNames.indexOf(options.nameField);
         if (!options.nameField.isEmpty() && m_nameField < 0) {
-            throw LoadError(path, QStringLiteral("layer %1 has no field \"%2\" to name its objects").arg(m_name, options.nameField),
-                            QStringLiteral("it has: %1").arg(m_fieldNames.join(QStringLiteral(", "))));
+            throw LoadError(
+                path, QStringLiteral("layer %1 has no field \"%2\" to name its objects").arg(m_name, options.nameField),
+                QStringLiteral("it has: %1").arg(m_fieldNames.join(QStringLiteral(", "))));
         }
         m_crs = options.crs.isEmpty() ? wktOf(layer.GetSpatialRef()) : wktOf(options.crs);
         m_columns.resize(m_fieldNames.size());
@@ -272,13 +273,12 @@ private:
 
     void addCloud()
     {
-        ModelObject cloud =
-            newObject(ObjectType::VertexClouds, m_options.name.isEmpty() ? m_name : m_options.name);
+        ModelObject cloud = newObject(ObjectType::VertexClouds, m_options.name.isEmpty() ? m_name : m_options.name);
         m_cloud.moveTo(cloud);
         cloud.hasZ = m_cloudHasZ;
         for (int field = 0; field < m_fieldNames.size(); ++field) {
-            cloud.vertexAttributes.push_back(columnOf(m_fieldNames[field], m_kinds[static_cast<std::size_t>(field)],
-                                                      std::move(m_columns[field])));
+            cloud.vertexAttributes.push_back(
+                columnOf(m_fieldNames[field], m_kinds[static_cast<std::size_t>(field)], std::move(m_columns[field])));
         }
         m_model.add(std::move(cloud));
     }
@@ -336,7 +336,8 @@ LoadNotes readVectors(Model& model, const QString& path, const LoadOptions& opti
     if (objects == 0) {
         if (table && dataset->GetLayerCount() > 0)
             throw noPoints(path, *dataset->GetLayer(0));
-        throw LoadError(path, QStringLiteral("no object was found in it"), QStringLiteral("the layer is empty; check it at its source"));
+        throw LoadError(path, QStringLiteral("no object was found in it"),
+                        QStringLiteral("the layer is empty; check it at its source"));
     }
     return notes;
 }

@@ -47,8 +47,9 @@ int columnNamed(OGRLayer& layer, const QString& path, const char* what, const QS
             return field;
         present.append(name);
     }
-    throw LoadError(path, QStringLiteral("there is no column with the %1; the columns are %2")
-                              .arg(QString::fromLatin1(what), present.join(QStringLiteral(", "))),
+    throw LoadError(path,
+                    QStringLiteral("there is no column with the %1; the columns are %2")
+                        .arg(QString::fromLatin1(what), present.join(QStringLiteral(", "))),
                     QStringLiteral("name it %1").arg(names.first()));
 }
 
@@ -64,7 +65,8 @@ QHash<QString, std::vector<Station>> readStations(const QString& path, double ma
     const GDALDatasetUniquePtr dataset = openTable(path);
     OGRLayer& layer = *dataset->GetLayer(0);
     const int hole = columnNamed(layer, path, "hole", holeNames());
-    const int depth = columnNamed(layer, path, "depth", {QStringLiteral("AT"), QStringLiteral("DEPTH"), QStringLiteral("MD")});
+    const int depth =
+        columnNamed(layer, path, "depth", {QStringLiteral("AT"), QStringLiteral("DEPTH"), QStringLiteral("MD")});
     const int azimuth = columnNamed(layer, path, "azimuth", {QStringLiteral("AZ"), QStringLiteral("AZIMUTH")});
     const int dip = columnNamed(layer, path, "dip", {QStringLiteral("DIP")});
     constexpr double radians = M_PI / 180.0;
@@ -110,12 +112,15 @@ LoadNotes readWells(Model& model, const QString& path, const LoadOptions& option
     const auto names = [](const QString& chosen, const QStringList& guesses) {
         return chosen.isEmpty() ? guesses : QStringList{chosen};
     };
-    const int east = columnNamed(layer, path, "x coordinate",
-                                 names(options.x, {QStringLiteral("XCOLLAR"), QStringLiteral("X"), QStringLiteral("EAST")}));
-    const int north = columnNamed(layer, path, "y coordinate",
-                                  names(options.y, {QStringLiteral("YCOLLAR"), QStringLiteral("Y"), QStringLiteral("NORTH")}));
-    const int up = columnNamed(layer, path, "elevation",
-                               names(options.z, {QStringLiteral("ZCOLLAR"), QStringLiteral("Z"), QStringLiteral("ELEV")}));
+    const int east =
+        columnNamed(layer, path, "x coordinate",
+                    names(options.x, {QStringLiteral("XCOLLAR"), QStringLiteral("X"), QStringLiteral("EAST")}));
+    const int north =
+        columnNamed(layer, path, "y coordinate",
+                    names(options.y, {QStringLiteral("YCOLLAR"), QStringLiteral("Y"), QStringLiteral("NORTH")}));
+    const int up =
+        columnNamed(layer, path, "elevation",
+                    names(options.z, {QStringLiteral("ZCOLLAR"), QStringLiteral("Z"), QStringLiteral("ELEV")}));
     const QString crs = wktOf(options.crs);
     int withoutSurvey = 0;
     int wells = 0;
@@ -145,7 +150,8 @@ LoadNotes readWells(Model& model, const QString& path, const LoadOptions& option
         well.type = options.type.value_or(ObjectType::Wells);
         well.name = name;
         well.set = options.set.isEmpty() ? QStringLiteral("Wells") : options.set;
-        well.color = options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
+        well.color =
+            options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
         well.crs = crs;
         well.lengthUnit = options.lengthUnit;
         well.source = path;
@@ -165,7 +171,8 @@ LoadNotes readWells(Model& model, const QString& path, const LoadOptions& option
         throw LoadError(path, QStringLiteral("the table has no collar"), QStringLiteral("give a row per hole"));
     LoadNotes notes;
     if (withoutSurvey > 0)
-        notes.append(QStringLiteral("%1: %2 holes have no survey and consist of their collar").arg(path).arg(withoutSurvey));
+        notes.append(
+            QStringLiteral("%1: %2 holes have no survey and consist of their collar").arg(path).arg(withoutSurvey));
     return notes;
 }
 

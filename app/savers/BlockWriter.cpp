@@ -13,7 +13,8 @@ BlockWriter::BlockWriter(const QString& path, const QString& target)
     , m_target(target)
 {
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw ExportError(target, QStringLiteral("the file could not be opened for writing: %1").arg(m_file.errorString()),
+        throw ExportError(target,
+                          QStringLiteral("the file could not be opened for writing: %1").arg(m_file.errorString()),
                           QStringLiteral("check the directory's permissions and the disk"));
     m_text.reserve(blockSize + blockSize / 4);
 }
@@ -22,7 +23,8 @@ void BlockWriter::flush()
 {
     const auto size = static_cast<qint64>(m_text.size());
     if (m_file.write(m_text.data(), size) != size)
-        throw ExportError(m_target, QStringLiteral("the file could not be written completely: %1").arg(m_file.errorString()),
+        throw ExportError(m_target,
+                          QStringLiteral("the file could not be written completely: %1").arg(m_file.errorString()),
                           QStringLiteral("make room on the disk or choose another"));
     m_text.clear();
 }

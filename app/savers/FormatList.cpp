@@ -2,15 +2,15 @@
 #include "app/jobs/ExportFormat.h"
 #include "app/savers/ascii/AsciiFormat.h"
 #include "app/savers/dxf/DxfFormat.h"
-#include "app/savers/ogr/GeoJsonFormat.h"
 #include "app/savers/gocad/GocadFormat.h"
-#include "app/savers/ogr/GpkgFormat.h"
 #include "app/savers/grdecl/GrdeclFormat.h"
 #include "app/savers/kml/KmlFormat.h"
 #include "app/savers/off/OffFormat.h"
-#include "app/savers/opentec/OpenTecFormat.h"
+#include "app/savers/ogr/GeoJsonFormat.h"
+#include "app/savers/ogr/GpkgFormat.h"
 #include "app/savers/ogr/ShpFormat.h"
 #include "app/savers/ogr/TabFormat.h"
+#include "app/savers/opentec/OpenTecFormat.h"
 #include "app/savers/zmap/ZMapFormat.h"
 
 namespace refhost

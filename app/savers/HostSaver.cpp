@@ -62,7 +62,8 @@ void HostSaver::set_selection(const QString& path, const std::vector<int>& geoId
         // All of them is no choice: an object that lacks some of the others' has lost nothing.
         const QStringList all = refhost::attributeNames(m_selection.objects);
         const QSet<QString> wanted(chosen.begin(), chosen.end());
-        if (all.isEmpty() || std::any_of(all.begin(), all.end(), [&wanted](const QString& name) { return !wanted.contains(name); }))
+        if (all.isEmpty()
+            || std::any_of(all.begin(), all.end(), [&wanted](const QString& name) { return !wanted.contains(name); }))
             m_selection.attributes = chosen;
     }
     m_selection.verify = m_verify;
@@ -98,7 +99,8 @@ bool HostSaver::save(const std::vector<QString>& acceptedFiles, kpBase::Abstract
     const bool written = runExport(m_format, m_selection, files, progress, report);
     // Outcomes come in the order of the files, up to the one at which the user cancelled.
     for (std::size_t index = 0; index < files.size(); ++index) {
-        const FileOutcome* const outcome = !report.cancelled && index < report.files().size() ? &report.files()[index] : nullptr;
+        const FileOutcome* const outcome =
+            !report.cancelled && index < report.files().size() ? &report.files()[index] : nullptr;
         const QFileInfo info(files[index].path);
         if (!(outcome && outcome->written()) && info.isFile() && info.size() == 0)
             QFile::remove(info.filePath());
@@ -130,7 +132,8 @@ void HostSaver::reportTo(const ExportReport& report)
     wizard->setWarnings(m_warnings);
     for (const FileOutcome& file : report.files()) {
         for (const FailedObject& object : file.failedObjects)
-            wizard->setErrorMessage(object.name.toHtmlEscaped(), object.reason.toHtmlEscaped() + QStringLiteral("<br>"));
+            wizard->setErrorMessage(object.name.toHtmlEscaped(),
+                                    object.reason.toHtmlEscaped() + QStringLiteral("<br>"));
         if (!file.written())
             wizard->setErrorMessage(file.path.toHtmlEscaped(), file.error.toHtmlEscaped());
     }

@@ -61,7 +61,8 @@ bool hasAttribute(const ModelObject& object, const QString& name)
 {
     const auto named = [&name](const auto& attribute) { return attribute.name == name; };
     const auto in = [&named](const auto& list) { return std::any_of(list.begin(), list.end(), named); };
-    return in(object.vertexAttributes) || in(object.objectAttributes) || (object.cells && in(object.cells->cellAttributes));
+    return in(object.vertexAttributes) || in(object.objectAttributes)
+           || (object.cells && in(object.cells->cellAttributes));
 }
 
 } // namespace
@@ -80,7 +81,8 @@ double NumberColumn::at(int index) const
         return m_constant;
     if (m_kind == AttributeKind::Real) {
         const auto row = static_cast<std::size_t>(index);
-        if (!m_column->numbers || row >= m_column->numbers->size() || (m_column->missing && (*m_column->missing)[row] != 0))
+        if (!m_column->numbers || row >= m_column->numbers->size()
+            || (m_column->missing && (*m_column->missing)[row] != 0))
             return missing;
         return (*m_column->numbers)[row];
     }
@@ -89,7 +91,8 @@ double NumberColumn::at(int index) const
     return m_column->values.at(index).toDouble();
 }
 
-std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection, ExportReport& report)
+std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection,
+                                        ExportReport& report)
 {
     Collector collector(object, selection);
     collector.add(object.vertexAttributes);
@@ -114,7 +117,8 @@ void noteMissingAttributes(const std::vector<const ModelObject*>& objects, const
         const bool known = std::any_of(objects.begin(), objects.end(),
                                        [&name](const ModelObject* object) { return hasAttribute(*object, name); });
         if (!known)
-            report.note(QStringLiteral("missing attribute"), QString(), 1, QStringLiteral("no chosen object has \"%1\"").arg(name));
+            report.note(QStringLiteral("missing attribute"), QString(), 1,
+                        QStringLiteral("no chosen object has \"%1\"").arg(name));
     }
 }
 
@@ -123,7 +127,8 @@ void noteAttributesLeftOut(const ModelObject& object, ExportReport& report)
     const std::size_t count = object.vertexAttributes.size() + object.objectAttributes.size();
     if (count == 0)
         return;
-    const QString first = object.vertexAttributes.empty() ? object.objectAttributes.front().name : object.vertexAttributes.front().name;
+    const QString first =
+        object.vertexAttributes.empty() ? object.objectAttributes.front().name : object.vertexAttributes.front().name;
     report.note(QStringLiteral("the format has no attributes; left out"), object.name, static_cast<qint64>(count),
                 QStringLiteral("first %1").arg(first));
 }

@@ -39,9 +39,11 @@ private:
 
 /// The chosen attributes of the object's vertices and of the whole object that are numbers; notes the others. The
 /// object outlives the columns.
-std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection, ExportReport& report);
+std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection,
+                                        ExportReport& report);
 /// The same for the cells of a volume.
-std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection, ExportReport& report);
+std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection,
+                                      ExportReport& report);
 /// Notes chosen attributes that none of the objects has.
 void noteMissingAttributes(const std::vector<const ModelObject*>& objects, const ExportSelection& selection,
                            ExportReport& report);

@@ -14,7 +14,8 @@ constexpr double metres[] = {1.0, 1.0, 0.3048, 1200.0 / 3937.0, 1000.0};
 
 QStringList outputUnitKeys()
 {
-    return {QStringLiteral("model"), QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"), QStringLiteral("km")};
+    return {QStringLiteral("model"), QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
+            QStringLiteral("km")};
 }
 
 double unitFactor(const QString& modelUnit, OutputUnit unit)

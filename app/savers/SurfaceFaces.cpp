@@ -124,7 +124,8 @@ bool eachEdge(const ModelObject& surface, ProgressTicker& ticker, double weight,
     LoopShare share(ticker, weight, surface.triangles.size());
     for (const std::array<int, 3>& triangle : surface.triangles) {
         for (std::size_t corner = 0; corner < 3; ++corner)
-            visit(std::min(triangle[corner], triangle[(corner + 1) % 3]), std::max(triangle[corner], triangle[(corner + 1) % 3]));
+            visit(std::min(triangle[corner], triangle[(corner + 1) % 3]),
+                  std::max(triangle[corner], triangle[(corner + 1) % 3]));
         if (!share.next())
             return false;
     }
@@ -232,7 +233,8 @@ bool faceAt(const ModelObject& surface, qint64 number, Face& face)
     if (!surface.grid) {
         const std::array<int, 3>& triangle = surface.triangles[static_cast<std::size_t>(number)];
         face = {triangle[0], triangle[1], triangle[2], triangle[2]};
-        return hasPosition(surface, triangle[0]) && hasPosition(surface, triangle[1]) && hasPosition(surface, triangle[2]);
+        return hasPosition(surface, triangle[0]) && hasPosition(surface, triangle[1])
+               && hasPosition(surface, triangle[2]);
     }
     const int columns = surface.grid->columns;
     const int corner = static_cast<int>(number / (columns - 1)) * columns + static_cast<int>(number % (columns - 1));
@@ -260,7 +262,8 @@ bool hasAnyFace(const ModelObject& surface)
 
 std::vector<std::vector<int>> boundaryLines(const ModelObject& surface, ProgressTicker& ticker, double weight)
 {
-    const std::vector<Edge> border = surface.grid ? gridBorder(surface, ticker, weight / 2) : meshBorder(surface, ticker, weight / 2);
+    const std::vector<Edge> border =
+        surface.grid ? gridBorder(surface, ticker, weight / 2) : meshBorder(surface, ticker, weight / 2);
     if (ticker.cancelled())
         return {};
     EdgeChain chain(surface, border, ticker, weight / 4);

@@ -91,8 +91,9 @@ void AsciiSheet::connectEditor()
     };
     for (QTableWidget* table : m_layout->findChildren<QTableWidget*>())
         connect(table, &QTableWidget::cellChanged, this, &AsciiSheet::changedByUser);
-    for (QAbstractButton* button : {static_cast<QAbstractButton*>(m_layout->m_fieldRadio), static_cast<QAbstractButton*>(m_layout->m_columnRadio),
-                                    static_cast<QAbstractButton*>(m_layout->m_nullCheck)})
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(m_layout->m_fieldRadio), static_cast<QAbstractButton*>(m_layout->m_columnRadio),
+          static_cast<QAbstractButton*>(m_layout->m_nullCheck)})
         connect(button, &QAbstractButton::toggled, this, refreshLater);
     connect(m_layout->m_separatorCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, refreshLater);
     connect(m_layout->m_nullEdit, &QLineEdit::textChanged, this, refreshLater);
@@ -123,7 +124,8 @@ void AsciiSheet::restore()
             stored.remove(setting.key);
         }
     }
-    const std::unique_ptr<FormatFile> layout(FormatFile::fromBytes(stored.value(QStringLiteral("layout")).toByteArray()));
+    const std::unique_ptr<FormatFile> layout(
+        FormatFile::fromBytes(stored.value(QStringLiteral("layout")).toByteArray()));
     m_own = layout && stored.value(QStringLiteral("ownLayout")).toBool();
     if (m_own)
         m_layout->restore(*layout);

@@ -71,7 +71,7 @@ private:
     AsciiFormat& m_format;
     HostContext& m_context;
     SettingsMap m_settings;
-    AsciiSpecification* m_layout = nullptr; ///< the editor
+    AsciiSpecification* m_layout = nullptr;            ///< the editor
     std::vector<std::function<void()>> m_showSettings; ///< put each setting into its control
 
     QCheckBox* m_useCustom = nullptr;

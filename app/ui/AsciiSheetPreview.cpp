@@ -36,7 +36,8 @@ constexpr int shownNames = 12;
 QStringList choiceTexts(const QString& key)
 {
     if (key == QLatin1String("preset"))
-        return {AsciiSheet::tr("None"), QStringLiteral("Surfer XYZ"), QStringLiteral("GS+ XYZ"), QStringLiteral("ArcView XYZ")};
+        return {AsciiSheet::tr("None"), QStringLiteral("Surfer XYZ"), QStringLiteral("GS+ XYZ"),
+                QStringLiteral("ArcView XYZ")};
     if (key == QLatin1String("grouping"))
         return {AsciiSheet::tr("One file"), AsciiSheet::tr("A file per object"), AsciiSheet::tr("A file per set")};
     if (key == QLatin1String("zIsElevation"))
@@ -178,7 +179,8 @@ void AsciiSheet::buildPreview(QVBoxLayout& page)
     page.addWidget(m_preview, 1);
     connect(marks, &QCheckBox::toggled, this, [this](bool on) {
         QTextOption option = m_preview->document()->defaultTextOption();
-        option.setFlags(on ? QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators : QTextOption::Flags());
+        option.setFlags(on ? QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators
+                           : QTextOption::Flags());
         m_preview->document()->setDefaultTextOption(option);
     });
 }
@@ -191,7 +193,9 @@ void AsciiSheet::refresh()
     const QString text = shownText(asciiPreview(m_format.current(), layout, m_objects, previewRows));
     if (text != m_preview->toPlainText())
         m_preview->setPlainText(text);
-    m_previewTitle->setText(m_objects.empty() ? tr("Preview") : tr("Preview: first lines of %1").arg(m_objects.front()->name.simplified().left(60)));
+    m_previewTitle->setText(m_objects.empty()
+                                ? tr("Preview")
+                                : tr("Preview: first lines of %1").arg(m_objects.front()->name.simplified().left(60)));
     if (separatorsToLookFor(m_format.current()) != m_profiledSeparators)
         startProfile();
     else if (m_profile.done())
@@ -237,14 +241,16 @@ void AsciiSheet::showLacking()
         name = name.simplified().left(40);
     if (lacking.size() > shownNames)
         names.append(tr("and %1 more").arg(lacking.size() - shownNames));
-    m_lackingLabel->setText(tr("The chosen objects lack these fields of the layout, which are left out: %1").arg(names.join(QStringLiteral(", "))));
+    m_lackingLabel->setText(tr("The chosen objects lack these fields of the layout, which are left out: %1")
+                                .arg(names.join(QStringLiteral(", "))));
     m_lackingLabel->setToolTip(m_lackingLabel->text());
 }
 
 void AsciiSheet::showHints()
 {
     const AsciiLayout layout = m_layout->asciiLayout();
-    const std::vector<AsciiHint> hints = asciiHints(m_profile, m_format.current(), fieldsFor(layout, m_layout->offered()));
+    const std::vector<AsciiHint> hints =
+        asciiHints(m_profile, m_format.current(), fieldsFor(layout, m_layout->offered()));
     while (QLayoutItem* item = m_hints->takeAt(0)) {
         item->widget()->hide();
         item->widget()->deleteLater();
@@ -264,10 +270,11 @@ void AsciiSheet::showHints()
         AsciiHint all = narrow.front();
         if (several)
             all.cureText = tr("Widen all %1").arg(narrow.size());
-        addHint(all, several ? tr("%1 (%2 columns are too narrow)").arg(all.text).arg(narrow.size()) : all.text, [this, narrow] {
-            for (const AsciiHint& each : narrow)
-                cure(each);
-        });
+        addHint(all, several ? tr("%1 (%2 columns are too narrow)").arg(all.text).arg(narrow.size()) : all.text,
+                [this, narrow] {
+                    for (const AsciiHint& each : narrow)
+                        cure(each);
+                });
     }
     m_hintBox->setVisible(m_hints->count() > 0);
 }

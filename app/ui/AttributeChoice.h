@@ -13,7 +13,7 @@ namespace kpBaseExport
 {
 class QExportAttributeWidget;
 class QExportWizard;
-}
+} // namespace kpBaseExport
 
 namespace refhost
 {

@@ -64,7 +64,8 @@ QSize FormArea::minimumSizeHint() const
 {
     const QSize form = widget()->minimumSizeHint();
     const bool scrolls = form.height() > leastHeight;
-    return {form.width() + (scrolls ? verticalScrollBar()->sizeHint().width() : 0), std::min(form.height(), leastHeight)};
+    return {form.width() + (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
+            std::min(form.height(), leastHeight)};
 }
 
 } // namespace refhost

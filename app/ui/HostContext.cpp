@@ -46,8 +46,8 @@ HostContext::HostContext(std::vector<std::unique_ptr<ExportFormat>> formats)
     for (const auto& format : m_formats) {
         ExportFormat* const registered = format.get();
         m_savers.push_back(std::make_unique<HostSaverFactory>(*registered, model));
-        m_sheets.push_back(std::make_unique<SheetFactory>(registered->info().key.toStdString(),
-                                                          [this, registered] { return makeOptionSheet(*registered, *this); }));
+        m_sheets.push_back(std::make_unique<SheetFactory>(
+            registered->info().key.toStdString(), [this, registered] { return makeOptionSheet(*registered, *this); }));
     }
     m_sheets.push_back(std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl",
                                                       [this] { return new ObjectSelectionSheet(*this); }));

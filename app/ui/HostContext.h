@@ -13,7 +13,7 @@ namespace kpBaseExport
 {
 class AbstractSaverFactory;
 class QExportAbstractSheetFactory;
-}
+} // namespace kpBaseExport
 
 namespace refhost
 {
@@ -27,7 +27,7 @@ public:
     ~HostContext();
 
     Model model;
-    QStringList modelPaths; ///< the files that the model was loaded from, in order
+    QStringList modelPaths;    ///< the files that the model was loaded from, in order
     std::set<int> selectedIds; ///< objects selected in the program's views
 
     const std::vector<std::unique_ptr<ExportFormat>>& formats() const { return m_formats; }

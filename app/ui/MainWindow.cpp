@@ -10,8 +10,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
@@ -106,11 +106,12 @@ void MainWindow::buildActions()
     m_needObjects = {
         add(file, tr("&Export..."), "exportAction", QKeySequence(Qt::CTRL | Qt::Key_E), [this] { exportObjects(); }),
         add(view, tr("Zoom to &All"), "zoomAction", QKeySequence(Qt::CTRL | Qt::Key_0), [this] { m_map->zoomTo(); }),
-        add(view, tr("Zoom to &Selection"), "zoomSelectionAction", QKeySequence(Qt::CTRL | Qt::Key_9), [this] {
-            const std::set<int>& ids = m_context.selectedIds;
-            if (!ids.empty())
-                m_map->zoomTo({ids.begin(), ids.end()});
-        }),
+        add(view, tr("Zoom to &Selection"), "zoomSelectionAction", QKeySequence(Qt::CTRL | Qt::Key_9),
+            [this] {
+                const std::set<int>& ids = m_context.selectedIds;
+                if (!ids.empty())
+                    m_map->zoomTo({ids.begin(), ids.end()});
+            }),
         add(view, tr("Zoom &In"), "zoomInAction", QKeySequence::ZoomIn, [this] { m_map->zoomBy(zoomStep); }),
         add(view, tr("Zoom &Out"), "zoomOutAction", QKeySequence::ZoomOut, [this] { m_map->zoomBy(1 / zoomStep); })};
     bar->addAction(m_needObjects[0]);

@@ -73,8 +73,8 @@ void MapView::zoomTo(const std::vector<int>& ids)
     double south = 0;
     double north = 0;
     for (const ModelObject& object : m_model.objects()) {
-        const bool wanted = ids.empty() ? m_visible.count(object.id) != 0
-                                        : std::find(ids.begin(), ids.end(), object.id) != ids.end();
+        const bool wanted =
+            ids.empty() ? m_visible.count(object.id) != 0 : std::find(ids.begin(), ids.end(), object.id) != ids.end();
         if (!wanted || object.vertexCount() == 0)
             continue;
         const QRectF extent = extentOf(object);
@@ -104,7 +104,8 @@ QPointF MapView::toScreen(double x, double y) const
 
 QPointF MapView::toMap(const QPointF& position) const
 {
-    return {m_centreX + (position.x() - width() / 2.0) / m_scale, m_centreY - (position.y() - height() / 2.0) / m_scale};
+    return {m_centreX + (position.x() - width() / 2.0) / m_scale,
+            m_centreY - (position.y() - height() / 2.0) / m_scale};
 }
 
 void MapView::changed()

@@ -23,7 +23,8 @@ const QColor selectionColour(255, 140, 0);
 QColor shaded(const QColor& base, double share)
 {
     // From a dark to a light tone of the object's colour.
-    return QColor::fromHsvF(std::max(base.hsvHueF(), 0.0), base.hsvSaturationF() * (1.0 - 0.6 * share), 0.35 + 0.6 * share);
+    return QColor::fromHsvF(std::max(base.hsvHueF(), 0.0), base.hsvSaturationF() * (1.0 - 0.6 * share),
+                            0.35 + 0.6 * share);
 }
 
 } // namespace
@@ -54,7 +55,8 @@ void MapView::drawGrid(QPainter& painter, const ModelObject& object) const
             if (column > 0 && row + 1 < grid.rows) {
                 const double slope = (*object.z)[node] - (*object.z)[node + grid.columns - 1];
                 if (std::isfinite(slope))
-                    light = std::clamp(light + std::clamp(slope / std::hypot(grid.stepX, grid.stepY) * 2.0, -0.25, 0.25), 0.0, 1.0);
+                    light = std::clamp(
+                        light + std::clamp(slope / std::hypot(grid.stepX, grid.stepY) * 2.0, -0.25, 0.25), 0.0, 1.0);
             }
             image.setPixelColor(column / every, image.height() - 1 - row / every, shaded(object.color, light));
         }
@@ -70,7 +72,8 @@ void MapView::drawGrid(QPainter& painter, const ModelObject& object) const
     if (m_selected.count(object.id) != 0) {
         painter.setPen(QPen(selectionColour, 3));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(0, -pixelHeight * (image.height() - 1), pixelWidth * (image.width() - 1), pixelHeight * (image.height() - 1)));
+        painter.drawRect(QRectF(0, -pixelHeight * (image.height() - 1), pixelWidth * (image.width() - 1),
+                                pixelHeight * (image.height() - 1)));
     }
     painter.restore();
 }
@@ -148,7 +151,8 @@ void MapView::drawScaleBar(QPainter& painter) const
     // A light plate keeps it readable on every map.
     const double plateWidth = std::max<double>(bar.width(), painter.fontMetrics().horizontalAdvance(text)) + 12;
     const double plateTop = bar.top() - painter.fontMetrics().height() - 6;
-    painter.fillRect(QRectF(bar.left() - 6, plateTop, plateWidth, bar.bottom() + 6 - plateTop), QColor(255, 255, 255, 190));
+    painter.fillRect(QRectF(bar.left() - 6, plateTop, plateWidth, bar.bottom() + 6 - plateTop),
+                     QColor(255, 255, 255, 190));
     painter.setPen(Qt::black);
     painter.setBrush(Qt::white);
     painter.drawRect(bar);
@@ -193,8 +197,8 @@ void MapView::drawInvitation(QPainter& painter) const
     font.setPointSizeF(font.pointSizeF() * 1.3);
     painter.setFont(font);
     painter.setPen(QColor(110, 110, 110));
-    painter.drawText(rect().adjusted(invitationMargin, invitationMargin, -invitationMargin, -invitationMargin), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Open a model with Ctrl+O,\nor drop a file here."));
+    painter.drawText(rect().adjusted(invitationMargin, invitationMargin, -invitationMargin, -invitationMargin),
+                     Qt::AlignCenter | Qt::TextWordWrap, tr("Open a model with Ctrl+O,\nor drop a file here."));
 }
 
 } // namespace refhost

@@ -81,7 +81,8 @@ void ObjectSelectionSheet::updateObjectTypes()
         const std::string type = leaf.data(0, Qt::UserRole).toString().toStdString();
         const bool supported = saver && saver->supported_types().count(type) != 0;
         leaf.setDisabled(!supported);
-        leaf.setToolTip(0, supported ? QString() : ObjectSelectionSheet::tr("The format cannot take objects of this type."));
+        leaf.setToolTip(0, supported ? QString()
+                                     : ObjectSelectionSheet::tr("The format cannot take objects of this type."));
     });
 }
 

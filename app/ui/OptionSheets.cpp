@@ -35,8 +35,7 @@ Page* makeShp(ExportFormat& format, const Model& model)
 
 Page* makeTab(ExportFormat& format, const Model& model)
 {
-    return new BoundSheet<kpBaseExport::QExportSheetTab>(format, model,
-                                                         {{"m_exportAttsCheck", "attributes", B::Flag}});
+    return new BoundSheet<kpBaseExport::QExportSheetTab>(format, model, {{"m_exportAttsCheck", "attributes", B::Flag}});
 }
 
 Page* makeOff(ExportFormat& format, const Model& model)
@@ -66,9 +65,14 @@ struct PageOfFormat
 
 /// Formats with a page of the library. The others get one made from their settings.
 constexpr PageOfFormat pages[] = {
-    {"dxf", make<DxfSheet>},   {"gocad", make<GocadSheet>},     {"grdecl", make<GrdeclSheet>},
-    {"off", makeOff},          {"opentec", make<OpenTecSheet>}, {"shp", makeShp},
-    {"tab", makeTab},          {"zmap", makeZMap},
+    {"dxf", make<DxfSheet>},
+    {"gocad", make<GocadSheet>},
+    {"grdecl", make<GrdeclSheet>},
+    {"off", makeOff},
+    {"opentec", make<OpenTecSheet>},
+    {"shp", makeShp},
+    {"tab", makeTab},
+    {"zmap", makeZMap},
 };
 
 } // namespace

@@ -27,7 +27,9 @@ QString objectsText(const QStringList& names)
     constexpr int mostNames = 4;
     if (names.size() <= mostNames)
         return names.join(QStringLiteral(", "));
-    return PlanSheet::tr("%1 and %2 more").arg(names.mid(0, mostNames - 1).join(QStringLiteral(", "))).arg(names.size() - mostNames + 1);
+    return PlanSheet::tr("%1 and %2 more")
+        .arg(names.mid(0, mostNames - 1).join(QStringLiteral(", ")))
+        .arg(names.size() - mostNames + 1);
 }
 
 QString stateText(const ExportPlan::Output& output, const FileOutcome& outcome)
@@ -62,7 +64,9 @@ QString foreseenHtml(const ExportReport& foreseen)
     for (const QString& line : lines.mid(0, mostLines))
         html += QStringLiteral("<li>") + line.toHtmlEscaped() + QStringLiteral("</li>");
     if (lines.size() > mostLines)
-        html += QStringLiteral("<li>") + PlanSheet::tr("and %1 more; the report will tell").arg(lines.size() - mostLines) + QStringLiteral("</li>");
+        html += QStringLiteral("<li>")
+                + PlanSheet::tr("and %1 more; the report will tell").arg(lines.size() - mostLines)
+                + QStringLiteral("</li>");
     return html + QStringLiteral("</ul>");
 }
 
@@ -72,7 +76,8 @@ QString toolTipOf(const ExportPlan::Output& output, const FileOutcome& outcome)
     if (!outcome.written())
         lines.append(outcome.error);
     if (!output.renamedFrom.isEmpty())
-        lines.append(PlanSheet::tr("named after \"%1\", which cannot stand in a file name or is taken").arg(output.renamedFrom));
+        lines.append(
+            PlanSheet::tr("named after \"%1\", which cannot stand in a file name or is taken").arg(output.renamedFrom));
     if (!output.sidecars.isEmpty())
         lines.append(PlanSheet::tr("with it go: %1").arg(output.sidecars.join(QStringLiteral(", "))));
     return lines.join(QLatin1Char('\n'));
@@ -119,8 +124,9 @@ void PlanSheet::showPlan(const ExportPlan& plan)
     for (std::size_t index = 0; index < plan.outputs.size(); ++index) {
         const ExportPlan::Output& output = plan.outputs[index];
         const FileOutcome& outcome = plan.foreseen.files()[index];
-        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output, outcome), QString::number(output.vertices),
-                                          sizeText(output.bytes), objectsText(output.objects)});
+        auto* item = new QTreeWidgetItem({QFileInfo(output.path).fileName(), stateText(output, outcome),
+                                          QString::number(output.vertices), sizeText(output.bytes),
+                                          objectsText(output.objects)});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
         item->setToolTip(0, toolTipOf(output, outcome));

@@ -50,7 +50,8 @@ void ReportActions::show(const ExportRequest& request, bool someFailed)
 void ReportActions::copyCommandLine()
 {
     QApplication::clipboard()->setText(commandLineOf(m_request));
-    QToolTip::showText(m_copy->mapToGlobal(m_copy->rect().bottomLeft()), tr("The command is on the clipboard."), m_copy);
+    QToolTip::showText(m_copy->mapToGlobal(m_copy->rect().bottomLeft()), tr("The command is on the clipboard."),
+                       m_copy);
 }
 
 void ReportActions::saveJobFile()
@@ -63,7 +64,8 @@ void ReportActions::saveJobFile()
     QSaveFile file(path);
     const QByteArray text = QJsonDocument(jobOf(m_request)).toJson();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        QMessageBox::warning(this, tr("Save Job File"), tr("%1 could not be written: %2").arg(path, file.errorString()));
+        QMessageBox::warning(this, tr("Save Job File"),
+                             tr("%1 could not be written: %2").arg(path, file.errorString()));
 }
 
 } // namespace refhost

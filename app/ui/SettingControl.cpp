@@ -52,10 +52,14 @@ QString choiceText(const Setting& setting, const QString& choice)
         const char* text;
     };
     static constexpr Text texts[] = {
-        {"grouping", "single", "one file"},          {"grouping", "object", "a file per object"},
-        {"grouping", "set", "a file per set"},       {"lengthUnit", "model", "that of the model"},
-        {"lengthUnit", "m", "metres (m)"},           {"lengthUnit", "ft", "feet (ft)"},
-        {"lengthUnit", "ftUS", "US survey feet (ftUS)"}, {"lengthUnit", "km", "kilometres (km)"},
+        {"grouping", "single", "one file"},
+        {"grouping", "object", "a file per object"},
+        {"grouping", "set", "a file per set"},
+        {"lengthUnit", "model", "that of the model"},
+        {"lengthUnit", "m", "metres (m)"},
+        {"lengthUnit", "ft", "feet (ft)"},
+        {"lengthUnit", "ftUS", "US survey feet (ftUS)"},
+        {"lengthUnit", "km", "kilometres (km)"},
     };
     for (const Text& text : texts) {
         if (setting.key == QLatin1String(text.key) && choice == QLatin1String(text.choice))
@@ -75,7 +79,8 @@ QString toolTipOf(const Setting& setting)
     return QStringLiteral("%1\n--set %2=%3").arg(setting.description, setting.key, value);
 }
 
-SettingControl choiceBox(const Setting& setting, const QStringList& texts, QWidget* parent, const std::function<void()>& changed)
+SettingControl choiceBox(const Setting& setting, const QStringList& texts, QWidget* parent,
+                         const std::function<void()>& changed)
 {
     auto* box = new QComboBox(parent);
     for (int index = 0; index < setting.choices.size(); ++index)
@@ -90,7 +95,8 @@ SettingControl choiceBox(const Setting& setting, const QStringList& texts, QWidg
             }};
 }
 
-SettingControl checkBox(const Setting& setting, const QString& text, QWidget* parent, const std::function<void()>& changed)
+SettingControl checkBox(const Setting& setting, const QString& text, QWidget* parent,
+                        const std::function<void()>& changed)
 {
     auto* box = new QCheckBox(text, parent);
     QObject::connect(box, &QCheckBox::toggled, box, [setting, changed](bool on) {

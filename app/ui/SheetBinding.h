@@ -59,8 +59,8 @@ private:
     AttributeChoice m_attributes;
     kpBaseExport::QExportWizard* m_wizard = nullptr;
     QWidget* m_page = nullptr;
-    bool m_ownPanel = false;     ///< the attribute panel was added here
-    bool m_unitIsUsers = false;  ///< the length unit was chosen by the user
+    bool m_ownPanel = false;    ///< the attribute panel was added here
+    bool m_unitIsUsers = false; ///< the length unit was chosen by the user
     bool m_entered = false;
     std::vector<int> m_ids;
     std::vector<const ModelObject*> m_objects;

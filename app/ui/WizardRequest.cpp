@@ -44,7 +44,8 @@ QStringList chosenObjects(const HostContext& context, const HostSaver& saver)
 /// The layout of the export in a file of its own for each content, so that a command that was copied stays true.
 QString keptLayout(ExportFormat& format)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/layouts");
+    const QString folder =
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/layouts");
     const QString draft = folder + QStringLiteral("/draft.klf");
     if (!format.info().takesLayout || !QDir().mkpath(folder) || !format.saveLayout(draft))
         return {};
@@ -73,7 +74,8 @@ ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
     if (request.layout.isEmpty()) {
         const ExportSelection& selection = saver.selection();
         request.attributes = selection.attributes.value_or(QStringList());
-        request.noAttributes = selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
+        request.noAttributes =
+            selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
     }
     request.overwrite = true;
     request.verify = saver.selection().verify;

@@ -64,9 +64,8 @@ bool AbstractSaver::shouldGoBack()
 
 void AbstractSaver::generateFileNames(const QString& path, const std::vector<int>& geoIds,
                                       const std::vector<std::string>& geoNames,
-                                      const std::vector<std::string>& attributeNames,
-                                      QStringList& geoAttributeFiles, QStringList& geometryFiles,
-                                      QStringList& attributeFiles, QStringList&)
+                                      const std::vector<std::string>& attributeNames, QStringList& geoAttributeFiles,
+                                      QStringList& geometryFiles, QStringList& attributeFiles, QStringList&)
 {
     generateFileNames(path, geoIds, geoNames, attributeNames, geoAttributeFiles, geometryFiles, attributeFiles);
 }

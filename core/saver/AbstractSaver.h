@@ -15,7 +15,7 @@ namespace kpBase
 {
 class AbstractProgress;
 class Wizard;
-}
+} // namespace kpBase
 
 namespace kpBaseExport
 {
@@ -83,17 +83,17 @@ protected:
     QString fileNameWithExtension(const QString& name) const;
 
     std::string m_key;
-    std::set<std::string> m_supportedTypes;                    ///< keys of the object types that the format takes
-    bool m_supportsAttributes = true;                          ///< an attribute sheet is offered when there is no other
-    QList<QExportAbstractOptionSheet*> m_sheets;               ///< not owned
-    QString m_currentFileFormatName = QStringLiteral("");      ///< name in file dialogs
-    QString m_currentDefaultFileFormatExt;                     ///< extension without dot
-    QString m_currentAllFileFormatExt;                         ///< patterns for file dialogs, "*.csv *.txt"
-    QString m_formatDisplay;                                   ///< name in the list of formats; empty hides the saver
-    bool m_shouldGoBack = false;                               ///< after a failed new_save(), go back in the wizard
-    std::vector<std::string> m_savedFilenames;                 ///< files written by new_save()
-    QString m_warnings;                                        ///< HTML shown in the report
-    kpBase::Wizard* m_wizard = nullptr;                        ///< not owned
+    std::set<std::string> m_supportedTypes;               ///< keys of the object types that the format takes
+    bool m_supportsAttributes = true;                     ///< an attribute sheet is offered when there is no other
+    QList<QExportAbstractOptionSheet*> m_sheets;          ///< not owned
+    QString m_currentFileFormatName = QStringLiteral(""); ///< name in file dialogs
+    QString m_currentDefaultFileFormatExt;                ///< extension without dot
+    QString m_currentAllFileFormatExt;                    ///< patterns for file dialogs, "*.csv *.txt"
+    QString m_formatDisplay;                              ///< name in the list of formats; empty hides the saver
+    bool m_shouldGoBack = false;                          ///< after a failed new_save(), go back in the wizard
+    std::vector<std::string> m_savedFilenames;            ///< files written by new_save()
+    QString m_warnings;                                   ///< HTML shown in the report
+    kpBase::Wizard* m_wizard = nullptr;                   ///< not owned
 };
 
 } // namespace kpBaseExport

@@ -32,8 +32,8 @@ QExportAbstractOptionSheet::QExportAbstractOptionSheet(const QExportAbstractOpti
 QExportAbstractOptionSheet& QExportAbstractOptionSheet::operator=(const QExportAbstractOptionSheet&) = default;
 QExportAbstractOptionSheet::~QExportAbstractOptionSheet() = default;
 
-QExportAbstractOptionSheet* QExportAbstractOptionSheet::create_unmanaged(const std::string& key,
-                                                                         QExportWizard* wizard, const QString& text)
+QExportAbstractOptionSheet* QExportAbstractOptionSheet::create_unmanaged(const std::string& key, QExportWizard* wizard,
+                                                                         const QString& text)
 {
     QExportAbstractSheet* sheet = registeredSheet(key);
     if (!sheet)

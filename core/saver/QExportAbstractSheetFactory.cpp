@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/saver/QExportAbstractSheetFactory.h"
 
-#include "core/saver/QExportAbstractSheet.h"
 #include "core/saver/ProductRegistry.h"
+#include "core/saver/QExportAbstractSheet.h"
 
 namespace kpBaseExport
 {

@@ -7,7 +7,7 @@ namespace kpBase
 {
 class AbstractSheetHandler;
 class Wizard;
-}
+} // namespace kpBase
 
 namespace kpBaseExport
 {

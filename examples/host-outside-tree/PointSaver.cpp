@@ -53,8 +53,9 @@ bool PointSaver::save(const std::vector<QString>& acceptedFiles, kpBase::Abstrac
         record.clearData();
         record.name = horizon.name.toStdString();
         // The record owns the matrices, and they share the model's numbers.
-        record.vertexData() = {new DoubleMatrixData(QStringLiteral("x"), horizon.x), new DoubleMatrixData(QStringLiteral("x"), horizon.x),
-                               new DoubleMatrixData(QStringLiteral("y"), horizon.y), new DoubleMatrixData(QStringLiteral("z"), horizon.z)};
+        record.vertexData() = {
+            new DoubleMatrixData(QStringLiteral("x"), horizon.x), new DoubleMatrixData(QStringLiteral("x"), horizon.x),
+            new DoubleMatrixData(QStringLiteral("y"), horizon.y), new DoubleMatrixData(QStringLiteral("z"), horizon.z)};
         record.vertexAttributeData() = {new DoubleMatrixData(horizon.valueName, horizon.value)};
         writer.writeHeader(&record);
         writer.writeGeo(&record);
@@ -65,6 +66,7 @@ bool PointSaver::save(const std::vector<QString>& acceptedFiles, kpBase::Abstrac
     if (!writer.writeFailed())
         return true;
     if (auto* wizard = dynamic_cast<kpBaseExport::QExportWizard*>(get_wizard()))
-        wizard->setErrorMessage(acceptedFiles.front().toHtmlEscaped(), QStringLiteral("the file is not complete; is the disk full?"));
+        wizard->setErrorMessage(acceptedFiles.front().toHtmlEscaped(),
+                                QStringLiteral("the file is not complete; is the disk full?"));
     return false;
 }

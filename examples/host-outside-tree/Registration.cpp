@@ -45,8 +45,8 @@ Registration::Registration(const Model& model)
     m_savers.push_back(std::make_unique<SaverFactory>("horizons", [&model] { return new HorizonSaver(model); }));
     m_sheets.push_back(std::make_unique<SheetFactory>("horizons", [] { return new HorizonSheet; }));
     // The wizard asks for its first page under this key.
-    m_sheets.push_back(std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl",
-                                                      [&model] { return new ObjectSheet(model); }));
+    m_sheets.push_back(
+        std::make_unique<SheetFactory>("QExportSheetObjectSelectionImpl", [&model] { return new ObjectSheet(model); }));
 }
 
 Registration::~Registration() = default;

@@ -8,7 +8,7 @@ namespace kpBaseExport
 {
 class AbstractSaverFactory;
 class QExportAbstractSheetFactory;
-}
+} // namespace kpBaseExport
 
 struct Model;
 

@@ -39,7 +39,8 @@ bool exportWithoutUser(const Model& model, const QDir& folder)
         void (*choose)(QWidget&);
     };
     const Run runs[] = {
-        {"points", "points", [](QWidget& page) { page.findChild<QSpinBox*>(QStringLiteral("m_decimals"))->setValue(3); }},
+        {"points", "points",
+         [](QWidget& page) { page.findChild<QSpinBox*>(QStringLiteral("m_decimals"))->setValue(3); }},
         {"horizons", "horizons.hor", [](QWidget& page) {
              page.findChild<QComboBox*>(QStringLiteral("m_lengthUnit"))->setCurrentText(QStringLiteral("Feet (ft)"));
              page.findChild<QAbstractButton*>(QStringLiteral("m_depth"))->click();

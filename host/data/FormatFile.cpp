@@ -31,10 +31,10 @@ struct TextMember
 
 constexpr TextMember textMembers[] = {
     {"name", &impAttribute::name}, {"type", &impAttribute::type}, {"label", &impAttribute::label}};
-constexpr NumberMember numberMembers[] = {
-    {"typeId", &impAttribute::typeId}, {"order", &impAttribute::order}, {"width", &impAttribute::width},
-    {"start", &impAttribute::start},   {"end", &impAttribute::end},     {"precision", &impAttribute::precision},
-    {"flags", &impAttribute::flags}};
+constexpr NumberMember numberMembers[] = {{"typeId", &impAttribute::typeId}, {"order", &impAttribute::order},
+                                          {"width", &impAttribute::width},   {"start", &impAttribute::start},
+                                          {"end", &impAttribute::end},       {"precision", &impAttribute::precision},
+                                          {"flags", &impAttribute::flags}};
 
 int wholeNumber(const QJsonValue& value, int line, const char* key)
 {
@@ -97,11 +97,13 @@ std::unique_ptr<FormatFile> parsedKlf(const QByteArray& content)
     QJsonObject object = parsedObject(content);
     const JsonPlaces places(content);
     if (object.take(QStringLiteral("format")).toString() != QLatin1String(formatMark))
-        throw FormatFileError(places.lineOf("format"), QStringLiteral("\"format\" is not \"%1\"").arg(QLatin1String(formatMark)));
+        throw FormatFileError(places.lineOf("format"),
+                              QStringLiteral("\"format\" is not \"%1\"").arg(QLatin1String(formatMark)));
     const int version = wholeNumber(object.take(QStringLiteral("version")), places.lineOf("version"), "version");
     if (version < 1 || version > newestVersion)
-        throw FormatFileError(places.lineOf("version"),
-                              QStringLiteral("version %1 is not known (known: 1 to %2)").arg(version).arg(newestVersion));
+        throw FormatFileError(
+            places.lineOf("version"),
+            QStringLiteral("version %1 is not known (known: 1 to %2)").arg(version).arg(newestVersion));
     auto file = std::make_unique<FormatFile>();
     file->type() = typeOf(object.take(QStringLiteral("type")), places.lineOf("type"));
     file->name() = object.take(QStringLiteral("name")).toString();
@@ -219,10 +221,10 @@ QByteArray FormatFile::toBytes() const
     QByteArrayList fields;
     for (const Field& field : m_fields)
         fields.append(fieldLine(field));
-    QByteArrayList members{
-        member(QStringLiteral("format"), QLatin1String(formatMark)), member(QStringLiteral("version"), newestVersion),
-        member(QStringLiteral("type"), QLatin1String(m_type == FieldBased ? "fields" : "columns")),
-        member(QStringLiteral("name"), m_name)};
+    QByteArrayList members{member(QStringLiteral("format"), QLatin1String(formatMark)),
+                           member(QStringLiteral("version"), newestVersion),
+                           member(QStringLiteral("type"), QLatin1String(m_type == FieldBased ? "fields" : "columns")),
+                           member(QStringLiteral("name"), m_name)};
     for (auto extra = m_unknown.begin(); extra != m_unknown.end(); ++extra)
         members.append(member(extra.key(), extra.value()));
     members.append(fields.isEmpty() ? "\"fields\": []" : "\"fields\": [\n" + fields.join(",\n") + "\n  ]");

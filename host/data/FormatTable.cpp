@@ -28,7 +28,8 @@ constexpr TypeCode typeCodes[] = {{"X", -6}, {"Y", -2}, {"Z", -3}, {"i", -4}, {"
 /// The entries of a line: words, or texts in quotes in which "" is one quote.
 QStringList entriesOf(const QString& line, int number)
 {
-    static const QRegularExpression entry(QStringLiteral("\\G[ \\t]*(?:\"((?:[^\"]|\"\")*)\"|([^ \\t\"]+))(?=[ \\t]|$)"));
+    static const QRegularExpression entry(
+        QStringLiteral("\\G[ \\t]*(?:\"((?:[^\"]|\"\")*)\"|([^ \\t\"]+))(?=[ \\t]|$)"));
     QStringList entries;
     int position = 0;
     while (position < line.size()) {
@@ -38,8 +39,9 @@ QStringList entriesOf(const QString& line, int number)
                 break;
             throw FormatFileError(number, QStringLiteral("a quote is out of place"));
         }
-        entries.append(match.capturedStart(1) >= 0 ? match.captured(1).replace(QLatin1String("\"\""), QLatin1String("\""))
-                                                   : match.captured(2));
+        entries.append(match.capturedStart(1) >= 0
+                           ? match.captured(1).replace(QLatin1String("\"\""), QLatin1String("\""))
+                           : match.captured(2));
         position = match.capturedEnd();
     }
     return entries;
@@ -68,14 +70,17 @@ int typeCodeOf(const QString& name)
 impAttribute attributeOf(const QStringList& entries, int line)
 {
     if (entries.size() != entriesOfLine)
-        throw FormatFileError(line, QStringLiteral("%1 entries instead of NAME TYPE START END DECIMALS").arg(entries.size()));
+        throw FormatFileError(line,
+                              QStringLiteral("%1 entries instead of NAME TYPE START END DECIMALS").arg(entries.size()));
     impAttribute attribute;
     attribute.name = entries[0].toStdString();
     attribute.type = entries[1].toStdString();
     if (attribute.name.empty())
         throw FormatFileError(line, QStringLiteral("the field has no name"));
-    if (entries[1] != QLatin1String("int") && entries[1] != QLatin1String("double") && entries[1] != QLatin1String("string"))
-        throw FormatFileError(line, QStringLiteral("type \"%1\" is none of int, double, string").arg(entries[1].left(40)));
+    if (entries[1] != QLatin1String("int") && entries[1] != QLatin1String("double")
+        && entries[1] != QLatin1String("string"))
+        throw FormatFileError(line,
+                              QStringLiteral("type \"%1\" is none of int, double, string").arg(entries[1].left(40)));
     attribute.start = numberIn(entries[2], lastColumn, line, "start");
     attribute.end = numberIn(entries[3], lastColumn, line, "end");
     attribute.precision = numberIn(entries[4], mostDecimals, line, "decimals");

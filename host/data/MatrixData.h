@@ -12,7 +12,7 @@ namespace kpBase
 /// A column of numbers that lies in memory as one block, lent by a matrix for as long as it lives.
 struct DoubleColumn
 {
-    const double* values = nullptr;       ///< rowCount() values; null when the column is not offered this way
+    const double* values = nullptr;         ///< rowCount() values; null when the column is not offered this way
     const unsigned char* missing = nullptr; ///< one flag per row, 1 = missing value; null when none is missing
 };
 

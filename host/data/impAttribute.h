@@ -8,7 +8,7 @@ struct impAttribute
 {
     std::string label; ///< free text of the program that saved it
     std::string name;
-    std::string type;  ///< "int", "double", "string"
+    std::string type; ///< "int", "double", "string"
     int typeId = -5;
     int order = -1;    ///< position in the layout, 0 = first; negative = not placed yet
     int width = 10;    ///< characters, in a layout of separated fields

@@ -22,14 +22,14 @@ public:
     AbstractSheet& operator=(const AbstractSheet&);
 
     virtual ~AbstractSheet();
-    virtual void startup();    ///< the wizard starts
-    virtual void shutdown();   ///< the wizard ends
-    virtual void resume();     ///< work on the sheet goes on
-    virtual void suspend();    ///< work on the sheet rests
-    virtual void activate();   ///< the sheet has become the current one
-    virtual void deactivate(); ///< the sheet is about to stop being the current one
-    virtual void restart();    ///< back to the state after startup()
-    virtual void update();     ///< what the sheet shows may have changed
+    virtual void startup();           ///< the wizard starts
+    virtual void shutdown();          ///< the wizard ends
+    virtual void resume();            ///< work on the sheet goes on
+    virtual void suspend();           ///< work on the sheet rests
+    virtual void activate();          ///< the sheet has become the current one
+    virtual void deactivate();        ///< the sheet is about to stop being the current one
+    virtual void restart();           ///< back to the state after startup()
+    virtual void update();            ///< what the sheet shows may have changed
     virtual bool isComplete() const;  ///< the wizard may go on to the next sheet; true here
     virtual bool isAvailable() const; ///< the sheet takes part in the sequence; true here
     virtual QString title();

@@ -30,7 +30,8 @@ QImportUnitSelector::QImportUnitSelector(QWidget* parent)
     layout->addWidget(m_elevation);
     layout->addWidget(m_depth);
     layout->addStretch();
-    connect(m_lengthUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QImportUnitSelector::unitsChanged);
+    connect(m_lengthUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &QImportUnitSelector::unitsChanged);
     connect(m_depth, &QRadioButton::toggled, this, &QImportUnitSelector::unitsChanged);
 }
 

@@ -13,8 +13,8 @@ namespace kpBase
 namespace
 {
 
-constexpr qint64 breathInterval = 50;         // milliseconds between two turns of the event loop
-constexpr qint64 firstEstimateAfter = 1000;   // an estimate made earlier jumps about
+constexpr qint64 breathInterval = 50;       // milliseconds between two turns of the event loop
+constexpr qint64 firstEstimateAfter = 1000; // an estimate made earlier jumps about
 
 QString remainingText(qint64 elapsed, int percent)
 {

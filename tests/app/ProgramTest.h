@@ -31,7 +31,10 @@ protected:
     }
     QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     QString write(const char* name, const QByteArray& content) { return write(QString::fromUtf8(name), content); }
-    QString write(const QString& name, const QByteArray& content) { return writeFile(m_folder->filePath(name), content); }
+    QString write(const QString& name, const QByteArray& content)
+    {
+        return writeFile(m_folder->filePath(name), content);
+    }
     QByteArray read(const char* name) const { return contentOf(path(name)); }
     void emptyFolder() { m_folder = std::make_unique<QTemporaryDir>(); }
 

@@ -43,8 +43,14 @@ struct SaverRun
     /// "key=value;key=value", values being taken as they stand.
     struct Settings
     {
-        Settings(const char* text = "") : pairs(QString::fromUtf8(text)) {}
-        Settings(const QString& text) : pairs(text) {}
+        Settings(const char* text = "")
+            : pairs(QString::fromUtf8(text))
+        {
+        }
+        Settings(const QString& text)
+            : pairs(text)
+        {
+        }
         QString pairs;
     };
 
@@ -80,7 +86,10 @@ struct SaverRun
         return written;
     }
 
-    Verification verify(std::size_t file = 0) const { return format->verify(files.at(file), files.at(file).path, selection); }
+    Verification verify(std::size_t file = 0) const
+    {
+        return format->verify(files.at(file), files.at(file).path, selection);
+    }
     /// Puts another text in the place of one that stands in the file once. \returns what reading it again finds then
     Verification damaged(const QByteArray& right, const QByteArray& wrong, std::size_t file = 0) const
     {
@@ -149,7 +158,9 @@ protected:
     QString write(const char* name, const QByteArray& content) const { return writeFile(path(name), content); }
     QString listing() const
     {
-        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name).join(QLatin1Char(' '));
+        return QDir(m_folder->path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name)
+            .join(QLatin1Char(' '));
     }
 
 private:

@@ -70,7 +70,8 @@ inline ModelObject gridOf(const QString& name, int columns, const std::vector<do
         nodes.push_back({x0 + static_cast<double>(node % static_cast<std::size_t>(columns)) * step,
                          y0 + static_cast<double>(node / static_cast<std::size_t>(columns)) * step, heights[node]});
     ModelObject grid = objectOf(ObjectType::GridSurfaces, name, nodes);
-    grid.grid = GridGeometry{columns, columns ? static_cast<int>(heights.size()) / columns : 0, x0, y0, step, step, 0.0};
+    grid.grid =
+        GridGeometry{columns, columns ? static_cast<int>(heights.size()) / columns : 0, x0, y0, step, step, 0.0};
     return grid;
 }
 
@@ -119,8 +120,10 @@ inline CellGrid cellsOf(int columns, int rows, int layers)
         }
     }
     for (int k = 0; k < 2 * layers; ++k)
-        cells.zcorn.insert(cells.zcorn.end(), static_cast<std::size_t>(4 * columns * rows), 1000.0 + 5.0 * ((k + 1) / 2));
-    cells.cellAttributes = {columnOf(QStringLiteral("PORO"), AttributeKind::Real, QVector<QVariant>(columns * rows * layers, 0.25))};
+        cells.zcorn.insert(cells.zcorn.end(), static_cast<std::size_t>(4 * columns * rows),
+                           1000.0 + 5.0 * ((k + 1) / 2));
+    cells.cellAttributes = {
+        columnOf(QStringLiteral("PORO"), AttributeKind::Real, QVector<QVariant>(columns * rows * layers, 0.25))};
     return cells;
 }
 

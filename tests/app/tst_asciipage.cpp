@@ -171,7 +171,8 @@ void AsciiPageTest::fromTheMouseToTheFile()
         QVERIFY(!page.wizard.nextButton()->isEnabled());
         QCOMPARE(page.listed(), words("X Y Z name"));
         for (int count = 0; count < 4; ++count)
-            dragByMouse(page.editor->m_attributeTable, 0, page.editor->m_fieldTable, middleOf(page.editor->m_fieldTable, page.editor->m_fieldTable->rowCount()));
+            dragByMouse(page.editor->m_attributeTable, 0, page.editor->m_fieldTable,
+                        middleOf(page.editor->m_fieldTable, page.editor->m_fieldTable->rowCount()));
         QCOMPARE(page.fields(), words("X Y Z name"));
         dragByMouse(page.editor->m_fieldTable, 3, page.editor->m_fieldTable, middleOf(page.editor->m_fieldTable, 0));
         QCOMPARE(page.fields(), words("name X Y Z"));
@@ -253,7 +254,8 @@ void AsciiPageTest::previewIsTheFile()
     QFETCH(QString, settings);
     // What was stored comes back in the controls.
     for (const QString& setting : settings.split(QLatin1Char(' ')))
-        QSettings().setValue(QStringLiteral("format_ascii/") + setting.section(QLatin1Char('='), 0, 0), setting.section(QLatin1Char('='), 1));
+        QSettings().setValue(QStringLiteral("format_ascii/") + setting.section(QLatin1Char('='), 0, 0),
+                             setting.section(QLatin1Char('='), 1));
     Page page(*m_context, {sampleObject("Bedding measurements")});
     QTRY_VERIFY(page.sheet->isSettled());
     QTRY_VERIFY(!page.preview().isEmpty());
@@ -261,28 +263,34 @@ void AsciiPageTest::previewIsTheFile()
     page.wizard.slotSaveClicked(path("preview.txt"), true);
     const QString written = QString::fromUtf8(contentOf(path("preview.txt")));
     const QString shown = settings.contains(QLatin1String("lineBreaks")) ? preview.left(preview.size() - 1) : preview;
-    QVERIFY2(shown.size() > 300 && written.startsWith(shown), qPrintable(shown + QStringLiteral("\n--\n") + written.left(shown.size())));
+    QVERIFY2(shown.size() > 300 && written.startsWith(shown),
+             qPrintable(shown + QStringLiteral("\n--\n") + written.left(shown.size())));
     for (const QString& setting : settings.split(QLatin1Char(' ')))
-        QCOMPARE(m_context->format("ascii")->settings().find(setting.section(QLatin1Char('='), 0, 0))->get(), setting.section(QLatin1Char('='), 1));
+        QCOMPARE(m_context->format("ascii")->settings().find(setting.section(QLatin1Char('='), 0, 0))->get(),
+                 setting.section(QLatin1Char('='), 1));
 }
 
 void AsciiPageTest::separatorHint()
 {
     ModelObject object = points("texts", {1, 2}, {1, 2}, {1, 2});
-    object.vertexAttributes = {columnOf(QStringLiteral("Unit"), AttributeKind::Text, {QStringLiteral("sand, silt"), QStringLiteral("a;b")})};
+    object.vertexAttributes = {
+        columnOf(QStringLiteral("Unit"), AttributeKind::Text, {QStringLiteral("sand, silt"), QStringLiteral("a;b")})};
     Page page(*m_context, {add(object)});
     QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The separator stands in texts of Unit: \"sand, silt\".")});
     page.cure();
     QTRY_VERIFY(page.hints().isEmpty());
     QCOMPARE(page.editor->separator(), kpBaseExport::QExportSpecification::Tab);
-    QCOMPARE(page.preview(), QStringLiteral("X\tY\tZ\tUnit\n1.000\t1.000\t1.000\tsand, silt\n2.000\t2.000\t2.000\ta;b\n"));
+    QCOMPARE(page.preview(),
+             QStringLiteral("X\tY\tZ\tUnit\n1.000\t1.000\t1.000\tsand, silt\n2.000\t2.000\t2.000\ta;b\n"));
     // A separator of one's own is looked for, too; without any the values run together.
     page.click("useCustomSeparator");
-    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("There is no text between the values: they run into each other.")});
+    QTRY_COMPARE(page.hints(),
+                 QStringList{QStringLiteral("There is no text between the values: they run into each other.")});
     QTest::keyClicks(page.child<QLineEdit>("customSeparator"), QStringLiteral("and"));
     QTRY_VERIFY(page.hints().value(0).contains(QLatin1String("\"sand, silt\"")));
     page.click("showMarks");
-    QVERIFY(page.child<QPlainTextEdit>("preview")->document()->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
+    QVERIFY(page.child<QPlainTextEdit>("preview")->document()->defaultTextOption().flags()
+            & QTextOption::ShowTabsAndSpaces);
 }
 
 void AsciiPageTest::nullHints()
@@ -315,8 +323,10 @@ void AsciiPageTest::narrowColumns()
     for (int count = 0; count < 4; ++count)
         page.takeIn(page.listed().size() - 1);
     page.click(page.editor->m_columnRadio);
-    page.editor->m_columnTable->item(2, 2)->setText(QString::number(page.editor->m_columnTable->item(2, 1)->text().toInt() + 5));
-    QTRY_VERIFY2(page.hints().value(0).contains(QLatin1String("(2 columns are too narrow)")), qPrintable(page.hints().join(QLatin1Char('/'))));
+    page.editor->m_columnTable->item(2, 2)->setText(
+        QString::number(page.editor->m_columnTable->item(2, 1)->text().toInt() + 5));
+    QTRY_VERIFY2(page.hints().value(0).contains(QLatin1String("(2 columns are too narrow)")),
+                 qPrintable(page.hints().join(QLatin1Char('/'))));
     QVERIFY(page.preview().contains(QLatin1Char('*')));
     page.cure();
     QTRY_VERIFY(page.hints().isEmpty());
@@ -327,16 +337,20 @@ void AsciiPageTest::tooFewDecimals()
 {
     const ModelObject object = points("close", {1, 1.00004, 5}, {1, 1, 5}, {2, 2, 5});
     Page page(*m_context, {add(object)});
-    QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("1 neighbouring points differ, but are written alike: too few decimals.")});
+    QTRY_COMPARE(page.hints(),
+                 QStringList{QStringLiteral("1 neighbouring points differ, but are written alike: too few decimals.")});
     page.cure();
     QTRY_VERIFY(page.hints().isEmpty());
-    QCOMPARE(page.preview(), QStringLiteral("X,Y,Z\n1.00000,1.00000,2.00000\n1.00004,1.00000,2.00000\n5.00000,5.00000,5.00000\n"));
+    QCOMPARE(page.preview(),
+             QStringLiteral("X,Y,Z\n1.00000,1.00000,2.00000\n1.00004,1.00000,2.00000\n5.00000,5.00000,5.00000\n"));
 }
 
 void AsciiPageTest::lackingFields()
 {
-    writeFile(path("lacking.klf"), "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"other\":1,\"settings\":{\"separator\":\"semicolon\",\"unheard\":\"of\"},\"fields\":["
-               "{\"name\":\"gone\",\"typeId\":0,\"order\":0},{\"name\":\"Y\",\"typeId\":-2,\"order\":1},{\"name\":\"X\",\"typeId\":-6,\"order\":2}]}");
+    writeFile(path("lacking.klf"), "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"other\":1,"
+                                   "\"settings\":{\"separator\":\"semicolon\",\"unheard\":\"of\"},\"fields\":["
+                                   "{\"name\":\"gone\",\"typeId\":0,\"order\":0},{\"name\":\"Y\",\"typeId\":-2,"
+                                   "\"order\":1},{\"name\":\"X\",\"typeId\":-6,\"order\":2}]}");
     ModelObject having = points("with", {1}, {2}, {3});
     having.objectAttributes.push_back({QStringLiteral("gone"), AttributeKind::Integer, {}, 7});
     const int with = add(having);
@@ -359,13 +373,16 @@ void AsciiPageTest::lackingFields()
     page.wizard.slotSaveClicked(path("lacking.txt"), true);
     QCOMPARE(contentOf(path("lacking.txt")), QByteArray("Y;X\n2.00;1.00\n"));
     const QString report = page.child<QTextEdit>("reportView")->toPlainText();
-    QVERIFY2(report.contains(QLatin1String("field of the layout left out")) && report.contains(QLatin1String("gone")), qPrintable(report));
+    QVERIFY2(report.contains(QLatin1String("field of the layout left out")) && report.contains(QLatin1String("gone")),
+             qPrintable(report));
     // Saved anew the file still has the field and the key that we do not know.
     chooseInDialog(path("again.klf"));
     page.editor->m_saveFormatButton->click();
     const QJsonObject again = QJsonDocument::fromJson(contentOf(path("again.klf"))).object();
-    QVERIFY(again.value(QStringLiteral("other")).toInt() == 1 && contentOf(path("again.klf")).contains("\"name\": \"gone\""));
-    QCOMPARE(again.value(QStringLiteral("settings")).toObject().value(QStringLiteral("separator")).toString(), QStringLiteral("semicolon"));
+    QVERIFY(again.value(QStringLiteral("other")).toInt() == 1
+            && contentOf(path("again.klf")).contains("\"name\": \"gone\""));
+    QCOMPARE(again.value(QStringLiteral("settings")).toObject().value(QStringLiteral("separator")).toString(),
+             QStringLiteral("semicolon"));
 }
 
 void AsciiPageTest::remembered()
@@ -426,7 +443,9 @@ void AsciiPageTest::gridIndices()
         page.takeIn(row);
     QCOMPARE(page.fields(), words("i j Z"));
     page.wizard.slotSaveClicked(path("grid.txt"), true);
-    QCOMPARE(contentOf(path("grid.txt")), QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
+    QCOMPARE(
+        contentOf(path("grid.txt")),
+        QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
 }
 
 void AsciiPageTest::savedBeforeTheColumnsFit()
@@ -439,7 +458,8 @@ void AsciiPageTest::savedBeforeTheColumnsFit()
     Page page(*m_context, {add(object)});
     page.wizard.slotSaveClicked(path("quick.txt"), true);
     const QByteArray written = contentOf(path("quick.txt"));
-    QVERIFY(!written.contains('*') && written.endsWith(" 123456789012345.000 123456789012345.000 123456789012345.000\n"));
+    QVERIFY(!written.contains('*')
+            && written.endsWith(" 123456789012345.000 123456789012345.000 123456789012345.000\n"));
 }
 
 void AsciiPageTest::manyRows()
@@ -458,10 +478,12 @@ void AsciiPageTest::manyAttributes()
 {
     ModelObject object = points("wide", {1}, {2}, {3});
     for (int index = 0; index < 5000; ++index)
-        object.objectAttributes.push_back({QStringLiteral("attribute %1").arg(index), AttributeKind::Integer, {}, index});
+        object.objectAttributes.push_back(
+            {QStringLiteral("attribute %1").arg(index), AttributeKind::Integer, {}, index});
     Page page(*m_context, {add(object)});
     QCOMPARE(page.editor->size(), 5003);
-    writeFile(path("few.klf"), "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"fields\":[{\"name\":\"attribute 7\"}]}");
+    writeFile(path("few.klf"),
+              "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"fields\":[{\"name\":\"attribute 7\"}]}");
     page.load(path("few.klf"));
     QCOMPARE(page.listed().size(), 5002);
     QTest::keyClicks(page.child<QLineEdit>("attributeFilter"), QStringLiteral("499"));

@@ -51,7 +51,8 @@ void CgalTest::surfaces()
         if (!std::isfinite((*surface.z)[vertex]))
             continue;
         QVERIFY(next < points.size());
-        QVERIFY(std::abs(points[next].x() - (*surface.x)[vertex]) < 1e-4 && std::abs(points[next].y() - (*surface.y)[vertex]) < 1e-4
+        QVERIFY(std::abs(points[next].x() - (*surface.x)[vertex]) < 1e-4
+                && std::abs(points[next].y() - (*surface.y)[vertex]) < 1e-4
                 && std::abs(points[next].z() - (*surface.z)[vertex]) < 1e-4);
         ++next;
     }

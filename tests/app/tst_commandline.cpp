@@ -67,14 +67,18 @@ void CommandLineTest::exportsALine_data()
     };
     const auto set = [](const char* text) { return QStringList{QStringLiteral("--set"), QString::fromLatin1(text)}; };
     row("defaults", {}, "X,Y,Z,name,grade\n6789012.346,100.500,-1.000,Грифон,1.250\n2.000,3.000,4.000,a, b,99999\n");
-    row("tab, depth, no header", set("separator=tab") + set("zIsElevation=false") + set("header=false") + set("decimals=1"),
+    row("tab, depth, no header",
+        set("separator=tab") + set("zIsElevation=false") + set("header=false") + set("decimals=1"),
         "6789012.3\t100.5\t1.0\tГрифон\t1.3\n2.0\t3.0\t-4.0\ta, b\t99999\n");
-    row("custom separator and null", set("separator=custom") + set("customSeparator= | ") + set("nullValue=-1") + set("decimals=0"),
+    row("custom separator and null",
+        set("separator=custom") + set("customSeparator= | ") + set("nullValue=-1") + set("decimals=0"),
         "X | Y | Z | name | grade\n6789012 | 101 | -1 | Грифон | 1\n2 | 3 | 4 | a, b | -1\n");
     row("columns", set("mode=columns") + set("decimals=1"),
         "        X     Y     Z   name grade\n6789012.3 100.5  -1.0 Грифон   1.3\n      2.0   3.0   4.0   a, b 99999\n");
     row("no attribute", {QStringLiteral("--no-attributes")}, "X,Y,Z\n6789012.346,100.500,-1.000\n2.000,3.000,4.000\n");
-    row("one attribute", QStringList{QStringLiteral("--attribute"), QStringLiteral("grade")} + set("decimals=2") + set("lineBreaks=true"),
+    row("one attribute",
+        QStringList{QStringLiteral("--attribute"), QStringLiteral("grade")} + set("decimals=2")
+            + set("lineBreaks=true"),
         "X,Y,Z,grade\npoints\n6789012.35,100.50,-1.00,1.25\n2.00,3.00,4.00,99999\n\n");
 }
 
@@ -82,9 +86,10 @@ void CommandLineTest::exportsALine()
 {
     QFETCH(QStringList, settings);
     QFETCH(QByteArray, expected);
-    const Result result = run(QStringList{QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
-                                          QStringLiteral("ascii"), QStringLiteral("--output"), QString::fromUtf8("地層 ñ.txt")}
-                              + settings);
+    const Result result =
+        run(QStringList{QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
+                        QStringLiteral("ascii"), QStringLiteral("--output"), QString::fromUtf8("地層 ñ.txt")}
+            + settings);
     QVERIFY2(result.code == 0, qPrintable(result.error));
     QCOMPARE(QString::fromUtf8(read("地層 ñ.txt")), QString::fromUtf8(expected));
     QVERIFY(result.out.contains(QString::fromUtf8("地層 ñ.txt\t2 rows\t%1 bytes").arg(expected.size())));
@@ -102,7 +107,8 @@ void CommandLineTest::wrongUse_data()
     row("export", 2, "no file to export is named");
     row("export points.csv --format xyz --output a", 2, "xyz: there is no such format (formats: ascii");
     row("export points.csv --format ascii", 2, "no output is given");
-    row("export points.csv --format ascii --output a --set nothing=1", 2, "nothing: there is no such setting (settings of this format: mode");
+    row("export points.csv --format ascii --output a --set nothing=1", 2,
+        "nothing: there is no such setting (settings of this format: mode");
     row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from 0 to 17");
     row("export points.csv --format ascii --output a --set separator", 2, "write KEY=VALUE");
     row("export points.csv --format ascii --output a --type thing", 2, "thing: there is no such type");
@@ -137,7 +143,8 @@ void CommandLineTest::wrongUse()
     const QStringList before = listing();
     const Result result = run(command.split(QLatin1Char(' ')));
     QCOMPARE(result.code, code);
-    QVERIFY2(result.error.startsWith(QStringLiteral("kpexport: error: ")) && result.error.contains(message), qPrintable(result.error));
+    QVERIFY2(result.error.startsWith(QStringLiteral("kpexport: error: ")) && result.error.contains(message),
+             qPrintable(result.error));
     QCOMPARE(listing(), before);
 }
 
@@ -145,10 +152,11 @@ void CommandLineTest::overwriting()
 {
     write("out.csv", "earlier");
     const QStringList command{QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
-                              QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("out")};
+                              QStringLiteral("ascii"),  QStringLiteral("--output"),   QStringLiteral("out")};
     const Result refused = run(command);
     QCOMPARE(refused.code, 1);
-    QVERIFY2(refused.error.contains(QStringLiteral("out.csv: the file exists already (add --overwrite")), qPrintable(refused.error));
+    QVERIFY2(refused.error.contains(QStringLiteral("out.csv: the file exists already (add --overwrite")),
+             qPrintable(refused.error));
     QCOMPARE(read("out.csv"), QByteArray("earlier"));
     QCOMPARE(run(command + QStringList{QStringLiteral("--overwrite")}).code, 0);
     QVERIFY(read("out.csv").startsWith("X,Y,Z,name"));
@@ -164,18 +172,27 @@ void CommandLineTest::dryRun_data()
         QTest::newRow(name) << QString::fromUtf8(arguments).split(QLatin1Char(' ')) << code << QString::fromUtf8(error);
     };
     row("all well", "points.csv --format ascii --output o.csv --strict", 0, "");
-    row("no coordinate system", "points.csv --format kml --output o.kml", 1, "the object points has no coordinate system (name it in the setting crs");
-    row("no system for GeoJSON", "points.csv --format geojson --output o.geojson", 1, "the objects have no coordinate system, and GeoJSON");
-    row("type of no use", "forced.kpmodel --object image --format kml --output o.kml", 1, "nothing of image can be drawn: it has no rows and columns");
-    row("image as drawing", "forced.kpmodel --object mesh --format dxf --output o.dxf", 1, "nothing of mesh can be drawn: it has no faces");
-    row("mesh without triangles", "forced.kpmodel --object mesh --format off --output o.off", 1, "the surface mesh has no triangle");
+    row("no coordinate system", "points.csv --format kml --output o.kml", 1,
+        "the object points has no coordinate system (name it in the setting crs");
+    row("no system for GeoJSON", "points.csv --format geojson --output o.geojson", 1,
+        "the objects have no coordinate system, and GeoJSON");
+    row("type of no use", "forced.kpmodel --object image --format kml --output o.kml", 1,
+        "nothing of image can be drawn: it has no rows and columns");
+    row("image as drawing", "forced.kpmodel --object mesh --format dxf --output o.dxf", 1,
+        "nothing of mesh can be drawn: it has no faces");
+    row("mesh without triangles", "forced.kpmodel --object mesh --format off --output o.off", 1,
+        "the surface mesh has no triangle");
     row("grid without nodes", "forced.kpmodel --object grid --format zmap --output o.dat", 1, "the grid grid is empty");
-    row("no way to the system", "points.csv --format dxf --set crs=EPSG:nowhere --output o.dxf", 1, "is no coordinate system that is known");
-    row("a file that exists", "points.csv --format ascii --output points.csv", 1, "the file exists already (add --overwrite");
+    row("no way to the system", "points.csv --format dxf --set crs=EPSG:nowhere --output o.dxf", 1,
+        "is no coordinate system that is known");
+    row("a file that exists", "points.csv --format ascii --output points.csv", 1,
+        "the file exists already (add --overwrite");
     row("no directory", "points.csv --format shp --output gone/o.shp", 1, "gone does not exist (create it");
     row("device", "points.csv --format gpkg --output /dev/null", 1, "a device cannot hold a GeoPackage");
     row("attribute that is not there", "points.csv --format gocad --output o.vs --attribute age --strict", 5, "");
-    row("no place for attributes", "forced.kpmodel --object line --format dxf --output o.dxf --strict --set meshPoints=true", 1, "it has no lines");
+    row("no place for attributes",
+        "forced.kpmodel --object line --format dxf --output o.dxf --strict --set meshPoints=true", 1,
+        "it has no lines");
     row("on MapInfo's grid", "points.csv --format tab --output o.tab --strict", 0, "");
 }
 
@@ -191,15 +208,25 @@ void CommandLineTest::dryRun()
                             "{\"file\":\"points.csv\",\"name\":\"mesh\",\"type\":\"mesh_surface\"},"
                             "{\"file\":\"points.csv\",\"name\":\"line\",\"type\":\"polyline\"},"
                             "{\"file\":\"points.csv\",\"name\":\"grid\",\"type\":\"grid_surface\"}]}");
-    const auto errorsOf = [](const Result& result) { return result.error.split(QLatin1Char('\n')).filter(QStringLiteral(": error: ")); };
+    const auto errorsOf = [](const Result& result) {
+        return result.error.split(QLatin1Char('\n')).filter(QStringLiteral(": error: "));
+    };
     const QStringList before = QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    const Result plan = run(QStringList{QStringLiteral("export"), QStringLiteral("--dry-run"), QStringLiteral("--report"), QStringLiteral("plan.json")} + arguments);
+    const Result plan = run(QStringList{QStringLiteral("export"), QStringLiteral("--dry-run"),
+                                        QStringLiteral("--report"), QStringLiteral("plan.json")}
+                            + arguments);
     QVERIFY(m_folder->path().size() > 0 && QFile::exists(path("plan.json")));
     const QJsonObject report = QJsonDocument::fromJson(read("plan.json")).object();
     QVERIFY(QFile::remove(path("plan.json")));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
     QVERIFY2(plan.code == code && plan.error.contains(error), qPrintable(plan.error));
-    const bool refused = report.value(QStringLiteral("files")).toArray().first().toObject().value(QStringLiteral("error")).toString().contains(error);
+    const bool refused = report.value(QStringLiteral("files"))
+                             .toArray()
+                             .first()
+                             .toObject()
+                             .value(QStringLiteral("error"))
+                             .toString()
+                             .contains(error);
     QVERIFY(refused || error.isEmpty() || error.startsWith(QLatin1String("the file exists")));
     QCOMPARE(report.value(QStringLiteral("findings")).toArray().isEmpty(), code != 5);
     const Result real = run(QStringList{QStringLiteral("export")} + arguments);
@@ -209,25 +236,30 @@ void CommandLineTest::dryRun()
 
 void CommandLineTest::fileForEachObject()
 {
-    write("names.geojson",
-          "{\"type\":\"FeatureCollection\",\"features\":["
-          "{\"type\":\"Feature\",\"properties\":{\"n\":\"../A/B\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
-          "{\"type\":\"Feature\",\"properties\":{\"n\":\".._a_b\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
-          "{\"type\":\"Feature\",\"properties\":{\"n\":\"CON\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1],[2,3]]}}]}");
+    write("names.geojson", "{\"type\":\"FeatureCollection\",\"features\":["
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\"../A/"
+                           "B\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\".._a_b\"},\"geometry\":{\"type\":"
+                           "\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\"CON\"},\"geometry\":{\"type\":\"LineString\","
+                           "\"coordinates\":[[0,1],[2,3]]}}]}");
     write("names.kpmodel", "{\"version\":1,\"objects\":[{\"file\":\"names.geojson\",\"nameField\":\"n\"}]}");
-    const Result result = run({QStringLiteral("export"), QStringLiteral("names.kpmodel"), QStringLiteral("--format"), QStringLiteral("ascii"),
-                               QStringLiteral("--output"), QStringLiteral("o.txt"), QStringLiteral("--set"), QStringLiteral("grouping=object")});
+    const Result result = run({QStringLiteral("export"), QStringLiteral("names.kpmodel"), QStringLiteral("--format"),
+                               QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("o.txt"),
+                               QStringLiteral("--set"), QStringLiteral("grouping=object")});
     QVERIFY2(result.code == 0, qPrintable(result.error));
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("o_*")}, QDir::Files | QDir::Hidden),
-             (QStringList{QStringLiteral("o__.._A_B.txt"), QStringLiteral("o__.._a_b_2.txt"), QStringLiteral("o__CON.txt")}));
+             (QStringList{QStringLiteral("o__.._A_B.txt"), QStringLiteral("o__.._a_b_2.txt"),
+                          QStringLiteral("o__CON.txt")}));
 }
 
 void CommandLineTest::reportAndStrict()
 {
-    const Result result = run({QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"), QStringLiteral("ascii"),
-                               QStringLiteral("--output"), QStringLiteral("o"), QStringLiteral("--attribute"), QStringLiteral("none"),
-                               QStringLiteral("--attribute"), QStringLiteral("name"), QStringLiteral("--strict"), QStringLiteral("--quiet"),
-                               QStringLiteral("--report"), QStringLiteral("r.json")});
+    const Result result =
+        run({QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
+             QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("o"), QStringLiteral("--attribute"),
+             QStringLiteral("none"), QStringLiteral("--attribute"), QStringLiteral("name"), QStringLiteral("--strict"),
+             QStringLiteral("--quiet"), QStringLiteral("--report"), QStringLiteral("r.json")});
     QCOMPARE(result.code, 5);
     QCOMPARE(result.out, QString());
     const QJsonObject report = QJsonDocument::fromJson(read("r.json")).object();
@@ -255,12 +287,14 @@ void CommandLineTest::jobFile()
 
 void CommandLineTest::formatsAsJson()
 {
-    const QJsonArray formats = QJsonDocument::fromJson(run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8()).array();
+    const QJsonArray formats =
+        QJsonDocument::fromJson(run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8()).array();
     QStringList keys;
     for (const QJsonValue& setting : formats.first().toObject().value(QStringLiteral("settings")).toArray())
         keys.append(setting.toObject().value(QStringLiteral("key")).toString());
-    QCOMPARE(keys.join(QLatin1Char(' ')), QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
-                                                         "nullValue lineBreaks zIsElevation grouping"));
+    QCOMPARE(keys.join(QLatin1Char(' ')),
+             QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
+                            "nullValue lineBreaks zIsElevation grouping"));
 }
 
 void CommandLineTest::interrupted()
@@ -276,8 +310,9 @@ void CommandLineTest::interrupted()
     QProcess process;
     process.setWorkingDirectory(m_folder->path());
     process.start(QStringLiteral(KP_PROGRAM),
-                  {QStringLiteral("export"), QStringLiteral("big.csv"), QStringLiteral("--format"), QStringLiteral("ascii"),
-                   QStringLiteral("--output"), QStringLiteral("out.csv"), QStringLiteral("--overwrite"), QStringLiteral("--set"), QStringLiteral("decimals=17")});
+                  {QStringLiteral("export"), QStringLiteral("big.csv"), QStringLiteral("--format"),
+                   QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("out.csv"),
+                   QStringLiteral("--overwrite"), QStringLiteral("--set"), QStringLiteral("decimals=17")});
     QVERIFY(process.waitForStarted());
     // The signal is caught from the loading on; the export then stops at its first look.
     QTRY_VERIFY_WITH_TIMEOUT(catchesInterrupt(process.processId()), 20000);
@@ -293,7 +328,9 @@ void CommandLineTest::interrupted()
 void CommandLineTest::sampleModel()
 {
     const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
-    const QJsonArray objects = QJsonDocument::fromJson(run({QStringLiteral("inspect"), sample, QStringLiteral("--json")}).out.toUtf8()).array();
+    const QJsonArray objects =
+        QJsonDocument::fromJson(run({QStringLiteral("inspect"), sample, QStringLiteral("--json")}).out.toUtf8())
+            .array();
     QMap<QString, int> types;
     for (const QJsonValue& object : objects)
         ++types[object.toObject().value(QStringLiteral("type")).toString()];
@@ -304,9 +341,10 @@ void CommandLineTest::sampleModel()
     QCOMPARE(types.value(QStringLiteral("grid_surface")), 1);
     QCOMPARE(types.value(QStringLiteral("mesh_surface")), 1);
     QCOMPARE(types.value(QStringLiteral("geocellular_volume")), 1);
-    const Result result = run({QStringLiteral("export"), sample, QStringLiteral("--format"), QStringLiteral("ascii"), QStringLiteral("--output"),
-                               QStringLiteral("s.txt"), QStringLiteral("--set"), QStringLiteral("separator=tab"), QStringLiteral("--type"),
-                               QStringLiteral("well"), QStringLiteral("--object"), QStringLiteral("B1-1*")});
+    const Result result = run({QStringLiteral("export"), sample, QStringLiteral("--format"), QStringLiteral("ascii"),
+                               QStringLiteral("--output"), QStringLiteral("s.txt"), QStringLiteral("--set"),
+                               QStringLiteral("separator=tab"), QStringLiteral("--type"), QStringLiteral("well"),
+                               QStringLiteral("--object"), QStringLiteral("B1-1*")});
     QVERIFY2(result.code == 0, qPrintable(result.error));
     const QList<QByteArray> lines = read("s.txt").split('\n');
     QCOMPARE(lines.first(), QByteArray("X\tY\tZ\tMD"));
@@ -320,12 +358,15 @@ void CommandLineTest::mixedSelection()
     // A format gets what it can take; what it cannot is said.
     const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
     const auto exported = [&](const char* format, const char* output) {
-        return run({QStringLiteral("export"), sample, QStringLiteral("--format"), QString::fromLatin1(format), QStringLiteral("--output"), QString::fromLatin1(output)});
+        return run({QStringLiteral("export"), sample, QStringLiteral("--format"), QString::fromLatin1(format),
+                    QStringLiteral("--output"), QString::fromLatin1(output)});
     };
     const Result off = exported("off", "s.off");
     QVERIFY2(off.code == 0, qPrintable(off.error));
     QCOMPARE(off.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size(), 2);
-    QVERIFY2(off.error.contains(QStringLiteral("note: 501 objects were left out because the format does not take their types (first ")), qPrintable(off.error));
+    QVERIFY2(off.error.contains(QStringLiteral(
+                 "note: 501 objects were left out because the format does not take their types (first ")),
+             qPrintable(off.error));
     QVERIFY(read("s_Terrain mesh.off").startsWith("OFF\n"));
     const Result grdecl = exported("grdecl", "s.grdecl");
     QVERIFY2(grdecl.code == 0, qPrintable(grdecl.error));

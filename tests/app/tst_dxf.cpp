@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/savers/dxf/DxfText.h"
 #include "app/savers/SurfaceFaces.h"
+#include "app/savers/dxf/DxfText.h"
 #include "host/data/kpProductInfo.h"
 #include "tests/app/SaverRun.h"
 
@@ -99,8 +99,7 @@ void DxfTest::flatDrawings()
 {
     const std::vector<ModelObject> objects{
         twoLegs(), objectOf(ObjectType::Polylines, QStringLiteral("L"), {{30, 40, 7}, {60, 80, none}, {0, 50, 9}}, "")};
-    const SaverRun map("dxf", objects, path("map.dxf"),
-                       "dimension=map;layers=none");
+    const SaverRun map("dxf", objects, path("map.dxf"), "dimension=map;layers=none");
     QCOMPARE(map.fault() + map.findings(), QString());
     const QByteArray polyline = "0\nPOLYLINE\n8\n0\n62\n%\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n0\n";
     const auto coloured = [](QByteArray text, const char* colour) { return text.replace('%', colour); };
@@ -112,8 +111,7 @@ void DxfTest::flatDrawings()
                                   + "999\nL\n" + coloured(polyline, "150") + vertex("30", "40") + vertex("60", "80")
                                   + vertex("0", "50") + end);
     // Along the section 0, 0 to 30, 40; the point without height has no place.
-    const SaverRun side("dxf", objects, path("side.dxf"),
-                        "dimension=section;layers=none");
+    const SaverRun side("dxf", objects, path("side.dxf"), "dimension=section;layers=none");
     QCOMPARE(side.fault(), QString());
     QCOMPARE(side.findings(), QStringLiteral("position left out: 1"));
     QCOMPARE(body("side.dxf"), "999\nA\n999\nH\n" + coloured(polyline, "1") + vertex("0", "-5") + vertex("50", "-6")
@@ -163,8 +161,7 @@ void DxfTest::layers()
         objects.push_back(objectOf(ObjectType::Posts, QStringLiteral("P"), {{1, 2, 3}}, ""));
         objects.back().set = set;
     }
-    const SaverRun run("dxf", objects, path("a.dxf"),
-                       unicode ? "unicodeLayers=true" : "");
+    const SaverRun run("dxf", objects, path("a.dxf"), unicode ? "unicodeLayers=true" : "");
     QCOMPARE(run.fault(), QString());
     QStringList written;
     const QList<QByteArray> lines = body("a.dxf").split('\n');
@@ -224,9 +221,14 @@ void DxfTest::surfaces_data()
     QTest::addColumn<QString>("expected");
     const auto flag = [](int on) { return on ? QStringLiteral("true") : QStringLiteral("false"); };
     for (int choice = 0; choice < 8; ++choice) {
-        const QString settings = QStringLiteral("faces=%1;meshPoints=%2;boundaries=%3").arg(flag(choice & 1), flag(choice & 2), flag(choice & 4));
+        const QString settings = QStringLiteral("faces=%1;meshPoints=%2;boundaries=%3")
+                                     .arg(flag(choice & 1), flag(choice & 2), flag(choice & 4));
         // A grid of 2 x 3 nodes, one without value, and a mesh of two triangles.
-        QTest::newRow(qPrintable(settings)) << settings << QStringLiteral("%1 faces %2 points %3 lines").arg(choice & 1 ? 4 : 0).arg(choice & 2 ? 9 : 0).arg(choice & 4 ? 2 : 0);
+        QTest::newRow(qPrintable(settings)) << settings
+                                            << QStringLiteral("%1 faces %2 points %3 lines")
+                                                   .arg(choice & 1 ? 4 : 0)
+                                                   .arg(choice & 2 ? 9 : 0)
+                                                   .arg(choice & 4 ? 2 : 0);
     }
 }
 
@@ -237,11 +239,13 @@ void DxfTest::surfaces()
     ModelObject mesh =
         objectOf(ObjectType::MeshSurfaces, QStringLiteral("M"), {{0, 0, 1}, {1, 0, 2}, {1, 1, 3}, {0, 1, 4}}, "");
     mesh.triangles = {{0, 1, 2}, {0, 2, 3}};
-    const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4, 5, none}), mesh}, path("a.dxf"),
-                       settings);
+    const SaverRun run("dxf", {gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4, 5, none}), mesh}, path("a.dxf"), settings);
     if (!settings.contains(QLatin1String("true"))) {
-        QCOMPARE(run.error(), QStringLiteral("nothing of G can be drawn: faces, meshPoints and boundaries are all off (check its type in the model "
-                                            "file and the settings, or choose another object)"));
+        QCOMPARE(
+            run.error(),
+            QStringLiteral(
+                "nothing of G can be drawn: faces, meshPoints and boundaries are all off (check its type in the model "
+                "file and the settings, or choose another object)"));
         return;
     }
     QCOMPARE(run.fault(), QString());
@@ -320,7 +324,8 @@ void DxfTest::boundariesCancelled()
         CancelAt progress(percent);
         ProgressTicker stopped(&progress, weight);
         QVERIFY(boundaryLines(surface, stopped, weight).empty());
-        QVERIFY2(progress.reached >= percent && progress.reached < percent + 10, qPrintable(QString::number(progress.reached)));
+        QVERIFY2(progress.reached >= percent && progress.reached < percent + 10,
+                 qPrintable(QString::number(progress.reached)));
         QVERIFY(progress.asked < whole.asked);
     }
 }
@@ -335,8 +340,7 @@ void DxfTest::unitsAndSystems()
     // From degrees to a projected system: the place that cs2cs gives for 117.382433, -22.630436.
     const ModelObject degrees =
         objectOf(ObjectType::Posts, QStringLiteral("D"), {{117.382433, -22.630436, 10}}, "EPSG:4283");
-    const SaverRun projected("dxf", {degrees}, path("b.dxf"),
-                             "crs=EPSG:28350;lengthUnit=km");
+    const SaverRun projected("dxf", {degrees}, path("b.dxf"), "crs=EPSG:28350;lengthUnit=km");
     QCOMPARE(projected.fault() + projected.findings(), QString());
     const QList<QByteArray> lines = body("b.dxf").split('\n');
     const int x = lines.indexOf("10");
@@ -348,7 +352,8 @@ void DxfTest::unitsAndSystems()
     QVERIFY(body("c.dxf").contains("10\n117.382433000\n20\n-22.630436000\n30\n32.8083990\n"));
     QCOMPARE(own.findings(), QStringLiteral("coordinate systems differ: 2"));
     const SaverRun unknown("dxf", {degrees}, path("d.dxf"), "crs=nowhere");
-    QVERIFY(unknown.error().startsWith(QStringLiteral("\"nowhere\" is no coordinate system that is known (set crs to one")));
+    QVERIFY(unknown.error().startsWith(
+        QStringLiteral("\"nowhere\" is no coordinate system that is known (set crs to one")));
 }
 
 void DxfTest::leftOut()
@@ -382,10 +387,7 @@ void DxfTest::severalFiles()
 {
     std::vector<ModelObject> objects(3, objectOf(ObjectType::Posts, QStringLiteral("P"), {{1, 2, 3}}, ""));
     objects[2].set = QStringLiteral("T");
-    QCOMPARE(SaverRun("dxf", objects, path(),
-                      "grouping=set;filePrefix=x/y")
-                 .fault(),
-             QString());
+    QCOMPARE(SaverRun("dxf", objects, path(), "grouping=set;filePrefix=x/y").fault(), QString());
     QCOMPARE(listing(), QStringLiteral("x_y_S.dxf x_y_T.dxf"));
 }
 
@@ -399,9 +401,8 @@ void DxfTest::sampleModel_data()
 void DxfTest::sampleModel()
 {
     QFETCH(QString, dimension);
-    const SaverRun run(
-        "dxf", loaded(sample("sample.kpmodel")), path("sample.dxf"),
-        QStringLiteral("boundaries=true;layers=type;dimension=") + dimension);
+    const SaverRun run("dxf", loaded(sample("sample.kpmodel")), path("sample.dxf"),
+                       QStringLiteral("boundaries=true;layers=type;dimension=") + dimension);
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.readBack.front().count, run.rows());
     QVERIFY(run.readBack.front().worstError < 0.0001);

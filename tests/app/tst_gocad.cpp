@@ -26,12 +26,15 @@ private Q_SLOTS:
 
 void GocadTest::points()
 {
-    ModelObject cloud = objectOf(QStringLiteral("Beds {1}"), ObjectType::VertexClouds, {1.0, 2.5, 3.0}, {10.0, 20.0, 30.0}, {-5.0, 0.25, NAN});
+    ModelObject cloud = objectOf(QStringLiteral("Beds {1}"), ObjectType::VertexClouds, {1.0, 2.5, 3.0},
+                                 {10.0, 20.0, 30.0}, {-5.0, 0.25, NAN});
     cloud.vertexAttributes.push_back(columnOf(QStringLiteral("Cu ppm"), AttributeKind::Real, {0.1, QVariant(), 3.0}));
     cloud.vertexAttributes.back().unit = QStringLiteral("g/t");
     for (const char* name : {"dip", "DIP"})
-        cloud.vertexAttributes.push_back(columnOf(QString::fromLatin1(name), AttributeKind::Integer, {30, -99999, QVariant()}));
-    cloud.vertexAttributes.push_back(columnOf(QStringLiteral("note"), AttributeKind::Text, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+        cloud.vertexAttributes.push_back(
+            columnOf(QString::fromLatin1(name), AttributeKind::Integer, {30, -99999, QVariant()}));
+    cloud.vertexAttributes.push_back(columnOf(QStringLiteral("note"), AttributeKind::Text,
+                                              {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
     SaverRun run("gocad", {cloud}, path("p"), "zPositive=depth;decimals=2;lengthUnit=ft");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("p.vs"));

@@ -41,32 +41,34 @@ void GrdeclTest::wholeText()
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.files[0].path, path("g.grdecl"));
     const QByteArray text = run.bytes();
-    QCOMPARE(text.mid(text.indexOf('\n') + 1), QByteArray("-- lengths in metres, depths positive down\n"
-                                                          "\n"
-                                                          "MAPUNITS\n 'METRES'\n/\n"
-                                                          "\n"
-                                                          "MAPAXES\n 0.0 1000.0\n 0.0 0.0\n 1000.0 0.0\n/\n"
-                                                          "\n"
-                                                          "GRIDUNIT\n 'METRES' 'MAP'\n/\n"
-                                                          "\n"
-                                                          "SPECGRID\n 2 1 1 1 F\n/\n"
-                                                          "\n"
-                                                          "COORD\n"
-                                                          " 2*0.0 1000.0 2*0.0 1005.0 10.0 0.0 1000.0 10.0 0.0 1005.0 20.0 0.0 1000.0 20.0 0.0 1005.0 0.0 10.0\n"
-                                                          " 1000.0 0.0 10.0 1005.0 2*10.0 1000.0 2*10.0 1005.0 20.0 10.0 1000.0 20.0 10.0 1005.0\n"
-                                                          "/\n"
-                                                          "\n"
-                                                          "ZCORN\n 8*1000.0 8*1005.0\n/\n"
-                                                          "\n"
-                                                          "ACTNUM\n 1 0\n/\n"
-                                                          "\n"
-                                                          "PORO\n 2*0.25\n/\n"
-                                                          "\n"
-                                                          "ROCK_TYP\n 3 0\n/\n"
-                                                          "\n"
-                                                          "-- COORD2 in mD\n"
-                                                          "COORD2\n 1.0 -2.5e-07\n/\n"
-                                                          "\n"));
+    QCOMPARE(text.mid(text.indexOf('\n') + 1),
+             QByteArray(
+                 "-- lengths in metres, depths positive down\n"
+                 "\n"
+                 "MAPUNITS\n 'METRES'\n/\n"
+                 "\n"
+                 "MAPAXES\n 0.0 1000.0\n 0.0 0.0\n 1000.0 0.0\n/\n"
+                 "\n"
+                 "GRIDUNIT\n 'METRES' 'MAP'\n/\n"
+                 "\n"
+                 "SPECGRID\n 2 1 1 1 F\n/\n"
+                 "\n"
+                 "COORD\n"
+                 " 2*0.0 1000.0 2*0.0 1005.0 10.0 0.0 1000.0 10.0 0.0 1005.0 20.0 0.0 1000.0 20.0 0.0 1005.0 0.0 10.0\n"
+                 " 1000.0 0.0 10.0 1005.0 2*10.0 1000.0 2*10.0 1005.0 20.0 10.0 1000.0 20.0 10.0 1005.0\n"
+                 "/\n"
+                 "\n"
+                 "ZCORN\n 8*1000.0 8*1005.0\n/\n"
+                 "\n"
+                 "ACTNUM\n 1 0\n/\n"
+                 "\n"
+                 "PORO\n 2*0.25\n/\n"
+                 "\n"
+                 "ROCK_TYP\n 3 0\n/\n"
+                 "\n"
+                 "-- COORD2 in mD\n"
+                 "COORD2\n 1.0 -2.5e-07\n/\n"
+                 "\n"));
     for (const QByteArray& line : text.split('\n'))
         QVERIFY(line.size() <= 128);
     QCOMPARE(run.findings(), QStringLiteral("renamed: 2"));
@@ -139,7 +141,8 @@ void GrdeclTest::missingValues()
     CellGrid cells = cellsOf(3, 1, 1);
     cells.active = {1, 1, 0};
     cells.cellAttributes = {columnOf(QStringLiteral("NTG"), AttributeKind::Real, {0.5, QVariant(), QVariant()}),
-                            columnOf(QStringLiteral("FACIES"), AttributeKind::Text, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})};
+                            columnOf(QStringLiteral("FACIES"), AttributeKind::Text,
+                                     {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})};
     SaverRun run("grdecl", {boxOf(cells)}, path("g.grdecl"), "nullValue=-1");
     QCOMPARE(run.fault(), QString());
     QVERIFY(run.bytes().contains("NTG\n 0.5 2*-1.0\n/"));
@@ -162,7 +165,9 @@ void GrdeclTest::undefinedCorners()
     QCOMPARE(run.findings(), QStringLiteral("corner of an inactive cell without a depth written as 0: 1"));
     cells.active = {1, 1, 0, 1};
     SaverRun active("grdecl", {boxOf(cells)}, path("g.grdecl"));
-    QVERIFY2(active.error().contains(QStringLiteral("cell 4 of the grid box is active and has a corner without a depth")), qPrintable(active.error()));
+    QVERIFY2(
+        active.error().contains(QStringLiteral("cell 4 of the grid box is active and has a corner without a depth")),
+        qPrintable(active.error()));
 }
 
 void GrdeclTest::realGrids_data()

@@ -53,7 +53,7 @@ public:
             if (m_busy || !window || m_next >= m_steps.size())
                 return;
             m_busy = true;
-        if (m_steps[m_next](*window))
+            if (m_steps[m_next](*window))
                 ++m_next;
             m_busy = false;
         });
@@ -182,9 +182,13 @@ void GuiTest::initTestCase()
     font.setPixelSize(12);
     QApplication::setFont(font);
     qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
-    const QString lines = writeFile(m_folder.filePath(QStringLiteral("lines.geojson")), "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"EPSG:28350\"}},\"features\":["
-                "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}},"
-                "{\"type\":\"Feature\",\"properties\":{\"n\":2},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[7,8,9],[8,8,9]]}}]}");
+    const QString lines = writeFile(m_folder.filePath(QStringLiteral("lines.geojson")),
+                                    "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{"
+                                    "\"name\":\"EPSG:28350\"}},\"features\":["
+                                    "{\"type\":\"Feature\",\"properties\":{\"n\":1},\"geometry\":{\"type\":"
+                                    "\"LineString\",\"coordinates\":[[0,1,5],[2,3,6]]}},"
+                                    "{\"type\":\"Feature\",\"properties\":{\"n\":2},\"geometry\":{\"type\":"
+                                    "\"LineString\",\"coordinates\":[[7,8,9],[8,8,9]]}}]}");
     m_context = std::make_unique<HostContext>();
     m_window = std::make_unique<MainWindow>(*m_context);
     m_window->show();
@@ -199,16 +203,20 @@ void GuiTest::walk()
 {
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("out"));
-    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
+    Script first({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("nextButton"),
+                  nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
     exportWith(first);
-    const QByteArray expected = "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
+    const QByteArray expected =
+        "X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n";
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
-    QVERIFY2(report.contains(QStringLiteral("Data has been exported successfully!")) && report.contains(QStringLiteral("out.csv: 4 rows, %1 bytes").arg(expected.size())),
+    QVERIFY2(report.contains(QStringLiteral("Data has been exported successfully!"))
+                 && report.contains(QStringLiteral("out.csv: 4 rows, %1 bytes").arg(expected.size())),
              qPrintable(report));
 
     // The extension came after the file dialog's own question, so the wizard's check leaves out nothing: the file
     // named there was accepted. A second run replaces it; settings are remembered.
-    Script second({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report), click("closeButton")});
+    Script second({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report),
+                   click("closeButton")});
     exportWith(second);
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
     QVERIFY(report.contains(QStringLiteral("accepted,overwritten")));
@@ -220,15 +228,17 @@ void GuiTest::aFileForEachObject()
     writeFile(m_folder.filePath(QStringLiteral("each_lines 2.txt")), "earlier");
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
-    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::No),
-                   readReport(report), click("closeButton")});
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path),
+                   click("nextButton"), answerBox(QMessageBox::No), readReport(report), click("closeButton")});
     exportWith(script);
-    QCOMPARE(read(QStringLiteral("each_lines 1.txt")), QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
+    QCOMPARE(read(QStringLiteral("each_lines 1.txt")),
+             QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
     QCOMPARE(read(QStringLiteral("each_lines 2.txt")), QByteArray("earlier"));
     QVERIFY(report.contains(QStringLiteral("user did not accept overwriting")));
 
     QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("each_lines 1.txt"))));
-    Script all({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
+    Script all({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"),
+                answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
     exportWith(all);
     QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
     Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
@@ -245,7 +255,8 @@ void GuiTest::planAndCommandLine()
         auto* files = window.findChild<QTreeWidget*>(QStringLiteral("planFiles"));
         if (!summary || !summary->isVisible() || files->topLevelItemCount() != 1)
             return false;
-        plan = summary->text() + QLatin1Char('|') + files->topLevelItem(0)->text(0) + QLatin1Char('|') + files->topLevelItem(0)->text(1);
+        plan = summary->text() + QLatin1Char('|') + files->topLevelItem(0)->text(0) + QLatin1Char('|')
+               + files->topLevelItem(0)->text(1);
         return true;
     };
     const QString path = m_folder.filePath(QStringLiteral("it's.csv"));
@@ -257,11 +268,13 @@ void GuiTest::planAndCommandLine()
         fields->item(0, 2)->setText(QStringLiteral("1"));
         return true;
     };
-    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), oneDecimal, click("nextButton"), nameFile(path), answerBox(QMessageBox::Yes), readPlan,
-                   click("nextButton"), readReport(report), click("copyCommandLine"),
-                   [](QWidget&) { return !QApplication::clipboard()->text().isEmpty(); }, click("closeButton")});
+    Script script({click("nextButton"), choose("m_separatorCombo", "Space"), oneDecimal, click("nextButton"),
+                   nameFile(path), answerBox(QMessageBox::Yes), readPlan, click("nextButton"), readReport(report),
+                   click("copyCommandLine"), [](QWidget&) { return !QApplication::clipboard()->text().isEmpty(); },
+                   click("closeButton")});
     exportWith(script);
-    QVERIFY2(plan.startsWith(QStringLiteral("1 file, which replaces an existing one; about ")) && plan.endsWith(QStringLiteral("|it's.csv|replaces a file")),
+    QVERIFY2(plan.startsWith(QStringLiteral("1 file, which replaces an existing one; about "))
+                 && plan.endsWith(QStringLiteral("|it's.csv|replaces a file")),
              qPrintable(plan));
     const QByteArray written = read(QStringLiteral("it's.csv"));
     QVERIFY(written.startsWith("X Y Z n\n0.0 1.000 5.000 1\n"));
@@ -269,11 +282,13 @@ void GuiTest::planAndCommandLine()
     const QString command = QApplication::clipboard()->text();
     QVERIFY2(command.startsWith(QStringLiteral("kpexport export ")), qPrintable(command));
     QProcess shell;
-    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("'") + QStringLiteral(KP_PROGRAM) + QStringLiteral("'") + command.mid(8)});
+    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("'") + QStringLiteral(KP_PROGRAM)
+                                                                 + QStringLiteral("'") + command.mid(8)});
     QVERIFY(shell.waitForFinished(60000));
     QVERIFY2(shell.exitCode() == 0, qPrintable(command + QString::fromUtf8(shell.readAllStandardError())));
     QCOMPARE(read(QStringLiteral("it's.csv")), written);
-    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("allAttributes"), click("closeButton")});
+    Script restore({click("nextButton"), choose("m_separatorCombo", "Semi-Colon (;)"), click("allAttributes"),
+                    click("closeButton")});
     exportWith(restore);
 }
 
@@ -293,10 +308,13 @@ void GuiTest::failedPartAgain()
         return success.contains(QStringLiteral("successfully!")) && !success.contains(QStringLiteral("has not been"));
     };
     const QString path = m_folder.filePath(QStringLiteral("again.txt"));
-    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path), click("nextButton"),
-                   answerBox(QMessageBox::Yes), readReport(failure), clearTheWay, click("retryFailed"), readSuccess, click("closeButton")});
+    Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path),
+                   click("nextButton"), answerBox(QMessageBox::Yes), readReport(failure), clearTheWay,
+                   click("retryFailed"), readSuccess, click("closeButton")});
     exportWith(script);
-    QVERIFY2(failure.contains(QStringLiteral("again_lines 2.txt")) && failure.contains(QStringLiteral("this is a directory")), qPrintable(failure));
+    QVERIFY2(failure.contains(QStringLiteral("again_lines 2.txt"))
+                 && failure.contains(QStringLiteral("this is a directory")),
+             qPrintable(failure));
     QVERIFY(read(QStringLiteral("again_lines 2.txt")).startsWith("X;Y;Z;n"));
     QVERIFY2(!QFile::exists(first), "written again although it had not failed");
     Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
@@ -350,7 +368,8 @@ void GuiTest::failureIsReported()
     wizard.show();
     wizard.slotSaveClicked(link, true);
     report = wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
-    QVERIFY2(report.contains(QStringLiteral("has not been exported")) && report.contains(QStringLiteral("could not be written completely (make room")),
+    QVERIFY2(report.contains(QStringLiteral("has not been exported"))
+                 && report.contains(QStringLiteral("could not be written completely (make room")),
              qPrintable(report));
 }
 
@@ -374,10 +393,13 @@ void GuiTest::selectionInTheWindow()
     QTest::mousePress(wizard.findChild<QPushButton*>(QStringLiteral("selectAllButton")), Qt::LeftButton);
     QCOMPARE(wizard.findChild<QTableView*>(QStringLiteral("listViewObjects"))->model()->rowCount(), 2);
     const QList<QTreeWidgetItem*> tetra =
-        wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Tetra Volumes"), Qt::MatchExactly | Qt::MatchRecursive);
+        wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))
+            ->findItems(QStringLiteral("Tetra Volumes"), Qt::MatchExactly | Qt::MatchRecursive);
     QVERIFY(tetra.first()->isDisabled());
     // Sections are a type of this program; the format for them takes nothing else.
-    auto* sections = wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))->findItems(QStringLiteral("Cross Sections"), Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    auto* sections = wizard.findChild<QTreeWidget*>(QStringLiteral("m_objectTree"))
+                         ->findItems(QStringLiteral("Cross Sections"), Qt::MatchExactly | Qt::MatchRecursive)
+                         .value(0);
     QVERIFY(sections && sections->isDisabled() && sections->checkState(0) == Qt::Checked);
     QCOMPARE(sections->data(0, Qt::UserRole).toString(), QStringLiteral("cross_section"));
 }
@@ -385,11 +407,14 @@ void GuiTest::selectionInTheWindow()
 /// Each control of a library's page stands for a setting that the format really has.
 void GuiTest::everyFormatHasItsPage()
 {
-    const std::map<QString, const char*> pages{
-        {QStringLiteral("dxf"), "kpBaseExport::QExportSheetDxf"},        {QStringLiteral("gocad"), "kpBaseExport::QExportSheetGocad"},
-        {QStringLiteral("grdecl"), "kpBaseExport::QExportSheetEclipse"}, {QStringLiteral("off"), "kpBaseExport::QExportSheetOff"},
-        {QStringLiteral("opentec"), "kpBaseExport::QExportSheetOpenTecLink"}, {QStringLiteral("shp"), "kpBaseExport::QExportSheetShp"},
-        {QStringLiteral("tab"), "kpBaseExport::QExportSheetTab"},        {QStringLiteral("zmap"), "kpBaseExport::QExportSheetZMap"}};
+    const std::map<QString, const char*> pages{{QStringLiteral("dxf"), "kpBaseExport::QExportSheetDxf"},
+                                               {QStringLiteral("gocad"), "kpBaseExport::QExportSheetGocad"},
+                                               {QStringLiteral("grdecl"), "kpBaseExport::QExportSheetEclipse"},
+                                               {QStringLiteral("off"), "kpBaseExport::QExportSheetOff"},
+                                               {QStringLiteral("opentec"), "kpBaseExport::QExportSheetOpenTecLink"},
+                                               {QStringLiteral("shp"), "kpBaseExport::QExportSheetShp"},
+                                               {QStringLiteral("tab"), "kpBaseExport::QExportSheetTab"},
+                                               {QStringLiteral("zmap"), "kpBaseExport::QExportSheetZMap"}};
     for (const auto& format : m_context->formats()) {
         const QString key = format->info().key;
         ExportWizard wizard(*m_context, m_window.get());
@@ -401,9 +426,14 @@ void GuiTest::everyFormatHasItsPage()
         if (pages.count(key) != 0)
             QCOMPARE(page->metaObject()->className(), pages.at(key));
         // A small screen holds it; what has no room is scrolled.
-        QVERIFY2(wizard.minimumSizeHint().width() <= 820 && wizard.minimumSizeHint().height() <= 600, qPrintable(QStringLiteral("%1: %2 x %3").arg(key).arg(wizard.minimumSizeHint().width()).arg(wizard.minimumSizeHint().height())));
+        QVERIFY2(wizard.minimumSizeHint().width() <= 820 && wizard.minimumSizeHint().height() <= 600,
+                 qPrintable(QStringLiteral("%1: %2 x %3")
+                                .arg(key)
+                                .arg(wizard.minimumSizeHint().width())
+                                .arg(wizard.minimumSizeHint().height())));
         for (const QWidget* control : page->findChildren<QWidget*>())
-            QVERIFY2(!control->toolTip().contains(QStringLiteral("has no such option")), qPrintable(key + QLatin1Char(' ') + control->objectName()));
+            QVERIFY2(!control->toolTip().contains(QStringLiteral("has no such option")),
+                     qPrintable(key + QLatin1Char(' ') + control->objectName()));
     }
 }
 
@@ -429,16 +459,17 @@ void GuiTest::ampersandIsShown()
 void GuiTest::droppedFile()
 {
     auto* tree = m_window->findChild<QTreeWidget*>(QStringLiteral("objectTree"));
-    const auto all = [tree] {
-        return tree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive);
+    const auto all = [tree] { return tree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive); };
+    const auto named = [&](const char* name) {
+        return tree->findItems(QString::fromLatin1(name), Qt::MatchExactly | Qt::MatchRecursive).value(0);
     };
-    const auto named = [&](const char* name) { return tree->findItems(QString::fromLatin1(name), Qt::MatchExactly | Qt::MatchRecursive).value(0); };
     named("lines 1")->setCheckState(0, Qt::Unchecked);
     tree->setCurrentItem(named("lines 2"));
     const auto before = m_context->model.objects().size();
     const int rows = all().size();
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(writeFile(m_folder.filePath(QStringLiteral("dropped.csv")), "x,y,z\n1,2,3\n")), QUrl(QStringLiteral("http://localhost/no"))});
+    data.setUrls({QUrl::fromLocalFile(writeFile(m_folder.filePath(QStringLiteral("dropped.csv")), "x,y,z\n1,2,3\n")),
+                  QUrl(QStringLiteral("http://localhost/no"))});
     QDragEnterEvent enter(QPoint(200, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &enter);
     QVERIFY(enter.isAccepted());
@@ -449,7 +480,8 @@ void GuiTest::droppedFile()
     QCOMPARE(named("lines 1")->checkState(0), Qt::Unchecked);
     QCOMPARE(m_context->selectedIds, std::set<int>{2});
     QCOMPARE(m_window->windowTitle(), QStringLiteral("lines.geojson and 1 more - kpexport"));
-    QVERIFY(m_window->findChild<QLabel*>(QStringLiteral("objectCounts"))->text().endsWith(QStringLiteral(", 1 selected")));
+    QVERIFY(
+        m_window->findChild<QLabel*>(QStringLiteral("objectCounts"))->text().endsWith(QStringLiteral(", 1 selected")));
 }
 
 QTEST_MAIN(GuiTest)

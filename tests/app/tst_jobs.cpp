@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/jobs/ExportError.h"
-#include "app/jobs/OutputTransaction.h"
 #include "app/jobs/ExportPlan.h"
 #include "app/jobs/FindingText.h"
+#include "app/jobs/OutputTransaction.h"
 #include "app/jobs/SafeNames.h"
 #include "tests/app/SaverRun.h"
 
@@ -116,7 +116,9 @@ void JobsTest::killedWhileMoving()
     QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/1"));
     QDir(folder.path()).mkpath(QStringLiteral(".kpexport-1-1/earlier"));
     writeFile(at("m.shp"), "earlier");
-    QCOMPARE(::link(QFile::encodeName(at("m.shp")).constData(), QFile::encodeName(at(".kpexport-1-1/earlier/m.shp")).constData()), 0);
+    QCOMPARE(::link(QFile::encodeName(at("m.shp")).constData(),
+                    QFile::encodeName(at(".kpexport-1-1/earlier/m.shp")).constData()),
+             0);
     writeFile(at(".kpexport-1-1/1/m.shp"), "new");
     writeFile(at(".kpexport-1-1/earlier/m.dbf"), "earlier");
     writeFile(at("m.dbf"), "new");
@@ -128,7 +130,8 @@ void JobsTest::killedWhileMoving()
     writeFile(next.stage(at("other")), "other");
     next.commit();
     QCOMPARE(entries(folder.path()).join(QLatin1Char(' ')), QStringLiteral("m.cpg m.dbf m.prj m.shp other"));
-    QCOMPARE(contentOf(at("m.shp")) + contentOf(at("m.dbf")) + contentOf(at("m.prj")) + contentOf(at("m.cpg")), QByteArray("newnewnewthe user's"));
+    QCOMPARE(contentOf(at("m.shp")) + contentOf(at("m.dbf")) + contentOf(at("m.prj")) + contentOf(at("m.cpg")),
+             QByteArray("newnewnewthe user's"));
 }
 
 void JobsTest::removedMeanwhile()
@@ -203,7 +206,9 @@ void JobsTest::names_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("safe");
-    const auto row = [](const char* name, const char* safe) { QTest::newRow(safe) << QString::fromUtf8(name) << QString::fromUtf8(safe); };
+    const auto row = [](const char* name, const char* safe) {
+        QTest::newRow(safe) << QString::fromUtf8(name) << QString::fromUtf8(safe);
+    };
     row("A/B\\C:D*?\"<>|", "A_B_C_D______");
     row("  line\nend\t ", "line end");
     row("", "unnamed");
@@ -243,7 +248,8 @@ void JobsTest::nothingToWrite_data()
     QTest::addColumn<bool>("empty");
     for (const char* format : {"ascii", "dxf", "gocad", "kml", "shp", "tab", "gpkg", "geojson"}) {
         const QString key = QString::fromLatin1(format);
-        const QString crs = key == QLatin1String("kml") || key == QLatin1String("geojson") ? QStringLiteral("EPSG:4326") : QString();
+        const QString crs =
+            key == QLatin1String("kml") || key == QLatin1String("geojson") ? QStringLiteral("EPSG:4326") : QString();
         QTest::newRow(qPrintable(key + QStringLiteral(" without vertices"))) << key << crs << true;
         // A table holds a row for each vertex, with or without a place.
         if (key != QLatin1String("ascii"))
@@ -262,7 +268,8 @@ void JobsTest::nothingToWrite()
     QTemporaryDir folder;
     const SaverRun run(format, {cloud}, folder.filePath(QStringLiteral("o")));
     QVERIFY(!run.written);
-    QVERIFY2(run.error().contains(QStringLiteral("Cloud")) && run.error().endsWith(QLatin1Char(')')), qPrintable(run.error()));
+    QVERIFY2(run.error().contains(QStringLiteral("Cloud")) && run.error().endsWith(QLatin1Char(')')),
+             qPrintable(run.error()));
     QCOMPARE(entries(folder.path()), QStringList());
 }
 
@@ -279,10 +286,13 @@ void JobsTest::findingTexts_data()
     const QString b = QStringLiteral("B");
     row("one", "renamed", {{a, 1}}, "A: a name was changed (as said)");
     row("one of each", "renamed", {{a, 1}, {b, 1}}, "2 names were changed, first A (as said)");
-    row("many of each", "position left out", {{a, 3}, {b, 4}}, "7 positions were left out, in 2 objects, first A (as said)");
+    row("many of each", "position left out", {{a, 3}, {b, 4}},
+        "7 positions were left out, in 2 objects, first A (as said)");
     row("same names", "object left out", {{a, 3}, {b, 1}}, "4 objects were left out, first A (as said)");
-    row("of no object", "coordinate systems differ", {{QString(), 2}}, "the objects have 2 different coordinate systems (as said)");
-    row("with a value", "missing value of an active cell written as -9", {{a, 2}}, "A: 2 missing values of active cells were written as -9 (as said)");
+    row("of no object", "coordinate systems differ", {{QString(), 2}},
+        "the objects have 2 different coordinate systems (as said)");
+    row("with a value", "missing value of an active cell written as -9", {{a, 2}},
+        "A: 2 missing values of active cells were written as -9 (as said)");
     row("no words", "something new", {{a, 2}}, "A: something new: 2 (as said)");
 }
 
@@ -302,7 +312,8 @@ void JobsTest::everyFindingHasWords()
 {
     // As the sources note them.
     const QRegularExpression kind(QStringLiteral("\\bnote\\((?:[^\";]*\\?)?\\s*QStringLiteral\\(\"([^\"%]+)"));
-    QDirIterator sources(QStringLiteral(KP_SOURCE_DIR "/app"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator sources(QStringLiteral(KP_SOURCE_DIR "/app"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
+                         QDir::Files, QDirIterator::Subdirectories);
     QStringList wordless;
     int found = 0;
     while (sources.hasNext()) {
@@ -332,7 +343,8 @@ void JobsTest::shapefileTooLarge()
         selection.objects.assign(static_cast<std::size_t>(objects), &cloud);
         const ExportPlan plan = makePlan(*format, selection, format->plan(selection));
         QCOMPARE(plan.refused(), objects == 100 ? 1 : 0);
-        QCOMPARE(plan.foreseen.files().front().error.contains(QStringLiteral("4 GB, and this one would have 4400 MB")), objects == 100);
+        QCOMPARE(plan.foreseen.files().front().error.contains(QStringLiteral("4 GB, and this one would have 4400 MB")),
+                 objects == 100);
         QCOMPARE(plan.summary().contains(QStringLiteral("cannot be written")), objects == 100);
     }
 }

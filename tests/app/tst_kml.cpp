@@ -136,7 +136,8 @@ void KmlTest::attributes()
     ModelObject cloud = objectOf(ObjectType::VertexClouds, QStringLiteral("C"), {{1, 2, 3}, {4, 5, 6}});
     AttributeColumn grade = columnOf(QStringLiteral("grade <g>"), AttributeKind::Real, {1.25, QVariant()});
     grade.unit = QStringLiteral("%");
-    const AttributeColumn note = columnOf(QStringLiteral("note"), AttributeKind::Text, {QStringLiteral("a & b"), QStringLiteral("second")});
+    const AttributeColumn note =
+        columnOf(QStringLiteral("note"), AttributeKind::Text, {QStringLiteral("a & b"), QStringLiteral("second")});
     cloud.vertexAttributes = {grade, note};
     ModelObject line = objectOf(ObjectType::Polylines, QStringLiteral("L"), {{1, 2, 3}, {4, 5, 6}});
     line.objectAttributes = {{QStringLiteral("age"), AttributeKind::Integer, QStringLiteral("Ma"), 65}};
@@ -151,8 +152,7 @@ void KmlTest::attributes()
     QVERIFY(text.contains("<name>C 2</name>\n<description>&lt;table&gt;&lt;tr&gt;&lt;td&gt;note"));
     QVERIFY(text.contains("age (Ma)&lt;/td&gt;&lt;td&gt;65"));
     KP_VALIDATE("kml.sh", QStringLiteral("--strict"), QStringLiteral("--werror"), path("a.kml"));
-    QVERIFY(
-        SaverRun("kml", {cloud, line}, path("b.kml"), "attributes=false").findings().isEmpty());
+    QVERIFY(SaverRun("kml", {cloud, line}, path("b.kml"), "attributes=false").findings().isEmpty());
     QVERIFY(!contentOf(path("b.kml")).contains("description"));
 }
 
@@ -276,8 +276,11 @@ void KmlTest::nothingToDraw_data()
     const std::vector<std::array<double, 3>> two{{1, 2, 3}, {4, 5, 6}};
     ModelObject thin = gridOf(QStringLiteral("O"), 1, {1, 2, 3});
     row("image without nodes", objectOf(ObjectType::Images, QStringLiteral("O"), two),
-        "nothing of O can be drawn: it has no rows and columns of nodes (check its type in the model file, or choose another object)");
-    row("one column", thin, "nothing of O can be drawn: it has a single row or column of nodes (check its type in the model file, or choose another object)");
+        "nothing of O can be drawn: it has no rows and columns of nodes (check its type in the model file, or choose "
+        "another object)");
+    row("one column", thin,
+        "nothing of O can be drawn: it has a single row or column of nodes (check its type in the model file, or "
+        "choose another object)");
     row("no triangles", objectOf(ObjectType::MeshSurfaces, QStringLiteral("O"), two),
         "nothing of O can be drawn: it has no triangles (check its type in the model file, or choose another object)");
     // These only the run finds.
@@ -348,8 +351,7 @@ void KmlTest::archive()
                                            gridOf(QStringLiteral("B"), 2, {1, 2, 3, 4}), polygonWithHole()};
     for (const char* name : {"by setting.kml", "by name.kmz"}) {
         const bool bySetting = QByteArray(name) == "by setting.kml";
-        const SaverRun run("kml", objects, path(name),
-                           bySetting ? "compress=true" : "compress=false");
+        const SaverRun run("kml", objects, path(name), bySetting ? "compress=true" : "compress=false");
         QCOMPARE(run.fault(), QString());
         QCOMPARE(run.readBack.front().count, 3);
         QVERIFY(run.files.front().path.endsWith(QLatin1String(".kmz")));
@@ -386,8 +388,7 @@ void KmlTest::sampleModel()
     QVERIFY(run.rows() > 61 + 35 + 118 + 656 + 1 + 2);
     QVERIFY(run.readBack.front().worstError < 0.001);
     KP_VALIDATE("kml.sh", QStringLiteral("--strict"), QStringLiteral("--werror"), path("sample.kml"));
-    QCOMPARE(SaverRun("kml", objects, path("sample.kmz"), "altitudeMode=clamp").fault(),
-             QString());
+    QCOMPARE(SaverRun("kml", objects, path("sample.kmz"), "altitudeMode=clamp").fault(), QString());
 }
 
 QTEST_GUILESS_MAIN(KmlTest)

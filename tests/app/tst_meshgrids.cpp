@@ -53,7 +53,8 @@ void MeshGridsTest::offText()
 
 void MeshGridsTest::offThereAndBack()
 {
-    SaverRun run("off", {loaded(sample("terrain_mesh.off")).front(), loaded(sample("dtm_rp.tif")).front()}, path(), "lengthUnit=ft;filePrefix=t");
+    SaverRun run("off", {loaded(sample("terrain_mesh.off")).front(), loaded(sample("dtm_rp.tif")).front()}, path(),
+                 "lengthUnit=ft;filePrefix=t");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(QFileInfo(run.files[0].path).fileName(), QStringLiteral("t_terrain_mesh.off"));
     QCOMPARE(run.readBack[0].count, 1200);
@@ -130,14 +131,16 @@ void MeshGridsTest::zmapThroughGdal()
     QCOMPARE(transform[0] + transform[1] / 2, 1000.0);
     QCOMPARE(transform[3] + transform[5] / 2, 2075.0);
     double value = 0;
-    QCOMPARE(dataset->GetRasterBand(1)->RasterIO(GF_Read, 6, 0, 1, 1, &value, 1, 1, GDT_Float64, 0, 0, nullptr), CE_None);
+    QCOMPARE(dataset->GetRasterBand(1)->RasterIO(GF_Read, 6, 0, 1, 1, &value, 1, 1, GDT_Float64, 0, 0, nullptr),
+             CE_None);
     QCOMPARE(value, 306.0);
 }
 
 void MeshGridsTest::zmapAttribute()
 {
     ModelObject surface = gridOf(2, 2);
-    surface.vertexAttributes.push_back(columnOf(QStringLiteral("thickness"), AttributeKind::Real, {1.5, 2.5, QVariant(), -99999.0}));
+    surface.vertexAttributes.push_back(
+        columnOf(QStringLiteral("thickness"), AttributeKind::Real, {1.5, 2.5, QVariant(), -99999.0}));
     SaverRun run("zmap", {surface}, path("z.dat"), "attribute=thickness;zIsElevation=false;lengthUnit=km;decimals=1");
     // No length: neither converted nor turned round.
     QVERIFY(run.bytes().endsWith("\n@\n -99999.0      1.5\n -99999.0      2.5\n"));
@@ -156,7 +159,8 @@ void MeshGridsTest::zmapTerrain()
     const ModelObject after = loaded(run.files[0].path).front();
     QCOMPARE(after.vertexCount(), before.vertexCount());
     for (std::size_t node = 0; node < before.x->size(); ++node) {
-        QVERIFY(std::abs((*after.x)[node] - (*before.x)[node]) < 1e-4 && std::abs((*after.y)[node] - (*before.y)[node]) < 1e-4);
+        QVERIFY(std::abs((*after.x)[node] - (*before.x)[node]) < 1e-4
+                && std::abs((*after.y)[node] - (*before.y)[node]) < 1e-4);
         const bool hole = std::isnan((*before.z)[node]);
         QVERIFY(hole ? std::isnan((*after.z)[node]) : std::abs((*after.z)[node] - (*before.z)[node]) < 1e-4);
     }
@@ -168,12 +172,18 @@ void MeshGridsTest::zmapRefused_data()
     QTest::addColumn<double>("rotation");
     QTest::addColumn<QString>("set");
     QTest::addColumn<QString>("message");
-    QTest::newRow("rotated") << 3 << 30.0 << "decimals=1" << "is rotated by 30 degrees";
-    QTest::newRow("rotated a little") << 3 << 0.1 << "decimals=1" << "is rotated by 0.1 degrees";
-    QTest::newRow("one column") << 1 << 0.0 << "registration=corners" << "has a single row or column";
-    QTest::newRow("rounding") << 3 << 1e-9 << "decimals=1" << "";
-    QTest::newRow("empty") << 0 << 0.0 << "decimals=1" << "the grid's size is not that of its nodes";
-    QTest::newRow("too wide") << 3 << 0.0 << "nullValue=1e30;decimals=12" << "does not fit into a field";
+    QTest::newRow("rotated") << 3 << 30.0 << "decimals=1"
+                             << "is rotated by 30 degrees";
+    QTest::newRow("rotated a little") << 3 << 0.1 << "decimals=1"
+                                      << "is rotated by 0.1 degrees";
+    QTest::newRow("one column") << 1 << 0.0 << "registration=corners"
+                                << "has a single row or column";
+    QTest::newRow("rounding") << 3 << 1e-9 << "decimals=1"
+                              << "";
+    QTest::newRow("empty") << 0 << 0.0 << "decimals=1"
+                           << "the grid's size is not that of its nodes";
+    QTest::newRow("too wide") << 3 << 0.0 << "nullValue=1e30;decimals=12"
+                              << "does not fit into a field";
 }
 
 void MeshGridsTest::zmapRefused()

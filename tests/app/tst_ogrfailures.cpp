@@ -79,9 +79,19 @@ void OgrFailuresTest::devices()
 
 void OgrFailuresTest::fullSidecars_data()
 {
-    textRows({"format", "extension"}, {{"shp", "shp"}, {"shp", "shx"}, {"shp", "dbf"}, {"shp", "prj"}, {"shp", "cpg"},
-                                       {"shp", "qml"}, {"tab", "tab"}, {"tab", "dat"}, {"tab", "map"}, {"tab", "id"},
-                                       {"geojson", "geojson"}, {"geojson", "qml"}, {"gpkg", "gpkg"}});
+    textRows({"format", "extension"}, {{"shp", "shp"},
+                                       {"shp", "shx"},
+                                       {"shp", "dbf"},
+                                       {"shp", "prj"},
+                                       {"shp", "cpg"},
+                                       {"shp", "qml"},
+                                       {"tab", "tab"},
+                                       {"tab", "dat"},
+                                       {"tab", "map"},
+                                       {"tab", "id"},
+                                       {"geojson", "geojson"},
+                                       {"geojson", "qml"},
+                                       {"gpkg", "gpkg"}});
 }
 
 void OgrFailuresTest::fullSidecars()

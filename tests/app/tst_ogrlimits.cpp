@@ -195,8 +195,8 @@ void OgrLimitsTest::wideTable()
     QFETCH(int, own);
     std::vector<AttributeColumn> attributes;
     for (int index = 0; index < 300; ++index)
-        attributes.push_back(columnOf(QString::fromUtf8("пористость_%1").arg(index), AttributeKind::Real,
-                                      {index + 0.5, QVariant()}));
+        attributes.push_back(
+            columnOf(QString::fromUtf8("пористость_%1").arg(index), AttributeKind::Real, {index + 0.5, QVariant()}));
     const SaverRun run(format, {cloudOf(QStringLiteral("o"), {1, 2}, attributes)},
                        path(QStringLiteral("wide.") + format));
     QVERIFY2(run.written, qPrintable(run.error()));

@@ -53,7 +53,6 @@ private Q_SLOTS:
     void sectionsOfModelFile();
     void wrongSections_data();
     void wrongSections();
-
 };
 
 void OpenTecTest::wholeFile()

@@ -55,11 +55,12 @@ public:
         const Setting* grouping = m_map.find(QStringLiteral("grouping"));
         const Setting* prefix = m_map.find(QStringLiteral("filePrefix"));
         const FileGrouping kind = !grouping || grouping->get() == QLatin1String("single") ? FileGrouping::Single
-                                  : grouping->get() == QLatin1String("set")              ? FileGrouping::Set
-                                                                                         : FileGrouping::Object;
+                                  : grouping->get() == QLatin1String("set")               ? FileGrouping::Set
+                                                                                          : FileGrouping::Object;
         return planFiles(selection, kind, m_info.defaultExtension, prefix ? prefix->get() : QString());
     }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport&, kpBase::AbstractProgress*) override
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport&,
+                 kpBase::AbstractProgress*) override
     {
         QStringList lines;
         for (const Setting& setting : m_map.settings())
@@ -88,8 +89,9 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
     const auto add = [&formats](const char* key, bool attributes, const char* settings) {
         formats.push_back(std::make_unique<EchoFormat>(key, attributes, settings));
     };
-    add("dxf", false, "lengthUnit=model|m|ft|ftUS|km dimension=3d|map|section grouping=single|object|set filePrefix= "
-                      "layers=set|type|none faces=true meshPoints=false boundaries=false crs=");
+    add("dxf", false,
+        "lengthUnit=model|m|ft|ftUS|km dimension=3d|map|section grouping=single|object|set filePrefix= "
+        "layers=set|type|none faces=true meshPoints=false boundaries=false crs=");
     add("gocad", true,
         "grouping=single|object|set filePrefix= header=true zPositive=elevation|depth lengthUnit=model|m|ft|ftUS|km");
     add("off", false, "filePrefix= lengthUnit=model|m|ft|ftUS|km zPositive=elevation|depth");
@@ -196,8 +198,9 @@ QString OptionSheetsTest::save(ExportWizard& wizard, const char* name)
 
 void OptionSheetsTest::dxfControls()
 {
-    const QString defaults = QStringLiteral("lengthUnit=m dimension=3d grouping=single filePrefix= layers=set faces=true "
-                                            "meshPoints=false boundaries=false crs= objects=metric attributes=all");
+    const QString defaults =
+        QStringLiteral("lengthUnit=m dimension=3d grouping=single filePrefix= layers=set faces=true "
+                       "meshPoints=false boundaries=false crs= objects=metric attributes=all");
     QCOMPARE(save(*wizardAt("dxf", {1})), defaults);
     {
         auto wizard = wizardAt("dxf", {1});
@@ -394,14 +397,16 @@ void OptionSheetsTest::nothingIsCutOff()
     const QWidget* page = wizard->current_sheet()->pageWidget();
     for (const QWidget* control : page->findChildren<QWidget*>()) {
         const auto* label = qobject_cast<const QLabel*>(control);
-        if (!control->isVisible() || (!label && !qobject_cast<const QAbstractButton*>(control) && !qobject_cast<const QComboBox*>(control)))
+        if (!control->isVisible()
+            || (!label && !qobject_cast<const QAbstractButton*>(control) && !qobject_cast<const QComboBox*>(control)))
             continue;
         const QByteArray name = control->objectName().toUtf8();
         // On a small screen a tall form scrolls.
         if (auto* area = page->findChild<QScrollArea*>(); area && area->widget()->isAncestorOf(control))
             area->ensureWidgetVisible(const_cast<QWidget*>(control), 0, 0);
         QVERIFY2(page->rect().contains(QRect(control->mapTo(page, QPoint()), control->size())), name.constData());
-        const int height = label && label->wordWrap() ? label->heightForWidth(label->width()) : control->minimumSizeHint().height();
+        const int height =
+            label && label->wordWrap() ? label->heightForWidth(label->width()) : control->minimumSizeHint().height();
         QVERIFY2(control->height() >= height, name.constData());
     }
 }

@@ -66,7 +66,8 @@ void ReadersTest::pointsWithNulls()
     int nulls = 0;
     for (const AttributeColumn& column : cloud.vertexAttributes) {
         if (column.name == QLatin1String("structypei"))
-            nulls = static_cast<int>(std::count_if(column.values.begin(), column.values.end(), [](const QVariant& value) { return value.isNull(); }));
+            nulls = static_cast<int>(std::count_if(column.values.begin(), column.values.end(),
+                                                   [](const QVariant& value) { return value.isNull(); }));
         if (column.name == QLatin1String("dip"))
             QCOMPARE(column.kind, AttributeKind::Integer);
     }
@@ -99,13 +100,16 @@ void ReadersTest::tables_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("expected");
-    const auto row = [](const char* name, const QByteArray& text, const char* expected) { QTest::newRow(name) << text << QString::fromUtf8(expected); };
+    const auto row = [](const char* name, const QByteArray& text, const char* expected) {
+        QTest::newRow(name) << text << QString::fromUtf8(expected);
+    };
     row("a column named by a number", "Unnamed: 0,7,X,y,z\n1,2,3,4,5\n", "3 4 5 Unnamed: 0 7");
     row("two names for heights", "x,y,z,altitude\n1,2,3,4\n", "1 2 3 altitude");
     row("the more usual name", "lon;lat;easting;northing\n1;2;3;4\n", "3 4 0 lon lat");
     row("byte order mark", "\xef\xbb\xbfx,y\n1,2\n", "1 2 0");
     row("no known name", "east_m,north_m,Cu\n1,2,3\n",
-        "none of its columns is known to hold coordinates; it has: east_m, north_m, Cu (name them x, y and z in the file, or say "
+        "none of its columns is known to hold coordinates; it has: east_m, north_m, Cu (name them x, y and z in the "
+        "file, or say "
         "which they are with \"x\", \"y\" and \"z\" in its entry of a model file)");
     row("no numbers", "x,y\n,\n", "no row of it has numbers for x and y (check it at its source)");
 }
@@ -123,7 +127,8 @@ void ReadersTest::tables()
     try {
         loadInto(model, path);
         const ModelObject& cloud = model.objects().front();
-        QStringList parts{QString::number(cloud.x->front()), QString::number(cloud.y->front()), QString::number(cloud.z->front())};
+        QStringList parts{QString::number(cloud.x->front()), QString::number(cloud.y->front()),
+                          QString::number(cloud.z->front())};
         for (const AttributeColumn& column : cloud.vertexAttributes)
             parts.append(column.name);
         found = parts.join(QLatin1Char(' '));
@@ -148,7 +153,8 @@ void ReadersTest::wellPath()
     options.survey = write("survey.csv", "BHID,AT,AZ,DIP\nW1,0,90,90\nW1," + QByteArray::number(length, 'g', 17)
                                              + ",90,0\nW1,900000,90,0\n");
     Model model;
-    const LoadNotes notes = loadInto(model, write("collar.csv", "BHID,XCOLLAR,YCOLLAR,ZCOLLAR\nW1,10,20,30\nW2,1,2,3\n"), options);
+    const LoadNotes notes =
+        loadInto(model, write("collar.csv", "BHID,XCOLLAR,YCOLLAR,ZCOLLAR\nW1,10,20,30\nW2,1,2,3\n"), options);
     QCOMPARE(notes.size(), 1);
     const ModelObject& well = model.objects().front();
     QCOMPARE(well.vertexCount(), 2);

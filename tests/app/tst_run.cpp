@@ -22,14 +22,18 @@ ModelObject points(const char* name, int id)
 class NameFormat : public ExportFormat
 {
 public:
-    FormatInfo info() const override { return {QStringLiteral("names"), QStringLiteral("Names"), {}, QStringLiteral("nam"), {}, {}}; }
+    FormatInfo info() const override
+    {
+        return {QStringLiteral("names"), QStringLiteral("Names"), {}, QStringLiteral("nam"), {}, {}};
+    }
     SettingsMap settings() override { return {}; }
     QStringList sidecars() const override { return {QStringLiteral("num")}; }
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override
     {
         return planFiles(selection, grouping, QStringLiteral("nam"));
     }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport&, kpBase::AbstractProgress*) override
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport&,
+                 kpBase::AbstractProgress*) override
     {
         QByteArray names;
         for (const ModelObject* object : file.objects) {
@@ -38,7 +42,8 @@ public:
             names += object->name.toUtf8() + '\n';
         }
         writeFile(path, names);
-        writeFile(QFileInfo(path).absolutePath() + QLatin1Char('/') + QFileInfo(path).completeBaseName() + QStringLiteral(".num"),
+        writeFile(QFileInfo(path).absolutePath() + QLatin1Char('/') + QFileInfo(path).completeBaseName()
+                      + QStringLiteral(".num"),
                   QByteArray::number(static_cast<int>(file.objects.size())));
         return static_cast<qint64>(file.objects.size());
     }
@@ -124,8 +129,9 @@ void RunTest::unsoundObjects_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("message");
-    const char* const messages[] = {"no coordinates", "not equally many", "part reaches", "triangle has", "grid's size",
-                                    "attribute grade has", "no cells", "pillars or corners", "active flags"};
+    const char* const messages[] = {"no coordinates", "not equally many",   "part reaches",
+                                    "triangle has",   "grid's size",        "attribute grade has",
+                                    "no cells",       "pillars or corners", "active flags"};
     for (int kind = 0; kind < 9; ++kind)
         QTest::newRow(messages[kind]) << kind << QString::fromLatin1(messages[kind]);
 }
@@ -140,13 +146,27 @@ void RunTest::unsoundObjects()
     cells.zcorn.resize(kind == 7 ? 7 : 8);
     cells.active.resize(kind == 8 ? 2 : 0);
     switch (kind) {
-    case 0: object.y = nullptr; break;
-    case 1: object.y = numbersOf({1}); break;
-    case 2: object.parts = {{1, 2, false, false}}; break;
-    case 3: object.triangles = {{0, 1, 2}}; break;
-    case 4: object.grid = GridGeometry{2, 2}; break;
-    case 5: object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {1, 2, 3})}; break;
-    default: object.cells = std::make_shared<const CellGrid>(cells); break;
+    case 0:
+        object.y = nullptr;
+        break;
+    case 1:
+        object.y = numbersOf({1});
+        break;
+    case 2:
+        object.parts = {{1, 2, false, false}};
+        break;
+    case 3:
+        object.triangles = {{0, 1, 2}};
+        break;
+    case 4:
+        object.grid = GridGeometry{2, 2};
+        break;
+    case 5:
+        object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {1, 2, 3})};
+        break;
+    default:
+        object.cells = std::make_shared<const CellGrid>(cells);
+        break;
     }
     run({&object});
     QVERIFY(!outcome().failedObjects.empty());
@@ -177,8 +197,11 @@ void RunTest::plan()
     const ExportPlan plan = makePlan(m_format, m_selection, m_format.plan(m_selection));
     QStringList lines;
     for (const ExportPlan::Output& output : plan.outputs) {
-        lines.append(QStringLiteral("%1 %2 %3 %4 %5").arg(QFileInfo(output.path).fileName(), output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"),
-                                                          output.renamedFrom, output.sidecars.join(QLatin1Char(' '))).arg(output.vertices));
+        lines.append(QStringLiteral("%1 %2 %3 %4 %5")
+                         .arg(QFileInfo(output.path).fileName(),
+                              output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"), output.renamedFrom,
+                              output.sidecars.join(QLatin1Char(' ')))
+                         .arg(output.vertices));
     }
     QCOMPARE(lines.join(QLatin1Char('\n')), QStringLiteral("out_one.nam new   2\n"
                                                            "out_two_2.nam overwrite two/2 out_two_2.num 2\n"

@@ -47,7 +47,8 @@ void SaverFailuresTest::formatRows()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("settings");
     const auto row = [](const char* name, const char* settings = "") {
-        QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0) << QString::fromLatin1(settings);
+        QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0)
+                            << QString::fromLatin1(settings);
     };
     for (const char* name : {"dxf", "dxf lines", "gocad", "grdecl", "kml lines", "off", "opentec lines", "zmap"})
         row(name);
@@ -62,7 +63,8 @@ void SaverFailuresTest::fullDevice()
     for (const bool large : {false, true}) {
         const SaverRun run(format, {objectFor(format, large)}, QStringLiteral("/dev/full"), settings);
         QVERIFY2(run.error().contains(QStringLiteral("could not be written completely")), qPrintable(run.error()));
-        QVERIFY2(run.error().contains(QStringLiteral("(make room on the disk or choose another)")), qPrintable(run.error()));
+        QVERIFY2(run.error().contains(QStringLiteral("(make room on the disk or choose another)")),
+                 qPrintable(run.error()));
     }
 }
 
@@ -88,7 +90,8 @@ void SaverFailuresTest::cancelled()
         CancelAt progress(percent);
         QVERIFY(!run.again({}, &progress));
         QVERIFY(run.report.cancelled && run.error().isEmpty());
-        QVERIFY2(progress.reached >= percent && progress.reached < percent + 10, qPrintable(QStringLiteral("%1: %2").arg(percent).arg(progress.reached)));
+        QVERIFY2(progress.reached >= percent && progress.reached < percent + 10,
+                 qPrintable(QStringLiteral("%1: %2").arg(percent).arg(progress.reached)));
         QVERIFY(contentsOf(folder.path()) == before);
     }
 }

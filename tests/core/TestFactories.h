@@ -49,7 +49,8 @@ class SilentSaverFactory : public TestSaverFactory
 {
 public:
     explicit SilentSaverFactory(const std::string& key, bool isDefault = false)
-        : TestSaverFactory(key, [key] { return new SilentSaver(key); }, isDefault)
+        : TestSaverFactory(
+            key, [key] { return new SilentSaver(key); }, isDefault)
     {
     }
 };

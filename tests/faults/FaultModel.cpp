@@ -29,8 +29,9 @@ QByteArray points(int size, double shift)
 {
     QByteArray text = "X,Y,Z,name,grade\n";
     for (int index = 0; index < size * size; ++index) {
-        text += number(east + shift + index % size) + ',' + number(north + index / size) + ',' + number(height(index, index)) + ",p"
-                + QByteArray::number(index) + ',' + (index % 9 == 4 ? QByteArray() : number(index / 7.0)) + '\n';
+        text += number(east + shift + index % size) + ',' + number(north + index / size) + ','
+                + number(height(index, index)) + ",p" + QByteArray::number(index) + ','
+                + (index % 9 == 4 ? QByteArray() : number(index / 7.0)) + '\n';
     }
     return text;
 }
@@ -41,24 +42,30 @@ QByteArray lines(int size, double shift, bool rings)
     for (int line = 0; line < size; ++line) {
         QJsonArray vertices;
         for (int vertex = 0; vertex < size; ++vertex)
-            vertices.append(QJsonArray{east + shift + vertex, north + 2 * line + (rings && vertex % 2 ? 1.0 : 0.0), height(vertex, line)});
+            vertices.append(QJsonArray{east + shift + vertex, north + 2 * line + (rings && vertex % 2 ? 1.0 : 0.0),
+                                       height(vertex, line)});
         if (rings) {
             vertices.append(QJsonArray{east + shift + size, north + 2 * line + 1.5, 100.0});
             vertices.append(vertices.first());
         }
         const QJsonArray coordinates = rings ? QJsonArray{vertices} : vertices;
-        features.append(QJsonObject{{QStringLiteral("type"), QStringLiteral("Feature")},
-                                    {QStringLiteral("properties"), QJsonObject{{QStringLiteral("n"), line}, {QStringLiteral("text"), QStringLiteral("слой %1").arg(line)}}},
-                                    {QStringLiteral("geometry"), QJsonObject{{QStringLiteral("type"), rings ? QStringLiteral("Polygon") : QStringLiteral("LineString")},
-                                                                             {QStringLiteral("coordinates"), coordinates}}}});
+        features.append(QJsonObject{
+            {QStringLiteral("type"), QStringLiteral("Feature")},
+            {QStringLiteral("properties"),
+             QJsonObject{{QStringLiteral("n"), line}, {QStringLiteral("text"), QStringLiteral("слой %1").arg(line)}}},
+            {QStringLiteral("geometry"),
+             QJsonObject{{QStringLiteral("type"), rings ? QStringLiteral("Polygon") : QStringLiteral("LineString")},
+                         {QStringLiteral("coordinates"), coordinates}}}});
     }
-    return QJsonDocument(QJsonObject{{QStringLiteral("type"), QStringLiteral("FeatureCollection")}, {QStringLiteral("features"), features}}).toJson(QJsonDocument::Compact);
+    return QJsonDocument(QJsonObject{{QStringLiteral("type"), QStringLiteral("FeatureCollection")},
+                                     {QStringLiteral("features"), features}})
+        .toJson(QJsonDocument::Compact);
 }
 
 QByteArray grid(int size, double shift)
 {
-    QByteArray text = "ncols " + QByteArray::number(size) + "\nnrows " + QByteArray::number(size) + "\nxllcorner " + number(east + shift)
-                      + "\nyllcorner " + number(north) + "\ncellsize 1\nNODATA_value -9999\n";
+    QByteArray text = "ncols " + QByteArray::number(size) + "\nnrows " + QByteArray::number(size) + "\nxllcorner "
+                      + number(east + shift) + "\nyllcorner " + number(north) + "\ncellsize 1\nNODATA_value -9999\n";
     for (int row = 0; row < size; ++row) {
         for (int column = 0; column < size; ++column)
             text += (column == 1 && row == 1 ? QByteArray("-9999") : number(height(column, row))) + ' ';
@@ -69,9 +76,11 @@ QByteArray grid(int size, double shift)
 
 QByteArray mesh(int size, double shift)
 {
-    QByteArray text = "OFF\n" + QByteArray::number(size * size) + ' ' + QByteArray::number(2 * (size - 1) * (size - 1)) + " 0\n";
+    QByteArray text =
+        "OFF\n" + QByteArray::number(size * size) + ' ' + QByteArray::number(2 * (size - 1) * (size - 1)) + " 0\n";
     for (int index = 0; index < size * size; ++index)
-        text += number(east + shift + index % size) + ' ' + number(north + index / size) + ' ' + number(height(index % size, index / size)) + '\n';
+        text += number(east + shift + index % size) + ' ' + number(north + index / size) + ' '
+                + number(height(index % size, index / size)) + '\n';
     for (int row = 0; row + 1 < size; ++row) {
         for (int column = 0; column + 1 < size; ++column) {
             const int corner = row * size + column;
@@ -113,9 +122,10 @@ QByteArray cells(int size, double shift)
 
 QStringList hostileNames()
 {
-    return {QStringLiteral("a/b"),       QStringLiteral("..\\..\\c:*?"), QStringLiteral("CON"),         QStringLiteral(".."),
-            QStringLiteral("two\nlines"), QString(),                      QStringLiteral("Same"),        QStringLiteral("same"),
-            QStringLiteral("same"),       QString(300, QChar(0x0416)),    QStringLiteral("<>|\"';&]]>"), QString::fromUtf8("断层 №1 é")};
+    return {QStringLiteral("a/b"),       QStringLiteral("..\\..\\c:*?"), QStringLiteral("CON"),
+            QStringLiteral(".."),        QStringLiteral("two\nlines"),   QString(),
+            QStringLiteral("Same"),      QStringLiteral("same"),         QStringLiteral("same"),
+            QString(300, QChar(0x0416)), QStringLiteral("<>|\"';&]]>"),  QString::fromUtf8("断层 №1 é")};
 }
 
 QString writeFaultModel(const QString& folder, int size, double shift)
@@ -129,10 +139,14 @@ QString writeFaultModel(const QString& folder, int size, double shift)
     writeFile(directory.filePath(QStringLiteral("cells.grdecl")), cells(size, shift));
     QJsonArray objects;
     for (const char* name : {"points.csv", "lines.geojson", "rings.geojson", "grid.asc", "mesh.off", "cells.grdecl"})
-        objects.append(QJsonObject{{QStringLiteral("file"), QLatin1String(name)}, {QStringLiteral("crs"), QStringLiteral("EPSG:28350")}});
-    const QJsonArray trace{QJsonArray{east + shift + 0.5, north + 0.5}, QJsonArray{east + shift + size - 1.5, north + size - 1.5}};
+        objects.append(QJsonObject{{QStringLiteral("file"), QLatin1String(name)},
+                                   {QStringLiteral("crs"), QStringLiteral("EPSG:28350")}});
+    const QJsonArray trace{QJsonArray{east + shift + 0.5, north + 0.5},
+                           QJsonArray{east + shift + size - 1.5, north + size - 1.5}};
     const QJsonObject section{{QStringLiteral("name"), QStringLiteral("Section A")}, {QStringLiteral("trace"), trace}};
-    const QJsonObject model{{QStringLiteral("version"), 1}, {QStringLiteral("objects"), objects}, {QStringLiteral("sections"), QJsonArray{section}}};
+    const QJsonObject model{{QStringLiteral("version"), 1},
+                            {QStringLiteral("objects"), objects},
+                            {QStringLiteral("sections"), QJsonArray{section}}};
     const QString path = directory.filePath(QStringLiteral("model.kpmodel"));
     writeFile(path, QJsonDocument(model).toJson());
     return path;

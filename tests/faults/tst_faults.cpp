@@ -40,7 +40,8 @@ struct Result
 Snapshot snapshot(const QString& folder)
 {
     Snapshot entries;
-    QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         QFile file(walk.next());
         QByteArray hash = "folder";
@@ -54,7 +55,8 @@ Snapshot snapshot(const QString& folder)
 /// Whether a failure of this program has said what it has to: file, cause and cure in one line.
 bool isMessage(const QString& error)
 {
-    static const QRegularExpression shape(QStringLiteral("^kpexport: error: .+: .+ \\(.+\\)$"), QRegularExpression::MultilineOption);
+    static const QRegularExpression shape(QStringLiteral("^kpexport: error: .+: .+ \\(.+\\)$"),
+                                          QRegularExpression::MultilineOption);
     return shape.match(error).hasMatch();
 }
 
@@ -96,13 +98,13 @@ private:
     void note(const char* fault, const char* outcome);
 
     QTemporaryDir m_models;
-    QString m_small;  ///< a small model
-    QString m_moved;  ///< the same elsewhere, so that its files differ
+    QString m_small; ///< a small model
+    QString m_moved; ///< the same elsewhere, so that its files differ
     QString m_large;
     QString m_format; ///< of the row at work
     QString m_extension;
-    std::unique_ptr<QTemporaryDir> m_folder; ///< with the earlier export
-    Snapshot m_before;                       ///< of it
+    std::unique_ptr<QTemporaryDir> m_folder;        ///< with the earlier export
+    Snapshot m_before;                              ///< of it
     QMap<QPair<QString, QString>, QString> m_table; ///< fault and outcome to formats
 };
 
@@ -158,7 +160,8 @@ void FaultsTest::expectRefusal(const Result& result, const char* fault, const ch
 
 QStringList FaultsTest::command(const QString& model, const QString& path) const
 {
-    return {QStringLiteral("export"), model, QStringLiteral("--format"), m_format, QStringLiteral("--output"), path, QStringLiteral("--overwrite")};
+    return {QStringLiteral("export"),   model, QStringLiteral("--format"),   m_format,
+            QStringLiteral("--output"), path,  QStringLiteral("--overwrite")};
 }
 
 Result FaultsTest::run(const QStringList& arguments, const QStringList& wrapper) const
@@ -170,8 +173,8 @@ Result FaultsTest::run(const QStringList& arguments, const QStringList& wrapper)
     process.start(words.first(), words.mid(1));
     if (!process.waitForFinished(120000))
         return {-2, QString(), QStringLiteral("did not end")};
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
 }
 
 void FaultsTest::note(const char* fault, const char* outcome)

@@ -71,8 +71,9 @@ private Q_SLOTS:
     void everyMemberComesBack()
     {
         const std::vector<impAttribute> records{
-            attribute("Facies:sand", 0), attribute("quote\" back\\ line\nend\r\ttab", 1), attribute("\xE5\x9C\xB0", 2),
-            attribute(std::string(10000, 'n'), 3), attribute("{\"fields\":[", 4), named("d")};
+            attribute("Facies:sand", 0),   attribute("quote\" back\\ line\nend\r\ttab", 1),
+            attribute("\xE5\x9C\xB0", 2),  attribute(std::string(10000, 'n'), 3),
+            attribute("{\"fields\":[", 4), named("d")};
         FormatFile file = layoutOf(records);
         file.type() = FormatFile::ColumnBased;
         file.name() = QStringLiteral("/a \"b\"\\c\nд.klf");
@@ -165,7 +166,7 @@ private Q_SLOTS:
         row("field is a number", head + "[{\"a\":\"[\"}],\n7]}", "line 6: the field is no object");
         row("no name", head + "{\"width\":1}]}", "line 6: the field has no");
         row("width is a text", head + "{\"name\":\"]}{\"},\n{\"name\":\"B\",\n\"width\":\"1\"}]}",
-             "line 7: \"width\" is no whole number");
+            "line 7: \"width\" is no whole number");
         row("order is broken", head + "{\"name\":\"B\",\"order\":1.5}]}", "line 6: \"order\" is no whole number");
         row("start is too large", head + "{\"name\":\"B\",\"start\":1e300}]}", "line 6: \"start\" is no whole number");
         row("name is a list", head + "{\"name\":[]}]}", "line 6: \"name\" is no text");

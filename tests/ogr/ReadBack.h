@@ -15,7 +15,8 @@ inline GDALDatasetUniquePtr openVector(const QString& path, unsigned mode = GDAL
 }
 
 /// A text for each feature of a file, layer by layer.
-template <typename Text> QStringList featureTexts(const QString& path, const Text& textOf)
+template <typename Text>
+QStringList featureTexts(const QString& path, const Text& textOf)
 {
     QStringList texts;
     const GDALDatasetUniquePtr source = openVector(path);

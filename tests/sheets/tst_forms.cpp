@@ -181,20 +181,21 @@ meshGroup QGroupBox
             "File Export: Eclipse Grid Options, 645x481, <b>Note:</b>, incomplete, names attributes",
             QStringLiteral("m_GRDECLFormatCheckBox m_EGRIDFormatCheckBox m_GRIDFormatCheckBox m_FGRIDFormatCheckBox ")
                 + unitTabs + QLatin1Char(' ') + panelTabs,
-            QStringLiteral(R"(groupBox QGroupBox "Export Options for Geocellular Grids in Eclipse Format"
+            QStringLiteral(
+                R"(groupBox QGroupBox "Export Options for Geocellular Grids in Eclipse Format"
  label QLabel "Model will be saved as an ASCII file (.DATA) with the geometry written to a separate file.\n)"
-R"(Note:  Some grid information can be lost by selecting the EGRID or FEGRID option,\n)"
-R"(however these options will result in a much more compact file.  The GRDECL, EGRID & FEGRID \n)"
-R"(options require completely defined geometry."
+                R"(Note:  Some grid information can be lost by selecting the EGRID or FEGRID option,\n)"
+                R"(however these options will result in a much more compact file.  The GRDECL, EGRID & FEGRID \n)"
+                R"(options require completely defined geometry."
  groupBox_2 QGroupBox "Select Output format for Geometry File"
   label_5 QLabel "<font color=red><b>Recommended</b>.  Writes formatted file using Eclipse Keywords COORD &\n)"
-R"( ZCORN.  Requires complete geometry.</font>"
+                R"( ZCORN.  Requires complete geometry.</font>"
   m_GRDECLFormatCheckBox QCheckBox "GRDECL\tFormatted cornerpoint nodes from COORD & ZCORN" on
   label_3 QLabel "<font color=red>Writes file in Eclipse Extensible Grid Format. Requires complete geometry.</font>"
   m_EGRIDFormatCheckBox QCheckBox "EGRID \tUnformatted version of Eclipse Extensible Grid format."
   m_FEGRIDFormatCheckBox QCheckBox "FEGRID\tFormatted version of Eclipse Extensible Grid format." disabled hidden
   label_2 QLabel "<font color=red>Use when K-stacks are non-linear, i.e. from Petrel Pillar grid, )"
-R"(or geometry is incomplete.</font>"
+                R"(or geometry is incomplete.</font>"
   m_GRIDFormatCheckBox QCheckBox "GRID \tUnformatted nodes for each cell corner written explicitly."
   m_FGRIDFormatCheckBox QCheckBox "FGRID \tFormatted version of GRID format."
 m_units QImportUnitSelector
@@ -205,7 +206,7 @@ m_multipleGridWarning QLabel "<font color=red>WARNING: you can only export a sin
             QStringLiteral(R"(groupBox QGroupBox "Export Options for Geocellular Volumes in Rescue Binary Format"
  m_gridName QLabel "Exporting grid:"
  m_multipleGridWarning QLabel "<font color=red>WARNING: It is only possible to export a single grid at a time</font>" )"
-R"(hidden
+                           R"(hidden
 )") + panel);
 
         row("QExportSheetShp", "File Export: SHP Options, 564x242",

@@ -14,13 +14,13 @@
 class SpecificationEditor : public kpBaseExport::QExportSpecification
 {
 public:
-    using QExportSpecification::QExportSpecification;
     using QExportSpecification::addAttributeToSpec;
     using QExportSpecification::attributes;
     using QExportSpecification::deleteAttributeFromSpec;
     using QExportSpecification::fields;
     using QExportSpecification::moveField;
     using QExportSpecification::populateAttributes;
+    using QExportSpecification::QExportSpecification;
     using QExportSpecification::savedFormat;
     using QExportSpecification::setAttributeFilter;
 
@@ -83,8 +83,9 @@ public:
                 return QStringLiteral("no field %1").arg(row);
             const kpBaseExport::QESAttribute& field = fields()[row];
             const QString decimals = QString::number(field.precision());
-            const QStringList wanted{field.name(), QString::number(field.width()), decimals, field.name(),
-                                     QString::number(field.start()), QString::number(field.end()), decimals};
+            const QStringList wanted{field.name(), QString::number(field.width()), decimals,
+                                     field.name(), QString::number(field.start()), QString::number(field.end()),
+                                     decimals};
             const QStringList shown = rowOf(*m_fieldTable, row) + rowOf(*m_columnTable, row);
             if (shown != wanted)
                 return QStringLiteral("row %1 shows ").arg(row) + shown.join(QLatin1Char('|'));

@@ -21,7 +21,9 @@ private Q_SLOTS:
     void newEditor()
     {
         const auto mode = [this] {
-            return QStringLiteral("%1 %2 %3").arg(m_editor->mode()).arg(m_editor->m_stackedWidget->currentIndex())
+            return QStringLiteral("%1 %2 %3")
+                .arg(m_editor->mode())
+                .arg(m_editor->m_stackedWidget->currentIndex())
                 .arg(m_editor->m_separatorCombo->isEnabled());
         };
         QCOMPARE(mode(), QStringLiteral("0 0 1"));
@@ -235,8 +237,9 @@ private Q_SLOTS:
             QStringLiteral("m_fieldRadio m_loadFormatButton m_saveFormatButton m_nullCheck m_nullEdit ");
         QCOMPARE(tabOrder(*m_editor), head + QStringLiteral("m_separatorCombo m_columnTable"));
         m_editor->setMode(QExportSpecification::FieldBased);
-        QCOMPARE(tabOrder(*m_editor), head + QStringLiteral("m_toAttributeButton m_toFieldButton m_separatorCombo "
-                                                            "m_attributeTable m_fieldTable"));
+        QCOMPARE(tabOrder(*m_editor), head
+                                          + QStringLiteral("m_toAttributeButton m_toFieldButton m_separatorCombo "
+                                                           "m_attributeTable m_fieldTable"));
         for (const char* name : {"m_toFieldButton", "m_toAttributeButton", "m_loadFormatButton", "m_saveFormatButton",
                                  "m_attributeTable", "m_fieldTable"})
             QVERIFY2(!m_editor->findChild<QWidget*>(QLatin1String(name))->accessibleName().isEmpty(), name);

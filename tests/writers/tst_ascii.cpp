@@ -106,8 +106,9 @@ private Q_SLOTS:
     void output_data()
     {
         QTest::addColumn<Case>("row");
-        const auto row = [](const char* name, std::vector<Field> fields, const char* expected,
-                            std::function<void(Writer&)> setUp = [](Writer&) {}) {
+        const auto row = [](
+                             const char* name, std::vector<Field> fields, const char* expected,
+                             std::function<void(Writer&)> setUp = [](Writer&) {}) {
             QTest::newRow(name) << Case{std::move(fields), expected, std::move(setUp)};
         };
         row("with the object's name", {field("x", 2), field("y", 2), field("z", 1), field("Porosity", 3)},
@@ -134,10 +135,8 @@ private Q_SLOTS:
         row("no layout of that number", {field("x", 1)}, "\n",
             [](Writer& writer) { writer.mode = static_cast<Writer::Mode>(7); });
         const std::vector<Field> presetFields{field("x", 0), field("y", 0), field("z", 0), field("Rock Type", 0)};
-        row("Surfer XYZ", presetFields,
-            "Xdata Ydata Z1data,Rock-Type\n1000,2000,-150,\n1010,2000,-153,Ürün 岩石\n");
-        row("GS+ XYZ", presetFields,
-            "m east, m north,, Rock Type\n1000\t2000\t-150\t\n1010\t2000\t-153\tÜrün 岩石\n");
+        row("Surfer XYZ", presetFields, "Xdata Ydata Z1data,Rock-Type\n1000,2000,-150,\n1010,2000,-153,Ürün 岩石\n");
+        row("GS+ XYZ", presetFields, "m east, m north,, Rock Type\n1000\t2000\t-150\t\n1010\t2000\t-153\tÜrün 岩石\n");
         row("ArcView XYZ", presetFields,
             "X data,Y data,Z1 data;\"Rock Type\"\n1000,2000,-150,\n1010,2000,-153,Ürün 岩石\n");
         row("surfer xyz", presetFields, "X;Y;Z;Rock Type\n1000;2000;-150;\n1010;2000;-153;Ürün 岩石\n");
@@ -297,11 +296,35 @@ private Q_SLOTS:
     void numbersAsQt()
     {
         const double infinite = std::numeric_limits<double>::infinity();
-        for (const double value :
-             {0.0, -0.0, 0.5, 1.5, 2.5, -2.5, 0.125, 0.375, 0.0625, -0.001, -0.0049, 0.995, 1e-300, 1e300, 1e15 + 0.5,
-              9007199254740993.0, 1.8446744073709552e19, 1.8446744073709550e19, 1e19, 1e18, 5e-324,
-              2.2250738585072014e-308, std::numeric_limits<double>::max(), infinite, -infinite, std::nan(""),
-              6789012.3455, 499999.9995, 0.9999999999999999}) {
+        for (const double value : {0.0,
+                                   -0.0,
+                                   0.5,
+                                   1.5,
+                                   2.5,
+                                   -2.5,
+                                   0.125,
+                                   0.375,
+                                   0.0625,
+                                   -0.001,
+                                   -0.0049,
+                                   0.995,
+                                   1e-300,
+                                   1e300,
+                                   1e15 + 0.5,
+                                   9007199254740993.0,
+                                   1.8446744073709552e19,
+                                   1.8446744073709550e19,
+                                   1e19,
+                                   1e18,
+                                   5e-324,
+                                   2.2250738585072014e-308,
+                                   std::numeric_limits<double>::max(),
+                                   infinite,
+                                   -infinite,
+                                   std::nan(""),
+                                   6789012.3455,
+                                   499999.9995,
+                                   0.9999999999999999}) {
             for (int precision = -2; precision <= 25; ++precision)
                 QCOMPARE(appended(value, precision), byQt(value, precision));
         }

@@ -186,19 +186,21 @@ private Q_SLOTS:
         writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), numbers({}));
         writer.geoObject()->sectionData().push_back(segment("H", {1.4, 2.6, 1e20}));
         writer.write(m_path);
-        QCOMPARE(contentOf(m_path), QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
-                                       "open_tec_link_section 断面\n\nsection_age 66\n\n"
-                                       "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
-                                       "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
+        QCOMPARE(contentOf(m_path),
+                 QByteArray("version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n"
+                            "open_tec_link_section 断面\n\nsection_age 66\n\n"
+                            "segment\nname H\ncolor_rgb \ntype \npoints\nxyz 1 3 -100000000000000000000\n"
+                            "points-end\nsegment-end\n\nopen_tec_link_section-end\n\n"));
     }
 
     void numbersAsAStreamWritesThem()
     {
         // Ties, signs of zero, subnormal, very large and no numbers, and many of every size.
         const double infinite = std::numeric_limits<double>::infinity();
-        std::vector<double> values{0.5, 1.5, 2.5, 0.125, 0.375, -0.125, 0.0, -0.0, -0.001, 1e-320, 1e15 + 0.5,
-                                   18446744073709551615.0, 1e20, 1e300, -1e300, infinite, -infinite, 0.15, 1.005,
-                                   999999.9999995};
+        std::vector<double> values{0.5,   1.5,           2.5,    0.125,    0.375,      -0.125,
+                                   0.0,   -0.0,          -0.001, 1e-320,   1e15 + 0.5, 18446744073709551615.0,
+                                   1e20,  1e300,         -1e300, infinite, -infinite,  0.15,
+                                   1.005, 999999.9999995};
         std::mt19937_64 random(1);
         std::uniform_real_distribution<double> mantissa(-1, 1);
         std::uniform_int_distribution<int> exponent(-30, 40);

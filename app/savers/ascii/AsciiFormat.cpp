@@ -29,17 +29,21 @@ FormatInfo AsciiFormat::info() const
 SettingsMap AsciiFormat::settings()
 {
     SettingsMap map;
-    map.addChoice("mode", m_settings.mode, {"separated", "columns"}, "values joined by a separator, or in fixed columns");
-    map.addChoice("separator", m_settings.separator, {"blank", "tab", "comma", "semicolon", "custom"}, "what stands between values");
+    map.addChoice("mode", m_settings.mode, {"separated", "columns"},
+                  "values joined by a separator, or in fixed columns");
+    map.addChoice("separator", m_settings.separator, {"blank", "tab", "comma", "semicolon", "custom"},
+                  "what stands between values");
     map.addText("customSeparator", m_settings.customSeparator, "text of the custom separator");
     map.addBoolean("header", m_settings.header, "a first line with the names of the fields");
-    map.addChoice("preset", m_settings.preset, {"none", "surfer", "gsplus", "arcview"}, "header line of another program");
+    map.addChoice("preset", m_settings.preset, {"none", "surfer", "gsplus", "arcview"},
+                  "header line of another program");
     map.addInteger("decimals", m_settings.decimals, 0, 17, "decimals of coordinates and real attributes");
     map.addBoolean("writeNullValue", m_settings.writeNullValue, "write nullValue for missing numbers; else 0");
     map.addText("nullValue", m_settings.nullValue, "text of a missing number");
     map.addBoolean("lineBreaks", m_settings.lineBreaks, "object name before and empty line after each object");
     map.addBoolean("zIsElevation", m_settings.zIsElevation, "false writes depths, positive down");
-    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"}, "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
+                  "one file, one per object, one per set");
     return map;
 }
 
@@ -65,7 +69,8 @@ bool AsciiFormat::saveLayout(const QString& path)
     if (!m_layout)
         return false;
     FormatFile file;
-    file.type() = m_settings.mode == AsciiExportSettings::Mode::Columns ? FormatFile::ColumnBased : FormatFile::FieldBased;
+    file.type() =
+        m_settings.mode == AsciiExportSettings::Mode::Columns ? FormatFile::ColumnBased : FormatFile::FieldBased;
     // Without its path the file is the same for the same layout.
     for (const kpBaseExport::QESAttribute& attribute : qAsConst(m_layout->fields)) {
         FormatFile::Field field;

@@ -27,8 +27,8 @@ QString shortened(const QString& text)
     return text.size() > 40 ? text.left(40) + QStringLiteral("...") : text;
 }
 
-
-void separatorHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings, const Fields& fields)
+void separatorHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings,
+                   const Fields& fields)
 {
     const QString separator = separatorText(settings);
     if (settings.mode == Settings::Mode::Columns)
@@ -40,7 +40,8 @@ void separatorHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, c
         for (const auto& field : fields) {
             const QString text = profile.column(field.name()).holding.value(separator);
             if (!text.isEmpty() && hint.text.isEmpty())
-                hint.text = QStringLiteral("The separator stands in texts of %1: \"%2\".").arg(shortened(field.name()), shortened(text));
+                hint.text = QStringLiteral("The separator stands in texts of %1: \"%2\".")
+                                .arg(shortened(field.name()), shortened(text));
         }
     }
     if (hint.text.isEmpty())
@@ -51,13 +52,14 @@ void separatorHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, c
         hint.cure = AsciiHint::NoPreset; // the separator is the preset's
         hint.cureText = QStringLiteral("No preset header");
     } else {
-        for (const auto other : {Settings::Separator::Comma, Settings::Separator::Semicolon, Settings::Separator::Tab}) {
+        for (const auto other :
+             {Settings::Separator::Comma, Settings::Separator::Semicolon, Settings::Separator::Tab}) {
             Settings changed = settings;
             changed.separator = other;
             const QString text = separatorText(changed);
             const bool free = text != separator && std::none_of(fields.begin(), fields.end(), [&](const auto& field) {
-                return profile.column(field.name()).holding.contains(text);
-            });
+                                  return profile.column(field.name()).holding.contains(text);
+                              });
             if (free) {
                 hint.cure = AsciiHint::UseSeparator;
                 hint.number = static_cast<int>(other);
@@ -80,13 +82,15 @@ QString fieldAround(double value, const AsciiProfile& profile, const Fields& fie
     return {};
 }
 
-void nullHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings, const Fields& fields)
+void nullHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings,
+              const Fields& fields)
 {
     AsciiHint hint;
     if (!settings.writeNullValue) {
         for (const auto& field : fields) {
             const AsciiProfile::Column column = profile.column(field.name());
-            if (column.missing > 0 && column.kind != AttributeKind::Text && column.kind != AttributeKind::Color && hint.text.isEmpty())
+            if (column.missing > 0 && column.kind != AttributeKind::Text && column.kind != AttributeKind::Color
+                && hint.text.isEmpty())
                 hint.text = QStringLiteral("Missing values of %1 are written as 0.").arg(shortened(field.name()));
         }
         hint.cure = AsciiHint::WriteNull;
@@ -96,7 +100,8 @@ void nullHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const 
         const double value = settings.nullValue.toDouble(&isNumber);
         const QString field = isNumber ? fieldAround(value, profile, fields) : QString();
         if (!field.isEmpty()) {
-            hint.text = QStringLiteral("The null value %1 could be a true value of %2.").arg(settings.nullValue, shortened(field));
+            hint.text = QStringLiteral("The null value %1 could be a true value of %2.")
+                            .arg(settings.nullValue, shortened(field));
             for (const char* other : {"-9999", "-99999", "1.0E37"}) {
                 if (hint.newText.isEmpty() && fieldAround(QByteArray(other).toDouble(), profile, fields).isEmpty())
                     hint.newText = QString::fromLatin1(other);
@@ -110,7 +115,8 @@ void nullHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const 
 }
 
 /// Characters that the longest value of a field takes.
-int longestOf(const AsciiProfile::Column& column, const kpBaseExport::QESAttribute& field, const Settings& settings, QString& example)
+int longestOf(const AsciiProfile::Column& column, const kpBaseExport::QESAttribute& field, const Settings& settings,
+              QString& example)
 {
     int longest = column.longest.size();
     example = column.longest;
@@ -133,7 +139,8 @@ int longestOf(const AsciiProfile::Column& column, const kpBaseExport::QESAttribu
     return longest;
 }
 
-void narrowHints(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings, const Fields& fields)
+void narrowHints(std::vector<AsciiHint>& hints, const AsciiProfile& profile, const Settings& settings,
+                 const Fields& fields)
 {
     if (settings.mode != Settings::Mode::Columns)
         return;
@@ -192,8 +199,8 @@ void presetHint(std::vector<AsciiHint>& hints, const Settings& settings, const F
 {
     if (settings.preset == Settings::Preset::None || !settings.header)
         return;
-    const bool inOrder = fields.size() >= 3 && fields[0].name() == QLatin1String("X") && fields[1].name() == QLatin1String("Y")
-                         && fields[2].name() == QLatin1String("Z");
+    const bool inOrder = fields.size() >= 3 && fields[0].name() == QLatin1String("X")
+                         && fields[1].name() == QLatin1String("Y") && fields[2].name() == QLatin1String("Z");
     if (inOrder)
         return;
     AsciiHint hint;

@@ -34,7 +34,8 @@ std::vector<AsciiHint> asciiHints(const AsciiProfile& profile, const AsciiExport
                                   const QVector<kpBaseExport::QESAttribute>& fields);
 
 /// Characters that the longest value of a field, or its name in the header, takes.
-int widthNeeded(const AsciiProfile& profile, const AsciiExportSettings& settings, const kpBaseExport::QESAttribute& field);
+int widthNeeded(const AsciiProfile& profile, const AsciiExportSettings& settings,
+                const kpBaseExport::QESAttribute& field);
 
 /// The separators whose texts a profile must look for.
 QStringList separatorsToLookFor(const AsciiExportSettings& settings);

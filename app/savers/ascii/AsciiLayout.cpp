@@ -26,8 +26,8 @@ constexpr int mostDecimals = 17;
 /// The name under which a layout knows an attribute: those of coordinates and grid indices are taken.
 QString layoutName(const QString& attribute)
 {
-    const bool taken = kpBaseExport::layout::isNonAttribute(attribute)
-                       || kpBaseExport::layout::isNonAttribute(attribute.toUpper());
+    const bool taken =
+        kpBaseExport::layout::isNonAttribute(attribute) || kpBaseExport::layout::isNonAttribute(attribute.toUpper());
     return taken ? attribute + QStringLiteral(" (attribute)") : attribute;
 }
 
@@ -76,7 +76,8 @@ std::vector<OfferedField> offeredFields(const std::vector<const ModelObject*>& o
     };
     for (const char* name : {"X", "Y", "Z"})
         add(QString::fromLatin1(name), QString(), AttributeKind::Real);
-    const bool grids = std::any_of(objects.begin(), objects.end(), [](const ModelObject* object) { return object->grid.has_value(); });
+    const bool grids =
+        std::any_of(objects.begin(), objects.end(), [](const ModelObject* object) { return object->grid.has_value(); });
     if (grids) {
         for (const char* name : {"i", "j"})
             add(QString::fromLatin1(name), QString(), AttributeKind::Integer);
@@ -151,8 +152,8 @@ QVector<QESAttribute> fieldsFor(const AsciiLayout& layout, const std::vector<Off
     QSet<QString> names;
     for (const OfferedField& field : offered)
         names.insert(field.name);
-    QVector<QESAttribute> fields =
-        kpBaseExport::layout::orderedFields(layout.fields, [&names](const QString& name) { return names.contains(name); });
+    QVector<QESAttribute> fields = kpBaseExport::layout::orderedFields(
+        layout.fields, [&names](const QString& name) { return names.contains(name); });
     kpBaseExport::layout::layOut(fields);
     return fields;
 }

@@ -79,7 +79,8 @@ QString separatorText(const Settings& settings)
         return QStringLiteral("\t");
     if (settings.preset != Settings::Preset::None)
         return QStringLiteral(",");
-    static const QString texts[] = {QStringLiteral(" "), QStringLiteral("\t"), QStringLiteral(","), QStringLiteral(";")};
+    static const QString texts[] = {QStringLiteral(" "), QStringLiteral("\t"), QStringLiteral(","),
+                                    QStringLiteral(";")};
     return settings.separator == Settings::Separator::Custom ? settings.customSeparator
                                                              : texts[static_cast<int>(settings.separator)];
 }
@@ -97,7 +98,8 @@ void prepareWriter(Writer& writer, const AsciiTable& table, const Settings& sett
     writer.insertLineBreaks = settings.lineBreaks;
 }
 
-void writeObject(Writer& writer, const ModelObject& object, const AsciiTable& table, const Settings& settings, ExportReport& report)
+void writeObject(Writer& writer, const ModelObject& object, const AsciiTable& table, const Settings& settings,
+                 ExportReport& report)
 {
     fillRecord(*writer.geoObject(), object, table, settings, separatorText(settings), report);
     writer.writeCustomHeader(writer.geoObject(), presetName(settings.preset));
@@ -131,7 +133,8 @@ ModelObject firstRows(const ModelObject& object, int rows)
     return first;
 }
 
-QByteArray asciiPreview(const Settings& settings, const AsciiLayout& layout, const std::vector<const ModelObject*>& objects, int rows)
+QByteArray asciiPreview(const Settings& settings, const AsciiLayout& layout,
+                        const std::vector<const ModelObject*>& objects, int rows)
 {
     if (objects.empty())
         return {};

@@ -12,7 +12,8 @@ namespace refhost
 {
 
 /// What an export and its preview share: the writer made ready, and one object written with it.
-void prepareWriter(kpBaseExport::MatrixDataAsciiExporter& writer, const AsciiTable& table, const AsciiExportSettings& settings);
+void prepareWriter(kpBaseExport::MatrixDataAsciiExporter& writer, const AsciiTable& table,
+                   const AsciiExportSettings& settings);
 void writeObject(kpBaseExport::MatrixDataAsciiExporter& writer, const ModelObject& object, const AsciiTable& table,
                  const AsciiExportSettings& settings, ExportReport& report);
 

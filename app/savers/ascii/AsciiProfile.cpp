@@ -17,7 +17,8 @@ constexpr int rowsOfStep = 32768;
 template <typename List>
 auto named(const List& list, const QString& name)
 {
-    const auto found = std::find_if(list.begin(), list.end(), [&name](const auto& entry) { return entry.name == name; });
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&name](const auto& entry) { return entry.name == name; });
     return found == list.end() ? nullptr : &*found;
 }
 
@@ -101,7 +102,8 @@ qint64 AsciiProfile::alike(int xDecimals, int yDecimals, int zDecimals) const
         for (int inY = std::max(yDecimals + 1, 0); inY < decimalSteps; ++inY) {
             for (int inZ = std::max(zDecimals + 1, 0); inZ < decimalSteps; ++inZ) {
                 // A coordinate that is not written tells nothing apart, but its difference is no matter of decimals.
-                const bool curable = (xDecimals >= 0 && inX < never) || (yDecimals >= 0 && inY < never) || (zDecimals >= 0 && inZ < never);
+                const bool curable = (xDecimals >= 0 && inX < never) || (yDecimals >= 0 && inY < never)
+                                     || (zDecimals >= 0 && inZ < never);
                 if (curable)
                     pairs += m_pairs[static_cast<std::size_t>((inX * decimalSteps + inY) * decimalSteps + inZ)];
             }
@@ -131,7 +133,8 @@ void AsciiProfile::look(const ModelObject& object, const OfferedField& field, in
     }
     if (const AttributeColumn* attribute = named(object.vertexAttributes, field.attribute)) {
         if (attribute->kind == AttributeKind::Real) {
-            lookAtNumbers(column, attribute->numbers->data(), attribute->missing ? attribute->missing->data() : nullptr, from, to);
+            lookAtNumbers(column, attribute->numbers->data(), attribute->missing ? attribute->missing->data() : nullptr,
+                          from, to);
         } else {
             for (int row = from; row < to; ++row)
                 lookAtValue(column, attribute->values[row], 1);

@@ -25,9 +25,9 @@ public:
         AttributeKind kind = AttributeKind::Real;
         double least = std::numeric_limits<double>::infinity(); ///< of finite numbers
         double most = -std::numeric_limits<double>::infinity();
-        bool notFinite = false;    ///< "nan" or "inf" will be written
-        qint64 missing = 0;        ///< missing numbers
-        QString longest;           ///< the longest text or whole number
+        bool notFinite = false;          ///< "nan" or "inf" will be written
+        qint64 missing = 0;              ///< missing numbers
+        QString longest;                 ///< the longest text or whole number
         QHash<QString, QString> holding; ///< a text that holds the separator, by separator
 
         bool hasNumbers() const { return least <= most; }

@@ -108,7 +108,8 @@ int longestIn(const ModelObject& object, const AsciiColumn& source, const AsciiE
         break;
     }
     if (const AttributeColumn* column = vertexAttribute(object, source.attribute))
-        return column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals) : longestText(column->values);
+        return column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals)
+                                                   : longestText(column->values);
     if (const ObjectAttribute* attribute = objectAttribute(object, source.attribute))
         return attribute->kind == AttributeKind::Real ? digitsOf(attribute->value.toDouble(), settings.decimals)
                                                       : attribute->value.toString().size();
@@ -179,7 +180,8 @@ qint64 countMissing(const AttributeColumn& column)
 {
     if (column.kind == AttributeKind::Real)
         return column.missing ? std::count(column.missing->begin(), column.missing->end(), 1) : 0;
-    return std::count_if(column.values.begin(), column.values.end(), [](const QVariant& value) { return value.isNull(); });
+    return std::count_if(column.values.begin(), column.values.end(),
+                         [](const QVariant& value) { return value.isNull(); });
 }
 
 MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& column, const QString& name,
@@ -279,8 +281,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
         const OfferedField& field = *byName.value(fields[index].name());
         if (field.attribute.isEmpty()) {
             static const char order[] = "XYZij";
-            static const AsciiColumn::Source sources[] = {AsciiColumn::X, AsciiColumn::Y, AsciiColumn::Z, AsciiColumn::GridColumn,
-                                                          AsciiColumn::GridRow};
+            static const AsciiColumn::Source sources[] = {AsciiColumn::X, AsciiColumn::Y, AsciiColumn::Z,
+                                                          AsciiColumn::GridColumn, AsciiColumn::GridRow};
             table.columns.push_back({sources[QString::fromLatin1(order).indexOf(field.name)], {}});
             continue;
         }
@@ -289,7 +291,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
         QString& written = table.fields[static_cast<std::size_t>(index)].name;
         const QString line = oneLine(written);
         if (line != written) {
-            report.note(QStringLiteral("line end in a name became a blank"), QString(), 1, QStringLiteral("in \"%1\"").arg(line.left(80)));
+            report.note(QStringLiteral("line end in a name became a blank"), QString(), 1,
+                        QStringLiteral("in \"%1\"").arg(line.left(80)));
             written = line;
         }
     }
@@ -321,7 +324,8 @@ qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& setting
     const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
                                                     : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
-        report.note(QStringLiteral("no z"), object.name, object.vertexCount(), QStringLiteral("the object is flat; ") + written);
+        report.note(QStringLiteral("no z"), object.name, object.vertexCount(),
+                    QStringLiteral("the object is flat; ") + written);
         return object.vertexCount();
     }
     const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
@@ -346,7 +350,8 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             flags->push_back(std::isnan(z) ? 1 : 0);
         missingZ = flags;
     }
-    record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x), new DoubleMatrixData(QStringLiteral("X"), object.x),
+    record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x),
+                           new DoubleMatrixData(QStringLiteral("X"), object.x),
                            new DoubleMatrixData(QStringLiteral("Y"), object.y),
                            new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ)};
     int absent = 0;

@@ -32,7 +32,8 @@ struct Expected
 class TableReader
 {
 public:
-    TableReader(const PlannedFile& file, const AsciiTable& table, const AsciiExportSettings& settings, QTextStream& text)
+    TableReader(const PlannedFile& file, const AsciiTable& table, const AsciiExportSettings& settings,
+                QTextStream& text)
         : m_file(file)
         , m_table(table)
         , m_settings(settings)
@@ -62,7 +63,8 @@ private:
 
     void readObject(const ModelObject& object)
     {
-        if (m_settings.lineBreaks && !object.name.simplified().isEmpty() && m_text.readLine() != object.name.simplified())
+        if (m_settings.lineBreaks && !object.name.simplified().isEmpty()
+            && m_text.readLine() != object.name.simplified())
             fail(QStringLiteral("%1 does not begin with its name").arg(object.name));
         const std::vector<Expected> fields = expected(object);
         for (int row = 0; row < object.vertexCount(); ++row) {
@@ -95,7 +97,8 @@ private:
             if (column.source == AsciiColumn::Z && !m_settings.zIsElevation)
                 one.sign = -1.0;
             for (const AttributeColumn& attribute : object.vertexAttributes) {
-                if (column.source == AsciiColumn::Attribute && attribute.name == column.attribute && attribute.kind == AttributeKind::Real) {
+                if (column.source == AsciiColumn::Attribute && attribute.name == column.attribute
+                    && attribute.kind == AttributeKind::Real) {
                     one.numbers = attribute.numbers.get();
                     one.missing = attribute.missing.get();
                 }
@@ -146,17 +149,21 @@ private:
             if (text.isNull() && texts.size() == static_cast<int>(m_table.fields.size()))
                 continue;
             const double wanted = (*field.numbers)[index];
-            const bool absent = field.flat || (field.coordinate && std::isnan(wanted)) || (field.missing && (*field.missing)[index] != 0);
+            const bool absent = field.flat || (field.coordinate && std::isnan(wanted))
+                                || (field.missing && (*field.missing)[index] != 0);
             bool isNumber = false;
             const double read = text.trimmed().toDouble(&isNumber);
             if (absent) {
-                if (text.trimmed() != (m_settings.writeNullValue ? m_settings.nullValue : QString::number(0.0, 'f', m_table.fields[field.field].precision)))
+                if (text.trimmed()
+                    != (m_settings.writeNullValue ? m_settings.nullValue
+                                                  : QString::number(0.0, 'f', m_table.fields[field.field].precision)))
                     differ(object, field, row, text);
                 continue;
             }
             const double error = std::abs(read - field.sign * wanted);
             const double allowed = field.tolerance + std::abs(wanted) * 1e-15;
-            if (!isNumber || !(error <= allowed || read == field.sign * wanted || (std::isnan(read) && std::isnan(wanted))))
+            if (!isNumber
+                || !(error <= allowed || read == field.sign * wanted || (std::isnan(read) && std::isnan(wanted))))
                 differ(object, field, row, text);
             if (field.coordinate && std::isfinite(error))
                 m_found.worstError = std::max(m_found.worstError, error);
@@ -168,7 +175,8 @@ private:
         fail(QStringLiteral("row %1 of %2 has \"%3\" for %4, which is %5")
                  .arg(row + 1)
                  .arg(object.name, text.trimmed().left(40), m_table.fields[field.field].name)
-                 .arg(QString::number(field.sign * (*field.numbers)[static_cast<std::size_t>(row)], 'g', QLocale::FloatingPointShortest)));
+                 .arg(QString::number(field.sign * (*field.numbers)[static_cast<std::size_t>(row)], 'g',
+                                      QLocale::FloatingPointShortest)));
     }
 
     const PlannedFile& m_file;
@@ -181,11 +189,13 @@ private:
 
 } // namespace
 
-Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table, const AsciiExportSettings& settings)
+Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table,
+                         const AsciiExportSettings& settings)
 {
     QFile written(path);
     if (!written.open(QIODevice::ReadOnly))
-        return {QStringLiteral("a reader of tables of its own"), 0, 0.0, QStringLiteral("it cannot be opened: %1").arg(written.errorString())};
+        return {QStringLiteral("a reader of tables of its own"), 0, 0.0,
+                QStringLiteral("it cannot be opened: %1").arg(written.errorString())};
     QTextStream text(&written);
     text.setCodec("UTF-8");
     return TableReader(file, table, settings, text).read();

@@ -12,6 +12,7 @@ namespace refhost
 /// Reads a table of vertices line by line and compares rows, coordinates and real attributes with the objects, within
 /// half of the last decimal written. A row whose texts hold the separator is read from its ends inwards.
 /// \a table as it was given to the writer, columns included.
-Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table, const AsciiExportSettings& settings);
+Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table,
+                         const AsciiExportSettings& settings);
 
 } // namespace refhost

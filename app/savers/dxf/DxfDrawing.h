@@ -4,10 +4,10 @@
 #include "app/jobs/ExportReport.h"
 #include "app/jobs/ExportSelection.h"
 #include "app/jobs/ProgressTicker.h"
+#include "app/savers/OutputRules.h"
 #include "app/savers/dxf/DxfExportSettings.h"
 #include "app/savers/dxf/DxfSink.h"
 #include "app/savers/dxf/DxfText.h"
-#include "app/savers/OutputRules.h"
 
 namespace refhost
 {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Surfaces and sections of a drawing.
+#include "app/savers/SurfaceFaces.h"
 #include "app/savers/dxf/DxfDrawing.h"
 #include "app/savers/dxf/DxfLosses.h"
-#include "app/savers/SurfaceFaces.h"
 
 #include <algorithm>
 #include <cmath>

@@ -61,8 +61,9 @@ void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
     const auto hopeless = [this](const ModelObject* object) { return !undrawable(*object, m_settings).isEmpty(); };
     const ModelObject& first = *file.objects.front();
     if (std::all_of(file.objects.begin(), file.objects.end(), hopeless))
-        throw ExportError(file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first, m_settings)),
-                          QStringLiteral("check its type in the model file and the settings, or choose another object"));
+        throw ExportError(
+            file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first, m_settings)),
+            QStringLiteral("check its type in the model file and the settings, or choose another object"));
     OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
     noteMixture(file.objects, m_settings, losses);
     for (const ModelObject* object : file.objects) {

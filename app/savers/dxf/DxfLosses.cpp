@@ -2,15 +2,16 @@
 #include "app/savers/dxf/DxfLosses.h"
 
 #include "app/readers/CoordinateSystems.h"
-#include "app/savers/dxf/DxfText.h"
 #include "app/savers/SurfaceFaces.h"
+#include "app/savers/dxf/DxfText.h"
 
 #include <QSet>
 
 namespace refhost
 {
 
-void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, ExportReport& report)
+void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings,
+                 ExportReport& report)
 {
     QSet<QString> systems;
     QSet<QString> units;
@@ -39,7 +40,8 @@ void noteAttributes(const ModelObject& object, const ExportSelection& selection,
         count(attribute.name);
     for (const AttributeColumn& column : object.vertexAttributes)
         count(column.name);
-    report.note(QStringLiteral("attribute not written"), QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
+    report.note(QStringLiteral("attribute not written"), QString(), lost,
+                QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
 void noteColour(const QColor& colour, const QString& name, ExportReport& report)

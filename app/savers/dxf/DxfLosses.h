@@ -9,7 +9,8 @@ namespace refhost
 {
 
 /// Notes that objects are of different systems or units: they would lie in the wrong places relative to each other.
-void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, ExportReport& report);
+void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings,
+                 ExportReport& report);
 /// Notes the attributes of an object: a drawing has none.
 void noteAttributes(const ModelObject& object, const ExportSelection& selection, ExportReport& report);
 /// Why nothing of an object can be drawn, as far as its geometry tells; empty when something can.

@@ -3,10 +3,10 @@
 
 #include "app/jobs/ExportError.h"
 #include "app/jobs/ShareOfProgress.h"
-#include "app/savers/gocad/GocadVerification.h"
-#include "app/savers/gocad/GocadWriter.h"
 #include "app/savers/NumberColumns.h"
 #include "app/savers/SurfaceMesh.h"
+#include "app/savers/gocad/GocadVerification.h"
+#include "app/savers/gocad/GocadWriter.h"
 
 #include <QFileInfo>
 
@@ -51,9 +51,9 @@ SettingsMap GocadFormat::settings()
                   "one file, one per object, one per set");
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
     map.addBoolean("header", m_settings.header, "write each object's name and colour");
-    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"},
-                  "z counts up or down; said in the file");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of coordinates; model keeps each object's own");
+    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"}, "z counts up or down; said in the file");
+    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
+                  "unit of coordinates; model keeps each object's own");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
     map.addReal("nullValue", m_settings.nullValue, -1e38, 1e38, "stands for a missing property value");
     map.addChoice("gridsAs", m_settings.gridsAs, {"surface", "points"},
@@ -89,8 +89,10 @@ void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& select
         }
     }
     if (placed == 0)
-        throw ExportError(file.path, QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
-                          QStringLiteral("choose objects with coordinates"));
+        throw ExportError(
+            file.path,
+            QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
+            QStringLiteral("choose objects with coordinates"));
     noteMissingAttributes(file.objects, selection, losses);
 }
 

@@ -2,8 +2,8 @@
 #include "app/savers/gocad/GocadVerification.h"
 
 #include "app/readers/GocadFile.h"
-#include "app/savers/gocad/GocadWriter.h"
 #include "app/savers/SurfaceMesh.h"
+#include "app/savers/gocad/GocadWriter.h"
 
 #include <cmath>
 
@@ -26,7 +26,8 @@ Expected expectedLines(const ModelObject& object)
     for (const Part& part : object.parts) {
         int count = part.count;
         const auto same = [&](const Numbers& numbers) {
-            return (*numbers)[static_cast<std::size_t>(part.first)] == (*numbers)[static_cast<std::size_t>(part.first + count - 1)];
+            return (*numbers)[static_cast<std::size_t>(part.first)]
+                   == (*numbers)[static_cast<std::size_t>(part.first + count - 1)];
         };
         const bool repeated = part.closed && count > 2 && same(object.x) && same(object.y) && same(object.z);
         count -= repeated ? 1 : 0;
@@ -86,14 +87,17 @@ public:
             return QStringLiteral("it has %1 vertices instead of %2").arg(read.x.size()).arg(expected.vertices.size());
         const std::size_t connections = kind == GocadKind::PLine ? read.segments.size() : read.triangles.size();
         if (static_cast<qint64>(connections) != expected.connections)
-            return QStringLiteral("it has %1 segments or triangles instead of %2").arg(connections).arg(expected.connections);
+            return QStringLiteral("it has %1 segments or triangles instead of %2")
+                .arg(connections)
+                .arg(expected.connections);
         verification.count += static_cast<qint64>(read.x.size());
         comparePositions(object, read, expected, verification);
         return compareProperties(object, read, expected);
     }
 
 private:
-    void comparePositions(const ModelObject& object, const GocadObject& read, const Expected& expected, Verification& verification) const
+    void comparePositions(const ModelObject& object, const GocadObject& read, const Expected& expected,
+                          Verification& verification) const
     {
         const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
         const double up = read.zIsDepth ? -1.0 : 1.0;
@@ -114,7 +118,8 @@ private:
             return QStringLiteral("it has %1 properties instead of %2").arg(read.values.size()).arg(columns.size());
         for (std::size_t column = 0; column < columns.size(); ++column) {
             for (std::size_t index = 0; index < expected.vertices.size(); ++index) {
-                if (!sameValue(read.values[column][index], read.noDataValues.at(column), columns[column].at(expected.vertices[index])))
+                if (!sameValue(read.values[column][index], read.noDataValues.at(column),
+                               columns[column].at(expected.vertices[index])))
                     return QStringLiteral("vertex %1 has another %2").arg(index + 1).arg(columns[column].name());
             }
         }
@@ -141,7 +146,8 @@ Verification verifyGocad(const std::vector<const ModelObject*>& objects, const Q
         QStringList others;
         const std::vector<GocadObject> found = readGocadObjects(path, others);
         if (found.size() != written.size() || !others.isEmpty()) {
-            verification.fault = QStringLiteral("it holds %1 objects instead of %2").arg(found.size()).arg(written.size());
+            verification.fault =
+                QStringLiteral("it holds %1 objects instead of %2").arg(found.size()).arg(written.size());
             return verification;
         }
         Comparison comparison(selection, settings);

@@ -127,15 +127,17 @@ void noteGocadForm(const ModelObject& object, const GocadExportSettings& setting
     if (!object.hasZ)
         report.note(QStringLiteral("object without heights written at height 0"), object.name, 1, object.name);
     if (!settings.header)
-        report.note(QStringLiteral("name and colour not written"), object.name, 1, QStringLiteral("the header was not wanted"));
+        report.note(QStringLiteral("name and colour not written"), object.name, 1,
+                    QStringLiteral("the header was not wanted"));
 }
 
 void GocadWriter::noteLosses()
 {
     m_report.note(QStringLiteral("vertex without a position left out"), m_object->name, m_withoutPosition,
                   QStringLiteral("its height or place is missing"));
-    m_report.note(QStringLiteral("value equal to the null value"), m_object->name, m_equalToNull,
-                  QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
+    m_report.note(
+        QStringLiteral("value equal to the null value"), m_object->name, m_equalToNull,
+        QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
     noteGocadForm(*m_object, m_settings, m_report);
 }
 
@@ -169,7 +171,8 @@ void GocadWriter::writeHeader(GocadKind kind)
     }
     text += "}\n";
     if (name != m_object->name)
-        m_report.note(QStringLiteral("renamed"), m_object->name, 1, QStringLiteral("%1 is written as %2").arg(m_object->name, name));
+        m_report.note(QStringLiteral("renamed"), m_object->name, 1,
+                      QStringLiteral("%1 is written as %2").arg(m_object->name, name));
 }
 
 void GocadWriter::writeCoordinateSystem()
@@ -179,10 +182,12 @@ void GocadWriter::writeCoordinateSystem()
     projection.replace(QLatin1Char('"'), QLatin1Char('\''));
     std::string& text = m_out.text();
     text += "GOCAD_ORIGINAL_COORDINATE_SYSTEM\nNAME Default\n";
-    text += "PROJECTION " + (projection.isEmpty() ? std::string("Unknown") : '"' + projection.toStdString() + '"') + '\n';
+    text +=
+        "PROJECTION " + (projection.isEmpty() ? std::string("Unknown") : '"' + projection.toStdString() + '"') + '\n';
     text += "DATUM Unknown\nAXIS_NAME \"X\" \"Y\" \"Z\"\n";
     text += "AXIS_UNIT \"" + unit + "\" \"" + unit + "\" \"" + unit + "\"\n";
-    text += m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? "ZPOSITIVE Depth\n" : "ZPOSITIVE Elevation\n";
+    text +=
+        m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? "ZPOSITIVE Depth\n" : "ZPOSITIVE Elevation\n";
     text += "END_ORIGINAL_COORDINATE_SYSTEM\n";
 }
 
@@ -263,7 +268,8 @@ void GocadWriter::writeLine(const Part& part)
     const int last = part.first + part.count - 1;
     // A ring's last vertex is its first again: a segment leads back instead.
     const bool repeats = part.closed && part.count > 2 && at(m_object->x, part.first) == at(m_object->x, last)
-                         && at(m_object->y, part.first) == at(m_object->y, last) && at(m_object->z, part.first) == at(m_object->z, last);
+                         && at(m_object->y, part.first) == at(m_object->y, last)
+                         && at(m_object->z, part.first) == at(m_object->z, last);
     const int end = repeats ? last : last + 1;
     m_out.text() += "ILINE\n";
     const qint64 first = m_written + 1;

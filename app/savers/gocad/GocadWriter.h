@@ -5,8 +5,8 @@
 #include "app/jobs/ExportSelection.h"
 #include "app/jobs/ProgressTicker.h"
 #include "app/savers/BlockWriter.h"
-#include "app/savers/gocad/GocadExportSettings.h"
 #include "app/savers/NumberColumns.h"
+#include "app/savers/gocad/GocadExportSettings.h"
 
 namespace refhost
 {
@@ -27,7 +27,8 @@ void noteGocadForm(const ModelObject& object, const GocadExportSettings& setting
 class GocadWriter
 {
 public:
-    GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection, ExportReport& report);
+    GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
+                ExportReport& report);
 
     /// \returns the number of vertices written. Stops early when the user cancels. \throws ExportError
     qint64 write(const ModelObject& object, kpBase::AbstractProgress* progress);

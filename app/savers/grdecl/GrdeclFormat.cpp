@@ -3,8 +3,8 @@
 
 #include "app/jobs/ExportError.h"
 #include "app/readers/GrdeclReader.h"
-#include "app/savers/grdecl/GrdeclWriter.h"
 #include "app/savers/NumberColumns.h"
+#include "app/savers/grdecl/GrdeclWriter.h"
 
 #include <cmath>
 
@@ -15,11 +15,14 @@ namespace
 {
 
 /// Compares the numbers of positions or depths; both in their own unit.
-void compareLengths(const std::vector<double>& read, const std::vector<double>& expected, double factor, const char* what,
-                    Verification& verification)
+void compareLengths(const std::vector<double>& read, const std::vector<double>& expected, double factor,
+                    const char* what, Verification& verification)
 {
     if (read.size() != expected.size()) {
-        verification.fault = QStringLiteral("%1 has %2 numbers instead of %3").arg(QLatin1String(what)).arg(read.size()).arg(expected.size());
+        verification.fault = QStringLiteral("%1 has %2 numbers instead of %3")
+                                 .arg(QLatin1String(what))
+                                 .arg(read.size())
+                                 .arg(expected.size());
         return;
     }
     for (std::size_t index = 0; index < read.size(); ++index) {
@@ -32,7 +35,9 @@ QString compareActive(const CellGrid& read, const CellGrid& expected)
 {
     for (std::size_t cell = 0; cell < read.active.size(); ++cell) {
         if (read.active[cell] != (expected.active.empty() || expected.active[cell] != 0 ? 1 : 0))
-            return QStringLiteral("cell %1 is %2").arg(cell + 1).arg(read.active[cell] != 0 ? QStringLiteral("active") : QStringLiteral("inactive"));
+            return QStringLiteral("cell %1 is %2")
+                .arg(cell + 1)
+                .arg(read.active[cell] != 0 ? QStringLiteral("active") : QStringLiteral("inactive"));
     }
     return {};
 }
@@ -40,7 +45,9 @@ QString compareActive(const CellGrid& read, const CellGrid& expected)
 QString compareProperties(const CellGrid& read, const std::vector<NumberColumn>& expected, int cells, double nullValue)
 {
     if (read.cellAttributes.size() != expected.size())
-        return QStringLiteral("it has %1 properties instead of %2").arg(read.cellAttributes.size()).arg(expected.size());
+        return QStringLiteral("it has %1 properties instead of %2")
+            .arg(read.cellAttributes.size())
+            .arg(expected.size());
     for (std::size_t index = 0; index < expected.size(); ++index) {
         const NumberColumn column(read.cellAttributes[index]);
         for (int cell = 0; cell < cells; ++cell) {
@@ -70,7 +77,8 @@ SettingsMap GrdeclFormat::settings()
 {
     SettingsMap map;
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "m or ft; model takes the one nearest to the grid's own");
+    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
+                  "m or ft; model takes the one nearest to the grid's own");
     map.addInteger("decimals", m_settings.decimals, 0, 9, "decimals of positions and depths");
     map.addChoice("origin", m_settings.origin, {"map", "local"},
                   "positions on the map, or counted from the first pillar with MAPAXES");
@@ -82,7 +90,8 @@ void GrdeclFormat::noteUnit(const ModelObject& object, OutputUnit unit, ExportRe
 {
     if (m_settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
         report.note(QStringLiteral("length unit changed"), object.name, 1,
-                    QStringLiteral("%1 is written in %2; GRDECL knows metres and feet").arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
+                    QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
+                        .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
 }
 
 std::vector<PlannedFile> GrdeclFormat::plan(const ExportSelection& selection) const
@@ -94,7 +103,8 @@ void GrdeclFormat::foresee(const PlannedFile& file, const ExportSelection& selec
 {
     const ModelObject& object = *file.objects.front();
     if (!object.cells)
-        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name), QStringLiteral("choose a corner-point grid"));
+        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name),
+                          QStringLiteral("choose a corner-point grid"));
     noteMissingAttributes(file.objects, selection, losses);
     noteUnit(object, grdeclUnit(object, m_settings, file.path), losses);
     noteCornersWithoutDepth(object, file.path, losses);
@@ -124,7 +134,8 @@ Verification GrdeclFormat::verify(const PlannedFile& file, const QString& path, 
         const CellGrid& read = *model.objects().front().cells;
         const CellGrid& expected = *object.cells;
         if (read.columns != expected.columns || read.rows != expected.rows || read.layers != expected.layers) {
-            verification.fault = QStringLiteral("it has %1 x %2 x %3 cells").arg(read.columns).arg(read.rows).arg(read.layers);
+            verification.fault =
+                QStringLiteral("it has %1 x %2 x %3 cells").arg(read.columns).arg(read.rows).arg(read.layers);
             return verification;
         }
         verification.count = static_cast<qint64>(read.columns) * read.rows * read.layers;
@@ -136,7 +147,8 @@ Verification GrdeclFormat::verify(const PlannedFile& file, const QString& path, 
             verification.fault = compareActive(read, expected);
         ExportReport ignored;
         if (verification.fault.isEmpty())
-            verification.fault = compareProperties(read, cellColumns(object, selection, ignored), static_cast<int>(verification.count), m_settings.nullValue);
+            verification.fault = compareProperties(read, cellColumns(object, selection, ignored),
+                                                   static_cast<int>(verification.count), m_settings.nullValue);
     } catch (const std::exception& error) {
         verification.fault = QString::fromUtf8(error.what());
     }

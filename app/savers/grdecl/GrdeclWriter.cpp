@@ -54,7 +54,8 @@ OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& set
     case OutputUnit::Kilometre:
         break;
     }
-    throw ExportError(file, QStringLiteral("GRDECL knows metres and feet only"), QStringLiteral("set lengthUnit to m or ft"));
+    throw ExportError(file, QStringLiteral("GRDECL knows metres and feet only"),
+                      QStringLiteral("set lengthUnit to m or ft"));
 }
 
 void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report)
@@ -70,7 +71,10 @@ void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Exp
         ++undefined;
         const std::size_t cell = cellOf(grid, corner);
         if (grid.active.empty() || grid.active[cell] != 0)
-            throw ExportError(file, QStringLiteral("cell %1 of the grid %2 is active and has a corner without a depth").arg(cell + 1).arg(object.name),
+            throw ExportError(file,
+                              QStringLiteral("cell %1 of the grid %2 is active and has a corner without a depth")
+                                  .arg(cell + 1)
+                                  .arg(object.name),
                               QStringLiteral("make the cell inactive or give it a depth"));
     }
     report.note(QStringLiteral("corner of an inactive cell without a depth written as 0"), object.name, undefined,
@@ -122,7 +126,8 @@ void GrdeclWriter::writeHead()
     const std::string unit = m_unit == OutputUnit::Foot ? "'FEET'" : "'METRES'";
     std::string& text = m_out.text();
     text += commentLine(m_object.name);
-    text += commentLine(QStringLiteral("lengths in %1, depths positive down").arg(m_unit == OutputUnit::Foot ? QStringLiteral("feet") : QStringLiteral("metres")));
+    text += commentLine(QStringLiteral("lengths in %1, depths positive down")
+                            .arg(m_unit == OutputUnit::Foot ? QStringLiteral("feet") : QStringLiteral("metres")));
     if (!m_object.crs.isEmpty())
         text += commentLine(QStringLiteral("coordinate system: %1").arg(crsName(m_object.crs)));
     const auto point = [&](double x, double y) {
@@ -204,8 +209,9 @@ bool GrdeclWriter::writeProperty(const NumberColumn& column, const QString& keyw
             return false;
     }
     record.end();
-    m_report.note(QStringLiteral("missing value of an active cell written as %1").arg(m_settings.nullValue), m_object.name,
-                  missing, QStringLiteral("first property %1; the format knows no missing value").arg(column.name()));
+    m_report.note(QStringLiteral("missing value of an active cell written as %1").arg(m_settings.nullValue),
+                  m_object.name, missing,
+                  QStringLiteral("first property %1; the format knows no missing value").arg(column.name()));
     return true;
 }
 

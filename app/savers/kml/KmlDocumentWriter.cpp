@@ -50,11 +50,14 @@ std::string styleText(KmlSink::Look look, const QColor& colour)
     case KmlSink::Look::Line:
         return line(colourText("ff", colour), "2");
     case KmlSink::Look::Area:
-        return line(colourText("ff", colour), "1") + "<PolyStyle><color>" + colourText("af", colour) + "</color></PolyStyle>";
+        return line(colourText("ff", colour), "1") + "<PolyStyle><color>" + colourText("af", colour)
+               + "</color></PolyStyle>";
     case KmlSink::Look::Icon:
-        return "<IconStyle><color>" + colourText("ff", colour) + "</color></IconStyle>" + line(colourText("ff", colour), "2");
+        return "<IconStyle><color>" + colourText("ff", colour) + "</color></IconStyle>"
+               + line(colourText("ff", colour), "2");
     case KmlSink::Look::Label:
-        return "<IconStyle><scale>0</scale></IconStyle><LabelStyle><color>" + colourText("ff", colour) + "</color></LabelStyle>";
+        return "<IconStyle><scale>0</scale></IconStyle><LabelStyle><color>" + colourText("ff", colour)
+               + "</color></LabelStyle>";
     case KmlSink::Look::Trace:
         return line("aa0000ff", "5");
     case KmlSink::Look::Bounds:
@@ -108,7 +111,8 @@ bool KmlDocumentWriter::fileOpen()
     // Past the prologue of the base, which is not valid against the schema.
     if (!MatrixDataExporter::fileOpen())
         return false;
-    m_block = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n<Document>\n";
+    m_block =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n<Document>\n";
     return true;
 }
 
@@ -214,7 +218,8 @@ void KmlDocumentWriter::beginRing(bool hole)
 void KmlDocumentWriter::endRing()
 {
     m_block += m_ringStart;
-    m_block += m_hole ? "</coordinates></LinearRing></innerBoundaryIs>" : "</coordinates></LinearRing></outerBoundaryIs>";
+    m_block +=
+        m_hole ? "</coordinates></LinearRing></innerBoundaryIs>" : "</coordinates></LinearRing></outerBoundaryIs>";
     m_ringStart.clear();
 }
 
@@ -246,7 +251,8 @@ void KmlDocumentWriter::appendPosition(double longitude, double latitude, double
     m_block += '\n';
 }
 
-void KmlDocumentWriter::overlay(const QString& name, const QString& description, const QString& picture, const DegreeBox& box)
+void KmlDocumentWriter::overlay(const QString& name, const QString& description, const QString& picture,
+                                const DegreeBox& box)
 {
     m_block += "<GroundOverlay>\n";
     appendFeatureHead(name, description);

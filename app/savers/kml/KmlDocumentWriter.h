@@ -37,7 +37,8 @@ public:
     void endRing() override;
     void endPolygon() override;
     void positions(const PositionBlock& block) override;
-    void overlay(const QString& name, const QString& description, const QString& picture, const DegreeBox& box) override;
+    void overlay(const QString& name, const QString& description, const QString& picture,
+                 const DegreeBox& box) override;
     bool good() const override { return !writeFailed(); }
 
 private:

@@ -3,10 +3,10 @@
 
 #include "app/readers/CoordinateSystems.h"
 #include "app/savers/AttributeTable.h"
+#include "app/savers/OutputUnit.h"
 #include "app/savers/kml/KmlDocumentWriter.h"
 #include "app/savers/kml/KmlLosses.h"
 #include "app/savers/kml/KmlPlacemark.h"
-#include "app/savers/OutputUnit.h"
 
 #include <algorithm>
 #include <cmath>

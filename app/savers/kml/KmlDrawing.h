@@ -4,8 +4,8 @@
 #include "app/jobs/ExportReport.h"
 #include "app/jobs/ExportSelection.h"
 #include "app/jobs/ProgressTicker.h"
-#include "app/savers/kml/KmlSink.h"
 #include "app/savers/TransformCache.h"
+#include "app/savers/kml/KmlSink.h"
 
 #include <QImage>
 

@@ -165,7 +165,8 @@ void KmlFormat::requireDrawable(const PlannedFile& file) const
     }
     const ModelObject& first = *file.objects.front();
     if (!any)
-        throw ExportError(file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first)),
+        throw ExportError(file.path,
+                          QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first)),
                           QStringLiteral("check its type in the model file, or choose another object"));
     if (pictures > mostPictures && !archived(file.path))
         throw ExportError(file.path, QStringLiteral("there are more than %1 surfaces").arg(mostPictures),

@@ -37,8 +37,8 @@ QString undrawable(const ModelObject& object)
     }
 }
 
-void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings, const ExportSelection& selection,
-                          ExportReport& report)
+void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings,
+                          const ExportSelection& selection, ExportReport& report)
 {
     if (!settings.attributes)
         return;
@@ -48,7 +48,8 @@ void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& se
         if (selection.wantsAttribute(column.name) && lost++ == 0)
             first = column.name;
     }
-    report.note(QStringLiteral("attribute of vertices not written"), object.name, lost, QStringLiteral("first %1").arg(first));
+    report.note(QStringLiteral("attribute of vertices not written"), object.name, lost,
+                QStringLiteral("first %1").arg(first));
 }
 
 bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, ExportReport& report)

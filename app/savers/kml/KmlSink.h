@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/savers/kml/KmlExportSettings.h"
 #include "app/savers/PositionReader.h"
+#include "app/savers/kml/KmlExportSettings.h"
 
 #include <QColor>
 #include <QString>

@@ -25,7 +25,8 @@ void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& 
     if (settings.header) {
         text += "# " + object.name.simplified().toStdString() + '\n';
         text += "# unit: " + writtenUnit(object.lengthUnit, settings.lengthUnit).toStdString() + '\n';
-        text += settings.zPositive == OffExportSettings::ZPositive::Elevation ? "# z: elevation, positive up\n" : "# z: depth, positive down\n";
+        text += settings.zPositive == OffExportSettings::ZPositive::Elevation ? "# z: elevation, positive up\n"
+                                                                              : "# z: depth, positive down\n";
     }
     appendInteger(text, mesh.vertexCount());
     text += ' ';
@@ -33,8 +34,8 @@ void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& 
     text += " 0\n";
 }
 
-bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings,
-                   ProgressTicker& progress)
+bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh,
+                   const OffExportSettings& settings, ProgressTicker& progress)
 {
     const double factor = unitFactor(object.lengthUnit, settings.lengthUnit);
     const double zFactor = settings.zPositive == OffExportSettings::ZPositive::Elevation ? factor : -factor;
@@ -61,7 +62,11 @@ bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& 
 {
     std::string ending = "\n";
     if (settings.colours && object.color.isValid())
-        ending = QStringLiteral(" %1 %2 %3\n").arg(object.color.red()).arg(object.color.green()).arg(object.color.blue()).toStdString();
+        ending = QStringLiteral(" %1 %2 %3\n")
+                     .arg(object.color.red())
+                     .arg(object.color.green())
+                     .arg(object.color.blue())
+                     .toStdString();
     mesh.eachTriangle([&](int a, int b, int c) {
         std::string& text = out.text();
         text += '3';
@@ -104,7 +109,8 @@ SettingsMap OffFormat::settings()
 {
     SettingsMap map;
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of coordinates; model keeps each object's own");
+    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
+                  "unit of coordinates; model keeps each object's own");
     map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"}, "z counts up or down");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
     map.addBoolean("colours", m_settings.colours, "the object's colour at each face");
@@ -121,8 +127,10 @@ void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportR
 {
     const ModelObject& object = *file.objects.front();
     if (!hasAnyFace(object))
-        throw ExportError(file.path, QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
-                          QStringLiteral("choose a surface with values, or export its points as ASCII"));
+        throw ExportError(
+            file.path,
+            QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
+            QStringLiteral("choose a surface with values, or export its points as ASCII"));
     noteAttributesLeftOut(object, losses);
 }
 

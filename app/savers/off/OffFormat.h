@@ -17,8 +17,8 @@ public:
     SettingsMap settings() override;
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
     void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                 ExportReport& report, kpBase::AbstractProgress* progress) override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+                 kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
 
 private:

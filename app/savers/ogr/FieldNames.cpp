@@ -12,7 +12,8 @@ namespace
 
 bool isPlain(QChar character)
 {
-    return character.isLetterOrNumber() || character.isSurrogate() || character.isMark() || character == QLatin1Char('_');
+    return character.isLetterOrNumber() || character.isSurrogate() || character.isMark()
+           || character == QLatin1Char('_');
 }
 
 bool isAsciiPlain(QChar character)

@@ -26,7 +26,8 @@ constexpr int fewLengthDecimals = 3;
 bool isGeographic(const QString& wkt)
 {
     OGRSpatialReference reference;
-    return !wkt.isEmpty() && reference.SetFromUserInput(wkt.toUtf8().constData()) == OGRERR_NONE && reference.IsGeographic();
+    return !wkt.isEmpty() && reference.SetFromUserInput(wkt.toUtf8().constData()) == OGRERR_NONE
+           && reference.IsGeographic();
 }
 
 bool hasCode(const QString& wkt)
@@ -111,7 +112,8 @@ OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection
     return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
 }
 
-void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report, const kpBase::AbstractProgress*) const
+void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+                         const kpBase::AbstractProgress*) const
 {
     options.explicitNulls = true;
     const bool degrees = isGeographic(output.systems.target());
@@ -121,10 +123,12 @@ void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& optio
     // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
     options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
-        report.note(QStringLiteral("coordinates rounded"), QString(), 1, QStringLiteral("to %1 decimals").arg(decimals));
+        report.note(QStringLiteral("coordinates rounded"), QString(), 1,
+                    QStringLiteral("to %1 decimals").arg(decimals));
     if (!m_settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
         report.note(QStringLiteral("coordinate system not carried"), QString(), 1,
-                    QStringLiteral("%1 has no number; readers will take the file for WGS 84").arg(crsName(output.systems.target())));
+                    QStringLiteral("%1 has no number; readers will take the file for WGS 84")
+                        .arg(crsName(output.systems.target())));
 }
 
 void GeoJsonFormat::check(const Output& output, ExportReport&) const
@@ -134,7 +138,9 @@ void GeoJsonFormat::check(const Output& output, ExportReport&) const
     if (!contents.end.endsWith("\n]\n}\n"))
         failIncomplete(output.file.path, QStringLiteral("its end is not there"));
     if (contents.features != output.features.front())
-        failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(contents.features).arg(output.features.front()));
+        failIncomplete(
+            output.file.path,
+            QStringLiteral("%1 of %2 features are there").arg(contents.features).arg(output.features.front()));
 }
 
 } // namespace refhost

@@ -21,8 +21,8 @@ OGRLayer* makeStyleTable(GDALDataset& dataset)
     OGRLayer* table = dataset.CreateLayer("layer_styles", nullptr, wkbNone, nullptr);
     if (!table)
         return nullptr;
-    for (const char* name : {"f_table_catalog", "f_table_schema", "f_table_name", "f_geometry_column", "styleName", "styleQML",
-                             "styleSLD", "description", "owner", "ui"}) {
+    for (const char* name : {"f_table_catalog", "f_table_schema", "f_table_name", "f_geometry_column", "styleName",
+                             "styleQML", "styleSLD", "description", "owner", "ui"}) {
         OGRFieldDefn field(name, OFTString);
         if (table->CreateField(&field) != OGRERR_NONE)
             return nullptr;
@@ -99,7 +99,8 @@ void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrL
                           QStringLiteral("shorten it to %1 bytes").arg(longestName));
 }
 
-void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&,
+                      const kpBase::AbstractProgress*) const
 {
     if (!m_settings.spatialIndex)
         options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
@@ -112,7 +113,8 @@ void GpkgFormat::addStyle(const Output& output, ExportReport& report) const
     OGRLayer* const table = dataset ? makeStyleTable(*dataset) : nullptr;
     bool written = table != nullptr;
     for (int index = 0; written && index < static_cast<int>(output.layers.size()); ++index) {
-        const QByteArray style = qgisStyle(output.layers[static_cast<std::size_t>(index)], m_settings.attributes && m_settings.color, report);
+        const QByteArray style = qgisStyle(output.layers[static_cast<std::size_t>(index)],
+                                           m_settings.attributes && m_settings.color, report);
         written = style.isEmpty() || addRow(*table, dataset->GetLayer(index)->GetName(), style);
     }
     CPLErrorReset();

@@ -125,7 +125,8 @@ void OgrColumnScan::lookAtValue(const QVariant& value, qint64 features)
         lookAtNumber(value.toDouble(), features);
 }
 
-void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress)
+void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features,
+                         const kpBase::AbstractProgress* progress)
 {
     m_object = object.name;
     switch (m_column.content) {
@@ -203,8 +204,9 @@ void OgrColumnScan::report(const OgrColumn& column, const OgrTraits& traits, Exp
     const QString name = column.attribute.isEmpty() ? column.field : column.attribute;
     report.note(QStringLiteral("number that is not finite written as missing"), QString(), m_notFinite,
                 QStringLiteral("in %1").arg(name));
-    report.note(QStringLiteral("text cut"), QString(), m_long,
-                QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(traits.mostTextBytes).arg(m_longExample));
+    report.note(
+        QStringLiteral("text cut"), QString(), m_long,
+        QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(traits.mostTextBytes).arg(m_longExample));
     if (!traits.nulls) {
         report.note(column.kind == AttributeKind::Text ? QStringLiteral("missing text written as an empty one")
                                                        : QStringLiteral("missing number written as 0"),
@@ -220,7 +222,8 @@ void OgrColumnScan::report(const OgrColumn& column, const OgrTraits& traits, Exp
     report.note(QStringLiteral("number wider than its field, written as missing"), QString(), m_wide,
                 QStringLiteral("%1 in %2").arg(m_wideExample).arg(name));
     qint64 rounded = 0;
-    for (std::size_t decimals = static_cast<std::size_t>(column.decimals) + 1; decimals < m_byDecimals.size(); ++decimals)
+    for (std::size_t decimals = static_cast<std::size_t>(column.decimals) + 1; decimals < m_byDecimals.size();
+         ++decimals)
         rounded += m_byDecimals[decimals];
     report.note(QStringLiteral("number rounded"), QString(), rounded,
                 QStringLiteral("%1 keeps %2 decimals").arg(name).arg(column.decimals));

@@ -43,9 +43,9 @@ private:
     int m_mostDecimals = 0; ///< that a number needs
     double m_range = 10;    ///< the power of ten with m_digits zeros
     bool m_negative = false;
-    int m_digits = 1;                       ///< most digits before the decimal point
-    std::array<qint64, 64> m_byDecimals{};  ///< numbers that need so many decimals to keep 15 digits
-    int m_longest = 1;                      ///< bytes of the longest text
+    int m_digits = 1;                      ///< most digits before the decimal point
+    std::array<qint64, 64> m_byDecimals{}; ///< numbers that need so many decimals to keep 15 digits
+    int m_longest = 1;                     ///< bytes of the longest text
     qint64 m_nulls = 0;
     qint64 m_notFinite = 0;
     qint64 m_empty = 0;
@@ -57,7 +57,7 @@ private:
     QString m_nullObject; ///< the first with a missing value
     std::size_t m_vertexHint = 0;
     std::size_t m_objectHint = 0;
-    QString m_foreign;    ///< each character beyond ASCII, once
+    QString m_foreign; ///< each character beyond ASCII, once
 };
 
 } // namespace refhost

@@ -70,10 +70,13 @@ void OgrFeatures::startObject()
         } else if (column.content == OgrColumn::Attribute) {
             if (m_layer.shape == OgrShape::Points)
                 source.values = vertexAttributeOf(object, column.attribute, source.vertexHint);
-            const ObjectAttribute* whole = source.values ? nullptr : objectAttributeOf(object, column.attribute, source.objectHint);
+            const ObjectAttribute* whole =
+                source.values ? nullptr : objectAttributeOf(object, column.attribute, source.objectHint);
             source.constant = whole ? writtenValue(column, whole->value) : QVariant();
             const bool sameKind = source.values && source.values->kind == column.kind;
-            source.asItIs = sameKind && (column.kind == AttributeKind::Integer || (column.kind == AttributeKind::Text && column.cutTo == 0));
+            source.asItIs =
+                sameKind
+                && (column.kind == AttributeKind::Integer || (column.kind == AttributeKind::Text && column.cutTo == 0));
         }
     }
 }
@@ -83,7 +86,8 @@ void OgrFeatures::endObject()
     const QString& name = m_layer.objects[m_object]->name;
     m_report.note(QStringLiteral("vertex without a position left out"), name, m_withoutPosition,
                   QStringLiteral("it is not a number, or has no place in the output's coordinate system"));
-    m_report.note(QStringLiteral("unknown height written as 0"), name, m_withoutHeight, QStringLiteral("z is not a number"));
+    m_report.note(QStringLiteral("unknown height written as 0"), name, m_withoutHeight,
+                  QStringLiteral("z is not a number"));
     m_report.note(m_layer.shape == OgrShape::Lines ? QStringLiteral("line of fewer than two points left out")
                                                    : QStringLiteral("ring of fewer than three points left out"),
                   name, m_shortParts, QStringLiteral("a map cannot hold it"));
@@ -186,8 +190,8 @@ bool OgrFeatures::addCell(OGRFeatureDetails& details)
                           details);
     }
     const auto columns = static_cast<std::size_t>(object.grid->columns);
-    const std::size_t corner = static_cast<std::size_t>(m_place) / (columns - 1) * columns
-                               + static_cast<std::size_t>(m_place) % (columns - 1);
+    const std::size_t corner =
+        static_cast<std::size_t>(m_place) / (columns - 1) * columns + static_cast<std::size_t>(m_place) % (columns - 1);
     const std::vector<std::size_t> corners{corner, corner + 1, corner + columns + 1, corner + columns};
     const bool whole = std::none_of(corners.begin(), corners.end(),
                                     [&object](std::size_t node) { return std::isnan((*object.z)[node]); });
@@ -208,8 +212,11 @@ void OgrFeatures::addValues(OGRFeatureDetails& details)
         } else if (source.values->kind == AttributeKind::Real) {
             const double number = (*source.values->numbers)[row];
             const bool missing = source.values->missing && (*source.values->missing)[row];
-            const bool plain = column.kind == AttributeKind::Real && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
-            details.append_object_attribute(missing ? QVariant() : plain ? QVariant(number) : writtenValue(column, number));
+            const bool plain = column.kind == AttributeKind::Real
+                               && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
+            details.append_object_attribute(missing ? QVariant()
+                                            : plain ? QVariant(number)
+                                                    : writtenValue(column, number));
         } else {
             const QVariant& value = source.values->values[static_cast<int>(row)];
             // Most values go as they are.

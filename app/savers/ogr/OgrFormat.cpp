@@ -125,14 +125,16 @@ void noteRefusals(const std::vector<OGRRefusal>& refusals, ExportReport& report)
 void refuseDevice(const QString& path, const OgrTraits& able)
 {
     if (isDevice(path))
-        throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind), QStringLiteral("give the name of a file"));
+        throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
+                          QStringLiteral("give the name of a file"));
 }
 
 /// What made the exporter give up.
 QString failure(const std::vector<OGRRefusal>& refusals)
 {
     for (const OGRRefusal& refusal : refusals) {
-        const bool minor = refusal.taken || refusal.kind == OGRRefusal::SpatialReference || refusal.kind == OGRRefusal::Field;
+        const bool minor =
+            refusal.taken || refusal.kind == OGRRefusal::SpatialReference || refusal.kind == OGRRefusal::Field;
         if (minor)
             continue;
         const QString what = refusal.kind == OGRRefusal::Feature
@@ -181,12 +183,15 @@ SettingsMap OgrFormat::commonSettings()
     map.addText("crs", m_settings.crs, "coordinate system, EPSG:n or WKT; empty for that of the first object");
     map.addBoolean("attributes", m_settings.attributes, "attributes as fields");
     map.addBoolean("symbology", m_settings.symbology, "colours as a style that goes with the file");
-    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"}, "one file, one per object, one per set");
+    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
+                  "one file, one per object, one per set");
     map.addBoolean("objectName", m_settings.objectName, "the object's name in a field");
     map.addBoolean("color", m_settings.color, "the object's colour in a field colorval");
     map.addBoolean("unitsInNames", m_settings.unitsInNames, "the unit of an attribute behind its name");
-    map.addBoolean("dipInType", m_settings.dipInType, "Horizontal or Vertical before the text of type where dip is 0 or 90");
-    map.addChoice("surfaces", m_settings.surfaces, {"points", "polygons"}, "surfaces as their nodes, or as triangles and cells");
+    map.addBoolean("dipInType", m_settings.dipInType,
+                   "Horizontal or Vertical before the text of type where dip is 0 or 90");
+    map.addChoice("surfaces", m_settings.surfaces, {"points", "polygons"},
+                  "surfaces as their nodes, or as triangles and cells");
     return map;
 }
 
@@ -209,7 +214,8 @@ std::vector<PlannedFile> OgrFormat::plan(const ExportSelection& selection) const
         for (const OgrLayer& layer : layers) {
             QString path = group.path;
             if (layers.size() > 1) // beside it, in the words of the user
-                path = QFileInfo(path).path() + QLatin1Char('/') + QFileInfo(OGRExporter::layerFileName(path, layer.type())).fileName();
+                path = QFileInfo(path).path() + QLatin1Char('/')
+                       + QFileInfo(OGRExporter::layerFileName(path, layer.type())).fileName();
             const QString extension = QLatin1Char('.') + QFileInfo(path).suffix();
             files.push_back({names.take(path.left(path.size() - extension.size())) + extension, layer.objects});
         }
@@ -222,7 +228,8 @@ QString OgrFormat::chosenSystem(const PlannedFile& file, const ExportSelection& 
     if (!m_settings.crs.isEmpty()) {
         const QString wkt = wktOf(m_settings.crs);
         if (wkt.isEmpty())
-            throw ExportError(file.path, QStringLiteral("crs: \"%1\" is no coordinate system that is known").arg(m_settings.crs),
+            throw ExportError(file.path,
+                              QStringLiteral("crs: \"%1\" is no coordinate system that is known").arg(m_settings.crs),
                               QStringLiteral("give EPSG:n or WKT"));
         return wkt;
     }
@@ -383,7 +390,9 @@ void OgrFormat::addStyle(const Output& output, ExportReport& report) const
     const bool written = file.open(QIODevice::WriteOnly) && file.write(style) == style.size() && file.flush();
     file.close();
     if (!written || file.error() != QFile::NoError)
-        throw ExportError(output.file.path, QStringLiteral("the style %1 could not be written: %2").arg(info.completeBaseName() + QStringLiteral(".qml"), file.errorString()),
+        throw ExportError(output.file.path,
+                          QStringLiteral("the style %1 could not be written: %2")
+                              .arg(info.completeBaseName() + QStringLiteral(".qml"), file.errorString()),
                           QStringLiteral("make room on the disk, or switch symbology off"));
 }
 

@@ -34,9 +34,9 @@ OgrShape shapeOf(const ModelObject& object, const OgrExportSettings& settings)
 /// Whether the object makes a line or polygon of several.
 bool hasSeveral(const ModelObject& object)
 {
-    return std::count_if(object.parts.begin(), object.parts.end(), [&object](const Part& part) {
-               return object.type != ObjectType::Polygons || !part.hole;
-           }) > 1;
+    return std::count_if(object.parts.begin(), object.parts.end(),
+                         [&object](const Part& part) { return object.type != ObjectType::Polygons || !part.hole; })
+           > 1;
 }
 
 } // namespace
@@ -58,9 +58,8 @@ std::vector<OgrLayer> ogrLayers(const std::vector<const ModelObject*>& objects, 
     for (const ModelObject* object : objects) {
         const OgrShape shape = shapeOf(*object, settings);
         const bool hasZ = heights && object->hasZ;
-        auto layer = std::find_if(layers.begin(), layers.end(), [&](const OgrLayer& entry) {
-            return entry.shape == shape && entry.hasZ == hasZ;
-        });
+        auto layer = std::find_if(layers.begin(), layers.end(),
+                                  [&](const OgrLayer& entry) { return entry.shape == shape && entry.hasZ == hasZ; });
         if (layer == layers.end()) {
             layers.emplace_back();
             layer = layers.end() - 1;

@@ -18,7 +18,7 @@ struct OgrLayer
 {
     OgrShape shape = OgrShape::Points;
     bool hasZ = false;
-    bool multi = false;    ///< lines or polygons of which at least one has several parts
+    bool multi = false; ///< lines or polygons of which at least one has several parts
     std::vector<const ModelObject*> objects;
 
     OGRwkbGeometryType type() const;

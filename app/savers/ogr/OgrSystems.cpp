@@ -90,7 +90,8 @@ void OgrVertices::fill(std::size_t vertex)
     window(*m_object->z, m_z);
     // An unknown height is none of PROJ's business.
     std::vector<double> z = m_z;
-    std::replace_if(z.begin(), z.end(), [](double height) { return !std::isfinite(height); }, 0.0);
+    std::replace_if(
+        z.begin(), z.end(), [](double height) { return !std::isfinite(height); }, 0.0);
     m_transform->transform(m_x, m_y, z);
     for (std::size_t place = 0; place < z.size(); ++place)
         m_z[place] = std::isfinite(m_z[place]) ? z[place] : std::numeric_limits<double>::quiet_NaN();

@@ -96,8 +96,8 @@ void addOwnColumns(std::vector<OgrColumn>& columns, const OgrLayer& layer, const
         column.kind = kind;
         return column;
     };
-    const bool heights = std::any_of(layer.objects.begin(), layer.objects.end(),
-                                     [](const ModelObject* object) { return object->hasZ; });
+    const bool heights =
+        std::any_of(layer.objects.begin(), layer.objects.end(), [](const ModelObject* object) { return object->hasZ; });
     if (!traits.heights && settings.zField && layer.shape == OgrShape::Points && heights)
         columns.insert(columns.begin(), own(OgrColumn::Height, "z", AttributeKind::Real));
     if (settings.objectName) {
@@ -179,7 +179,8 @@ const Entry* named(const std::vector<Entry>& entries, const QString& name, std::
 {
     if (hint < entries.size() && entries[hint].name == name)
         return &entries[hint];
-    const auto found = std::find_if(entries.begin(), entries.end(), [&name](const Entry& entry) { return entry.name == name; });
+    const auto found =
+        std::find_if(entries.begin(), entries.end(), [&name](const Entry& entry) { return entry.name == name; });
     if (found == entries.end())
         return nullptr;
     hint = static_cast<std::size_t>(found - entries.begin());
@@ -214,14 +215,15 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
             text = value.toString();
         return cutToBytes(text, column.cutTo);
     }
-    const double number = value.userType() == QMetaType::Double ? *static_cast<const double*>(value.constData()) : value.toDouble();
+    const double number =
+        value.userType() == QMetaType::Double ? *static_cast<const double*>(value.constData()) : value.toDouble();
     if (!std::isfinite(number) || (column.most > 0 && std::abs(number) >= column.most))
         return {};
     return column.kind == AttributeKind::Real ? QVariant(number) : QVariant(value.toInt());
 }
 
-std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                                  const OgrTraits& traits, ExportReport& report)
+std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection,
+                                  const OgrExportSettings& settings, const OgrTraits& traits, ExportReport& report)
 {
     if (!settings.attributes)
         return {};

@@ -30,22 +30,22 @@ struct OgrColumn
     enum Content { Attribute, ObjectName, Colour, Height };
 
     Content content = Attribute;
-    QString attribute;       ///< name in the model
-    QString unit;            ///< of the first object that has it
+    QString attribute;                        ///< name in the model
+    QString unit;                             ///< of the first object that has it
     AttributeKind kind = AttributeKind::Text; ///< as written, whatever the objects' own kinds
-    QString field;           ///< name in the file
+    QString field;                            ///< name in the file
     int width = 0;
     int decimals = 0;
-    int cutTo = 0;           ///< bytes that longer texts are cut to; 0 when none is longer
-    double most = 0;         ///< numbers beyond this are left out; 0 for no limit
+    int cutTo = 0;   ///< bytes that longer texts are cut to; 0 when none is longer
+    double most = 0; ///< numbers beyond this are left out; 0 for no limit
 };
 
 /// The fields of a layer, made for the values that are there.
 struct OgrTable
 {
     std::vector<OgrColumn> columns;
-    bool onlyLatin = true;       ///< no text but in ASCII
-    QString foreignTexts;        ///< each character beyond ASCII that occurs, once
+    bool onlyLatin = true; ///< no text but in ASCII
+    QString foreignTexts;  ///< each character beyond ASCII that occurs, once
 
     /// The index of the last column that the exporter takes for "dip" or "type"; -1 for none.
     int dip = -1;
@@ -56,8 +56,8 @@ struct OgrTable
 
 /// The fields of a layer as the objects' attributes name them: kinds that fit all, names that the driver takes, no more
 /// than it holds. Notes in \a report what has no field.
-std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                                  const OgrTraits& traits, ExportReport& report);
+std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection,
+                                  const OgrExportSettings& settings, const OgrTraits& traits, ExportReport& report);
 
 /// Looks at every value once and notes in \a report what the fields cannot hold. Of no use when the user cancels.
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,

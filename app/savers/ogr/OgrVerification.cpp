@@ -43,12 +43,15 @@ void addCurves(const OGRGeometry& geometry, Curves& curves)
 }
 
 /// Calls \a look with the runs of each feature that an object should have made, until it returns false.
-void forEachFeature(const OgrLayer& layer, const ModelObject& object, const std::function<bool(const std::vector<Run>&)>& look)
+void forEachFeature(const OgrLayer& layer, const ModelObject& object,
+                    const std::function<bool(const std::vector<Run>&)>& look)
 {
     const auto placed = [&object](std::size_t vertex) {
         return std::isfinite((*object.x)[vertex]) && std::isfinite((*object.y)[vertex]);
     };
-    const auto node = [&](std::size_t vertex) { return placed(vertex) && (!object.grid || !std::isnan((*object.z)[vertex])); };
+    const auto node = [&](std::size_t vertex) {
+        return placed(vertex) && (!object.grid || !std::isnan((*object.z)[vertex]));
+    };
     std::vector<Run> runs(1);
     bool more = true;
     if (layer.shape == OgrShape::Points) {
@@ -145,7 +148,10 @@ private:
             Curves curves;
             addCurves(*geometry, curves);
             if (curves.size() != runs.size()) {
-                fault(QStringLiteral("%1 has %2 parts instead of %3").arg(m_object->name).arg(curves.size()).arg(runs.size()));
+                fault(QStringLiteral("%1 has %2 parts instead of %3")
+                          .arg(m_object->name)
+                          .arg(curves.size())
+                          .arg(runs.size()));
                 return;
             }
             for (std::size_t index = 0; index < runs.size(); ++index)
@@ -175,7 +181,10 @@ private:
     {
         const auto count = static_cast<std::size_t>(curve.getNumPoints());
         if (count != run.size() && count != run.size() + 1) {
-            fault(QStringLiteral("a part of %1 has %2 vertices instead of %3").arg(m_object->name).arg(count).arg(run.size()));
+            fault(QStringLiteral("a part of %1 has %2 vertices instead of %3")
+                      .arg(m_object->name)
+                      .arg(count)
+                      .arg(run.size()));
             return;
         }
         m_pieces.push_back({m_x.size(), run});
@@ -247,7 +256,8 @@ Verification verifyOgrFile(const QString& path, const QString& driver, const std
         return result;
     }
     if (dataset->GetLayerCount() < static_cast<int>(layers.size())) {
-        result.fault = QStringLiteral("it has %1 layers instead of %2").arg(dataset->GetLayerCount()).arg(layers.size());
+        result.fault =
+            QStringLiteral("it has %1 layers instead of %2").arg(dataset->GetLayerCount()).arg(layers.size());
         return result;
     }
     for (std::size_t index = 0; index < layers.size(); ++index)

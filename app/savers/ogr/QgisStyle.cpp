@@ -19,7 +19,8 @@ Colours coloursOf(const OgrLayer& layer)
     for (const ModelObject* object : layer.objects) {
         const QString colour = object->color.isValid() ? object->color.name() : QString();
         if (!colour.isEmpty() && !colours.contains(colour))
-            colours.insert(colour, object->set.isEmpty() ? object->name : object->name + QStringLiteral(" (%1)").arg(object->set));
+            colours.insert(colour, object->set.isEmpty() ? object->name
+                                                         : object->name + QStringLiteral(" (%1)").arg(object->set));
     }
     return colours;
 }
@@ -72,7 +73,8 @@ void writeSymbol(QXmlStreamWriter& xml, OgrShape shape, const QString& name, con
 void writeRenderer(QXmlStreamWriter& xml, OgrShape shape, const Colours& colours, bool byField)
 {
     xml.writeStartElement(QStringLiteral("renderer-v2"));
-    xml.writeAttribute(QStringLiteral("type"), byField ? QStringLiteral("categorizedSymbol") : QStringLiteral("singleSymbol"));
+    xml.writeAttribute(QStringLiteral("type"),
+                       byField ? QStringLiteral("categorizedSymbol") : QStringLiteral("singleSymbol"));
     if (byField) {
         xml.writeAttribute(QStringLiteral("attr"), QStringLiteral("colorval"));
         xml.writeStartElement(QStringLiteral("categories"));

@@ -60,7 +60,8 @@ qint64 tableSize(const QString& path)
     if (bytes.size() < 12)
         return -1;
     const auto records = static_cast<qint64>(qFromLittleEndian<quint32>(bytes.constData() + 4));
-    return qFromLittleEndian<quint16>(bytes.constData() + 8) + records * qFromLittleEndian<quint16>(bytes.constData() + 10);
+    return qFromLittleEndian<quint16>(bytes.constData() + 8)
+           + records * qFromLittleEndian<quint16>(bytes.constData() + 10);
 }
 
 /// Ends a table of \a size bytes with the mark that readers of dBase files look for, unless it is there.
@@ -89,7 +90,8 @@ FormatInfo ShpFormat::info() const
 SettingsMap ShpFormat::settings()
 {
     SettingsMap map = commonSettings();
-    map.addInteger("decimals", m_settings.decimals, -1, 15, "decimals of real numbers in the table; -1 for as many as they need");
+    map.addInteger("decimals", m_settings.decimals, -1, 15,
+                   "decimals of real numbers in the table; -1 for as many as they need");
     return map;
 }
 
@@ -102,7 +104,8 @@ QStringList ShpFormat::sidecars() const
 {
     // A style (.qml) is not among them: it may be the user's own work.
     QStringList list;
-    for (const char* extension : {"shx", "dbf", "prj", "cpg", "qix", "qpj", "sbn", "sbx", "fbn", "fbx", "ain", "aih", "idm", "ind", "shp.xml"})
+    for (const char* extension :
+         {"shx", "dbf", "prj", "cpg", "qix", "qpj", "sbn", "sbx", "fbn", "fbx", "ain", "aih", "idm", "ind", "shp.xml"})
         list.append(QString::fromLatin1(extension));
     return list;
 }
@@ -132,11 +135,14 @@ void ShpFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLa
             bytes += recordBytes(layer, *object);
     }
     if (bytes > largestFile)
-        throw ExportError(file.path, QStringLiteral("a Shapefile holds no more than 4 GB, and this one would have %1 MB").arg(bytes / 1000000),
-                          QStringLiteral("set grouping=object, or export as GeoPackage"));
+        throw ExportError(
+            file.path,
+            QStringLiteral("a Shapefile holds no more than 4 GB, and this one would have %1 MB").arg(bytes / 1000000),
+            QStringLiteral("set grouping=object, or export as GeoPackage"));
 }
 
-void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&, const kpBase::AbstractProgress*) const
+void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&,
+                     const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
     // The driver would write the mark after each record, and go back over it for the next one.
@@ -154,7 +160,8 @@ void ShpFormat::check(const Output& output, ExportReport& report) const
     for (const char* extension : {".shp", ".shx"}) {
         const QString path = base + QString::fromLatin1(extension);
         if (toldSize(path) != QFileInfo(path).size())
-            failIncomplete(output.file.path, QStringLiteral("%1 is shorter than it says").arg(QString::fromLatin1(extension)));
+            failIncomplete(output.file.path,
+                           QStringLiteral("%1 is shorter than it says").arg(QString::fromLatin1(extension)));
     }
     const QString table = base + QStringLiteral(".dbf");
     const qint64 needed = tableSize(table);

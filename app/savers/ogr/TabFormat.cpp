@@ -84,7 +84,8 @@ QString encodingOf(const QString& characters)
 
 qint64 numberAt(const QByteArray& bytes, int place, int size)
 {
-    return size == 4 ? qFromLittleEndian<quint32>(bytes.constData() + place) : qFromLittleEndian<quint16>(bytes.constData() + place);
+    return size == 4 ? qFromLittleEndian<quint32>(bytes.constData() + place)
+                     : qFromLittleEndian<quint16>(bytes.constData() + place);
 }
 
 /// The step from which on the grid takes something from a position: a millimetre, in the unit of the coordinates.
@@ -123,8 +124,8 @@ QStringList TabFormat::extensions() const
 
 QStringList TabFormat::sidecars() const
 {
-    return {QStringLiteral("map"), QStringLiteral("id"), QStringLiteral("dat"), QStringLiteral("ind"), QStringLiteral("tda"),
-            QStringLiteral("tin"), QStringLiteral("tma"), QStringLiteral("lda")};
+    return {QStringLiteral("map"), QStringLiteral("id"),  QStringLiteral("dat"), QStringLiteral("ind"),
+            QStringLiteral("tda"), QStringLiteral("tin"), QStringLiteral("tma"), QStringLiteral("lda")};
 }
 
 OgrTraits TabFormat::traits() const
@@ -144,7 +145,8 @@ OgrTraits TabFormat::traits() const
     return traits;
 }
 
-void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report, const kpBase::AbstractProgress* progress) const
+void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report,
+                     const kpBase::AbstractProgress* progress) const
 {
     options.styleByGeometry = m_settings.symbology;
     Bounds bounds;
@@ -165,18 +167,22 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& 
         bounds.widen();
         options.layerOptions.append(QStringLiteral("BOUNDS=") + bounds.text());
         if (bounds.step() > noticedStep(output.systems.target(), *output.file.objects.front()))
-            report.note(QStringLiteral("coordinates on a grid"), QString(), count,
-                        QStringLiteral("its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
-                            .arg(bounds.step(), 0, 'g', 3));
+            report.note(
+                QStringLiteral("coordinates on a grid"), QString(), count,
+                QStringLiteral(
+                    "its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
+                    .arg(bounds.step(), 0, 'g', 3));
     }
     QString characters;
     for (const OgrTable& table : output.tables)
         characters += table.foreignTexts;
     const QString encoding = encodingOf(characters);
-    options.layerOptions.append(QStringLiteral("ENCODING=") + (encoding.isEmpty() ? QStringLiteral("UTF-8") : encoding));
+    options.layerOptions.append(QStringLiteral("ENCODING=")
+                                + (encoding.isEmpty() ? QStringLiteral("UTF-8") : encoding));
     if (encoding.isEmpty()) {
-        report.note(QStringLiteral("texts of several scripts"), QString(), 1,
-                    QStringLiteral("no character set of MapInfo holds them; they are in UTF-8, which the table cannot tell"));
+        report.note(
+            QStringLiteral("texts of several scripts"), QString(), 1,
+            QStringLiteral("no character set of MapInfo holds them; they are in UTF-8, which the table cannot tell"));
     }
 }
 

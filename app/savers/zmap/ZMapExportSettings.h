@@ -19,8 +19,9 @@ struct ZMapExportSettings
     bool zIsElevation = true;                  ///< false: heights are written as depth, positive down
     double nullValue = -99999.0;               ///< stands for a node without a value
     int decimals = 4;                          ///< of the values
-    Registration registration = Registration::Nodes; ///< the header's limits: outermost nodes, or outer corners of the pixels around them
-    int nodesPerLine = 5;                      ///< values in a line
+    Registration registration =
+        Registration::Nodes; ///< the header's limits: outermost nodes, or outer corners of the pixels around them
+    int nodesPerLine = 5;    ///< values in a line
 };
 
 } // namespace refhost

@@ -62,7 +62,8 @@ Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const 
     for (const double value : {least, most, settings.nullValue})
         survey.width = std::max(survey.width, fixedText(value, settings.decimals).size() + 1);
     if (survey.width > widestField)
-        throw ExportError(file, QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
+        throw ExportError(file,
+                          QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
                           QStringLiteral("choose fewer decimals or a smaller nullValue"));
     return survey;
 }
@@ -101,7 +102,8 @@ void writeHeader(std::string& text, const ModelObject& object, const ZMapGrid& g
     appendInteger(text, grid.columns());
     const double marginX = nodes ? 0.0 : grid.stepX() / 2.0;
     const double marginY = nodes ? 0.0 : grid.stepY() / 2.0;
-    for (const double limit : {grid.west() - marginX, grid.east() + marginX, grid.south() - marginY, grid.north() + marginY})
+    for (const double limit :
+         {grid.west() - marginX, grid.east() + marginX, grid.south() - marginY, grid.north() + marginY})
         text += ", " + fixedText(limit, headerDecimals);
     text += "\n0.0, 0.0, 0.0\n@\n";
 }
@@ -133,15 +135,19 @@ bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSetting
     return true;
 }
 
-void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, ExportReport& report)
+void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey,
+                ExportReport& report)
 {
-    const std::size_t attributes = object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
+    const std::size_t attributes =
+        object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
     report.note(QStringLiteral("a grid file holds one value per node; attributes left out"), object.name,
                 static_cast<qint64>(attributes), QStringLiteral("choose one with the setting \"attribute\""));
-    report.note(QStringLiteral("value equal to the null value"), object.name, survey.equalToNull,
-                QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
+    report.note(
+        QStringLiteral("value equal to the null value"), object.name, survey.equalToNull,
+        QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
     if (survey.withoutValue == object.vertexCount())
-        report.note(QStringLiteral("grid without any value"), object.name, 1, QStringLiteral("every node is the null value"));
+        report.note(QStringLiteral("grid without any value"), object.name, 1,
+                    QStringLiteral("every node is the null value"));
 }
 
 /// Compares the band, line by line, with the grid.
@@ -151,7 +157,9 @@ void compareValues(GDALDataset& dataset, const ZMapGrid& grid, Verification& ver
     const double noData = band->GetNoDataValue();
     std::vector<double> line(static_cast<std::size_t>(grid.columns()));
     for (int row = 0; row < grid.rows(); ++row) {
-        if (band->RasterIO(GF_Read, 0, row, grid.columns(), 1, line.data(), grid.columns(), 1, GDT_Float64, 0, 0, nullptr) != CE_None) {
+        if (band->RasterIO(GF_Read, 0, row, grid.columns(), 1, line.data(), grid.columns(), 1, GDT_Float64, 0, 0,
+                           nullptr)
+            != CE_None) {
             verification.fault = QStringLiteral("row %1 cannot be read: %2").arg(row + 1).arg(QuietGdal::lastMessage());
             return;
         }
@@ -205,7 +213,8 @@ SettingsMap ZMapFormat::settings()
     SettingsMap map;
     map.addText("attribute", m_settings.attribute, "attribute to write; empty writes heights");
     map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(), "unit of positions and heights; model keeps each object's own");
+    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
+                  "unit of positions and heights; model keeps each object's own");
     map.addBoolean("zIsElevation", m_settings.zIsElevation, "false writes depths, positive down");
     map.addReal("nullValue", m_settings.nullValue, -1e30, 1e30, "stands for a node without a value");
     map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of the values");
@@ -249,7 +258,8 @@ Verification ZMapFormat::verify(const PlannedFile& file, const QString& path, co
     try {
         const ZMapGrid grid(*file.objects.front(), m_settings, file.path);
         const QuietGdal quiet;
-        const GdalOption option("ZMAP_PIXEL_IS_POINT", m_settings.registration == Registration::Nodes ? "TRUE" : "FALSE");
+        const GdalOption option("ZMAP_PIXEL_IS_POINT",
+                                m_settings.registration == Registration::Nodes ? "TRUE" : "FALSE");
         const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
         const QString driver = QString::fromLatin1(dataset->GetDriver()->GetDescription());
         if (driver != QLatin1String("ZMap"))

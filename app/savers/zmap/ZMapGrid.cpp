@@ -48,15 +48,21 @@ ZMapGrid::ZMapGrid(const ModelObject& object, const ZMapExportSettings& settings
     const bool whole = object.grid && object.grid->columns > 0 && object.grid->rows > 0
                        && object.vertexCount() == static_cast<qint64>(object.grid->columns) * object.grid->rows;
     if (!whole)
-        throw ExportError(file, QStringLiteral("the grid %1 is empty").arg(object.name), QStringLiteral("choose a grid with nodes"));
+        throw ExportError(file, QStringLiteral("the grid %1 is empty").arg(object.name),
+                          QStringLiteral("choose a grid with nodes"));
     const GridGeometry& grid = *object.grid;
     // A reader takes the step from the limits.
     if (grid.columns < 2 || grid.rows < 2)
-        throw ExportError(file, QStringLiteral("the grid %1 has a single row or column, and a ZMap+ grid needs two of both").arg(object.name),
+        throw ExportError(file,
+                          QStringLiteral("the grid %1 has a single row or column, and a ZMap+ grid needs two of both")
+                              .arg(object.name),
                           QStringLiteral("export it as ASCII or GOCAD"));
     constexpr double mostDisplacement = 1e-3;
     if (displacement(grid) > mostDisplacement)
-        throw ExportError(file, QStringLiteral("the grid %1 is rotated by %2 degrees, and a ZMap+ grid cannot be").arg(object.name).arg(grid.rotation),
+        throw ExportError(file,
+                          QStringLiteral("the grid %1 is rotated by %2 degrees, and a ZMap+ grid cannot be")
+                              .arg(object.name)
+                              .arg(grid.rotation),
                           QStringLiteral("resample it to a grid parallel to the axes, or export it as GOCAD or ASCII"));
     m_attribute = attributeOf(object, settings.attribute, file);
     // Only heights are lengths and have a direction.

@@ -30,7 +30,8 @@ public:
     {
         const int row = m_northFirst ? rowFromNorth : rows() - 1 - rowFromNorth;
         const int node = row * columns() + column;
-        return m_attribute ? m_attribute->at(node) * m_valueFactor : (*m_object.z)[static_cast<std::size_t>(node)] * m_valueFactor;
+        return m_attribute ? m_attribute->at(node) * m_valueFactor
+                           : (*m_object.z)[static_cast<std::size_t>(node)] * m_valueFactor;
     }
     /// What a value in the file is divided by to be one of the model.
     double valueFactor() const { return m_valueFactor; }
