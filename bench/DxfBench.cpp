@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 // One hundred thousand lines of twenty vertices with heights as DXF: our saver against GDAL's driver. All in one run, on
 // the same values.
-#include "app/savers/dxf/DxfFormat.h"
 #include "bench/LineSet.h"
+#include "formats/dxf/DxfFormat.h"
 
 namespace
 {
 
-const std::vector<refhost::ModelObject>& metres()
+const std::vector<kpFormats::ModelObject>& metres()
 {
-    static const std::vector<refhost::ModelObject> data = LineSet::make(540000, 7500000, 50000, QString());
+    static const std::vector<kpFormats::ModelObject> data = LineSet::make(540000, 7500000, 50000, QString());
     return data;
 }
 
 void saver(benchmark::State& state)
 {
-    refhost::DxfFormat format;
+    kpFormats::DxfFormat format;
     LineSet::saver(state, format, metres(), LineSet::outputPath("dxf"));
 }
 

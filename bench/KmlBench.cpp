@@ -1,33 +1,33 @@
 // SPDX-License-Identifier: MIT
 // One hundred thousand lines of twenty vertices with heights as KML: our saver and writer against GDAL's drivers. All in
 // one run, on the same values.
-#include "app/readers/CoordinateSystems.h"
-#include "app/savers/kml/KmlFormat.h"
 #include "bench/LineSet.h"
+#include "formats/kml/KmlFormat.h"
+#include "geo/CoordinateSystems.h"
 #include "writers/MatrixDataKMLExporter.h"
 
 namespace
 {
 
-const std::vector<refhost::ModelObject>& degrees()
+const std::vector<kpFormats::ModelObject>& degrees()
 {
-    static const std::vector<refhost::ModelObject> data =
-        LineSet::make(117, -22, 0.5, refhost::wktOf(QStringLiteral("EPSG:4326")));
+    static const std::vector<kpFormats::ModelObject> data =
+        LineSet::make(117, -22, 0.5, kpFormats::wktOf(QStringLiteral("EPSG:4326")));
     return data;
 }
 
 void saver(benchmark::State& state)
 {
-    refhost::KmlFormat format;
+    kpFormats::KmlFormat format;
     LineSet::saver(state, format, degrees(), LineSet::outputPath("kml"));
 }
 
 /// The same from a projected system, PROJ included.
 void saverTransforming(benchmark::State& state)
 {
-    const std::vector<refhost::ModelObject> metres =
-        LineSet::make(540000, 7500000, 50000, refhost::wktOf(QStringLiteral("EPSG:28350")));
-    refhost::KmlFormat format;
+    const std::vector<kpFormats::ModelObject> metres =
+        LineSet::make(540000, 7500000, 50000, kpFormats::wktOf(QStringLiteral("EPSG:28350")));
+    kpFormats::KmlFormat format;
     LineSet::saver(state, format, metres, LineSet::outputPath("kml"));
 }
 
@@ -35,7 +35,7 @@ void saverTransforming(benchmark::State& state)
 void writer(benchmark::State& state)
 {
     std::vector<QList<QPointF>> points;
-    for (const refhost::ModelObject& object : degrees()) {
+    for (const kpFormats::ModelObject& object : degrees()) {
         points.emplace_back();
         for (int vertex = 0; vertex < LineSet::vertices; ++vertex)
             points.back().append(

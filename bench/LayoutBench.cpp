@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The ASCII page on a million rows and on 5,000 attributes: from a change to the preview that shows it.
-#include "app/ui/AsciiSheet.h"
-#include "app/ui/AsciiSpecification.h"
-#include "app/ui/ExportWizard.h"
-#include "app/ui/HostContext.h"
+#include "pages/AsciiSheet.h"
+#include "pages/AsciiSpecification.h"
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
+#include "window/ExportWizard.h"
+#include "window/HostContext.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -33,27 +33,27 @@ refhost::HostContext& context()
         std::vector<double> numbers(manyRows);
         for (int row = 0; row < manyRows; ++row)
             numbers[static_cast<std::size_t>(row)] = 500000.0 + row * 0.37;
-        refhost::ModelObject rows;
+        kpFormats::ModelObject rows;
         rows.name = QStringLiteral("rows");
         rows.x = rows.y = rows.z = std::make_shared<const std::vector<double>>(numbers);
         for (const char* name : {"a", "b", "c"}) {
-            refhost::AttributeColumn column;
+            kpFormats::AttributeColumn column;
             column.name = QString::fromLatin1(name);
             column.numbers = rows.x;
             rows.vertexAttributes.push_back(column);
         }
-        refhost::AttributeColumn text;
+        kpFormats::AttributeColumn text;
         text.name = QStringLiteral("unit");
-        text.kind = refhost::AttributeKind::Text;
+        text.kind = kpFormats::AttributeKind::Text;
         text.values.fill(QStringLiteral("Sandstone"), manyRows);
         rows.vertexAttributes.push_back(text);
         made.model.add(std::move(rows));
-        refhost::ModelObject wide;
+        kpFormats::ModelObject wide;
         wide.name = QStringLiteral("wide");
         wide.x = wide.y = wide.z = std::make_shared<const std::vector<double>>(100, 1.0);
         for (int index = 0; index < manyAttributes; ++index)
             wide.objectAttributes.push_back(
-                {QStringLiteral("attribute %1").arg(index), refhost::AttributeKind::Integer, {}, index});
+                {QStringLiteral("attribute %1").arg(index), kpFormats::AttributeKind::Integer, {}, index});
         made.model.add(std::move(wide));
     }
     return made;
@@ -68,11 +68,11 @@ struct Page
         wizard.setFormatAndSelectedGeo("ascii", {id});
         wizard.startup();
         wizard.show();
-        editor = wizard.findChild<refhost::AsciiSpecification*>();
+        editor = wizard.findChild<kpFormats::AsciiSpecification*>();
         preview = wizard.findChild<QPlainTextEdit*>(QStringLiteral("preview"));
     }
     refhost::ExportWizard wizard;
-    refhost::AsciiSpecification* editor;
+    kpFormats::AsciiSpecification* editor;
     QPlainTextEdit* preview;
 };
 
@@ -102,10 +102,10 @@ BENCHMARK(changeToPreview)->Arg(0)->Arg(1)->ArgName("busy")->Iterations(25)->Uni
 /// Time until everything is known of a million rows.
 void lookAtTheData(benchmark::State& state)
 {
-    const refhost::ModelObject* object = context().model.find(1);
-    const auto offered = refhost::offeredFields({object});
+    const kpFormats::ModelObject* object = context().model.find(1);
+    const auto offered = kpFormats::offeredFields({object});
     for (auto step : state) {
-        refhost::AsciiProfile profile;
+        kpFormats::AsciiProfile profile;
         profile.start({object}, offered,
                       {QStringLiteral(","), QStringLiteral(";"), QStringLiteral(" "), QStringLiteral("\t")});
         while (!profile.advance(8)) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/jobs/ExportFormat.h"
+#include "export/ExportFormat.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -21,14 +21,14 @@ constexpr int lines = 100000;
 constexpr int vertices = 20;
 
 /// The lines as objects; \a scale is that of the coordinates, about \a x, \a y.
-inline std::vector<refhost::ModelObject> make(double x, double y, double scale, const QString& crs)
+inline std::vector<kpFormats::ModelObject> make(double x, double y, double scale, const QString& crs)
 {
     std::mt19937_64 random(1);
     std::uniform_real_distribution<double> part(-1, 1);
-    std::vector<refhost::ModelObject> made(lines);
+    std::vector<kpFormats::ModelObject> made(lines);
     for (int line = 0; line < lines; ++line) {
-        refhost::ModelObject& object = made[static_cast<std::size_t>(line)];
-        object.type = refhost::ObjectType::Polylines;
+        kpFormats::ModelObject& object = made[static_cast<std::size_t>(line)];
+        object.type = kpFormats::ObjectType::Polylines;
         object.name = QStringLiteral("Line %1").arg(line);
         object.set = QStringLiteral("Lines");
         object.color = QColor(line % 256, 100, 50);
@@ -62,16 +62,16 @@ inline void countBytes(benchmark::State& state, const QString& path)
 }
 
 /// The whole saver, as the command line and the wizard call it.
-inline void saver(benchmark::State& state, refhost::ExportFormat& format,
-                  const std::vector<refhost::ModelObject>& objects, const QString& path)
+inline void saver(benchmark::State& state, kpFormats::ExportFormat& format,
+                  const std::vector<kpFormats::ModelObject>& objects, const QString& path)
 {
-    refhost::ExportSelection selection;
+    kpFormats::ExportSelection selection;
     selection.path = path;
-    for (const refhost::ModelObject& object : objects)
+    for (const kpFormats::ModelObject& object : objects)
         selection.objects.push_back(&object);
-    const refhost::PlannedFile file{path, selection.objects};
+    const kpFormats::PlannedFile file{path, selection.objects};
     for (auto step : state) {
-        refhost::ExportReport report;
+        kpFormats::ExportReport report;
         if (format.write(file, path, selection, report, nullptr) != lines)
             state.SkipWithError("not everything was written");
     }
@@ -79,7 +79,7 @@ inline void saver(benchmark::State& state, refhost::ExportFormat& format,
 }
 
 /// A GDAL driver through its C++ API.
-inline void gdal(benchmark::State& state, const char* driverName, const std::vector<refhost::ModelObject>& objects,
+inline void gdal(benchmark::State& state, const char* driverName, const std::vector<kpFormats::ModelObject>& objects,
                  const QString& path)
 {
     GDALAllRegister();
@@ -89,7 +89,7 @@ inline void gdal(benchmark::State& state, const char* driverName, const std::vec
         GDALDatasetUniquePtr dataset(driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
         OGRLayer* layer = dataset->CreateLayer("lines", nullptr, wkbLineString25D, nullptr);
         const int name = layer->GetLayerDefn()->GetFieldIndex("Name");
-        for (const refhost::ModelObject& object : objects) {
+        for (const kpFormats::ModelObject& object : objects) {
             const OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(layer->GetLayerDefn()));
             if (name >= 0)
                 feature->SetField(name, object.name.toUtf8().constData());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A hundred thousand objects: the list of the wizard's first page, and the naming of a file for each.
-#include "app/ui/ExportWizard.h"
-#include "app/ui/HostContext.h"
 #include "core/saver/FileNaming.h"
+#include "window/ExportWizard.h"
+#include "window/HostContext.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -22,9 +22,9 @@ refhost::HostContext& context()
     if (made.model.objects().empty()) {
         const auto zero = std::make_shared<const std::vector<double>>(1, 0.0);
         for (int index = 0; index < objects; ++index) {
-            refhost::ModelObject object;
+            kpFormats::ModelObject object;
             object.name = QStringLiteral("Object %1").arg((index * 7919) % objects);
-            object.type = index % 2 ? refhost::ObjectType::Polylines : refhost::ObjectType::Wells;
+            object.type = index % 2 ? kpFormats::ObjectType::Polylines : kpFormats::ObjectType::Wells;
             object.x = object.y = object.z = zero;
             made.model.add(std::move(object));
         }

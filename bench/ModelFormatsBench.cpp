@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Surfaces, meshes and cell grids of ten thousand to a million nodes or cells as GOCAD, OFF, ZMap+ and GRDECL, with
 // fprintf and GDAL's ZMap driver on the same values in the same run.
-#include "app/savers/gocad/GocadFormat.h"
-#include "app/savers/grdecl/GrdeclFormat.h"
-#include "app/savers/off/OffFormat.h"
-#include "app/savers/zmap/ZMapFormat.h"
+#include "formats/gocad/GocadFormat.h"
+#include "formats/grdecl/GrdeclFormat.h"
+#include "formats/off/OffFormat.h"
+#include "formats/zmap/ZMapFormat.h"
 
 #include <QTemporaryDir>
 
@@ -18,7 +18,7 @@
 namespace
 {
 
-using namespace refhost;
+using namespace kpFormats;
 
 QString outputPath()
 {

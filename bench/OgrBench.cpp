@@ -2,10 +2,10 @@
 // Shapefile and MapInfo TAB with 200,000 features and 6 attributes: a bare loop on GDAL's C++ API, our exporter with its
 // layers at hand, and the saver of the program from the model to the checked file. All in one run, on the same values,
 // with the same fields and options.
-#include "app/jobs/ExportReport.h"
-#include "app/readers/GdalSession.h"
-#include "app/savers/ogr/ShpFormat.h"
-#include "app/savers/ogr/TabFormat.h"
+#include "export/ExportReport.h"
+#include "formats/ogr/ShpFormat.h"
+#include "formats/ogr/TabFormat.h"
+#include "geo/GdalSession.h"
 #include "ogr/OGRExporter.h"
 
 #include <QFileInfo>
@@ -21,7 +21,7 @@
 namespace
 {
 
-using namespace refhost;
+using namespace kpFormats;
 using kpBaseExport::OGRAttributeInfo;
 using kpBaseExport::OGRExporter;
 using kpBaseExport::OGRExporterOptions;

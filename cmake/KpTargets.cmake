@@ -21,14 +21,35 @@ function(kp_qt_target name)
         AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/forms)
 endfunction()
 
-# kp_folder(name SOURCES ... LINK ...): one folder of the library as an OBJECT target.
-# Every folder is part of the one shared library, so it exports with KPBASEEXPORT_LIBRARY.
+# kp_folder(name LIBRARY lib SOURCES ... LINK ...): one room of the house as an OBJECT target that goes into that shared
+# library. Without LIBRARY it belongs to the program.
 function(kp_folder name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "LIBRARY" "SOURCES;LINK" ${ARGN})
     add_library(${name} OBJECT ${ARG_SOURCES})
     kp_qt_target(${name})
-    target_compile_definitions(${name} PRIVATE KPBASEEXPORT_LIBRARY)
     target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(${name} PRIVATE kpCommon PUBLIC ${ARG_LINK})
-    set_property(GLOBAL APPEND PROPERTY KP_FOLDERS ${name})
+    if(ARG_LIBRARY)
+        string(TOUPPER ${ARG_LIBRARY} macro)
+        target_compile_definitions(${name} PRIVATE ${macro}_LIBRARY)
+        set_property(GLOBAL APPEND PROPERTY KP_ROOMS_OF_${ARG_LIBRARY} ${name})
+    endif()
+endfunction()
+
+# kp_library(name LINK ...): the shared library made of its rooms. It links nothing that its rooms may not use, and
+# leaves no symbol open, so the linker proves what docs/architecture.md draws.
+function(kp_library name)
+    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    get_property(rooms GLOBAL PROPERTY KP_ROOMS_OF_${name})
+    add_library(${name} SHARED)
+    add_library(kpBaseExport::${name} ALIAS ${name})
+    foreach(room IN LISTS rooms)
+        target_sources(${name} PRIVATE $<TARGET_OBJECTS:${room}>)
+    endforeach()
+    target_include_directories(${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kpBaseExport>)
+    target_link_libraries(${name} PRIVATE kpCommon PUBLIC ${ARG_LINK})
+    if(NOT KP_SANITIZE)
+        target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    endif()
 endfunction()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/kpBaseExportCoreExport.h"
 
 #include <string>
 #include <vector>
@@ -17,7 +17,7 @@ namespace kpBaseExport
 /// The record through which one model object reaches a writer: a name and four lists of matrices.
 /// The record owns every matrix in its lists and deletes it in clearData() or when it is destroyed;
 /// null entries are skipped. It cannot be copied, so that each matrix has one owner.
-class KPBASEEXPORT_EXPORT GeoObject
+class KPBASEEXPORTCORE_EXPORT GeoObject
 {
 public:
     using MatrixList = std::vector<kpBase::MatrixData*>;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/kpBaseExportCoreExport.h"
 
 #include <QString>
 
@@ -23,7 +23,7 @@ class GeoObject;
 ///
 /// A saver fills geoObject(), sets the public settings and calls write(fileName); for several objects in one
 /// file it calls fileOpen(), then writeHeader() and writeGeo() for each object, then fileClose().
-class KPBASEEXPORT_EXPORT MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT MatrixDataExporter
 {
 public:
     /// One output field of a table of vertices.

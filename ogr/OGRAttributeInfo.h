@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/kpBaseExportCoreExport.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@ namespace kpBaseExport
 {
 
 /// One attribute column of a layer. The writer handles OFTInteger, OFTReal, OFTString and OFTStringList.
-class KPBASEEXPORT_EXPORT OGRAttributeInfo
+class KPBASEEXPORTCORE_EXPORT OGRAttributeInfo
 {
 public:
     OGRAttributeInfo() = default;

@@ -19,7 +19,7 @@ namespace kpBaseExport
 
 /// Writes layers through any OGR driver, one file per layer. The host has registered GDAL's drivers before.
 /// A single layer goes to fileName; each of several to fileName with the suffix of its geometry type.
-class KPBASEEXPORT_EXPORT OGRExporter : public MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT OGRExporter : public MatrixDataExporter
 {
 public:
     /// \a driver is the driver's name, such as "ESRI Shapefile". The progress is told whole percentages of each layer.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/kpBaseExportCoreExport.h"
 
 #include <QVariant>
 #include <QVector>
@@ -12,7 +12,7 @@ namespace kpBaseExport
 {
 
 /// One feature of a layer: its vertices and its attribute values. A plain value; copies share their data.
-class KPBASEEXPORT_EXPORT OGRFeatureDetails
+class KPBASEEXPORTCORE_EXPORT OGRFeatureDetails
 {
 public:
     OGRFeatureDetails() = default;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/kpBaseExportCoreExport.h"
 
 namespace kpBaseExport
 {
@@ -9,7 +9,7 @@ namespace kpBaseExport
 class OGRFeatureDetails;
 
 /// Features that are made one at a time, when the writer asks for them.
-class KPBASEEXPORT_EXPORT OGRFeatureSource
+class KPBASEEXPORTCORE_EXPORT OGRFeatureSource
 {
 public:
     OGRFeatureSource() = default;

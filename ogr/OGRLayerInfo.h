@@ -14,7 +14,7 @@ namespace kpBaseExport
 {
 
 /// One layer, written to one file: its features, all of one geometry type, and its attribute columns.
-class KPBASEEXPORT_EXPORT OGRLayerInfo
+class KPBASEEXPORTCORE_EXPORT OGRLayerInfo
 {
 public:
     OGRLayerInfo() = default;

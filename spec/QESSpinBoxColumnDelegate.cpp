@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "spec/QESSpinBoxColumnDelegate.h"
 
-#include "spec/FieldLayout.h"
 #include "spec/QExportSpecification.h"
+#include "spec/layout/FieldLayout.h"
 
 #include <QSpinBox>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
-#include "spec/FieldLayout.h"
-#include "spec/QESAttribute.h"
+#include "core/saver/kpBaseExportExport.h"
+#include "spec/layout/FieldLayout.h"
+#include "spec/layout/QESAttribute.h"
 
 // The editor is its form: hosts derive from it and reach the controls. Generated into the public include folder.
 #include "ui_QExportSpecification.h"

@@ -16,7 +16,7 @@ namespace kpBaseExport
 /// (right-aligned; what is too long is cut and ends in "*") or joined by a separator.
 ///
 /// With a progress object the writer reports whole percentages of each object and stops when the user cancels.
-class KPBASEEXPORT_EXPORT MatrixDataAsciiExporter : public MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT MatrixDataAsciiExporter : public MatrixDataExporter
 {
 public:
     enum Mode : int { ColumnBased = 0, FieldBased = 1 };

@@ -9,7 +9,7 @@ namespace kpBaseExport
 /// Gives a DXF file its frame: fileOpen() leaves the file inside an open ENTITIES section, fileClose() closes the
 /// section and the file. The entities between come from a derived writer. The file states no version, so readers
 /// take it as release 12 (AutoCAD DXF Reference, "ASCII DXF Files").
-class KPBASEEXPORT_EXPORT MatrixDataDXFExporter : public MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT MatrixDataDXFExporter : public MatrixDataExporter
 {
 public:
     explicit MatrixDataDXFExporter(const QString& file = QString());

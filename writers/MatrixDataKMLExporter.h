@@ -16,7 +16,7 @@ namespace kpBaseExport
 /// Writes a KML 2.1 document: folders, placemarks, ground overlays (KML 2.1 Reference, kml21.xsd).
 /// Positions are QPointF with x = latitude and y = longitude, in decimal degrees. Names stand in CDATA sections;
 /// texts are written as they are. Folders are closed by whoever opened them.
-class KPBASEEXPORT_EXPORT MatrixDataKMLExporter : public MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT MatrixDataKMLExporter : public MatrixDataExporter
 {
 public:
     explicit MatrixDataKMLExporter(const QString& file = QString());

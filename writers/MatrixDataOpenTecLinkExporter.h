@@ -17,7 +17,7 @@ namespace kpBaseExport
 /// segment per line drawn on it, from the record's section list. Lengths are metres, depth is positive downwards.
 ///
 /// With a progress object the writer reports whole percentages of the record's points and stops when the user cancels.
-class KPBASEEXPORT_EXPORT MatrixDataOpenTecLinkExporter : public MatrixDataExporter
+class KPBASEEXPORTCORE_EXPORT MatrixDataOpenTecLinkExporter : public MatrixDataExporter
 {
 public:
     explicit MatrixDataOpenTecLinkExporter(const QString& file = QString(),

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/kpBaseExportExport.h"
+#include "core/saver/kpBaseExportExport.h"
 #include "host/data/kpAbstractFactory.h"
 
 #include <boost/shared_ptr.hpp>

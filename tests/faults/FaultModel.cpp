@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/faults/FaultModel.h"
 
-#include "tests/app/FileContent.h"
+#include "tests/support/FileContent.h"
 
 #include <QDir>
 #include <QFile>

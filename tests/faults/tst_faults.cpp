@@ -4,7 +4,7 @@
 // KP_RELIABILITY_TABLE set to a path, what was tried and what came of it is written there as a table.
 #include "tests/faults/FaultModel.h"
 
-#include "tests/app/FileContent.h"
+#include "tests/support/FileContent.h"
 
 #include <QCryptographicHash>
 #include <QDir>

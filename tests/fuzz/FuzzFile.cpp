@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fuzz/FuzzFile.h"
 
-#include "tests/app/FileContent.h"
+#include "tests/support/FileContent.h"
 
 #include <QTemporaryDir>
 

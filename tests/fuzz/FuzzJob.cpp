@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/commands/JobFile.h"
+#include "cli/JobFile.h"
 #include "tests/fuzz/FuzzFile.h"
 
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Format files: what is stored comes back, what is wrong is refused with its line.
 #include "host/data/FormatFile.h"
-#include "tests/app/FileContent.h"
+#include "tests/support/FileContent.h"
 
 #include <QtTest>
 

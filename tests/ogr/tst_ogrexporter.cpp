@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Layers written by OGRExporter, read back through a fresh OGR open.
 #include "ogr/OGRExporter.h"
-#include "tests/app/CancelAt.h"
 #include "tests/ogr/ReadBack.h"
+#include "tests/support/CancelAt.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>

@@ -3,9 +3,9 @@
 #include "tests/sheets/SheetsUnderTest.h"
 
 #include "host/ui/QUnitDoubleSpinBox.h"
-#include "tests/TestSettings.h"
-#include "tests/app/FileContent.h"
 #include "tests/core/TestFactories.h"
+#include "tests/support/FileContent.h"
+#include "tests/support/TestSettings.h"
 #include "tests/wizard/FileDialog.h"
 #include "tests/wizard/WizardUnderTest.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The ASCII page of the library in a real wizard, and what it hands to the writer.
-#include "spec/FieldLayout.h"
 #include "spec/QExportSheetAscii.h"
 #include "spec/SeparatorCode.h"
+#include "spec/layout/FieldLayout.h"
 #include "tests/core/TestFactories.h"
 #include "tests/spec/SpecificationEditor.h"
 #include "tests/wizard/WizardUnderTest.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The layout editor: how its lists stay the same, the controls, the mouse, the files.
 #include "host/data/FormatFile.h"
-#include "tests/TestSettings.h"
-#include "tests/app/FileContent.h"
 #include "tests/spec/SpecificationEditor.h"
+#include "tests/support/FileContent.h"
+#include "tests/support/TestSettings.h"
 #include "tests/wizard/WizardUnderTest.h"
 
 #include <memory>

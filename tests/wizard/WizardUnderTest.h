@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/Child.h"
+#include "tests/support/Child.h"
 #include "wizard/QExportSheetObjectSelection.h"
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"

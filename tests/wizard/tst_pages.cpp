@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The wizard's pages by themselves.
-#include "tests/TestSettings.h"
 #include "tests/core/TestFactories.h"
+#include "tests/support/TestSettings.h"
 #include "tests/wizard/FileDialog.h"
 #include "tests/wizard/WizardUnderTest.h"
 #include "wizard/QExportAttributeSheet.h"

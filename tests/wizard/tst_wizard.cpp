@@ -2,8 +2,8 @@
 // The wizard with real savers and pages: sequence of pages, save run, questions answered in the real boxes.
 #include "core/saver/QExportAbstractOptionSheet.h"
 #include "host/ui/WizardProgress.h"
-#include "tests/app/FileContent.h"
 #include "tests/core/TestFactories.h"
+#include "tests/support/FileContent.h"
 #include "tests/wizard/WizardUnderTest.h"
 
 #include <QtTest>

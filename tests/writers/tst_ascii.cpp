@@ -3,8 +3,8 @@
 #include "core/GeoObject.h"
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
-#include "tests/app/CancelAt.h"
-#include "tests/app/FileContent.h"
+#include "tests/support/CancelAt.h"
+#include "tests/support/FileContent.h"
 #include "writers/FixedNumber.h"
 #include "writers/MatrixDataAsciiExporter.h"
 

@@ -4,7 +4,7 @@
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
 #include "host/data/kpProductInfo.h"
-#include "tests/app/FileContent.h"
+#include "tests/support/FileContent.h"
 #include "writers/MatrixDataDXFExporter.h"
 #include "writers/MatrixDataKMLExporter.h"
 #include "writers/MatrixDataOpenTecLinkExporter.h"

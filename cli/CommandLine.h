@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cli/refhost.h"
+
+#include <QStringList>
+
+namespace refhost
+{
+
+/// Exit codes of the program.
+enum ExitCode { AllWritten = 0, NotAllWritten = 1, WrongUse = 2, NothingMatched = 3, Cancelled = 4, SomethingLost = 5 };
+
+/// Runs formats, inspect, export, run, --version or --help. Never throws, never opens a dialog.
+int runCommand(const QStringList& arguments);
+
+/// Prints "kpexport: error: TEXT" on standard error.
+void printError(const QString& text);
+/// Prints a line on standard output.
+void printLine(const QString& text);
+
+} // namespace refhost

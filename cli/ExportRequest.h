@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cli/refhost.h"
+
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace refhost
+{
+
+/// Everything that an export from the command line or from a job file is made of.
+struct ExportRequest
+{
+    QStringList models;
+    QString format;
+    QString output;
+    QStringList objects;       ///< names, globs or "id:NUMBER"; all when empty
+    QStringList types;         ///< type keys; all when empty
+    QStringList attributes;    ///< all when empty
+    bool noAttributes = false; ///< coordinates only
+    QString layout;            ///< layout file of the ASCII format; none when empty
+    QVector<QPair<QString, QString>> settings;
+    bool overwrite = false;
+    bool strict = false;
+    bool quiet = false;
+    bool verify = false; ///< read each file again before it replaces an earlier one
+    bool dryRun = false; ///< only say what would be written
+    QString report;
+};
+
+} // namespace refhost

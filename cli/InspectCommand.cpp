@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "cli/InspectCommand.h"
+
+#include "cli/CommandLine.h"
+#include "export/ExportFormat.h"
+#include "geo/CoordinateSystems.h"
+#include "readers/LoadError.h"
+#include "readers/ModelLoader.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cmath>
+
+namespace refhost
+{
+
+namespace
+{
+
+const char* kindName(AttributeKind kind)
+{
+    switch (kind) {
+    case AttributeKind::Real:
+        return "real";
+    case AttributeKind::Integer:
+        return "integer";
+    case AttributeKind::Text:
+        return "text";
+    case AttributeKind::Boolean:
+        return "boolean";
+    case AttributeKind::Color:
+        return "color";
+    }
+    return "text";
+}
+
+QJsonObject attributeJson(const QString& name, AttributeKind kind, const QString& unit)
+{
+    return {{QStringLiteral("name"), name},
+            {QStringLiteral("type"), QLatin1String(kindName(kind))},
+            {QStringLiteral("unit"), unit}};
+}
+
+QJsonArray extentOf(const Numbers& numbers)
+{
+    double least = INFINITY;
+    double most = -INFINITY;
+    for (const double number : *numbers) {
+        if (std::isfinite(number)) {
+            least = std::min(least, number);
+            most = std::max(most, number);
+        }
+    }
+    return least > most ? QJsonArray() : QJsonArray{least, most};
+}
+
+QJsonObject objectJson(const ModelObject& object)
+{
+    QJsonArray attributes;
+    for (const AttributeColumn& column : object.vertexAttributes)
+        attributes.append(attributeJson(column.name, column.kind, column.unit));
+    if (object.cells) {
+        for (const AttributeColumn& column : object.cells->cellAttributes)
+            attributes.append(attributeJson(column.name, column.kind, column.unit));
+    }
+    for (const ObjectAttribute& attribute : object.objectAttributes)
+        attributes.append(attributeJson(attribute.name, attribute.kind, attribute.unit));
+    return {{QStringLiteral("id"), object.id},
+            {QStringLiteral("name"), object.name},
+            {QStringLiteral("type"), QString::fromStdString(typeKey(object.type))},
+            {QStringLiteral("set"), object.set},
+            {QStringLiteral("vertices"), object.vertexCount()},
+            {QStringLiteral("parts"), static_cast<int>(object.parts.size())},
+            {QStringLiteral("attributes"), attributes},
+            {QStringLiteral("x"), extentOf(object.x)},
+            {QStringLiteral("y"), extentOf(object.y)},
+            {QStringLiteral("z"), object.hasZ ? extentOf(object.z) : QJsonArray()},
+            {QStringLiteral("lengthUnit"), object.lengthUnit},
+            {QStringLiteral("crs"), crsName(object.crs)}};
+}
+
+QString range(const QJsonObject& object, const char* axis)
+{
+    const QJsonArray extent = object.value(QLatin1String(axis)).toArray();
+    if (extent.isEmpty())
+        return QStringLiteral("%1 -").arg(QLatin1String(axis));
+    return QStringLiteral("%1 %2 .. %3")
+        .arg(QLatin1String(axis))
+        .arg(extent[0].toDouble(), 0, 'f', 2)
+        .arg(extent[1].toDouble(), 0, 'f', 2);
+}
+
+QString textOf(const QJsonObject& object)
+{
+    QStringList attributes;
+    for (const QJsonValue& value : object.value(QLatin1String("attributes")).toArray()) {
+        const QJsonObject attribute = value.toObject();
+        attributes.append(QStringLiteral("%1 (%2)").arg(attribute.value(QLatin1String("name")).toString(),
+                                                        attribute.value(QLatin1String("type")).toString()));
+    }
+    const QString crs = object.value(QLatin1String("crs")).toString();
+    return QStringLiteral("%1\t%2\t%3\t%4 vertices\t%5, %6, %7\t%8\t%9")
+        .arg(QString::number(object.value(QLatin1String("id")).toInt()), object.value(QLatin1String("name")).toString(),
+             object.value(QLatin1String("type")).toString(),
+             QString::number(object.value(QLatin1String("vertices")).toInt()), range(object, "x"), range(object, "y"),
+             range(object, "z"), crs.isEmpty() ? QStringLiteral("no coordinate system") : crs,
+             attributes.join(QStringLiteral(", ")));
+}
+
+bool parse(QCommandLineParser& parser, const QStringList& arguments)
+{
+    if (parser.parse(QStringList(QStringLiteral("kpexport")) + arguments))
+        return true;
+    printError(parser.errorText());
+    return false;
+}
+
+} // namespace
+
+int inspectCommand(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.addOption({QStringLiteral("json"), QString()});
+    if (!parse(parser, arguments))
+        return WrongUse;
+    if (parser.positionalArguments().isEmpty()) {
+        printError(QStringLiteral("inspect: no file is named (give one or more)"));
+        return WrongUse;
+    }
+    Model model;
+    try {
+        for (const QString& path : parser.positionalArguments())
+            loadInto(model, path);
+    } catch (const LoadError& error) {
+        printError(QString::fromUtf8(error.what()));
+        return NotAllWritten;
+    }
+    QJsonArray objects;
+    for (const ModelObject& object : model.objects())
+        objects.append(objectJson(object));
+    if (parser.isSet(QStringLiteral("json"))) {
+        printLine(QString::fromUtf8(QJsonDocument(objects).toJson().trimmed()));
+    } else {
+        for (const QJsonValue& object : objects)
+            printLine(textOf(object.toObject()));
+    }
+    return AllWritten;
+}
+
+int formatsCommand(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.addOption({QStringLiteral("json"), QString()});
+    if (!parse(parser, arguments))
+        return WrongUse;
+    QJsonArray all;
+    for (const auto& format : makeFormats()) {
+        const FormatInfo info = format->info();
+        const SettingsMap map = format->settings();
+        QStringList types;
+        for (const ObjectType type : info.types)
+            types.append(QString::fromStdString(typeKey(type)));
+        QJsonArray settings;
+        if (!parser.isSet(QStringLiteral("json")))
+            printLine(QStringLiteral("%1\t%2\t%3\t%4")
+                          .arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
+        for (const Setting& setting : map.settings()) {
+            static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
+            const QString allowed = setting.kind == Setting::Choice ? setting.choices.join(QStringLiteral(", "))
+                                                                    : QString::fromLatin1(kinds[setting.kind]);
+            settings.append(QJsonObject{{QStringLiteral("key"), setting.key},
+                                        {QStringLiteral("type"), QLatin1String(kinds[setting.kind])},
+                                        {QStringLiteral("choices"), QJsonArray::fromStringList(setting.choices)},
+                                        {QStringLiteral("default"), setting.get()},
+                                        {QStringLiteral("description"), setting.description}});
+            if (!parser.isSet(QStringLiteral("json")))
+                printLine(QStringLiteral("    %1 = %2\t%3 (%4)")
+                              .arg(setting.key, setting.get(), setting.description, allowed));
+        }
+        if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
+            printLine(
+                QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
+        all.append(QJsonObject{{QStringLiteral("key"), info.key},
+                               {QStringLiteral("layout"), info.takesLayout},
+                               {QStringLiteral("name"), info.displayName},
+                               {QStringLiteral("extension"), info.defaultExtension},
+                               {QStringLiteral("patterns"), info.patterns},
+                               {QStringLiteral("types"), QJsonArray::fromStringList(types)},
+                               {QStringLiteral("settings"), settings}});
+    }
+    if (parser.isSet(QStringLiteral("json")))
+        printLine(QString::fromUtf8(QJsonDocument(all).toJson().trimmed()));
+    return AllWritten;
+}
+
+} // namespace refhost

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "cli/JobFile.h"
+
+#include "cli/CommandLine.h"
+#include "cli/ExportCommand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <stdexcept>
+
+namespace refhost
+{
+
+namespace
+{
+
+constexpr qint64 largestJobFile = 16 * 1024 * 1024;
+
+[[noreturn]] void fail(const QString& path, const QString& cause, const QString& cure)
+{
+    throw std::invalid_argument(QStringLiteral("%1: %2 (%3)").arg(path, cause, cure).toStdString());
+}
+
+QStringList textList(const QString& path, const QString& key, const QJsonValue& value)
+{
+    QStringList list;
+    if (value.isString())
+        return {value.toString()};
+    for (const QJsonValue& entry : value.toArray()) {
+        if (!entry.isString())
+            fail(path, QStringLiteral("\"%1\" holds something that is no text").arg(key),
+                 QStringLiteral("give a list of texts"));
+        list.append(entry.toString());
+    }
+    if (list.isEmpty())
+        fail(path, QStringLiteral("\"%1\" is no list of texts").arg(key), QStringLiteral("give a list of texts"));
+    return list;
+}
+
+QString text(const QString& path, const QString& key, const QJsonValue& value)
+{
+    if (!value.isString())
+        fail(path, QStringLiteral("\"%1\" is no text").arg(key), QStringLiteral("put its value in quotes"));
+    return value.toString();
+}
+
+bool truth(const QString& path, const QString& key, const QJsonValue& value)
+{
+    if (!value.isBool())
+        fail(path, QStringLiteral("\"%1\" is neither true nor false").arg(key), QStringLiteral("give one of them"));
+    return value.toBool();
+}
+
+QString settingText(const QJsonValue& value)
+{
+    return value.toVariant().toString();
+}
+
+ExportRequest requestOf(const QString& path, const QJsonObject& job)
+{
+    const QDir folder = QFileInfo(path).absoluteDir();
+    ExportRequest request;
+    for (auto member = job.begin(); member != job.end(); ++member) {
+        const QString key = member.key();
+        const QJsonValue value = member.value();
+        if (key == QLatin1String("models")) {
+            for (const QString& model : textList(path, key, value))
+                request.models.append(folder.filePath(model));
+        } else if (key == QLatin1String("format")) {
+            request.format = text(path, key, value);
+        } else if (key == QLatin1String("output")) {
+            request.output = folder.filePath(text(path, key, value));
+        } else if (key == QLatin1String("report")) {
+            request.report = folder.filePath(text(path, key, value));
+        } else if (key == QLatin1String("layout")) {
+            request.layout = folder.filePath(text(path, key, value));
+        } else if (key == QLatin1String("objects")) {
+            request.objects = textList(path, key, value);
+        } else if (key == QLatin1String("types")) {
+            request.types = textList(path, key, value);
+        } else if (key == QLatin1String("attributes")) {
+            request.attributes = textList(path, key, value);
+        } else if (key == QLatin1String("overwrite")) {
+            request.overwrite = truth(path, key, value);
+        } else if (key == QLatin1String("strict")) {
+            request.strict = truth(path, key, value);
+        } else if (key == QLatin1String("noAttributes")) {
+            request.noAttributes = truth(path, key, value);
+        } else if (key == QLatin1String("verify")) {
+            request.verify = truth(path, key, value);
+        } else if (key == QLatin1String("dryRun")) {
+            request.dryRun = truth(path, key, value);
+        } else if (key == QLatin1String("quiet")) {
+            request.quiet = truth(path, key, value);
+        } else if (key == QLatin1String("settings")) {
+            const QJsonObject settings = value.toObject();
+            for (auto setting = settings.begin(); setting != settings.end(); ++setting)
+                request.settings.append({setting.key(), settingText(setting.value())});
+        } else {
+            fail(path, QStringLiteral("\"%1\" is not known").arg(key),
+                 QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, "
+                                "settings, overwrite, strict, verify, dryRun, quiet, report"));
+        }
+    }
+    return request;
+}
+
+QJsonObject readJob(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        fail(path, QStringLiteral("the job file cannot be read"), QStringLiteral("check the path and its permissions"));
+    if (file.size() > largestJobFile)
+        fail(path, QStringLiteral("the file is larger than a job file can be"), QStringLiteral("check the path"));
+    const QByteArray content = file.readAll();
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject())
+        fail(path,
+             QStringLiteral("line %1: %2").arg(content.left(error.offset).count('\n') + 1).arg(error.errorString()),
+             QStringLiteral("correct the JSON there"));
+    return document.object();
+}
+
+} // namespace
+
+ExportRequest readJobFile(const QString& path)
+{
+    return requestOf(path, readJob(path));
+}
+
+int jobCommand(const QStringList& arguments)
+{
+    if (arguments.size() != 1) {
+        printError(QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
+        return WrongUse;
+    }
+    try {
+        return runRequest(readJobFile(arguments.first()));
+    } catch (const std::invalid_argument& error) {
+        printError(QString::fromUtf8(error.what()));
+        return WrongUse;
+    }
+}
+
+} // namespace refhost

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelObject.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace kpFormats
+{
+
+/// What to export and where to.
+struct ExportSelection
+{
+    std::vector<const ModelObject*> objects;
+    std::optional<QStringList> attributes; ///< only these; all when not set
+    QString path;                          ///< as the user gave it
+    bool verify = false;                   ///< read each file again before it replaces an earlier one
+
+    bool wantsAttribute(const QString& name) const { return !attributes || attributes->contains(name); }
+};
+
+} // namespace kpFormats

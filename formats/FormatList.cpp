@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "export/ExportFormat.h"
+#include "formats/ascii/AsciiFormat.h"
+#include "formats/dxf/DxfFormat.h"
+#include "formats/gocad/GocadFormat.h"
+#include "formats/grdecl/GrdeclFormat.h"
+#include "formats/kml/KmlFormat.h"
+#include "formats/off/OffFormat.h"
+#include "formats/ogr/GeoJsonFormat.h"
+#include "formats/ogr/GpkgFormat.h"
+#include "formats/ogr/ShpFormat.h"
+#include "formats/ogr/TabFormat.h"
+#include "formats/opentec/OpenTecFormat.h"
+#include "formats/zmap/ZMapFormat.h"
+
+namespace kpFormats
+{
+
+std::vector<std::unique_ptr<ExportFormat>> makeFormats()
+{
+    std::vector<std::unique_ptr<ExportFormat>> formats;
+    formats.push_back(std::make_unique<AsciiFormat>());
+    formats.push_back(std::make_unique<KmlFormat>());
+    formats.push_back(std::make_unique<DxfFormat>());
+    formats.push_back(std::make_unique<OpenTecFormat>());
+    formats.push_back(std::make_unique<ShpFormat>());
+    formats.push_back(std::make_unique<TabFormat>());
+    formats.push_back(std::make_unique<GpkgFormat>());
+    formats.push_back(std::make_unique<GeoJsonFormat>());
+    formats.push_back(std::make_unique<GocadFormat>());
+    formats.push_back(std::make_unique<OffFormat>());
+    formats.push_back(std::make_unique<ZMapFormat>());
+    formats.push_back(std::make_unique<GrdeclFormat>());
+    return formats;
+}
+
+} // namespace kpFormats

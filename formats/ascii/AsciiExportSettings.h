@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FileGrouping.h"
+
+#include <QString>
+
+namespace kpFormats
+{
+
+/// How an ASCII export looks.
+struct AsciiExportSettings
+{
+    enum class Mode { Separated, Columns };
+    enum class Separator { Blank, Tab, Comma, Semicolon, Custom };
+    enum class Preset { None, Surfer, GsPlus, ArcView };
+
+    Mode mode = Mode::Separated;                  ///< values joined by a separator, or in fixed columns
+    Separator separator = Separator::Comma;       ///< between values
+    QString customSeparator;                      ///< text of the custom separator
+    bool header = true;                           ///< a line with the names of the fields
+    Preset preset = Preset::None;                 ///< header of another program; also sets the separator
+    int decimals = 3;                             ///< of coordinates and real attributes
+    bool writeNullValue = true;                   ///< write nullValue for a missing number; else 0 stands there
+    QString nullValue = QStringLiteral("99999");  ///< text of a missing number
+    bool lineBreaks = false;                      ///< object name before and an empty line after each object
+    bool zIsElevation = true;                     ///< false: z is written as depth, positive down
+    FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set
+};
+
+} // namespace kpFormats

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/ascii/AsciiExportSettings.h"
+#include "formats/ascii/AsciiProfile.h"
+#include "model/kpFormatsExport.h"
+
+namespace kpFormats
+{
+
+/// A choice that harms the file, in words, and what would cure it.
+struct KPFORMATS_EXPORT AsciiHint
+{
+    enum Cure {
+        None,
+        UseSeparator, ///< number: the AsciiExportSettings::Separator
+        UseColumns,   ///< fixed columns in place of a separator
+        UseNullValue, ///< text: another null value
+        WriteNull,    ///< switch the null value on
+        Widen,        ///< field: row; number: the width that its values need
+        UseDecimals,  ///< number: decimals of X, Y and Z
+        NoPreset
+    };
+
+    QString text;
+    QString cureText; ///< on the button; empty when there is no cure
+    Cure cure = None;
+    int field = -1;
+    int number = 0;
+    QString newText;
+};
+
+/// What the values of the chosen objects have against a layout. \a fields are laid out; the profile is done.
+KPFORMATS_EXPORT std::vector<AsciiHint> asciiHints(const AsciiProfile& profile, const AsciiExportSettings& settings,
+                                                   const QVector<kpBaseExport::QESAttribute>& fields);
+
+/// Characters that the longest value of a field, or its name in the header, takes.
+KPFORMATS_EXPORT int widthNeeded(const AsciiProfile& profile, const AsciiExportSettings& settings,
+                                 const kpBaseExport::QESAttribute& field);
+
+/// The separators whose texts a profile must look for.
+KPFORMATS_EXPORT QStringList separatorsToLookFor(const AsciiExportSettings& settings);
+
+} // namespace kpFormats

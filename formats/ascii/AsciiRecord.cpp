@@ -1,0 +1,387 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ascii/AsciiRecord.h"
+
+#include "formats/ascii/ConstantMatrixData.h"
+#include "formats/ascii/GridIndexMatrix.h"
+#include "host/data/DoubleMatrixData.h"
+#include "host/data/VariantMatrixData.h"
+#include "spec/layout/FieldLayout.h"
+
+#include <QColor>
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+using kpBase::DoubleMatrixData;
+using kpBase::MatrixData;
+using kpBaseExport::GeoObject;
+
+/// The name under which an attribute is written: the writer takes x, y and z for the coordinates.
+QString fieldName(const QString& attribute)
+{
+    static const QStringList coordinates{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")};
+    return coordinates.contains(attribute.toLower()) ? attribute + QStringLiteral(" (attribute)") : attribute;
+}
+
+int matrixType(AttributeKind kind)
+{
+    switch (kind) {
+    case AttributeKind::Real:
+        return MatrixData::Double;
+    case AttributeKind::Integer:
+    case AttributeKind::Boolean:
+        return MatrixData::Int;
+    case AttributeKind::Color:
+        return MatrixData::Color;
+    case AttributeKind::Text:
+        return MatrixData::String;
+    }
+    return MatrixData::String;
+}
+
+const AttributeColumn* vertexAttribute(const ModelObject& object, const QString& name)
+{
+    const auto found = std::find_if(object.vertexAttributes.begin(), object.vertexAttributes.end(),
+                                    [&name](const AttributeColumn& column) { return column.name == name; });
+    return found == object.vertexAttributes.end() ? nullptr : &*found;
+}
+
+const ObjectAttribute* objectAttribute(const ModelObject& object, const QString& name)
+{
+    const auto found = std::find_if(object.objectAttributes.begin(), object.objectAttributes.end(),
+                                    [&name](const ObjectAttribute& attribute) { return attribute.name == name; });
+    return found == object.objectAttributes.end() ? nullptr : &*found;
+}
+
+int digitsOf(double number, int decimals)
+{
+    return std::isfinite(number) ? QByteArray::number(number, 'f', decimals).size() : 4;
+}
+
+int longestNumber(const Numbers& numbers, int decimals, bool negated = false)
+{
+    if (!numbers || numbers->empty())
+        return 1;
+    double least = 0.0;
+    double most = 0.0;
+    for (const double number : *numbers) {
+        if (std::isfinite(number)) {
+            least = std::min(least, number);
+            most = std::max(most, number);
+        }
+    }
+    // A depth is the negated elevation, so the sign stands at the other end.
+    const double sign = negated ? -1.0 : 1.0;
+    return std::max(digitsOf(sign * least, decimals), digitsOf(sign * most, decimals));
+}
+
+int longestText(const QVector<QVariant>& values)
+{
+    int longest = 1;
+    for (const QVariant& value : values)
+        longest = std::max(longest, value.toString().size());
+    return longest;
+}
+
+/// Characters of the longest value that an object writes into a column; 0 when it has none there.
+int longestIn(const ModelObject& object, const AsciiColumn& source, const AsciiExportSettings& settings)
+{
+    switch (source.source) {
+    case AsciiColumn::X:
+        return longestNumber(object.x, settings.decimals);
+    case AsciiColumn::Y:
+        return longestNumber(object.y, settings.decimals);
+    case AsciiColumn::Z:
+        return longestNumber(object.z, settings.decimals, !settings.zIsElevation);
+    case AsciiColumn::GridColumn:
+    case AsciiColumn::GridRow:
+        return QString::number(object.vertexCount()).size();
+    case AsciiColumn::Attribute:
+        break;
+    }
+    if (const AttributeColumn* column = vertexAttribute(object, source.attribute))
+        return column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals)
+                                                   : longestText(column->values);
+    if (const ObjectAttribute* attribute = objectAttribute(object, source.attribute))
+        return attribute->kind == AttributeKind::Real ? digitsOf(attribute->value.toDouble(), settings.decimals)
+                                                      : attribute->value.toString().size();
+    return 0;
+}
+
+/// A text that can stand in one field: its line ends would break the row.
+QString oneLine(const QString& text)
+{
+    QString line = text;
+    line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    line.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    return line;
+}
+
+/// Makes names of attribute fields differ from each other and from those of the grid indices.
+void makeDifferent(AsciiTable& table)
+{
+    QSet<QString> taken{QStringLiteral("i"), QStringLiteral("j")};
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        if (table.columns[index].source != AsciiColumn::Attribute)
+            continue;
+        QString& name = table.fields[index].name;
+        const QString base = name;
+        for (int number = 2; taken.contains(name); ++number)
+            name = QStringLiteral("%1_%2").arg(base).arg(number);
+        taken.insert(name);
+    }
+}
+
+/// Counts the texts of a column that a reader of the table would take apart.
+class TextCheck
+{
+public:
+    TextCheck(const ModelObject& object, QString attribute, QString separator)
+        : m_object(object)
+        , m_attribute(std::move(attribute))
+        , m_separator(std::move(separator))
+    {
+    }
+
+    void look(const QString& text, int rows)
+    {
+        if (!m_separator.isEmpty() && text.contains(m_separator)) {
+            m_ambiguous += rows;
+            if (m_example.isEmpty())
+                m_example = text;
+        }
+    }
+
+    void report(ExportReport& report) const
+    {
+        report.note(QStringLiteral("text holds the separator"), m_object.name, m_ambiguous,
+                    QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
+                        .arg(m_attribute, m_example.left(80)));
+    }
+
+private:
+    const ModelObject& m_object;
+    QString m_attribute;
+    QString m_separator;
+    qint64 m_ambiguous = 0;
+    QString m_example;
+};
+
+qint64 countMissing(const AttributeColumn& column)
+{
+    if (column.kind == AttributeKind::Real)
+        return column.missing ? std::count(column.missing->begin(), column.missing->end(), 1) : 0;
+    return std::count_if(column.values.begin(), column.values.end(),
+                         [](const QVariant& value) { return value.isNull(); });
+}
+
+MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& column, const QString& name,
+                         const QString& separator, ExportReport& report)
+{
+    if (column.kind == AttributeKind::Real)
+        return new DoubleMatrixData(name, column.numbers, column.missing);
+    QVector<QVariant> values = column.values;
+    if (column.kind == AttributeKind::Text) {
+        TextCheck check(object, column.name, separator);
+        qint64 broken = 0;
+        for (int row = 0; row < values.size(); ++row) {
+            const QString text = qAsConst(values)[row].toString();
+            check.look(text, 1);
+            const QString line = oneLine(text);
+            if (line != text) {
+                values[row] = line;
+                ++broken;
+            }
+        }
+        check.report(report);
+        report.note(QStringLiteral("line end in a text became a blank"), object.name, broken,
+                    QStringLiteral("in %1").arg(column.name));
+    }
+    return new kpBase::VariantMatrixData(name, matrixType(column.kind), values);
+}
+
+MatrixData* objectMatrix(const ModelObject& object, const ObjectAttribute& attribute, const QString& name,
+                         const QString& separator, ExportReport& report)
+{
+    QVariant value = attribute.value;
+    if (attribute.kind == AttributeKind::Text && !value.isNull()) {
+        TextCheck check(object, attribute.name, separator);
+        check.look(value.toString(), object.vertexCount());
+        check.report(report);
+        value = oneLine(value.toString());
+    }
+    return new ConstantMatrixData(name, matrixType(attribute.kind), value, object.vertexCount());
+}
+
+} // namespace
+
+AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std::optional<QStringList>& chosen,
+                      int decimals, ExportReport& report)
+{
+    AsciiTable table;
+    for (const char* name : {"x", "y", "z"})
+        table.fields.push_back({QString::fromLatin1(name), decimals, 0, 0});
+    table.columns = {{AsciiColumn::X, {}}, {AsciiColumn::Y, {}}, {AsciiColumn::Z, {}}};
+    QSet<QString> known;
+    const auto add = [&](const QString& name) {
+        if (known.contains(name) || (chosen && !chosen->contains(name)))
+            return;
+        known.insert(name);
+        table.columns.push_back({AsciiColumn::Attribute, name});
+        table.fields.push_back({fieldName(name), decimals, 0, 0});
+        if (fieldName(name) != name)
+            report.note(QStringLiteral("renamed"), QString(), 1,
+                        QStringLiteral("attribute %1 is written as %2").arg(name, fieldName(name)));
+    };
+    for (const ModelObject* object : objects) {
+        for (const AttributeColumn& column : object->vertexAttributes)
+            add(column.name);
+        for (const ObjectAttribute& attribute : object->objectAttributes)
+            add(attribute.name);
+    }
+    if (chosen) {
+        for (const QString& name : *chosen) {
+            if (!known.contains(name))
+                report.note(QStringLiteral("missing attribute"), QString(), 1,
+                            QStringLiteral("no chosen object has \"%1\"").arg(name));
+        }
+    }
+    return table;
+}
+
+AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects, bool inColumns,
+                      ExportReport& report)
+{
+    const std::vector<OfferedField> offered = offeredFields(objects);
+    QHash<QString, const OfferedField*> byName;
+    for (const OfferedField& field : offered)
+        byName.insert(field.name, &field);
+    QStringList lacking = layout.lacking;
+    for (auto field = layout.fields.begin(); field != layout.fields.end(); ++field) {
+        if (!byName.contains(field.key()) && !lacking.contains(field.key()))
+            lacking.append(field.key());
+    }
+    for (const QString& name : qAsConst(lacking))
+        report.note(QStringLiteral("field of the layout left out"), QString(), 1,
+                    QStringLiteral("no chosen object has \"%1\"").arg(name.left(80)));
+
+    AsciiTable table;
+    const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(layout, offered);
+    table.fields = kpBaseExport::layout::fieldInfos(fields, inColumns);
+    for (int index = 0; index < fields.size(); ++index) {
+        const OfferedField& field = *byName.value(fields[index].name());
+        if (field.attribute.isEmpty()) {
+            static const char order[] = "XYZij";
+            static const AsciiColumn::Source sources[] = {AsciiColumn::X, AsciiColumn::Y, AsciiColumn::Z,
+                                                          AsciiColumn::GridColumn, AsciiColumn::GridRow};
+            table.columns.push_back({sources[QString::fromLatin1(order).indexOf(field.name)], {}});
+            continue;
+        }
+        table.columns.push_back({AsciiColumn::Attribute, field.attribute});
+        // The writer finds values by this name, so it must not occur twice, line ends taken out or not.
+        QString& written = table.fields[static_cast<std::size_t>(index)].name;
+        const QString line = oneLine(written);
+        if (line != written) {
+            report.note(QStringLiteral("line end in a name became a blank"), QString(), 1,
+                        QStringLiteral("in \"%1\"").arg(line.left(80)));
+            written = line;
+        }
+    }
+    makeDifferent(table);
+    return table;
+}
+
+void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
+                   const AsciiExportSettings& settings)
+{
+    std::vector<int> widths;
+    for (const auto& field : table.fields)
+        widths.push_back(std::max(field.name.size(), settings.nullValue.size()));
+    const auto widen = [&widths](std::size_t field, int width) { widths[field] = std::max(widths[field], width); };
+    for (const ModelObject* object : objects) {
+        for (std::size_t field = 0; field < table.columns.size(); ++field)
+            widen(field, longestIn(*object, table.columns[field], settings));
+    }
+    int position = 1;
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        table.fields[index].start = position;
+        table.fields[index].end = position + widths[index] - 1;
+        position += widths[index] + 1;
+    }
+}
+
+qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, ExportReport& report)
+{
+    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
+                                                    : QStringLiteral("z is written as 0");
+    if (!object.hasZ) {
+        report.note(QStringLiteral("no z"), object.name, object.vertexCount(),
+                    QStringLiteral("the object is flat; ") + written);
+        return object.vertexCount();
+    }
+    const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
+    report.note(QStringLiteral("vertex without z"), object.name, undefined, written);
+    return undefined;
+}
+
+void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
+                const AsciiExportSettings& settings, const QString& separator, ExportReport& report)
+{
+    record.clearData();
+    record.name = object.name.simplified().toStdString();
+    DoubleMatrixData::Missing missingZ;
+    const qint64 undefined = noteHeights(object, settings, report);
+    if (!object.hasZ) {
+        // No height is known, which is not the same as a height of 0.
+        missingZ = std::make_shared<std::vector<unsigned char>>(object.z->size(), static_cast<unsigned char>(1));
+    } else if (undefined > 0) {
+        auto flags = std::make_shared<std::vector<unsigned char>>();
+        flags->reserve(object.z->size());
+        for (const double z : *object.z)
+            flags->push_back(std::isnan(z) ? 1 : 0);
+        missingZ = flags;
+    }
+    record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x),
+                           new DoubleMatrixData(QStringLiteral("X"), object.x),
+                           new DoubleMatrixData(QStringLiteral("Y"), object.y),
+                           new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ)};
+    int absent = 0;
+    QString firstAbsent;
+    GeoObject::MatrixList& matrices = record.vertexAttributeData();
+    for (std::size_t index = 0; index < table.columns.size(); ++index) {
+        const AsciiColumn& source = table.columns[index];
+        const QString& field = table.fields[index].name;
+        if (source.source == AsciiColumn::GridColumn || source.source == AsciiColumn::GridRow) {
+            if (object.grid)
+                matrices.push_back(new GridIndexMatrix(
+                    field, source.source == AsciiColumn::GridColumn ? GridIndexMatrix::Column : GridIndexMatrix::Row,
+                    object.grid->columns, object.vertexCount()));
+        }
+        if (source.source != AsciiColumn::Attribute)
+            continue;
+        const QString& name = source.attribute;
+        if (const AttributeColumn* column = vertexAttribute(object, name)) {
+            matrices.push_back(vertexMatrix(object, *column, field, separator, report));
+            if (column->kind != AttributeKind::Text && !settings.writeNullValue)
+                report.note(QStringLiteral("missing value written as 0"), object.name, countMissing(*column),
+                            QStringLiteral("in %1; switch writeNullValue on").arg(name));
+        } else if (const ObjectAttribute* attribute = objectAttribute(object, name)) {
+            matrices.push_back(objectMatrix(object, *attribute, field, separator, report));
+        } else {
+            if (absent++ == 0)
+                firstAbsent = name;
+        }
+    }
+    report.note(QStringLiteral("missing attribute"), object.name, absent, QStringLiteral("first %1").arg(firstAbsent));
+}
+
+} // namespace kpFormats

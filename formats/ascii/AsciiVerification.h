@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FilePlan.h"
+#include "export/Verification.h"
+#include "formats/ascii/AsciiExportSettings.h"
+#include "formats/ascii/AsciiRecord.h"
+#include "model/kpFormatsExport.h"
+
+namespace kpFormats
+{
+
+/// Reads a table of vertices line by line and compares rows, coordinates and real attributes with the objects, within
+/// half of the last decimal written. A row whose texts hold the separator is read from its ends inwards.
+/// \a table as it was given to the writer, columns included.
+KPFORMATS_EXPORT Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table,
+                                          const AsciiExportSettings& settings);
+
+} // namespace kpFormats

@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: MIT
+#include "formats/gocad/GocadWriter.h"
+
+#include "export/SafeNames.h"
+#include "geo/CoordinateSystems.h"
+#include "model/SurfaceMesh.h"
+#include "writers/FixedNumber.h"
+
+#include <cmath>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+using kpBaseExport::appendFixed;
+
+const char* typeName(GocadKind kind)
+{
+    switch (kind) {
+    case GocadKind::VSet:
+        return "VSet";
+    case GocadKind::PLine:
+        return "PLine";
+    case GocadKind::TSurf:
+        return "TSurf";
+    }
+    return "VSet";
+}
+
+const char* colourKey(GocadKind kind)
+{
+    switch (kind) {
+    case GocadKind::VSet:
+        return "*atoms*color";
+    case GocadKind::PLine:
+        return "*line*color";
+    case GocadKind::TSurf:
+        return "*solid*color";
+    }
+    return "*atoms*color";
+}
+
+/// Appends "WORD a b c" with one text per column.
+template <typename Text>
+void appendList(std::string& text, const char* word, const std::vector<NumberColumn>& columns, Text textOf)
+{
+    text += word;
+    for (const NumberColumn& column : columns) {
+        text += ' ';
+        text += textOf(column);
+    }
+    text += '\n';
+}
+
+} // namespace
+
+GocadKind gocadKindOf(const ModelObject& object, const GocadExportSettings& settings)
+{
+    if (object.grid)
+        return settings.gridsAs == GocadExportSettings::GridsAs::Surface ? GocadKind::TSurf : GocadKind::VSet;
+    if (!object.triangles.empty())
+        return GocadKind::TSurf;
+    return object.parts.empty() ? GocadKind::VSet : GocadKind::PLine;
+}
+
+QString gocadObjectName(const QString& name)
+{
+    QString legal = name.simplified();
+    for (QChar& character : legal) {
+        if (character == QLatin1Char('{') || character == QLatin1Char('}') || character == QLatin1Char('"'))
+            character = QLatin1Char('_');
+    }
+    return legal.isEmpty() ? QStringLiteral("unnamed") : legal;
+}
+
+QString gocadWord(const QString& name)
+{
+    QString word = gocadObjectName(name);
+    word.replace(QLatin1Char(' '), QLatin1Char('_'));
+    return word;
+}
+
+GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
+                         ExportReport& report)
+    : m_out(out)
+    , m_settings(settings)
+    , m_selection(selection)
+    , m_report(report)
+{
+    appendShortest(m_nullText, settings.nullValue);
+}
+
+qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* progress)
+{
+    m_object = &object;
+    m_columns = numberColumns(object, m_selection, m_report);
+    m_factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
+    m_zFactor = m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? -m_factor : m_factor;
+    m_written = 0;
+    m_withoutPosition = 0;
+    m_equalToNull = 0;
+    const GocadKind kind = gocadKindOf(object, m_settings);
+    m_whole = progress;
+    m_progress = ProgressTicker(progress, object.vertexCount());
+    writeHead(kind);
+    switch (kind) {
+    case GocadKind::VSet:
+        writePoints();
+        break;
+    case GocadKind::PLine:
+        writeLines();
+        break;
+    case GocadKind::TSurf:
+        writeSurface();
+        break;
+    }
+    m_out.text() += "END\n";
+    m_out.check();
+    noteLosses();
+    return m_written;
+}
+
+void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, ExportReport& report)
+{
+    if (!object.hasZ)
+        report.note(QStringLiteral("object without heights written at height 0"), object.name, 1, object.name);
+    if (!settings.header)
+        report.note(QStringLiteral("name and colour not written"), object.name, 1,
+                    QStringLiteral("the header was not wanted"));
+}
+
+void GocadWriter::noteLosses()
+{
+    m_report.note(QStringLiteral("vertex without a position left out"), m_object->name, m_withoutPosition,
+                  QStringLiteral("its height or place is missing"));
+    m_report.note(
+        QStringLiteral("value equal to the null value"), m_object->name, m_equalToNull,
+        QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
+    noteGocadForm(*m_object, m_settings, m_report);
+}
+
+void GocadWriter::writeHead(GocadKind kind)
+{
+    m_out.text() += "GOCAD ";
+    m_out.text() += typeName(kind);
+    m_out.text() += " 1\n";
+    if (m_settings.header)
+        writeHeader(kind);
+    writeCoordinateSystem();
+    if (!m_columns.empty())
+        writePropertyLists();
+}
+
+void GocadWriter::writeHeader(GocadKind kind)
+{
+    std::string& text = m_out.text();
+    const QString name = gocadObjectName(m_object->name);
+    text += "HEADER {\nname:" + name.toStdString() + '\n';
+    if (m_object->color.isValid()) {
+        text += colourKey(kind);
+        const double channels[] = {m_object->color.redF(), m_object->color.greenF(), m_object->color.blueF()};
+        char separator = ':';
+        for (const double channel : channels) {
+            text += separator;
+            appendFixed(text, channel, 6);
+            separator = ' ';
+        }
+        text += " 1\n";
+    }
+    text += "}\n";
+    if (name != m_object->name)
+        m_report.note(QStringLiteral("renamed"), m_object->name, 1,
+                      QStringLiteral("%1 is written as %2").arg(m_object->name, name));
+}
+
+void GocadWriter::writeCoordinateSystem()
+{
+    const std::string unit = writtenUnit(m_object->lengthUnit, m_settings.lengthUnit).toStdString();
+    QString projection = crsName(m_object->crs);
+    projection.replace(QLatin1Char('"'), QLatin1Char('\''));
+    std::string& text = m_out.text();
+    text += "GOCAD_ORIGINAL_COORDINATE_SYSTEM\nNAME Default\n";
+    text +=
+        "PROJECTION " + (projection.isEmpty() ? std::string("Unknown") : '"' + projection.toStdString() + '"') + '\n';
+    text += "DATUM Unknown\nAXIS_NAME \"X\" \"Y\" \"Z\"\n";
+    text += "AXIS_UNIT \"" + unit + "\" \"" + unit + "\" \"" + unit + "\"\n";
+    text +=
+        m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? "ZPOSITIVE Depth\n" : "ZPOSITIVE Elevation\n";
+    text += "END_ORIGINAL_COORDINATE_SYSTEM\n";
+}
+
+void GocadWriter::writePropertyLists()
+{
+    std::string& text = m_out.text();
+    UniqueNames taken;
+    std::vector<std::string> names;
+    for (const NumberColumn& column : m_columns) {
+        const QString name = taken.take(gocadWord(column.name()));
+        names.push_back(name.toStdString());
+        if (name != column.name())
+            m_report.note(QStringLiteral("renamed"), m_object->name, 1,
+                          QStringLiteral("attribute %1 is written as %2").arg(column.name(), name));
+    }
+    std::size_t index = 0;
+    const auto nextName = [&](const NumberColumn&) { return names[index++ % names.size()]; };
+    appendList(text, "PROPERTIES", m_columns, nextName);
+    appendList(text, "NO_DATA_VALUES", m_columns, [this](const NumberColumn&) { return m_nullText; });
+    appendList(text, "PROPERTY_CLASSES", m_columns, nextName);
+    appendList(text, "ESIZES", m_columns, [](const NumberColumn&) { return "1"; });
+    appendList(text, "UNITS", m_columns, [](const NumberColumn& column) {
+        return column.unit().isEmpty() ? std::string("none") : gocadWord(column.unit()).toStdString();
+    });
+}
+
+void GocadWriter::appendVertex(qint64 id, int vertex)
+{
+    const auto index = static_cast<std::size_t>(vertex);
+    std::string& text = m_out.text();
+    text += m_columns.empty() ? "VRTX " : "PVRTX ";
+    appendInteger(text, id);
+    text += ' ';
+    appendFixed(text, (*m_object->x)[index] * m_factor, m_settings.decimals);
+    text += ' ';
+    appendFixed(text, (*m_object->y)[index] * m_factor, m_settings.decimals);
+    text += ' ';
+    appendFixed(text, (*m_object->z)[index] * m_zFactor, m_settings.decimals);
+    for (const NumberColumn& column : m_columns) {
+        const double value = column.at(vertex);
+        text += ' ';
+        if (!std::isfinite(value)) {
+            text += m_nullText;
+            continue;
+        }
+        m_equalToNull += value == m_settings.nullValue ? 1 : 0;
+        appendShortest(text, value);
+    }
+    text += '\n';
+    m_out.check();
+    ++m_written;
+}
+
+void GocadWriter::writePoints()
+{
+    for (int vertex = 0; vertex < m_object->vertexCount(); ++vertex) {
+        if (hasPosition(*m_object, vertex))
+            appendVertex(m_written + 1, vertex);
+        else
+            ++m_withoutPosition;
+        if (!m_progress.next())
+            return;
+    }
+}
+
+void GocadWriter::writeLines()
+{
+    for (const Part& part : m_object->parts) {
+        writeLine(part);
+        if (m_progress.cancelled())
+            return;
+    }
+}
+
+void GocadWriter::writeLine(const Part& part)
+{
+    const auto at = [](const Numbers& numbers, int vertex) { return (*numbers)[static_cast<std::size_t>(vertex)]; };
+    const int last = part.first + part.count - 1;
+    // A ring's last vertex is its first again: a segment leads back instead.
+    const bool repeats = part.closed && part.count > 2 && at(m_object->x, part.first) == at(m_object->x, last)
+                         && at(m_object->y, part.first) == at(m_object->y, last)
+                         && at(m_object->z, part.first) == at(m_object->z, last);
+    const int end = repeats ? last : last + 1;
+    m_out.text() += "ILINE\n";
+    const qint64 first = m_written + 1;
+    std::vector<bool> gap; // true: the line is interrupted before this vertex
+    bool interrupted = true;
+    for (int vertex = part.first; vertex < end; ++vertex) {
+        if (hasPosition(*m_object, vertex)) {
+            appendVertex(m_written + 1, vertex);
+            gap.push_back(interrupted);
+            interrupted = false;
+        } else {
+            ++m_withoutPosition;
+            interrupted = true;
+        }
+        if (!m_progress.next())
+            return;
+    }
+    std::string& text = m_out.text();
+    const auto segment = [&](qint64 from, qint64 to) {
+        text += "SEG ";
+        appendInteger(text, from);
+        text += ' ';
+        appendInteger(text, to);
+        text += '\n';
+        m_out.check();
+    };
+    for (std::size_t index = 1; index < gap.size(); ++index) {
+        if (!gap[index])
+            segment(first + static_cast<qint64>(index) - 1, first + static_cast<qint64>(index));
+    }
+    const bool whole = !interrupted && hasPosition(*m_object, part.first);
+    if (part.closed && whole && gap.size() > 2)
+        segment(m_written, first);
+}
+
+void GocadWriter::writeSurface()
+{
+    const SurfaceMesh mesh(*m_object);
+    m_withoutPosition = mesh.leftOutVertices();
+    m_report.note(QStringLiteral("triangle without a position left out"), m_object->name, mesh.leftOutTriangles(),
+                  QStringLiteral("a corner's height or place is missing"));
+    m_progress = ProgressTicker(m_whole, static_cast<double>(m_object->vertexCount() + mesh.triangleCount()));
+    m_out.text() += "TFACE\n";
+    for (int vertex = 0; vertex < m_object->vertexCount(); ++vertex) {
+        if (mesh.number(vertex) >= 0)
+            appendVertex(m_written + 1, vertex);
+        if (!m_progress.next())
+            return;
+    }
+    mesh.eachTriangle([this](int a, int b, int c) {
+        std::string& text = m_out.text();
+        text += "TRGL ";
+        appendInteger(text, a + 1LL);
+        text += ' ';
+        appendInteger(text, b + 1LL);
+        text += ' ';
+        appendInteger(text, c + 1LL);
+        text += '\n';
+        m_out.check();
+        return m_progress.next();
+    });
+}
+
+} // namespace kpFormats

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/BlockWriter.h"
+#include "export/ExportReport.h"
+#include "export/ExportSelection.h"
+#include "formats/grdecl/GrdeclExportSettings.h"
+#include "formats/grdecl/GrdeclRecord.h"
+#include "model/ProgressTicker.h"
+
+namespace kpFormats
+{
+
+/// The unit that a grid is written in: metres or feet. \throws ExportError naming \a file for another one
+OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file);
+
+/// Notes corners of inactive cells that have no depth. \throws ExportError naming \a file when the geometry is not
+/// complete where a cell is active
+void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report);
+
+/// Writes one corner-point grid.
+class GrdeclWriter
+{
+public:
+    /// \a file names the output in messages. \throws ExportError when the grid has no complete geometry
+    GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings, const QString& file,
+                 ExportReport& report);
+
+    /// Stops early when the user cancels: then it returns false. \throws ExportError
+    bool write(const ExportSelection& selection, kpBase::AbstractProgress* progress);
+
+private:
+    void writeHead();
+    bool writeCoordinates(ProgressTicker& progress);
+    bool writeDepths(ProgressTicker& progress);
+    bool writeActive(ProgressTicker& progress);
+    bool writeProperty(const class NumberColumn& column, const QString& keyword, ProgressTicker& progress);
+    bool isActive(std::size_t cell) const { return m_grid.active.empty() || m_grid.active[cell] != 0; }
+
+    BlockWriter& m_out;
+    const ModelObject& m_object;
+    const CellGrid& m_grid;
+    const GrdeclExportSettings& m_settings;
+    QString m_file;
+    ExportReport& m_report;
+    OutputUnit m_unit;
+    double m_factor;
+    double m_originX = 0.0; ///< in the output's unit
+    double m_originY = 0.0;
+    std::size_t m_cells = 0;
+};
+
+} // namespace kpFormats

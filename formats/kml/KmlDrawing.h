@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/ExportReport.h"
+#include "export/ExportSelection.h"
+#include "formats/kml/KmlSink.h"
+#include "geo/TransformCache.h"
+#include "model/ProgressTicker.h"
+
+#include <QImage>
+
+#include <functional>
+
+namespace kpFormats
+{
+
+/// Takes the model's objects to a KML document: a folder for each type of object, in it a placemark for each line,
+/// polygon, well and surface and for each point of a set of points. What has no place there is noted in the report.
+class KmlDrawing
+{
+public:
+    /// Keeps a picture and tells under which name the document finds it.
+    using KeepPicture = std::function<QString(const QImage&)>;
+
+    /// Everything given outlives the drawing. Objects without coordinate system are taken to be in that of the settings.
+    KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture, ProgressTicker& ticker,
+               ExportReport& report);
+
+    /// \returns the number of placemarks and overlays
+    qint64 draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection);
+
+private:
+    class Placemark;
+
+    bool stopped() const { return m_ticker.cancelled() || !m_sink.good(); }
+    QString systemOf(const ModelObject& object) const;
+    PositionRules rulesFor(const ModelObject& object, KmlExportSettings::AltitudeMode mode);
+    KmlExportSettings::AltitudeMode modeFor(const ModelObject& object) const;
+    QString tableOf(const ModelObject& object, int vertex);
+
+    void drawBounds(const std::vector<const ModelObject*>& objects);
+    void drawObject(const ModelObject& object);
+    void drawLines(const ModelObject& object);
+    void drawPolygons(const ModelObject& object);
+    void drawPoints(const ModelObject& object);
+    void drawWell(const ModelObject& object);
+    void drawMesh(const ModelObject& object);
+    void drawSurface(const ModelObject& object);
+    void drawSection(const ModelObject& object);
+    void drawSegment(const ModelObject& object, const SectionSegment& segment);
+    void streamPositions(PositionReader& reader, int& next, int end, PositionBlock& block);
+    void noteLeftOut(const ModelObject& object, const PositionReader& reader);
+
+    KmlSink& m_sink;
+    const KmlExportSettings& m_settings;
+    KeepPicture m_keepPicture;
+    ProgressTicker& m_ticker;
+    ExportReport& m_report;
+    const ExportSelection* m_selection = nullptr;
+    QString m_ownSystem;
+    TransformCache m_transforms;
+    qint64 m_features = 0;
+};
+
+} // namespace kpFormats

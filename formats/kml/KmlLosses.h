@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/ExportReport.h"
+#include "export/ExportSelection.h"
+#include "formats/kml/KmlExportSettings.h"
+
+namespace kpFormats
+{
+
+/// Why nothing of an object can be drawn, as far as its geometry tells; empty when something can.
+QString undrawable(const ModelObject& object);
+/// Notes chosen attributes of vertices, for an object that has a place for attributes of the whole only.
+void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings,
+                          const ExportSelection& selection, ExportReport& report);
+/// Notes the lines on a section where they have no place. \returns whether that is so
+bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, ExportReport& report);
+
+} // namespace kpFormats

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ogr/FieldNames.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+bool isPlain(QChar character)
+{
+    return character.isLetterOrNumber() || character.isSurrogate() || character.isMark()
+           || character == QLatin1Char('_');
+}
+
+bool isAsciiPlain(QChar character)
+{
+    return character.unicode() < 0x80 && isPlain(character);
+}
+
+/// \a name with the characters that the format takes.
+QString allowed(const QString& name, const FieldNameRules& rules)
+{
+    if (!rules.ascii && !rules.plain)
+        return name;
+    QString made;
+    for (const QChar character : rules.ascii ? name.normalized(QString::NormalizationForm_KD) : name) {
+        if (rules.ascii && character.isMark())
+            continue;
+        const bool fits = rules.ascii ? isAsciiPlain(character) : isPlain(character);
+        made += fits ? character : QChar(QLatin1Char('_'));
+    }
+    return made;
+}
+
+} // namespace
+
+QString cutToBytes(const QString& text, int mostBytes)
+{
+    if (mostBytes <= 0 || text.size() * 3 <= mostBytes)
+        return text;
+    int bytes = 0;
+    for (int index = 0; index < text.size(); ++index) {
+        const bool pair = text[index].isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate();
+        const ushort code = text[index].unicode();
+        bytes += pair ? 4 : code < 0x80 ? 1 : code < 0x800 ? 2 : 3;
+        if (bytes > mostBytes)
+            return text.left(index);
+        if (pair)
+            ++index;
+    }
+    return text;
+}
+
+QStringList fieldNames(const QStringList& names, const FieldNameRules& rules)
+{
+    const auto folded = [&rules](const QString& name) { return rules.caseMatters ? name : name.toCaseFolded(); };
+    QSet<QString> taken;
+    for (const QString& name : rules.reserved)
+        taken.insert(folded(name));
+    QStringList made;
+    QStringList wanted;
+    // Names that fit come first, so that none has to give way to another that was cut.
+    for (const QString& name : names) {
+        const QString fitting = cutToBytes(allowed(name, rules), rules.mostBytes);
+        wanted.append(fitting.isEmpty() ? QStringLiteral("field") : fitting);
+        const bool stays = fitting == name && !name.isEmpty() && !taken.contains(folded(name));
+        made.append(stays ? name : QString());
+        if (stays)
+            taken.insert(folded(name));
+    }
+    QHash<QString, int> numbers;
+    for (int index = 0; index < made.size(); ++index) {
+        if (!made[index].isEmpty())
+            continue;
+        const QString& base = wanted[index];
+        QString name = base;
+        int& number = numbers[folded(base)];
+        while (taken.contains(folded(name))) {
+            const QString tail = QStringLiteral("_%1").arg(++number);
+            name = cutToBytes(base, rules.mostBytes > 0 ? rules.mostBytes - tail.size() : 0) + tail;
+        }
+        taken.insert(folded(name));
+        made[index] = name;
+    }
+    return made;
+}
+
+} // namespace kpFormats

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ogr/GeoJsonFormat.h"
+
+#include "export/ExportError.h"
+#include "geo/CoordinateSystems.h"
+
+#include <QFile>
+
+#include <ogr_spatialref.h>
+
+#include <algorithm>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+// A tenth of a millimetre.
+constexpr int degreeDecimals = 9;
+constexpr int lengthDecimals = 4;
+// Fewer than these move positions by more than about a millimetre.
+constexpr int fewDegreeDecimals = 8;
+constexpr int fewLengthDecimals = 3;
+
+bool isGeographic(const QString& wkt)
+{
+    OGRSpatialReference reference;
+    return !wkt.isEmpty() && reference.SetFromUserInput(wkt.toUtf8().constData()) == OGRERR_NONE
+           && reference.IsGeographic();
+}
+
+bool hasCode(const QString& wkt)
+{
+    OGRSpatialReference reference;
+    return reference.SetFromUserInput(wkt.toUtf8().constData()) == OGRERR_NONE && reference.GetAuthorityCode(nullptr);
+}
+
+/// Features in a file that stands in one line each, and the file's last bytes.
+struct Contents
+{
+    qint64 features = 0;
+    QByteArray end;
+};
+
+Contents contentsOf(const QString& path)
+{
+    Contents contents;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return contents;
+    const QByteArray start = QByteArrayLiteral("\n{ \"type\": \"Feature\",");
+    QByteArray carry;
+    while (!file.atEnd()) {
+        const QByteArray block = carry + file.read(1 << 20);
+        for (int place = block.indexOf(start); place >= 0; place = block.indexOf(start, place + start.size()))
+            ++contents.features;
+        contents.end = block.right(8);
+        // What may be the beginning of the next one, but not a whole one.
+        carry = block.right(start.size() - 1);
+    }
+    return contents;
+}
+
+} // namespace
+
+FormatInfo GeoJsonFormat::info() const
+{
+    FormatInfo info = vectorInfo();
+    info.key = QStringLiteral("geojson");
+    info.displayName = QStringLiteral("GeoJSON");
+    info.fileFormatName = QStringLiteral("GeoJSON");
+    return info;
+}
+
+SettingsMap GeoJsonFormat::settings()
+{
+    SettingsMap map = commonSettings();
+    map.addBoolean("rfc7946", m_settings.rfc7946, "longitude and latitude in WGS 84; false writes in crs");
+    map.addInteger("decimals", m_settings.decimals, -1, 15, "decimals of coordinates; -1 for a tenth of a millimetre");
+    return map;
+}
+
+QStringList GeoJsonFormat::extensions() const
+{
+    return {QStringLiteral("geojson"), QStringLiteral("json")};
+}
+
+QStringList GeoJsonFormat::sidecars() const
+{
+    return {};
+}
+
+OgrTraits GeoJsonFormat::traits() const
+{
+    OgrTraits traits;
+    traits.driver = QStringLiteral("GeoJSON");
+    traits.fileKind = QStringLiteral("GeoJSON file");
+    traits.names.caseMatters = true;
+    return traits;
+}
+
+OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection& selection) const
+{
+    const QString chosen = chosenSystem(file, selection);
+    if (!m_settings.rfc7946)
+        return OgrSystems(chosen, chosen);
+    if (chosen.isEmpty()) {
+        throw ExportError(file.path, QStringLiteral("the objects have no coordinate system, and GeoJSON is in WGS 84"),
+                          QStringLiteral("say which it is with crs=EPSG:n, or write as it is with rfc7946=false"));
+    }
+    return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
+}
+
+void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+                         const kpBase::AbstractProgress*) const
+{
+    options.explicitNulls = true;
+    const bool degrees = isGeographic(output.systems.target());
+    const int decimals = m_settings.decimals >= 0 ? m_settings.decimals : degrees ? degreeDecimals : lengthDecimals;
+    options.layerOptions.append(m_settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
+    options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals));
+    // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
+    options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
+    if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
+        report.note(QStringLiteral("coordinates rounded"), QString(), 1,
+                    QStringLiteral("to %1 decimals").arg(decimals));
+    if (!m_settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
+        report.note(QStringLiteral("coordinate system not carried"), QString(), 1,
+                    QStringLiteral("%1 has no number; readers will take the file for WGS 84")
+                        .arg(crsName(output.systems.target())));
+}
+
+void GeoJsonFormat::check(const Output& output, ExportReport&) const
+{
+    // Reading it again with GDAL takes as long as writing it; the text tells.
+    const Contents contents = contentsOf(output.path);
+    if (!contents.end.endsWith("\n]\n}\n"))
+        failIncomplete(output.file.path, QStringLiteral("its end is not there"));
+    if (contents.features != output.features.front())
+        failIncomplete(
+            output.file.path,
+            QStringLiteral("%1 of %2 features are there").arg(contents.features).arg(output.features.front()));
+}
+
+} // namespace kpFormats

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/ogr/OgrFormat.h"
+#include "model/kpFormatsExport.h"
+
+namespace kpFormats
+{
+
+/// GeoJSON: in WGS 84 as RFC 7946 asks for, or in any system with the "crs" member of the 2008 specification.
+/// One file per geometry type.
+class KPFORMATS_EXPORT GeoJsonFormat : public OgrFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    QStringList sidecars() const override;
+
+protected:
+    OgrTraits traits() const override;
+    QStringList extensions() const override;
+    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+              const kpBase::AbstractProgress* progress) const override;
+    OgrSystems systems(const PlannedFile& file, const ExportSelection& selection) const override;
+    void check(const Output& output, ExportReport& report) const override;
+};
+
+} // namespace kpFormats

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ogr/GpkgFormat.h"
+
+#include "export/ExportError.h"
+#include "formats/ogr/QgisStyle.h"
+#include "geo/GdalSession.h"
+
+#include <QFileInfo>
+
+#include <ogrsf_frmts.h>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+/// The table in which QGIS keeps the styles of a GeoPackage. Null when it cannot be made.
+OGRLayer* makeStyleTable(GDALDataset& dataset)
+{
+    OGRLayer* table = dataset.CreateLayer("layer_styles", nullptr, wkbNone, nullptr);
+    if (!table)
+        return nullptr;
+    for (const char* name : {"f_table_catalog", "f_table_schema", "f_table_name", "f_geometry_column", "styleName",
+                             "styleQML", "styleSLD", "description", "owner", "ui"}) {
+        OGRFieldDefn field(name, OFTString);
+        if (table->CreateField(&field) != OGRERR_NONE)
+            return nullptr;
+    }
+    OGRFieldDefn isDefault("useAsDefault", OFTInteger);
+    isDefault.SetSubType(OFSTBoolean);
+    OGRFieldDefn time("update_time", OFTDateTime);
+    return table->CreateField(&isDefault) == OGRERR_NONE && table->CreateField(&time) == OGRERR_NONE ? table : nullptr;
+}
+
+bool addRow(OGRLayer& table, const char* layer, const QByteArray& style)
+{
+    const OGRFeatureUniquePtr row(OGRFeature::CreateFeature(table.GetLayerDefn()));
+    row->SetField("f_table_catalog", "");
+    row->SetField("f_table_schema", "");
+    row->SetField("f_table_name", layer);
+    row->SetField("f_geometry_column", "geom");
+    row->SetField("styleName", "colours");
+    row->SetField("styleQML", style.constData());
+    row->SetField("description", "colours of the objects");
+    row->SetField("useAsDefault", 1);
+    return table.CreateFeature(row.get()) == OGRERR_NONE;
+}
+
+} // namespace
+
+FormatInfo GpkgFormat::info() const
+{
+    FormatInfo info = vectorInfo();
+    info.key = QStringLiteral("gpkg");
+    info.displayName = QStringLiteral("GeoPackage");
+    info.fileFormatName = QStringLiteral("GeoPackage");
+    return info;
+}
+
+SettingsMap GpkgFormat::settings()
+{
+    SettingsMap map = commonSettings();
+    map.addBoolean("spatialIndex", m_settings.spatialIndex, "with a spatial index");
+    return map;
+}
+
+QStringList GpkgFormat::extensions() const
+{
+    return {QStringLiteral("gpkg")};
+}
+
+QStringList GpkgFormat::sidecars() const
+{
+    // The journal of an earlier file would be played into the new one.
+    return {QStringLiteral("gpkg-wal"), QStringLiteral("gpkg-shm"), QStringLiteral("gpkg-journal")};
+}
+
+OgrTraits GpkgFormat::traits() const
+{
+    OgrTraits traits;
+    traits.driver = QStringLiteral("GPKG");
+    traits.fileKind = QStringLiteral("GeoPackage");
+    traits.names.reserved = QStringList{QStringLiteral("fid"), QStringLiteral("geom")};
+    // The database keeps tables of its own under these, and its styles in the last.
+    traits.reserved = QStringList{QStringLiteral("gpkg"), QStringLiteral("sqlite_"), QStringLiteral("rtree_"),
+                                  QStringLiteral("layer_styles")};
+    traits.mostFields = 1990; // SQLite has 2000 columns in a table
+    traits.manyLayers = true;
+    return traits;
+}
+
+void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>&) const
+{
+    // SQLite keeps a journal beside the file, under its name and nine bytes more.
+    constexpr int longestName = 255 - 9;
+    if (QFileInfo(file.path).fileName().toUtf8().size() > longestName)
+        throw ExportError(file.path, QStringLiteral("the name is too long for a GeoPackage"),
+                          QStringLiteral("shorten it to %1 bytes").arg(longestName));
+}
+
+void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&,
+                      const kpBase::AbstractProgress*) const
+{
+    if (!m_settings.spatialIndex)
+        options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
+}
+
+void GpkgFormat::addStyle(const Output& output, ExportReport& report) const
+{
+    const QuietGdal quiet;
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(output.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    OGRLayer* const table = dataset ? makeStyleTable(*dataset) : nullptr;
+    bool written = table != nullptr;
+    for (int index = 0; written && index < static_cast<int>(output.layers.size()); ++index) {
+        const QByteArray style = qgisStyle(output.layers[static_cast<std::size_t>(index)],
+                                           m_settings.attributes && m_settings.color, report);
+        written = style.isEmpty() || addRow(*table, dataset->GetLayer(index)->GetName(), style);
+    }
+    CPLErrorReset();
+    dataset.reset();
+    if (!written || CPLGetLastErrorType() >= CE_Failure)
+        failIncomplete(output.file.path, QStringLiteral("its styles: %1").arg(QuietGdal::lastMessage()));
+}
+
+QString GpkgFormat::noSystem() const
+{
+    // Known to the driver as number -1 of the standard; without it positions would count as degrees.
+    return QStringLiteral("LOCAL_CS[\"Undefined Cartesian SRS\",LOCAL_DATUM[\"unknown\",32767],UNIT[\"metre\",1],"
+                          "AXIS[\"Easting\",EAST],AXIS[\"Northing\",NORTH]]");
+}
+
+} // namespace kpFormats

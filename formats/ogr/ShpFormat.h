@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/ogr/OgrFormat.h"
+#include "model/kpFormatsExport.h"
+
+namespace kpFormats
+{
+
+/// Shapefiles after the "ESRI Shapefile Technical Description" (1998), with a table in UTF-8, its .cpg and .prj.
+/// One file per geometry type.
+class KPFORMATS_EXPORT ShpFormat : public OgrFormat
+{
+public:
+    FormatInfo info() const override;
+    SettingsMap settings() override;
+    QStringList sidecars() const override;
+
+protected:
+    OgrTraits traits() const override;
+    QStringList extensions() const override;
+    void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const override;
+    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+              const kpBase::AbstractProgress* progress) const override;
+    void check(const Output& output, ExportReport& report) const override;
+};
+
+} // namespace kpFormats

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ogr/TabFormat.h"
+
+#include "host/data/AbstractProgress.h"
+#include "model/OutputUnit.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTextCodec>
+#include <QtEndian>
+
+#include <ogr_spatialref.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+using kpBaseExport::OGRExporterOptions;
+
+/// Positions are whole numbers of 32 bits, of which so many are used in each direction.
+constexpr double gridSteps = 2e9;
+
+struct Bounds
+{
+    double least[2] = {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+    double most[2] = {std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+
+    bool isEmpty() const { return least[0] > most[0]; }
+    void add(const std::array<double, 3>& position)
+    {
+        for (std::size_t axis = 0; axis < 2; ++axis) {
+            least[axis] = std::min(least[axis], position[axis]);
+            most[axis] = std::max(most[axis], position[axis]);
+        }
+    }
+    /// A margin, so that no position lies on the edge, and something around a single point.
+    void widen()
+    {
+        for (std::size_t axis = 0; axis < 2; ++axis) {
+            const double margin = std::max(0.01 * (most[axis] - least[axis]), 1.0);
+            least[axis] -= margin;
+            most[axis] += margin;
+        }
+    }
+    double step() const { return std::max(most[0] - least[0], most[1] - least[1]) / gridSteps; }
+    QString text() const
+    {
+        QStringList numbers;
+        for (const double number : {least[0], least[1], most[0], most[1]})
+            numbers.append(QString::number(number, 'f', 9));
+        return numbers.join(QLatin1Char(','));
+    }
+};
+
+/// Character sets of MapInfo tables: Qt's name and GDAL's.
+struct CharacterSet
+{
+    const char* codec;
+    const char* encoding;
+};
+
+constexpr CharacterSet characterSets[] = {
+    {"windows-1252", "CP1252"}, {"windows-1250", "CP1250"}, {"windows-1251", "CP1251"}, {"windows-1253", "CP1253"},
+    {"windows-1254", "CP1254"}, {"windows-1257", "CP1257"}, {"windows-1255", "CP1255"}, {"windows-1256", "CP1256"},
+    {"Shift_JIS", "CP932"},     {"GB2312", "CP936"},        {"Big5", "CP950"},          {"windows-949", "CP949"},
+};
+
+/// The first character set that has every character; empty when none has.
+QString encodingOf(const QString& characters)
+{
+    for (const CharacterSet& set : characterSets) {
+        const QTextCodec* codec = QTextCodec::codecForName(set.codec);
+        if (codec && codec->canEncode(characters))
+            return QString::fromLatin1(set.encoding);
+    }
+    return {};
+}
+
+qint64 numberAt(const QByteArray& bytes, int place, int size)
+{
+    return size == 4 ? qFromLittleEndian<quint32>(bytes.constData() + place)
+                     : qFromLittleEndian<quint16>(bytes.constData() + place);
+}
+
+/// The step from which on the grid takes something from a position: a millimetre, in the unit of the coordinates.
+double noticedStep(const QString& system, const ModelObject& first)
+{
+    constexpr double millimetre = 0.001;
+    constexpr double millimetreInDegrees = 1e-8;
+    OGRSpatialReference reference;
+    if (system.isEmpty() || reference.SetFromUserInput(system.toUtf8().constData()) != OGRERR_NONE)
+        return millimetre / unitFactor(first.lengthUnit, OutputUnit::Metre);
+    return reference.IsGeographic() ? millimetreInDegrees : millimetre / reference.GetLinearUnits();
+}
+
+} // namespace
+
+FormatInfo TabFormat::info() const
+{
+    FormatInfo info = vectorInfo();
+    info.key = QStringLiteral("tab");
+    info.displayName = QStringLiteral("MapInfo TAB");
+    info.fileFormatName = QStringLiteral("TAB");
+    return info;
+}
+
+SettingsMap TabFormat::settings()
+{
+    SettingsMap map = commonSettings();
+    map.addBoolean("zField", m_settings.zField, "heights of points in a field z");
+    return map;
+}
+
+QStringList TabFormat::extensions() const
+{
+    return {QStringLiteral("tab")};
+}
+
+QStringList TabFormat::sidecars() const
+{
+    return {QStringLiteral("map"), QStringLiteral("id"),  QStringLiteral("dat"), QStringLiteral("ind"),
+            QStringLiteral("tda"), QStringLiteral("tin"), QStringLiteral("tma"), QStringLiteral("lda")};
+}
+
+OgrTraits TabFormat::traits() const
+{
+    OgrTraits traits;
+    traits.driver = QStringLiteral("MapInfo File");
+    traits.fileKind = QStringLiteral("MapInfo table");
+    traits.names.mostBytes = 31;
+    traits.names.ascii = true;
+    traits.mostFields = 250;
+    traits.mostTextBytes = 254;
+    traits.sizedTexts = true;
+    traits.booleans = false;
+    traits.nulls = false;
+    traits.emptyTexts = false;
+    traits.heights = false;
+    return traits;
+}
+
+void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report,
+                     const kpBase::AbstractProgress* progress) const
+{
+    options.styleByGeometry = m_settings.symbology;
+    Bounds bounds;
+    OgrVertices vertices(output.systems);
+    qint64 count = 0;
+    for (const ModelObject* object : output.file.objects) {
+        vertices.start(*object);
+        for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
+            if (progress && vertex % (1 << 14) == 0 && progress->isCancelled())
+                return;
+            const std::array<double, 3>& position = vertices.at(vertex);
+            if (!std::isnan(position[0]))
+                bounds.add(position);
+        }
+        count += object->vertexCount();
+    }
+    if (!bounds.isEmpty()) {
+        bounds.widen();
+        options.layerOptions.append(QStringLiteral("BOUNDS=") + bounds.text());
+        if (bounds.step() > noticedStep(output.systems.target(), *output.file.objects.front()))
+            report.note(
+                QStringLiteral("coordinates on a grid"), QString(), count,
+                QStringLiteral(
+                    "its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
+                    .arg(bounds.step(), 0, 'g', 3));
+    }
+    QString characters;
+    for (const OgrTable& table : output.tables)
+        characters += table.foreignTexts;
+    const QString encoding = encodingOf(characters);
+    options.layerOptions.append(QStringLiteral("ENCODING=")
+                                + (encoding.isEmpty() ? QStringLiteral("UTF-8") : encoding));
+    if (encoding.isEmpty()) {
+        report.note(
+            QStringLiteral("texts of several scripts"), QString(), 1,
+            QStringLiteral("no character set of MapInfo holds them; they are in UTF-8, which the table cannot tell"));
+    }
+}
+
+void TabFormat::addStyle(const Output&, ExportReport& report) const
+{
+    // Pens, brushes and symbols stand in the table itself; the exporter takes them from the field "colorval".
+    if (!m_settings.attributes || !m_settings.color)
+        report.note(QStringLiteral("colour not carried"), QString(), 1,
+                    QStringLiteral("it is taken from the field colorval; switch attributes and color on"));
+}
+
+void TabFormat::check(const Output& output, ExportReport& report) const
+{
+    const QString base = output.path.left(output.path.size() - 4);
+    QFile table(base + QStringLiteral(".dat"));
+    const QByteArray head = table.open(QIODevice::ReadOnly) ? table.read(12) : QByteArray();
+    if (head.size() < 12 || table.size() < numberAt(head, 8, 2) + numberAt(head, 4, 4) * numberAt(head, 10, 2))
+        failIncomplete(output.file.path, QStringLiteral(".dat is shorter than it says"));
+    // Blocks of 512 bytes; an index of 4 bytes per feature.
+    const qint64 map = QFileInfo(base + QStringLiteral(".map")).size();
+    if (map == 0 || map % 512 != 0)
+        failIncomplete(output.file.path, QStringLiteral(".map does not end with a whole block"));
+    if (QFileInfo(base + QStringLiteral(".id")).size() < 4 * output.features.front())
+        failIncomplete(output.file.path, QStringLiteral(".id is shorter than its features need"));
+    QFile text(output.path);
+    const QByteArray definition = text.open(QIODevice::ReadOnly) ? text.readAll() : QByteArray();
+    if (!definition.startsWith("!table") || !definition.endsWith('\n'))
+        failIncomplete(output.file.path, QStringLiteral("its definition is cut off"));
+    openAndCount(output, report);
+}
+
+} // namespace kpFormats

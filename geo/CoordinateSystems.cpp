@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "geo/CoordinateSystems.h"
+
+#include "geo/GdalSession.h"
+
+#include <ogr_spatialref.h>
+
+#include <QByteArray>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+/// Whether it is what formats that must name a system write where there is none.
+bool saysNothing(const OGRSpatialReference& reference)
+{
+    const QString name = QString::fromUtf8(reference.GetName());
+    return reference.IsEmpty() || name == QLatin1String("Undefined geographic SRS")
+           || name.startsWith(QLatin1String("Undefined Cartesian SRS")) || name == QLatin1String("Nonearth");
+}
+
+} // namespace
+
+QString wktOf(const OGRSpatialReference* reference)
+{
+    if (!reference || saysNothing(*reference))
+        return {};
+    char* wkt = nullptr;
+    const QString text = reference->exportToWkt(&wkt) == OGRERR_NONE ? QString::fromUtf8(wkt) : QString();
+    CPLFree(wkt);
+    return text;
+}
+
+QString wktOf(const QString& text)
+{
+    const QuietGdal quiet;
+    OGRSpatialReference reference;
+    if (text.isEmpty() || reference.SetFromUserInput(text.toUtf8().constData()) != OGRERR_NONE)
+        return {};
+    return wktOf(&reference);
+}
+
+QString crsName(const QString& wkt)
+{
+    const QuietGdal quiet;
+    OGRSpatialReference reference;
+    if (wkt.isEmpty() || reference.SetFromUserInput(wkt.toUtf8().constData()) != OGRERR_NONE)
+        return {};
+    QString name = QString::fromUtf8(reference.GetName());
+    const char* authority = reference.GetAuthorityName(nullptr);
+    const char* code = reference.GetAuthorityCode(nullptr);
+    if (authority && code)
+        name += QStringLiteral(" (%1:%2)").arg(QString::fromUtf8(authority), QString::fromUtf8(code));
+    return name;
+}
+
+} // namespace kpFormats

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/kpFormatsExport.h"
+
+#include <QString>
+
+class OGRSpatialReference;
+
+namespace kpFormats
+{
+
+/// "EPSG:n", WKT or another text that PROJ knows as WKT; empty when it is not known.
+KPFORMATS_EXPORT QString wktOf(const QString& text);
+/// WKT of a reference; empty for null and for one that says nothing.
+KPFORMATS_EXPORT QString wktOf(const OGRSpatialReference* reference);
+/// A short name such as "GDA94 / MGA zone 50 (EPSG:28350)"; empty for empty WKT.
+KPFORMATS_EXPORT QString crsName(const QString& wkt);
+
+} // namespace kpFormats

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "geo/GdalSession.h"
+
+#include <QFileInfo>
+
+namespace kpFormats
+{
+
+void registerGdalDrivers()
+{
+    static const bool registered = [] {
+        GDALAllRegister();
+        return true;
+    }();
+    static_cast<void>(registered);
+}
+
+QuietGdal::QuietGdal()
+{
+    CPLPushErrorHandler(CPLQuietErrorHandler);
+    CPLErrorReset();
+}
+
+QuietGdal::~QuietGdal()
+{
+    CPLPopErrorHandler();
+}
+
+QString QuietGdal::lastMessage()
+{
+    return QString::fromUtf8(CPLGetLastErrorMsg()).simplified();
+}
+
+GdalOption::GdalOption(const char* key, const char* value)
+    : m_key(key)
+    , m_earlier(CPLGetThreadLocalConfigOption(key, nullptr))
+{
+    CPLSetThreadLocalConfigOption(key, value);
+}
+
+GdalOption::~GdalOption()
+{
+    CPLSetThreadLocalConfigOption(m_key.constData(), m_earlier.isNull() ? nullptr : m_earlier.constData());
+}
+
+} // namespace kpFormats

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelObject.h"
+#include "model/kpFormatsExport.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace kpFormats
+{
+
+/// The in-memory model: objects in the order in which they were added, found by id.
+class KPFORMATS_EXPORT Model
+{
+public:
+    /// Takes the object and gives it the next free id.
+    /// \returns the id
+    int add(ModelObject object);
+
+    const std::vector<ModelObject>& objects() const;
+    /// The object with that id, or null. Valid until the next add().
+    const ModelObject* find(int id) const;
+
+private:
+    std::vector<ModelObject> m_objects;
+    std::unordered_map<int, std::size_t> m_index;
+};
+
+} // namespace kpFormats

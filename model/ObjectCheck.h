@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelObject.h"
+#include "model/kpFormatsExport.h"
+
+namespace kpFormats
+{
+
+/// What is wrong with the object itself, in words: blocks of different lengths, parts, triangles or cells that point
+/// outside. Empty when it is sound. Every writer relies on what this finds sound.
+KPFORMATS_EXPORT QString faultOf(const ModelObject& object);
+
+} // namespace kpFormats

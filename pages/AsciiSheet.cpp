@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include "pages/AsciiSheet.h"
+
+#include "formats/ascii/AsciiFormat.h"
+#include "host/data/FormatFile.h"
+#include "model/Model.h"
+#include "pages/AsciiSpecification.h"
+#include "pages/FormArea.h"
+#include "spec/SeparatorCode.h"
+#include "wizard/QExportWizard.h"
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QSettings>
+#include <QVBoxLayout>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+using Settings = AsciiExportSettings;
+
+constexpr int refreshDelay = 10; // ms: changes that come together are shown together
+
+/// The editor's separator for a setting; Comma for one that the editor does not have.
+kpBaseExport::QExportSpecification::Separator editorSeparator(Settings::Separator separator)
+{
+    using Editor = kpBaseExport::QExportSpecification;
+    for (const auto candidate : {Editor::Tab, Editor::Space, Editor::Comma, Editor::SemiColon}) {
+        if (kpBaseExport::writerSeparator(candidate) == static_cast<int>(separator))
+            return candidate;
+    }
+    return Editor::Comma;
+}
+
+QString textOf(bool on)
+{
+    return on ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+} // namespace
+
+AsciiSheet::AsciiSheet(AsciiFormat& format, const Model& model)
+    : m_format(format)
+    , m_model(model)
+    , m_settings(format.settings())
+{
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setInterval(refreshDelay);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &AsciiSheet::refresh);
+    m_workTimer.setInterval(0);
+    connect(&m_workTimer, &QTimer::timeout, this, &AsciiSheet::work);
+}
+
+void AsciiSheet::initialize(const QString& text)
+{
+    QExportSheetAscii::initialize(text);
+    auto* frame = findChild<QFrame*>(QStringLiteral("m_frame"));
+    auto* content = new QWidget(frame);
+    auto* page = new QVBoxLayout(content);
+    page->setContentsMargins(6, 2, 6, 6);
+    page->setSpacing(5);
+    m_layout = new AsciiSpecification(content);
+    m_editor = m_layout;
+    m_layout->setWizard(m_wizard);
+    page->addWidget(m_layout, 3);
+    buildSettings(*page);
+    buildPreview(*page);
+    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller than its content, it scrolls
+    auto* whole = new QVBoxLayout(frame);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(new FormArea(content, frame));
+    layout()->setContentsMargins(0, 0, 0, 0);
+    restore();
+    connectEditor();
+}
+
+void AsciiSheet::connectEditor()
+{
+    using Editor = kpBaseExport::QExportSpecification;
+    connect(m_layout, &Editor::onSpecChange, this, &AsciiSheet::onSpecChange);
+    connect(m_layout, &Editor::onSpecChange, this, &AsciiSheet::changedByUser);
+    const auto refreshLater = [this] {
+        editorToSettings();
+        scheduleRefresh();
+    };
+    for (QTableWidget* table : m_layout->findChildren<QTableWidget*>())
+        connect(table, &QTableWidget::cellChanged, this, &AsciiSheet::changedByUser);
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(m_layout->m_fieldRadio), static_cast<QAbstractButton*>(m_layout->m_columnRadio),
+          static_cast<QAbstractButton*>(m_layout->m_nullCheck)})
+        connect(button, &QAbstractButton::toggled, this, refreshLater);
+    connect(m_layout->m_separatorCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, refreshLater);
+    connect(m_layout->m_nullEdit, &QLineEdit::textChanged, this, refreshLater);
+    connect(m_useCustom, &QCheckBox::toggled, this, refreshLater);
+    connect(m_custom, &QLineEdit::textChanged, this, refreshLater);
+    connect(m_layout, &AsciiSpecification::formatOpened, this, [this](const QJsonObject& settings) {
+        m_own = true;
+        applySettings(settings);
+        m_toldLacking.clear();
+        showLacking();
+        if (m_wizard)
+            m_wizard->update_navigation();
+        scheduleRefresh();
+    });
+    m_layout->settingsToSave = [this] { return settingsAsJson(); };
+}
+
+void AsciiSheet::restore()
+{
+    QSettings stored;
+    stored.beginGroup(QStringLiteral("format_") + m_format.info().key);
+    for (const Setting& setting : m_settings.settings()) {
+        try {
+            if (stored.contains(setting.key))
+                m_settings.set(setting.key, stored.value(setting.key).toString());
+        } catch (const SettingsError&) {
+            // Stored by another version of the program: the default stays.
+            stored.remove(setting.key);
+        }
+    }
+    const std::unique_ptr<FormatFile> layout(
+        FormatFile::fromBytes(stored.value(QStringLiteral("layout")).toByteArray()));
+    m_own = layout && stored.value(QStringLiteral("ownLayout")).toBool();
+    if (m_own)
+        m_layout->restore(*layout);
+    settingsToEditor();
+}
+
+void AsciiSheet::store()
+{
+    QSettings stored;
+    stored.beginGroup(QStringLiteral("format_") + m_format.info().key);
+    for (const Setting& setting : m_settings.settings())
+        stored.setValue(setting.key, setting.get());
+    stored.setValue(QStringLiteral("layout"), m_layout->snapshot()->toBytes());
+    stored.setValue(QStringLiteral("ownLayout"), m_own);
+}
+
+QJsonObject AsciiSheet::settingsAsJson() const
+{
+    QJsonObject settings;
+    for (const Setting& setting : m_settings.settings()) {
+        // The kind of layout is said by the file itself.
+        if (setting.key != QLatin1String("mode"))
+            settings.insert(setting.key, setting.get());
+    }
+    return settings;
+}
+
+void AsciiSheet::applySettings(const QJsonObject& settings)
+{
+    for (auto setting = settings.begin(); setting != settings.end(); ++setting) {
+        try {
+            if (setting.key() != QLatin1String("mode"))
+                m_settings.set(setting.key(), setting.value().toVariant().toString());
+        } catch (const SettingsError&) {
+            // A file of another version: what it says and this program does not know changes nothing.
+            continue;
+        }
+    }
+    m_settings.set(QStringLiteral("mode"), m_layout->mode() == kpBaseExport::QExportSpecification::FieldBased
+                                               ? QStringLiteral("separated")
+                                               : QStringLiteral("columns"));
+    settingsToEditor();
+}
+
+void AsciiSheet::settingsToEditor()
+{
+    const QScopedValueRollback<bool> ours(m_filling, true);
+    const Settings& settings = m_format.current();
+    const bool custom = settings.separator == Settings::Separator::Custom;
+    const Settings copy = settings; // the controls write back while they are set
+    m_layout->setMode(copy.mode == Settings::Mode::Columns ? kpBaseExport::QExportSpecification::ColumnBased
+                                                           : kpBaseExport::QExportSpecification::FieldBased);
+    if (!custom)
+        m_layout->setSeparator(editorSeparator(copy.separator));
+    m_useCustom->setChecked(custom);
+    m_custom->setText(copy.customSeparator);
+    m_layout->m_nullCheck->setChecked(copy.writeNullValue);
+    m_layout->m_nullEdit->setText(copy.nullValue);
+    m_layout->setDecimals(copy.decimals);
+    for (const auto& show : m_showSettings)
+        show();
+    m_custom->setEnabled(custom);
+    m_layout->m_separatorCombo->setEnabled(!custom && copy.mode == Settings::Mode::Separated);
+}
+
+void AsciiSheet::editorToSettings()
+{
+    if (m_filling)
+        return;
+    const bool separated = m_layout->mode() == kpBaseExport::QExportSpecification::FieldBased;
+    const bool custom = m_useCustom->isChecked();
+    m_settings.set(QStringLiteral("mode"), separated ? QStringLiteral("separated") : QStringLiteral("columns"));
+    const Setting& separator = *m_settings.find(QStringLiteral("separator"));
+    m_settings.set(separator.key, separator.choices[custom ? static_cast<int>(Settings::Separator::Custom)
+                                                           : kpBaseExport::writerSeparator(m_layout->separator())]);
+    m_settings.set(QStringLiteral("customSeparator"), m_custom->text());
+    m_settings.set(QStringLiteral("writeNullValue"), textOf(m_layout->isNull()));
+    m_settings.set(QStringLiteral("nullValue"), m_layout->m_nullEdit->text());
+    m_custom->setEnabled(custom);
+    m_layout->m_separatorCombo->setEnabled(separated && !custom);
+}
+
+void AsciiSheet::activate()
+{
+    const std::vector<int> ids = m_wizard ? m_wizard->selectedGeoIds() : std::vector<int>();
+    const bool others = ids != m_shownFor;
+    m_objects.clear();
+    for (const int id : ids) {
+        if (const ModelObject* object = m_model.find(id))
+            m_objects.push_back(object);
+    }
+    m_layout->setObjects(m_objects);
+    {
+        const QScopedValueRollback<bool> ours(m_filling, true);
+        if (others && !m_own)
+            m_layout->takeAll();
+        QExportSheetAscii::activate();
+    }
+    // Objects preset by the program are not in the list of the first page.
+    m_hasObjects = !m_objects.empty();
+    if (m_wizard)
+        m_wizard->update_navigation();
+    m_shownFor = ids;
+    showLacking();
+    if (others)
+        startProfile();
+    refresh();
+}
+
+void AsciiSheet::deactivate()
+{
+    handToFormat();
+    m_refreshTimer.stop();
+    m_workTimer.stop();
+    store();
+}
+
+/// The format writes what the page holds. Columns that are still to be fitted to their values are fitted first.
+void AsciiSheet::handToFormat()
+{
+    if (!m_own && !m_profile.done() && m_layout->mode() == kpBaseExport::QExportSpecification::ColumnBased) {
+        const QScopedValueRollback<bool> ours(m_filling, true);
+        while (!m_profile.advance(1000)) {
+        }
+        fitColumns();
+    }
+    m_layout->deactivate();
+    m_format.setLayout(m_layout->asciiLayout());
+}
+
+std::vector<std::string> AsciiSheet::selectedAttributeNames()
+{
+    // The save run asks for these first; what it then writes is what the page shows.
+    handToFormat();
+    return QExportSheetAscii::selectedAttributeNames();
+}
+
+QString AsciiSheet::optionSummary() const
+{
+    QStringList parts;
+    for (const Setting& setting : m_settings.settings())
+        parts.append(QStringLiteral("%1=%2").arg(setting.key, setting.get()));
+    return parts.join(QStringLiteral(", "));
+}
+
+void AsciiSheet::changedByUser()
+{
+    if (!m_filling)
+        m_own = true;
+    scheduleRefresh();
+}
+
+void AsciiSheet::scheduleRefresh()
+{
+    if (!m_refreshTimer.isActive())
+        m_refreshTimer.start();
+}
+
+} // namespace kpFormats

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/SettingsMap.h"
+#include "formats/ascii/AsciiHints.h"
+#include "formats/ascii/AsciiProfile.h"
+#include "pages/kpFormatsUiExport.h"
+#include "spec/QExportSheetAscii.h"
+
+#include <QJsonObject>
+#include <QTimer>
+
+#include <functional>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QVBoxLayout;
+
+namespace kpFormats
+{
+
+class AsciiFormat;
+class AsciiSpecification;
+class Model;
+
+/// The page of the ASCII format: the layout editor, the other settings, what the data have against the choice, and the
+/// first lines of the file as it will be, made by the writer itself. Everything is remembered; until the user changes
+/// the layout it holds all attributes of the chosen objects.
+class KPFORMATSUI_EXPORT AsciiSheet : public kpBaseExport::QExportSheetAscii
+{
+    Q_OBJECT
+
+public:
+    AsciiSheet(AsciiFormat& format, const Model& model);
+
+    using QExportSheetAscii::initialize;
+    void initialize(const QString& text) override;
+    void activate() override;
+    void deactivate() override;
+    QString optionSummary() const override;
+    std::vector<std::string> selectedAttributeNames() override;
+    /// True when preview and hints show the present choice.
+    bool isSettled() const { return !m_refreshTimer.isActive() && m_profile.done(); }
+
+private:
+    void buildSettings(QVBoxLayout& page);
+    void buildPreview(QVBoxLayout& page);
+    void connectEditor();
+    QWidget* addSetting(const QString& key);
+    void restore();
+    void store();
+    void settingsToEditor();
+    void editorToSettings();
+    void applySettings(const QJsonObject& settings);
+    QJsonObject settingsAsJson() const;
+
+    void changedByUser();
+    void scheduleRefresh();
+    void refresh();
+    void startProfile();
+    void work();
+    void showLacking();
+    void showHints();
+    void addHint(const AsciiHint& hint, const QString& text, std::function<void()> cure);
+    void cure(const AsciiHint& hint);
+    void fitColumns();
+    void handToFormat();
+
+    AsciiFormat& m_format;
+    const Model& m_model;
+    SettingsMap m_settings;
+    AsciiSpecification* m_layout = nullptr;            ///< the editor
+    std::vector<std::function<void()>> m_showSettings; ///< put each setting into its control
+
+    QCheckBox* m_useCustom = nullptr;
+    QLineEdit* m_custom = nullptr;
+    QLabel* m_lackingLabel = nullptr;
+    QWidget* m_lackingBox = nullptr;
+    QWidget* m_hintBox = nullptr;
+    QVBoxLayout* m_hints = nullptr;
+    QLabel* m_previewTitle = nullptr;
+    QPlainTextEdit* m_preview = nullptr;
+
+    QTimer m_refreshTimer;
+    QTimer m_workTimer;
+    AsciiProfile m_profile;
+    QStringList m_profiledSeparators;
+    std::vector<const ModelObject*> m_objects;
+    std::vector<int> m_shownFor; ///< objects whose attributes are on offer
+    QStringList m_toldLacking;   ///< names that the user has been told about
+    bool m_own = false;          ///< the user has changed the layout
+    bool m_filling = false;      ///< changes are ours
+};
+
+} // namespace kpFormats

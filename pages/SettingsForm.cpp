@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "pages/SettingsForm.h"
+
+#include "pages/SettingControl.h"
+
+#include <QFormLayout>
+
+namespace kpFormats
+{
+
+SettingsForm::SettingsForm(const SettingsMap& settings, const QStringList& except, QWidget* parent)
+    : QWidget(parent)
+{
+    auto* form = new QFormLayout(this);
+    form->setContentsMargins(0, 0, 0, 0);
+    for (const Setting& setting : settings.settings()) {
+        if (except.contains(setting.key))
+            continue;
+        const QString label = labelOf(setting.key);
+        QWidget* control = makeSettingControl(setting, {}, label, this, [] {}).widget;
+        // A check box carries its own text, so that a click on the text counts too.
+        if (setting.kind == Setting::Boolean)
+            form->setWidget(form->rowCount(), QFormLayout::FieldRole, control);
+        else
+            form->addRow(label, control);
+        m_empty = false;
+    }
+}
+
+} // namespace kpFormats

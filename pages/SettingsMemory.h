@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/SettingsMap.h"
+#include "pages/kpFormatsUiExport.h"
+
+namespace kpFormats
+{
+
+/// Sets what was stored for the format when it was last used. A stored value that is no longer valid is forgotten.
+KPFORMATSUI_EXPORT void restoreSettings(SettingsMap& settings, const QString& formatKey);
+/// Stores the settings for the next time, those of the keys \a except left out.
+void storeSettings(const SettingsMap& settings, const QString& formatKey, const QStringList& except = {});
+/// Stores one value for the next time.
+KPFORMATSUI_EXPORT void storeSetting(const QString& formatKey, const QString& key, const QString& value);
+/// The settings as "key=value, key=value".
+KPFORMATSUI_EXPORT QString summaryOf(const SettingsMap& settings);
+
+} // namespace kpFormats

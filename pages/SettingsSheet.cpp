@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "pages/SettingsSheet.h"
+
+#include "pages/SettingsForm.h"
+#include "pages/SettingsMemory.h"
+#include "wizard/QExportAttributeWidget.h"
+#include "wizard/QExportWizard.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace kpFormats
+{
+
+SettingsSheet::SettingsSheet(ExportFormat& format)
+    : QWidget(nullptr)
+    , QExportAbstractOptionSheet(nullptr)
+    , m_format(format)
+    , m_settings(format.settings())
+{
+}
+
+void SettingsSheet::initialize(const QString&)
+{
+    m_pageWidget = this;
+    setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_format.info().fileFormatName));
+    restoreSettings(m_settings, m_format.info().key);
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    auto* left = new QVBoxLayout;
+    left->addWidget(new SettingsForm(m_settings, {}, this));
+    left->addStretch();
+    columns->addLayout(left, 1);
+    if (m_format.info().supportsAttributes) {
+        m_attributes.attach(AttributeChoice::newPanel(m_wizard, this), m_wizard);
+        columns->addWidget(m_attributes.panel(), 1);
+    }
+}
+
+void SettingsSheet::activate()
+{
+    // Coming back with the same objects keeps what the user has checked.
+    const std::vector<int> ids = m_wizard ? m_wizard->selectedGeoIds() : std::vector<int>();
+    if (ids != m_shownFor)
+        m_attributes.refill();
+    m_shownFor = ids;
+}
+
+void SettingsSheet::deactivate()
+{
+    storeSettings(m_settings, m_format.info().key);
+}
+
+QString SettingsSheet::optionSummary() const
+{
+    return summaryOf(m_settings);
+}
+
+std::vector<std::string> SettingsSheet::selectedAttributeNames()
+{
+    return m_attributes.selectedNames();
+}
+
+} // namespace kpFormats

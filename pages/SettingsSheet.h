@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/saver/AttributeNamesSheet.h"
+#include "core/saver/QExportAbstractOptionSheet.h"
+#include "export/ExportFormat.h"
+#include "pages/AttributeChoice.h"
+#include "pages/kpFormatsUiExport.h"
+
+#include <QWidget>
+
+namespace kpFormats
+{
+
+/// The option page of a format, built from its settings, with the choice of attributes below. What is set here is what
+/// --set sets; it is remembered per format and stays when the user goes back and forth.
+class KPFORMATSUI_EXPORT SettingsSheet : public QWidget,
+                                         public kpBaseExport::QExportAbstractOptionSheet,
+                                         public kpBaseExport::AttributeNamesSheet
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsSheet(ExportFormat& format);
+
+    using QExportAbstractOptionSheet::initialize;
+    void initialize(const QString& text) override;
+    void activate() override;
+    void deactivate() override;
+    QString optionSummary() const override;
+    std::vector<std::string> selectedAttributeNames() override;
+
+private:
+    ExportFormat& m_format;
+    SettingsMap m_settings;
+    AttributeChoice m_attributes;
+    std::vector<int> m_shownFor; ///< objects whose attributes are listed
+};
+
+} // namespace kpFormats

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ObjectType.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace kpFormats
+{
+
+/// How a file becomes objects. Everything is optional.
+struct LoadOptions
+{
+    std::optional<ObjectType> type; ///< instead of the type that the geometry suggests
+    QString layer;                  ///< only the layer of that name
+    QString name;                   ///< name of the object, when the file holds one
+    QString nameField;              ///< field that names each feature
+    QString set;                    ///< set of the objects; else the layer's name
+    QString color;                  ///< "#rrggbb"; else one of a palette
+    QString crs;                    ///< "EPSG:n" or WKT; else the file's own
+    QString lengthUnit = QStringLiteral("m");
+    QString x; ///< columns of a delimited file; else guessed from their names
+    QString y;
+    QString z;
+    QString survey;        ///< deviation survey that belongs to a collar file
+    double maxDepth = 1e5; ///< survey stations deeper than this are end marks and are left out
+};
+
+/// What loading passed over, for the user.
+using LoadNotes = QStringList;
+
+} // namespace kpFormats

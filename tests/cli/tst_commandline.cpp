@@ -1,0 +1,379 @@
+// SPDX-License-Identifier: MIT
+// The program as a user runs it: outputs, messages and exit codes.
+#include "tests/support/ProgramTest.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <csignal>
+
+namespace
+{
+
+/// Whether a process has a handler for the interrupt signal yet, as the kernel tells it.
+bool catchesInterrupt(qint64 process)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("SigCgt:"))
+            return (line.mid(7).trimmed().toULongLong(nullptr, 16) & (1ULL << (SIGINT - 1))) != 0;
+    }
+    return false;
+}
+
+} // namespace
+
+class CommandLineTest : public ProgramTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void exportsALine_data();
+    void exportsALine();
+    void wrongUse_data();
+    void wrongUse();
+    void overwriting();
+    void dryRun_data();
+    void dryRun();
+    void fileForEachObject();
+    void reportAndStrict();
+    void jobFile();
+    void formatsAsJson();
+    void interrupted();
+    void sampleModel();
+    void mixedSelection();
+
+private:
+    QStringList listing() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
+};
+
+void CommandLineTest::init()
+{
+    emptyFolder();
+    write("points.csv", "X,Y,Z,name,grade\n6789012.3456,100.5,-1,Грифон,1.25\n2,3,4,\"a, b\",\n");
+}
+
+void CommandLineTest::exportsALine_data()
+{
+    QTest::addColumn<QStringList>("settings");
+    QTest::addColumn<QByteArray>("expected");
+    const auto row = [](const char* name, const QStringList& settings, const char* expected) {
+        QTest::newRow(name) << settings << QByteArray(expected);
+    };
+    const auto set = [](const char* text) { return QStringList{QStringLiteral("--set"), QString::fromLatin1(text)}; };
+    row("defaults", {}, "X,Y,Z,name,grade\n6789012.346,100.500,-1.000,Грифон,1.250\n2.000,3.000,4.000,a, b,99999\n");
+    row("tab, depth, no header",
+        set("separator=tab") + set("zIsElevation=false") + set("header=false") + set("decimals=1"),
+        "6789012.3\t100.5\t1.0\tГрифон\t1.3\n2.0\t3.0\t-4.0\ta, b\t99999\n");
+    row("custom separator and null",
+        set("separator=custom") + set("customSeparator= | ") + set("nullValue=-1") + set("decimals=0"),
+        "X | Y | Z | name | grade\n6789012 | 101 | -1 | Грифон | 1\n2 | 3 | 4 | a, b | -1\n");
+    row("columns", set("mode=columns") + set("decimals=1"),
+        "        X     Y     Z   name grade\n6789012.3 100.5  -1.0 Грифон   1.3\n      2.0   3.0   4.0   a, b 99999\n");
+    row("no attribute", {QStringLiteral("--no-attributes")}, "X,Y,Z\n6789012.346,100.500,-1.000\n2.000,3.000,4.000\n");
+    row("one attribute",
+        QStringList{QStringLiteral("--attribute"), QStringLiteral("grade")} + set("decimals=2")
+            + set("lineBreaks=true"),
+        "X,Y,Z,grade\npoints\n6789012.35,100.50,-1.00,1.25\n2.00,3.00,4.00,99999\n\n");
+}
+
+void CommandLineTest::exportsALine()
+{
+    QFETCH(QStringList, settings);
+    QFETCH(QByteArray, expected);
+    const Result result =
+        run(QStringList{QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
+                        QStringLiteral("ascii"), QStringLiteral("--output"), QString::fromUtf8("地層 ñ.txt")}
+            + settings);
+    QVERIFY2(result.code == 0, qPrintable(result.error));
+    QCOMPARE(QString::fromUtf8(read("地層 ñ.txt")), QString::fromUtf8(expected));
+    QVERIFY(result.out.contains(QString::fromUtf8("地層 ñ.txt\t2 rows\t%1 bytes").arg(expected.size())));
+}
+
+void CommandLineTest::wrongUse_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* command, int code, const char* message) {
+        QTest::newRow(command) << QString::fromUtf8(command) << code << QString::fromUtf8(message);
+    };
+    row("nonsense", 2, "nonsense: there is no such command");
+    row("export", 2, "no file to export is named");
+    row("export points.csv --format xyz --output a", 2, "xyz: there is no such format (formats: ascii");
+    row("export points.csv --format ascii", 2, "no output is given");
+    row("export points.csv --format ascii --output a --set nothing=1", 2,
+        "nothing: there is no such setting (settings of this format: mode");
+    row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from 0 to 17");
+    row("export points.csv --format ascii --output a --set separator", 2, "write KEY=VALUE");
+    row("export points.csv --format ascii --output a --type thing", 2, "thing: there is no such type");
+    row("export points.csv --format ascii --output a --object nobody", 3, "no object matches");
+    row("export missing.csv --format ascii --output a", 1, "missing.csv: there is no such file (check the path)");
+    row("export points.csv --format ascii --output no/such/a.txt", 1, "does not exist (create it or choose another)");
+    row("export points.csv --format ascii --output folder", 1, "folder: this is a directory (give the name of a file)");
+    row("inspect", 2, "no file is named");
+    row("run points.csv", 2, "points.csv: line 1:");
+    row("inspect empty.csv", 1, "empty.csv: the file is empty");
+    row("inspect flat.csv", 1, "none of its columns is known to hold coordinates; it has: a, b (name them");
+    row("inspect broken.gpkg", 1, "broken.gpkg: the file could not be opened");
+    row("inspect binary.csv", 1, "binary.csv: this is a binary file");
+    row("inspect wide.csv", 1, "line 1 has 20001 columns");
+    row("inspect bad.kpmodel", 1, "bad.kpmodel: line 2:");
+    row("inspect unknown.kpmodel", 1, "object 1: \"colour\" is not known (keys: file, type");
+}
+
+void CommandLineTest::wrongUse()
+{
+    QFETCH(QString, command);
+    QFETCH(int, code);
+    QFETCH(QString, message);
+    QDir(m_folder->path()).mkdir(QStringLiteral("folder"));
+    write("empty.csv", "");
+    write("flat.csv", "a,b\n1,2\n");
+    write("broken.gpkg", "SQLite format 3");
+    write("bad.kpmodel", "{ \"version\": 1,\n oops }");
+    write("unknown.kpmodel", "{ \"version\": 1, \"objects\": [ { \"file\": \"points.csv\", \"colour\": \"red\" } ] }");
+    write("wide.csv", QByteArray(20000, ',').append("\n"));
+    write("binary.csv", QByteArray(1000, '\0'));
+    const QStringList before = listing();
+    const Result result = run(command.split(QLatin1Char(' ')));
+    QCOMPARE(result.code, code);
+    QVERIFY2(result.error.startsWith(QStringLiteral("kpexport: error: ")) && result.error.contains(message),
+             qPrintable(result.error));
+    QCOMPARE(listing(), before);
+}
+
+void CommandLineTest::overwriting()
+{
+    write("out.csv", "earlier");
+    const QStringList command{QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
+                              QStringLiteral("ascii"),  QStringLiteral("--output"),   QStringLiteral("out")};
+    const Result refused = run(command);
+    QCOMPARE(refused.code, 1);
+    QVERIFY2(refused.error.contains(QStringLiteral("out.csv: the file exists already (add --overwrite")),
+             qPrintable(refused.error));
+    QCOMPARE(read("out.csv"), QByteArray("earlier"));
+    QCOMPARE(run(command + QStringList{QStringLiteral("--overwrite")}).code, 0);
+    QVERIFY(read("out.csv").startsWith("X,Y,Z,name"));
+    QCOMPARE(listing(), (QStringList{QStringLiteral("out.csv"), QStringLiteral("points.csv")}));
+}
+
+void CommandLineTest::dryRun_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, const char* arguments, int code, const char* error) {
+        QTest::newRow(name) << QString::fromUtf8(arguments).split(QLatin1Char(' ')) << code << QString::fromUtf8(error);
+    };
+    row("all well", "points.csv --format ascii --output o.csv --strict", 0, "");
+    row("no coordinate system", "points.csv --format kml --output o.kml", 1,
+        "the object points has no coordinate system (name it in the setting crs");
+    row("no system for GeoJSON", "points.csv --format geojson --output o.geojson", 1,
+        "the objects have no coordinate system, and GeoJSON");
+    row("type of no use", "forced.kpmodel --object image --format kml --output o.kml", 1,
+        "nothing of image can be drawn: it has no rows and columns");
+    row("image as drawing", "forced.kpmodel --object mesh --format dxf --output o.dxf", 1,
+        "nothing of mesh can be drawn: it has no faces");
+    row("mesh without triangles", "forced.kpmodel --object mesh --format off --output o.off", 1,
+        "the surface mesh has no triangle");
+    row("grid without nodes", "forced.kpmodel --object grid --format zmap --output o.dat", 1, "the grid grid is empty");
+    row("no way to the system", "points.csv --format dxf --set crs=EPSG:nowhere --output o.dxf", 1,
+        "is no coordinate system that is known");
+    row("a file that exists", "points.csv --format ascii --output points.csv", 1,
+        "the file exists already (add --overwrite");
+    row("no directory", "points.csv --format shp --output gone/o.shp", 1, "gone does not exist (create it");
+    row("device", "points.csv --format gpkg --output /dev/null", 1, "a device cannot hold a GeoPackage");
+    row("attribute that is not there", "points.csv --format gocad --output o.vs --attribute age --strict", 5, "");
+    row("no place for attributes",
+        "forced.kpmodel --object line --format dxf --output o.dxf --strict --set meshPoints=true", 1,
+        "it has no lines");
+    row("on MapInfo's grid", "points.csv --format tab --output o.tab --strict", 0, "");
+}
+
+void CommandLineTest::dryRun()
+{
+    // What the plan says is what the run does, to the word and the exit code.
+    QFETCH(QStringList, arguments);
+    QFETCH(int, code);
+    QFETCH(QString, error);
+    write("points.csv", "x,y,z,n\n500000,7500000,1,2\n500010,7500010,2,3\n500020,7500000,3,4\n");
+    write("forced.kpmodel", "{\"version\":1,\"objects\":["
+                            "{\"file\":\"points.csv\",\"name\":\"image\",\"type\":\"image\",\"crs\":\"EPSG:28350\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"mesh\",\"type\":\"mesh_surface\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"line\",\"type\":\"polyline\"},"
+                            "{\"file\":\"points.csv\",\"name\":\"grid\",\"type\":\"grid_surface\"}]}");
+    const auto errorsOf = [](const Result& result) {
+        return result.error.split(QLatin1Char('\n')).filter(QStringLiteral(": error: "));
+    };
+    const QStringList before = QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    const Result plan = run(QStringList{QStringLiteral("export"), QStringLiteral("--dry-run"),
+                                        QStringLiteral("--report"), QStringLiteral("plan.json")}
+                            + arguments);
+    QVERIFY(m_folder->path().size() > 0 && QFile::exists(path("plan.json")));
+    const QJsonObject report = QJsonDocument::fromJson(read("plan.json")).object();
+    QVERIFY(QFile::remove(path("plan.json")));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
+    QVERIFY2(plan.code == code && plan.error.contains(error), qPrintable(plan.error));
+    const bool refused = report.value(QStringLiteral("files"))
+                             .toArray()
+                             .first()
+                             .toObject()
+                             .value(QStringLiteral("error"))
+                             .toString()
+                             .contains(error);
+    QVERIFY(refused || error.isEmpty() || error.startsWith(QLatin1String("the file exists")));
+    QCOMPARE(report.value(QStringLiteral("findings")).toArray().isEmpty(), code != 5);
+    const Result real = run(QStringList{QStringLiteral("export")} + arguments);
+    QCOMPARE(real.code, code);
+    QCOMPARE(errorsOf(real), errorsOf(plan));
+}
+
+void CommandLineTest::fileForEachObject()
+{
+    write("names.geojson", "{\"type\":\"FeatureCollection\",\"features\":["
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\"../A/"
+                           "B\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\".._a_b\"},\"geometry\":{\"type\":"
+                           "\"LineString\",\"coordinates\":[[0,1],[2,3]]}},"
+                           "{\"type\":\"Feature\",\"properties\":{\"n\":\"CON\"},\"geometry\":{\"type\":\"LineString\","
+                           "\"coordinates\":[[0,1],[2,3]]}}]}");
+    write("names.kpmodel", "{\"version\":1,\"objects\":[{\"file\":\"names.geojson\",\"nameField\":\"n\"}]}");
+    const Result result = run({QStringLiteral("export"), QStringLiteral("names.kpmodel"), QStringLiteral("--format"),
+                               QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("o.txt"),
+                               QStringLiteral("--set"), QStringLiteral("grouping=object")});
+    QVERIFY2(result.code == 0, qPrintable(result.error));
+    QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("o_*")}, QDir::Files | QDir::Hidden),
+             (QStringList{QStringLiteral("o__.._A_B.txt"), QStringLiteral("o__.._a_b_2.txt"),
+                          QStringLiteral("o__CON.txt")}));
+}
+
+void CommandLineTest::reportAndStrict()
+{
+    const Result result =
+        run({QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
+             QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("o"), QStringLiteral("--attribute"),
+             QStringLiteral("none"), QStringLiteral("--attribute"), QStringLiteral("name"), QStringLiteral("--strict"),
+             QStringLiteral("--quiet"), QStringLiteral("--report"), QStringLiteral("r.json")});
+    QCOMPARE(result.code, 5);
+    QCOMPARE(result.out, QString());
+    const QJsonObject report = QJsonDocument::fromJson(read("r.json")).object();
+    const QJsonObject file = report.value(QStringLiteral("files")).toArray().first().toObject();
+    QCOMPARE(file.value(QStringLiteral("outcome")).toString(), QStringLiteral("written"));
+    QCOMPARE(file.value(QStringLiteral("rows")).toInt(), 2);
+    QStringList kinds;
+    for (const QJsonValue& finding : report.value(QStringLiteral("findings")).toArray())
+        kinds.append(finding.toObject().value(QStringLiteral("kind")).toString());
+    QCOMPARE(kinds, (QStringList{QStringLiteral("missing attribute"), QStringLiteral("text holds the separator")}));
+}
+
+void CommandLineTest::jobFile()
+{
+    QDir(m_folder->path()).mkdir(QStringLiteral("jobs"));
+    write("jobs/a.json", "{\"models\":[\"../points.csv\"],\"format\":\"ascii\",\"output\":\"../j.txt\","
+                         "\"settings\":{\"decimals\":0,\"header\":false},\"attributes\":[\"grade\"]}");
+    QCOMPARE(run({QStringLiteral("run"), QStringLiteral("jobs/a.json")}).code, 0);
+    QCOMPARE(read("j.txt"), QByteArray("6789012,101,-1,1\n2,3,4,99999\n"));
+    write("jobs/b.json", "{\"model\":\"x\"}");
+    const Result result = run({QStringLiteral("run"), QStringLiteral("jobs/b.json")});
+    QCOMPARE(result.code, 2);
+    QVERIFY(result.error.contains(QStringLiteral("\"model\" is not known (keys: models")));
+}
+
+void CommandLineTest::formatsAsJson()
+{
+    const QJsonArray formats =
+        QJsonDocument::fromJson(run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8()).array();
+    QStringList keys;
+    for (const QJsonValue& setting : formats.first().toObject().value(QStringLiteral("settings")).toArray())
+        keys.append(setting.toObject().value(QStringLiteral("key")).toString());
+    QCOMPARE(keys.join(QLatin1Char(' ')),
+             QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
+                            "nullValue lineBreaks zIsElevation grouping"));
+}
+
+void CommandLineTest::interrupted()
+{
+    // Large enough that the signal comes while it is written; the loop ends as soon as a temporary file has grown.
+    QFile big(path("big.csv"));
+    QVERIFY(big.open(QIODevice::WriteOnly));
+    big.write("X,Y,Z\n");
+    for (int row = 0; row < 400000; ++row)
+        big.write("123456.789,2,3\n");
+    big.close();
+    write("out.csv", "earlier");
+    QProcess process;
+    process.setWorkingDirectory(m_folder->path());
+    process.start(QStringLiteral(KP_PROGRAM),
+                  {QStringLiteral("export"), QStringLiteral("big.csv"), QStringLiteral("--format"),
+                   QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("out.csv"),
+                   QStringLiteral("--overwrite"), QStringLiteral("--set"), QStringLiteral("decimals=17")});
+    QVERIFY(process.waitForStarted());
+    // The signal is caught from the loading on; the export then stops at its first look.
+    QTRY_VERIFY_WITH_TIMEOUT(catchesInterrupt(process.processId()), 20000);
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    QVERIFY(process.waitForFinished(300000));
+    const QString error = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 4, qPrintable(error));
+    QVERIFY(error.contains(QStringLiteral("cancelled; earlier files are as they were")));
+    QCOMPARE(read("out.csv"), QByteArray("earlier"));
+    QCOMPARE(listing().size(), 3);
+}
+
+void CommandLineTest::sampleModel()
+{
+    const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
+    const QJsonArray objects =
+        QJsonDocument::fromJson(run({QStringLiteral("inspect"), sample, QStringLiteral("--json")}).out.toUtf8())
+            .array();
+    QMap<QString, int> types;
+    for (const QJsonValue& object : objects)
+        ++types[object.toObject().value(QStringLiteral("type")).toString()];
+    QCOMPARE(types.value(QStringLiteral("polygon")), 61);
+    QCOMPARE(types.value(QStringLiteral("polyline")), 35);
+    QCOMPARE(types.value(QStringLiteral("well")), 399);
+    QCOMPARE(types.value(QStringLiteral("vertex_cloud")), 3);
+    QCOMPARE(types.value(QStringLiteral("grid_surface")), 1);
+    QCOMPARE(types.value(QStringLiteral("mesh_surface")), 1);
+    QCOMPARE(types.value(QStringLiteral("geocellular_volume")), 1);
+    const Result result = run({QStringLiteral("export"), sample, QStringLiteral("--format"), QStringLiteral("ascii"),
+                               QStringLiteral("--output"), QStringLiteral("s.txt"), QStringLiteral("--set"),
+                               QStringLiteral("separator=tab"), QStringLiteral("--type"), QStringLiteral("well"),
+                               QStringLiteral("--object"), QStringLiteral("B1-1*")});
+    QVERIFY2(result.code == 0, qPrintable(result.error));
+    const QList<QByteArray> lines = read("s.txt").split('\n');
+    QCOMPARE(lines.first(), QByteArray("X\tY\tZ\tMD"));
+    QVERIFY(lines.size() > 500);
+    for (const QByteArray& line : lines)
+        QVERIFY(line.isEmpty() || line.count('\t') == 3);
+}
+
+void CommandLineTest::mixedSelection()
+{
+    // A format gets what it can take; what it cannot is said.
+    const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
+    const auto exported = [&](const char* format, const char* output) {
+        return run({QStringLiteral("export"), sample, QStringLiteral("--format"), QString::fromLatin1(format),
+                    QStringLiteral("--output"), QString::fromLatin1(output)});
+    };
+    const Result off = exported("off", "s.off");
+    QVERIFY2(off.code == 0, qPrintable(off.error));
+    QCOMPARE(off.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts).size(), 2);
+    QVERIFY2(off.error.contains(QStringLiteral(
+                 "note: 501 objects were left out because the format does not take their types (first ")),
+             qPrintable(off.error));
+    QVERIFY(read("s_Terrain mesh.off").startsWith("OFF\n"));
+    const Result grdecl = exported("grdecl", "s.grdecl");
+    QVERIFY2(grdecl.code == 0, qPrintable(grdecl.error));
+    QVERIFY(read("s.grdecl").contains("\nROCKTYPE\n"));
+    QVERIFY(exported("zmap", "s").code == 0 && read("s.dat").contains("@Terrain HEADER, GRID, 5\n"));
+    QVERIFY(exported("gocad", "s").code == 0 && read("s.gp").count("\nEND\n") > 499);
+}
+
+QTEST_GUILESS_MAIN(CommandLineTest)
+#include "tst_commandline.moc"

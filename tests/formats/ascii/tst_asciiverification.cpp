@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// A written table is read again: what is right passes in every form, one wrong character does not.
+#include "tests/support/SaverRun.h"
+#include "tests/support/TextRows.h"
+
+using namespace kpFormats;
+
+class AsciiVerificationTest : public SaverTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyForm_data();
+    void everyForm();
+    void wrongCharacters_data();
+    void wrongCharacters();
+
+private:
+    static ModelObject top();
+};
+
+ModelObject AsciiVerificationTest::top()
+{
+    ModelObject object = objectOf(QStringLiteral("Top"), ObjectType::VertexClouds, {6789012.3456, 2.5, 3},
+                                  {-1, 0.0005, 1e7}, {10, none, -12.5});
+    const QVector<QVariant> rocks{QStringLiteral("a,b;c"), QVariant(QVariant::String), QStringLiteral("shale")};
+    object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {0.25, QVariant(), 7}),
+                               columnOf(QStringLiteral("rock"), AttributeKind::Text, rocks)};
+    return object;
+}
+
+void AsciiVerificationTest::everyForm_data()
+{
+    textRows({"settings"}, {{"mode=columns"},
+                            {"separator=tab"},
+                            {"separator=comma"},
+                            {"separator=blank;lineBreaks=true"},
+                            {"preset=surfer"},
+                            {"header=false;preset=arcview"},
+                            {"zIsElevation=false;mode=columns"},
+                            {"writeNullValue=false"},
+                            {"decimals=0"},
+                            {"decimals=9;nullValue=-1"}});
+}
+
+void AsciiVerificationTest::everyForm()
+{
+    QFETCH(QString, settings);
+    const SaverRun run("ascii", {top()}, path("t.csv"), settings);
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.rows(), qint64(3));
+    QCOMPARE(run.readBack.front().count, qint64(3));
+    const int decimals = run.format->settings().find(QStringLiteral("decimals"))->get().toInt();
+    QVERIFY(run.readBack.front().worstError <= 0.5 * std::pow(10.0, -decimals) + 1e-9);
+}
+
+void AsciiVerificationTest::wrongCharacters_data()
+{
+    textRows({"right", "wrong", "fault"},
+             {{"6789012.346", "6789012.347", "row 1 of Top has \"6789012.347\" for x, which is 6789012.3456"},
+              {"-12.500", "12.500", "row 3 of Top has \"12.500\" for z, which is -12.5"},
+              {"7.000", "7,000", "row 3 of Top has"},
+              {"2.500\t0.001\t99999", "2.500\t0.001\t0.000", "row 2 of Top has \"0.000\" for z"},
+              {"99999\t99999\t", "99999\t0.000\t", "row 2 of Top has \"0.000\" for grade"},
+              {"3.000\t10000000.000\t-12.500\t7.000\tshale\n", "", "Top ends at row 2 of 3"},
+              {"shale\n", "shale\n1\t2\t3\t4\tx\n", "there are more lines than vertices"}});
+}
+
+void AsciiVerificationTest::wrongCharacters()
+{
+    QFETCH(QString, right);
+    QFETCH(QString, wrong);
+    QFETCH(QString, fault);
+    const SaverRun run("ascii", {top()}, path("t.csv"), "separator=tab");
+    QCOMPARE(run.fault(), QString());
+    const QString found = run.damaged(right.toUtf8(), wrong.toUtf8()).fault;
+    QVERIFY2(found.contains(fault), qPrintable(found));
+}
+
+QTEST_GUILESS_MAIN(AsciiVerificationTest)
+#include "tst_asciiverification.moc"

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "cli/StartUp.h"
+#include "window/RunGui.h"
+
+#include <QtGlobal>
+
+/// The program with its window, found by name: main() loads this module when no command is given.
+extern "C" Q_DECL_EXPORT int kpexportWindow(int argc, char** argv)
+{
+    refhost::nameApplication();
+    return refhost::runGui(argc, argv);
+}
