@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ExportCommand.h"
+#include "export/CommonFindings.h"
 
 #include "cli/CommandLine.h"
 #include "cli/TerminalProgress.h"
@@ -68,8 +69,7 @@ std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& 
         }
         chosen.push_back(&object);
     }
-    report.note(QStringLiteral("object of a type that the format does not take"), QString(), refused,
-                QStringLiteral("first %1").arg(example));
+    report.findings.note(finding::typeNotTaken, QString(), refused, QStringLiteral("first %1").arg(example));
     return chosen;
 }
 
@@ -129,7 +129,7 @@ void printOutcomeErrors(const FileOutcome& file)
 
 void printFindings(const ExportReport& report, const char* before = "")
 {
-    for (const QString& line : report.findingLines())
+    for (const QString& line : report.findings.lines())
         std::fprintf(stderr, "kpexport: note: %s%s\n", before, line.toUtf8().constData());
 }
 
@@ -137,7 +137,7 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
 {
     if (report.anyFailed())
         return NotAllWritten;
-    return request.strict && !report.findings().empty() ? SomethingLost : AllWritten;
+    return request.strict && !report.findings.isEmpty() ? SomethingLost : AllWritten;
 }
 
 /// The first file that exists and may not be replaced; empty when there is none.
@@ -229,7 +229,7 @@ int runRequest(const ExportRequest& request)
     }
     ExportReport report;
     for (const QString& note : qAsConst(notes))
-        report.note(QStringLiteral("left out on loading"), QString(), 1, note);
+        report.findings.note(finding::lostOnLoading, QString(), 1, note);
     ExportSelection selection;
     selection.objects = choose(model, request, format->info(), report);
     selection.path = request.output;

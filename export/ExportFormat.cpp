@@ -76,7 +76,7 @@ bool ExportFormat::saveLayout(const QString&)
     return false;
 }
 
-void ExportFormat::foresee(const PlannedFile&, const ExportSelection&, ExportReport&) const {}
+void ExportFormat::foresee(const PlannedFile&, const ExportSelection&, Findings&) const {}
 
 Verification ExportFormat::verify(const PlannedFile&, const QString&, const ExportSelection&)
 {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
 #include "export/FilePlan.h"
+#include "export/Findings.h"
 #include "export/SettingsMap.h"
 #include "export/Verification.h"
 #include "model/kpFormatsExport.h"
@@ -58,18 +58,18 @@ public:
     virtual QStringList sidecars() const { return {}; }
     /// A rough guess of a file's size, for a look at what fits on the disk.
     virtual qint64 estimatedBytes(const PlannedFile& file, const ExportSelection& selection) const;
-    /// Looks, without writing, for what write() will refuse in a file, and notes in \a losses what it will not carry, as
+    /// Looks, without writing, for what write() will refuse in a file, and notes in \a findings what it will not carry, as
     /// far as a look at the objects tells that costs next to nothing beside writing them. Both the plan and the run ask
     /// this first.
     /// \throws ObjectError when one object cannot be written but the others can; ExportError, std::exception
-    virtual void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const;
+    virtual void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const;
     /// Writes one file to \a path, which has the final name but lies in a folder of its own, and its sidecars beside
     /// it. Everything that is in the folder afterwards moves to the final place together; an earlier sidecar that was
     /// not written again goes. Stops early when the user cancels.
     /// \returns the number of rows, features or cells written
     /// \throws ObjectError when one object cannot be written but the others can; ExportError, std::exception
     virtual qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                         ExportReport& report, kpBase::AbstractProgress* progress) = 0;
+                         Findings& findings, kpBase::AbstractProgress* progress) = 0;
     /// Reads the file that write() left at \a path by another route and compares it with the source.
     virtual Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection);
 };

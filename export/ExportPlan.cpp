@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "export/ExportPlan.h"
+#include "export/CommonFindings.h"
 
 #include "export/ExportError.h"
 #include "export/Foresight.h"
@@ -98,7 +99,7 @@ QJsonObject ExportPlan::toJson(const QString& formatKey) const
     return {{QStringLiteral("format"), formatKey},
             {QStringLiteral("dryRun"), true},
             {QStringLiteral("files"), files},
-            {QStringLiteral("findings"), foreseen.findingsJson()},
+            {QStringLiteral("findings"), foreseen.findings.toJson()},
             {QStringLiteral("estimatedBytes"), bytes()},
             {QStringLiteral("freeBytes"), freeBytes}};
 }
@@ -115,7 +116,7 @@ ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection
         output.path = file.path;
         output.renamedFrom = file.renamedFrom;
         output.replaces = info.isFile();
-        const Foresight foresight = foresee(format, file, selection, plan.foreseen);
+        const Foresight foresight = foresee(format, file, selection, plan.foreseen.findings);
         const FileOutcome outcome = foreseenOutcome(file, foresight);
         if (outcome.written())
             output.bytes = format.estimatedBytes(foresight.file, selection);
@@ -125,7 +126,7 @@ ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection
             output.vertices += outcome.written() ? object->rowCount() : 0;
         plan.foreseen.add(outcome);
         if (!file.renamedFrom.isEmpty())
-            plan.foreseen.note(QStringLiteral("renamed file"), file.renamedFrom, 1, info.fileName());
+            plan.foreseen.findings.note(finding::renamedFile, file.renamedFrom, 1, info.fileName());
         const QString stem = info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('.');
         for (const QString& extension : extensions) {
             if (QFileInfo(stem + extension).isFile())

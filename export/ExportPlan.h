@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/ExportFormat.h"
+#include "export/ExportReport.h"
 #include "model/kpFormatsExport.h"
 
 #include <QJsonObject>

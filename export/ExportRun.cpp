@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "export/ExportRun.h"
+#include "export/CommonFindings.h"
 
 #include "export/ExportError.h"
 #include "export/Foresight.h"
@@ -44,7 +45,7 @@ public:
     FileOutcome run(kpBase::AbstractProgress& progress)
     {
         // What is lost is noted where it is written.
-        ExportReport unread;
+        Findings unread;
         const Foresight foresight = foresee(m_format, m_file, m_selection, unread);
         m_file = foresight.file;
         m_outcome.failedObjects = foresight.failedObjects;
@@ -72,7 +73,7 @@ private:
         }
         const QString path = m_transaction.stage(m_file.path, m_format.sidecars());
         try {
-            m_outcome.rows = m_format.write(m_file, path, m_selection, m_report, &progress);
+            m_outcome.rows = m_format.write(m_file, path, m_selection, m_report.findings, &progress);
         } catch (const ObjectError& error) {
             leaveOut(*error.object(), error.reason());
             return false;
@@ -94,8 +95,8 @@ private:
         m_outcome.verification = m_format.verify(m_file, path, m_selection);
         const Verification& found = m_outcome.verification;
         if (found.reader.isEmpty())
-            m_report.note(QStringLiteral("not verified"), QString(), 1,
-                          QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
+            m_report.findings.note(finding::notVerified, QString(), 1,
+                                   QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
         else if (!found.fault.isEmpty())
             throw ExportError(m_file.path,
                               QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
@@ -138,7 +139,7 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
         share.next(weightOf(file.objects));
         report.add(FileRun(format, selection, file, transaction, report).run(share));
         if (!file.renamedFrom.isEmpty())
-            report.note(QStringLiteral("renamed file"), file.renamedFrom, 1, QFileInfo(file.path).fileName());
+            report.findings.note(finding::renamedFile, file.renamedFrom, 1, QFileInfo(file.path).fileName());
         if (share.isCancelled()) {
             report.cancelled = true;
             return false;

@@ -30,10 +30,10 @@ void leaveOutUnsound(Foresight& foresight)
 }
 
 /// False when an object had to be left out, so that the rest is to be looked at again.
-bool askFormat(Foresight& foresight, const ExportFormat& format, const ExportSelection& selection, ExportReport& losses)
+bool askFormat(Foresight& foresight, const ExportFormat& format, const ExportSelection& selection, Findings& losses)
 {
     try {
-        ExportReport found;
+        Findings found;
         format.foresee(foresight.file, selection, found);
         losses.add(found);
     } catch (const ObjectError& error) {
@@ -66,7 +66,7 @@ QString noneLeftError(const std::vector<FailedObject>& failed)
 }
 
 Foresight foresee(const ExportFormat& format, const PlannedFile& file, const ExportSelection& selection,
-                  ExportReport& losses)
+                  Findings& losses)
 {
     Foresight foresight{file, {}, {}};
     leaveOutUnsound(foresight);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/ExportFormat.h"
+#include "export/ExportReport.h"
 #include "model/kpFormatsExport.h"
 
 namespace kpFormats
@@ -18,7 +19,7 @@ struct Foresight
 /// Looks for what the run and its plan both go by: unsound objects, and what the format refuses. What the format
 /// cannot carry is noted in \a losses.
 KPFORMATS_EXPORT Foresight foresee(const ExportFormat& format, const PlannedFile& file,
-                                   const ExportSelection& selection, ExportReport& losses);
+                                   const ExportSelection& selection, Findings& losses);
 
 /// For formats that write positions. \throws ExportError when the objects of a file have none
 KPFORMATS_EXPORT void requirePositions(const PlannedFile& file);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "export/NumberColumns.h"
+#include "export/CommonFindings.h"
 
 #include <algorithm>
 #include <limits>
@@ -42,10 +43,10 @@ public:
         }
     }
 
-    std::vector<NumberColumn> take(ExportReport& report)
+    std::vector<NumberColumn> take(Findings& findings)
     {
-        report.note(QStringLiteral("attribute that is no number left out"), m_object.name, m_refused,
-                    QStringLiteral("first %1").arg(m_example));
+        findings.note(finding::attributeNotNumeric, m_object.name, m_refused,
+                      QStringLiteral("first %1").arg(m_example));
         return std::move(m_columns);
     }
 
@@ -91,25 +92,24 @@ double NumberColumn::at(int index) const
     return m_column->values.at(index).toDouble();
 }
 
-std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection,
-                                        ExportReport& report)
+std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection, Findings& findings)
 {
     Collector collector(object, selection);
     collector.add(object.vertexAttributes);
     collector.add(object.objectAttributes);
-    return collector.take(report);
+    return collector.take(findings);
 }
 
-std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection, ExportReport& report)
+std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection, Findings& findings)
 {
     Collector collector(object, selection);
     collector.add(object.cells->cellAttributes);
     collector.add(object.objectAttributes);
-    return collector.take(report);
+    return collector.take(findings);
 }
 
 void noteMissingAttributes(const std::vector<const ModelObject*>& objects, const ExportSelection& selection,
-                           ExportReport& report)
+                           Findings& findings)
 {
     if (!selection.attributes)
         return;
@@ -117,20 +117,20 @@ void noteMissingAttributes(const std::vector<const ModelObject*>& objects, const
         const bool known = std::any_of(objects.begin(), objects.end(),
                                        [&name](const ModelObject* object) { return hasAttribute(*object, name); });
         if (!known)
-            report.note(QStringLiteral("missing attribute"), QString(), 1,
-                        QStringLiteral("no chosen object has \"%1\"").arg(name));
+            findings.note(finding::missingAttribute, QString(), 1,
+                          QStringLiteral("no chosen object has \"%1\"").arg(name));
     }
 }
 
-void noteAttributesLeftOut(const ModelObject& object, ExportReport& report)
+void noteAttributesLeftOut(const ModelObject& object, Findings& findings)
 {
     const std::size_t count = object.vertexAttributes.size() + object.objectAttributes.size();
     if (count == 0)
         return;
     const QString first =
         object.vertexAttributes.empty() ? object.objectAttributes.front().name : object.vertexAttributes.front().name;
-    report.note(QStringLiteral("the format has no attributes; left out"), object.name, static_cast<qint64>(count),
-                QStringLiteral("first %1").arg(first));
+    findings.note(finding::attributesLeftOut, object.name, static_cast<qint64>(count),
+                  QStringLiteral("first %1").arg(first));
 }
 
 } // namespace kpFormats

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "model/ModelObject.h"
 #include "model/kpFormatsExport.h"
 
@@ -41,14 +41,14 @@ private:
 /// The chosen attributes of the object's vertices and of the whole object that are numbers; notes the others. The
 /// object outlives the columns.
 KPFORMATS_EXPORT std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection,
-                                                         ExportReport& report);
+                                                         Findings& findings);
 /// The same for the cells of a volume.
 KPFORMATS_EXPORT std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection,
-                                                       ExportReport& report);
+                                                       Findings& findings);
 /// Notes chosen attributes that none of the objects has.
 KPFORMATS_EXPORT void noteMissingAttributes(const std::vector<const ModelObject*>& objects,
-                                            const ExportSelection& selection, ExportReport& report);
+                                            const ExportSelection& selection, Findings& findings);
 /// Notes every attribute of the object, for formats that have none.
-KPFORMATS_EXPORT void noteAttributesLeftOut(const ModelObject& object, ExportReport& report);
+KPFORMATS_EXPORT void noteAttributesLeftOut(const ModelObject& object, Findings& findings);
 
 } // namespace kpFormats

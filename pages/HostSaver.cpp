@@ -123,7 +123,7 @@ void HostSaver::reportTo(const ExportReport& report)
                     + verifiedHtml(file.verification);
     }
     m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br><br>");
-    m_warnings += report.findingsHtml();
+    m_warnings += report.findings.toHtml();
     auto* wizard = dynamic_cast<kpBaseExport::QExportWizard*>(get_wizard());
     if (!wizard)
         return;

@@ -4,6 +4,7 @@
 #include "core/saver/AbstractSaver.h"
 #include "core/saver/AbstractSaverFactory.h"
 #include "export/ExportFormat.h"
+#include "export/ExportReport.h"
 #include "model/Model.h"
 #include "pages/kpFormatsUiExport.h"
 

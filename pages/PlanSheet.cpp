@@ -57,7 +57,7 @@ QString foreseenHtml(const ExportReport& foreseen)
                 lines.append(PlanSheet::tr("%1 will be left out: %2").arg(object.name, object.reason));
         }
     }
-    lines += foreseen.findingLines();
+    lines += foreseen.findings.lines();
     if (lines.empty())
         return {};
     QString html = QStringLiteral("<p>%1</p><ul>").arg(PlanSheet::tr("The report will say:"));

@@ -93,12 +93,12 @@ std::vector<PlannedFile> AsciiFormat::plan(const ExportSelection& selection) con
     return planFiles(selection, m_settings.grouping, QStringLiteral("csv"));
 }
 
-AsciiTable AsciiFormat::tableOf(const PlannedFile& file, const ExportSelection& selection, ExportReport& report) const
+AsciiTable AsciiFormat::tableOf(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
     if (m_layout)
-        return asciiTable(*m_layout, selection.objects, inColumns, report);
-    AsciiTable table = asciiTable(file.objects, selection.attributes, m_settings.decimals, report);
+        return asciiTable(*m_layout, selection.objects, inColumns, findings);
+    AsciiTable table = asciiTable(file.objects, selection.attributes, m_settings.decimals, findings);
     if (inColumns)
         layOutColumns(table, file.objects, m_settings);
     return table;
@@ -106,26 +106,26 @@ AsciiTable AsciiFormat::tableOf(const PlannedFile& file, const ExportSelection& 
 
 Verification AsciiFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
 {
-    ExportReport alreadyReported;
+    Findings alreadyReported;
     return verifyAscii(file, path, tableOf(file, selection, alreadyReported), m_settings);
 }
 
-void AsciiFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void AsciiFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     requirePositions(file);
     // Not tableOf(): how wide columns must be is of no interest yet.
     if (m_layout)
-        asciiTable(*m_layout, selection.objects, m_settings.mode == AsciiExportSettings::Mode::Columns, losses);
+        asciiTable(*m_layout, selection.objects, m_settings.mode == AsciiExportSettings::Mode::Columns, findings);
     else
-        asciiTable(file.objects, selection.attributes, m_settings.decimals, losses);
+        asciiTable(file.objects, selection.attributes, m_settings.decimals, findings);
     for (const ModelObject* object : file.objects)
-        noteHeights(*object, m_settings, losses);
+        noteHeights(*object, m_settings, findings);
 }
 
 qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                          ExportReport& report, kpBase::AbstractProgress* progress)
+                          Findings& findings, kpBase::AbstractProgress* progress)
 {
-    const AsciiTable table = tableOf(file, selection, report);
+    const AsciiTable table = tableOf(file, selection, findings);
     ShareOfProgress share(progress, weightOf(file.objects));
 
     kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
@@ -137,7 +137,7 @@ qint64 AsciiFormat::write(const PlannedFile& file, const QString& path, const Ex
     qint64 rows = 0;
     for (const ModelObject* object : file.objects) {
         share.next(object->weight());
-        writeObject(writer, *object, table, m_settings, report);
+        writeObject(writer, *object, table, m_settings, findings);
         rows += object->vertexCount();
         if (writer.cancelled() || writer.writeFailed())
             break;

@@ -22,8 +22,8 @@ public:
     FormatInfo info() const override;
     SettingsMap settings() override;
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
-    void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+    void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
                  kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
 
@@ -36,7 +36,7 @@ public:
     const AsciiExportSettings& current() const { return m_settings; }
 
 private:
-    AsciiTable tableOf(const PlannedFile& file, const ExportSelection& selection, ExportReport& report) const;
+    AsciiTable tableOf(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const;
 
     AsciiExportSettings m_settings;
     std::optional<AsciiLayout> m_layout;

@@ -99,9 +99,9 @@ void prepareWriter(Writer& writer, const AsciiTable& table, const Settings& sett
 }
 
 void writeObject(Writer& writer, const ModelObject& object, const AsciiTable& table, const Settings& settings,
-                 ExportReport& report)
+                 Findings& findings)
 {
-    fillRecord(*writer.geoObject(), object, table, settings, separatorText(settings), report);
+    fillRecord(*writer.geoObject(), object, table, settings, separatorText(settings), findings);
     writer.writeCustomHeader(writer.geoObject(), presetName(settings.preset));
     writer.writeGeo(writer.geoObject());
 }
@@ -138,7 +138,7 @@ QByteArray asciiPreview(const Settings& settings, const AsciiLayout& layout,
 {
     if (objects.empty())
         return {};
-    ExportReport unread;
+    Findings unread;
     const AsciiTable table = asciiTable(layout, objects, settings.mode == Settings::Mode::Columns, unread);
     MemoryWriter writer;
     prepareWriter(writer, table, settings);

@@ -16,7 +16,7 @@ namespace kpFormats
 KPFORMATS_EXPORT void prepareWriter(kpBaseExport::MatrixDataAsciiExporter& writer, const AsciiTable& table,
                                     const AsciiExportSettings& settings);
 KPFORMATS_EXPORT void writeObject(kpBaseExport::MatrixDataAsciiExporter& writer, const ModelObject& object,
-                                  const AsciiTable& table, const AsciiExportSettings& settings, ExportReport& report);
+                                  const AsciiTable& table, const AsciiExportSettings& settings, Findings& findings);
 
 /// The text that stands between two values; empty where values lie in fixed columns.
 KPFORMATS_EXPORT QString separatorText(const AsciiExportSettings& settings);

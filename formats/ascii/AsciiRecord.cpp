@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiRecord.h"
+#include "export/CommonFindings.h"
+#include "formats/ascii/AsciiFindings.h"
 
 #include "formats/ascii/ConstantMatrixData.h"
 #include "formats/ascii/GridIndexMatrix.h"
@@ -161,11 +163,11 @@ public:
         }
     }
 
-    void report(ExportReport& report) const
+    void report(Findings& findings) const
     {
-        report.note(QStringLiteral("text holds the separator"), m_object.name, m_ambiguous,
-                    QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
-                        .arg(m_attribute, m_example.left(80)));
+        findings.note(asciiFinding::textHoldsTheSeparator, m_object.name, m_ambiguous,
+                      QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
+                          .arg(m_attribute, m_example.left(80)));
     }
 
 private:
@@ -185,7 +187,7 @@ qint64 countMissing(const AttributeColumn& column)
 }
 
 MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& column, const QString& name,
-                         const QString& separator, ExportReport& report)
+                         const QString& separator, Findings& findings)
 {
     if (column.kind == AttributeKind::Real)
         return new DoubleMatrixData(name, column.numbers, column.missing);
@@ -202,21 +204,21 @@ MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& colum
                 ++broken;
             }
         }
-        check.report(report);
-        report.note(QStringLiteral("line end in a text became a blank"), object.name, broken,
-                    QStringLiteral("in %1").arg(column.name));
+        check.report(findings);
+        findings.note(asciiFinding::lineEndInATextBecameABlank, object.name, broken,
+                      QStringLiteral("in %1").arg(column.name));
     }
     return new kpBase::VariantMatrixData(name, matrixType(column.kind), values);
 }
 
 MatrixData* objectMatrix(const ModelObject& object, const ObjectAttribute& attribute, const QString& name,
-                         const QString& separator, ExportReport& report)
+                         const QString& separator, Findings& findings)
 {
     QVariant value = attribute.value;
     if (attribute.kind == AttributeKind::Text && !value.isNull()) {
         TextCheck check(object, attribute.name, separator);
         check.look(value.toString(), object.vertexCount());
-        check.report(report);
+        check.report(findings);
         value = oneLine(value.toString());
     }
     return new ConstantMatrixData(name, matrixType(attribute.kind), value, object.vertexCount());
@@ -225,7 +227,7 @@ MatrixData* objectMatrix(const ModelObject& object, const ObjectAttribute& attri
 } // namespace
 
 AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std::optional<QStringList>& chosen,
-                      int decimals, ExportReport& report)
+                      int decimals, Findings& findings)
 {
     AsciiTable table;
     for (const char* name : {"x", "y", "z"})
@@ -239,8 +241,8 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
         table.columns.push_back({AsciiColumn::Attribute, name});
         table.fields.push_back({fieldName(name), decimals, 0, 0});
         if (fieldName(name) != name)
-            report.note(QStringLiteral("renamed"), QString(), 1,
-                        QStringLiteral("attribute %1 is written as %2").arg(name, fieldName(name)));
+            findings.note(finding::renamed, QString(), 1,
+                          QStringLiteral("attribute %1 is written as %2").arg(name, fieldName(name)));
     };
     for (const ModelObject* object : objects) {
         for (const AttributeColumn& column : object->vertexAttributes)
@@ -251,15 +253,15 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
     if (chosen) {
         for (const QString& name : *chosen) {
             if (!known.contains(name))
-                report.note(QStringLiteral("missing attribute"), QString(), 1,
-                            QStringLiteral("no chosen object has \"%1\"").arg(name));
+                findings.note(finding::missingAttribute, QString(), 1,
+                              QStringLiteral("no chosen object has \"%1\"").arg(name));
         }
     }
     return table;
 }
 
 AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects, bool inColumns,
-                      ExportReport& report)
+                      Findings& findings)
 {
     const std::vector<OfferedField> offered = offeredFields(objects);
     QHash<QString, const OfferedField*> byName;
@@ -271,8 +273,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
             lacking.append(field.key());
     }
     for (const QString& name : qAsConst(lacking))
-        report.note(QStringLiteral("field of the layout left out"), QString(), 1,
-                    QStringLiteral("no chosen object has \"%1\"").arg(name.left(80)));
+        findings.note(asciiFinding::fieldOfTheLayoutLeftOut, QString(), 1,
+                      QStringLiteral("no chosen object has \"%1\"").arg(name.left(80)));
 
     AsciiTable table;
     const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(layout, offered);
@@ -291,8 +293,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
         QString& written = table.fields[static_cast<std::size_t>(index)].name;
         const QString line = oneLine(written);
         if (line != written) {
-            report.note(QStringLiteral("line end in a name became a blank"), QString(), 1,
-                        QStringLiteral("in \"%1\"").arg(line.left(80)));
+            findings.note(asciiFinding::lineEndInANameBecameABlank, QString(), 1,
+                          QStringLiteral("in \"%1\"").arg(line.left(80)));
             written = line;
         }
     }
@@ -319,27 +321,27 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     }
 }
 
-qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, ExportReport& report)
+qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings)
 {
     const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
                                                     : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
-        report.note(QStringLiteral("no z"), object.name, object.vertexCount(),
-                    QStringLiteral("the object is flat; ") + written);
+        findings.note(asciiFinding::noHeights, object.name, object.vertexCount(),
+                      QStringLiteral("the object is flat; ") + written);
         return object.vertexCount();
     }
     const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
-    report.note(QStringLiteral("vertex without z"), object.name, undefined, written);
+    findings.note(asciiFinding::vertexWithoutZ, object.name, undefined, written);
     return undefined;
 }
 
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
-                const AsciiExportSettings& settings, const QString& separator, ExportReport& report)
+                const AsciiExportSettings& settings, const QString& separator, Findings& findings)
 {
     record.clearData();
     record.name = object.name.simplified().toStdString();
     DoubleMatrixData::Missing missingZ;
-    const qint64 undefined = noteHeights(object, settings, report);
+    const qint64 undefined = noteHeights(object, settings, findings);
     if (!object.hasZ) {
         // No height is known, which is not the same as a height of 0.
         missingZ = std::make_shared<std::vector<unsigned char>>(object.z->size(), static_cast<unsigned char>(1));
@@ -370,18 +372,18 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             continue;
         const QString& name = source.attribute;
         if (const AttributeColumn* column = vertexAttribute(object, name)) {
-            matrices.push_back(vertexMatrix(object, *column, field, separator, report));
+            matrices.push_back(vertexMatrix(object, *column, field, separator, findings));
             if (column->kind != AttributeKind::Text && !settings.writeNullValue)
-                report.note(QStringLiteral("missing value written as 0"), object.name, countMissing(*column),
-                            QStringLiteral("in %1; switch writeNullValue on").arg(name));
+                findings.note(asciiFinding::missingValueWrittenAs0, object.name, countMissing(*column),
+                              QStringLiteral("in %1; switch writeNullValue on").arg(name));
         } else if (const ObjectAttribute* attribute = objectAttribute(object, name)) {
-            matrices.push_back(objectMatrix(object, *attribute, field, separator, report));
+            matrices.push_back(objectMatrix(object, *attribute, field, separator, findings));
         } else {
             if (absent++ == 0)
                 firstAbsent = name;
         }
     }
-    report.note(QStringLiteral("missing attribute"), object.name, absent, QStringLiteral("first %1").arg(firstAbsent));
+    findings.note(finding::missingAttribute, object.name, absent, QStringLiteral("first %1").arg(firstAbsent));
 }
 
 } // namespace kpFormats

@@ -3,7 +3,7 @@
 
 #include "core/GeoObject.h"
 #include "core/MatrixDataExporter.h"
-#include "export/ExportReport.h"
+#include "export/Findings.h"
 #include "formats/ascii/AsciiExportSettings.h"
 #include "formats/ascii/AsciiLayout.h"
 #include "model/ModelObject.h"
@@ -34,23 +34,22 @@ struct AsciiTable
 };
 
 /// X, Y, Z, then every attribute in the order first met; an attribute named like a coordinate field gets another
-/// name.  chosen limits the attributes; names that no object has are noted in the report.
+/// name.  chosen limits the attributes; names that no object has are noted in \a findings.
 KPFORMATS_EXPORT AsciiTable asciiTable(const std::vector<const ModelObject*>& objects,
-                                       const std::optional<QStringList>& chosen, int decimals, ExportReport& report);
-/// The fields of a layout that some of the chosen \a objects have; the others are noted in the report.
+                                       const std::optional<QStringList>& chosen, int decimals, Findings& findings);
+/// The fields of a layout that some of the chosen \a objects have; the others are noted in \a findings.
 KPFORMATS_EXPORT AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects,
-                                       bool inColumns, ExportReport& report);
+                                       bool inColumns, Findings& findings);
 
 /// Gives each field the columns that its longest value needs, with one blank between.
 KPFORMATS_EXPORT void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                                     const AsciiExportSettings& settings);
 
 /// Notes the vertices that have no height. \returns how many there are
-KPFORMATS_EXPORT qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings,
-                                    ExportReport& report);
+KPFORMATS_EXPORT qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings);
 
 /// Fills \a record with the object's matrices, shared with the model, and notes what the table cannot carry.
 KPFORMATS_EXPORT void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
-                                 const AsciiExportSettings& settings, const QString& separator, ExportReport& report);
+                                 const AsciiExportSettings& settings, const QString& separator, Findings& findings);
 
 } // namespace kpFormats

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/dxf/DxfDrawing.h"
+#include "export/CommonFindings.h"
+#include "formats/dxf/DxfFindings.h"
 
 #include "formats/dxf/DxfLosses.h"
 #include "geo/CoordinateSystems.h"
@@ -20,11 +22,11 @@ constexpr int pointsAtOnce = 1024;
 
 } // namespace
 
-DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, ExportReport& report)
+DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, Findings& findings)
     : m_sink(sink)
     , m_settings(settings)
     , m_ticker(ticker)
-    , m_report(report)
+    , m_findings(findings)
     , m_rules(wktOf(settings.crs), settings.lengthUnit)
     , m_layers(settings.unicodeLayers)
 {
@@ -32,7 +34,7 @@ DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, Progres
 
 qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection)
 {
-    noteMixture(objects, m_settings, m_report);
+    noteMixture(objects, m_settings, m_findings);
     findPlane(objects);
     findTextHeight(objects);
     for (const ModelObject* object : objects) {
@@ -42,9 +44,8 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
         const qint64 before = m_entities;
         drawObject(*object);
         if (m_entities == before && !stopped())
-            m_report.note(QStringLiteral("object left out"), object->name, 1,
-                          QStringLiteral("nothing of it can be drawn"));
-        noteAttributes(*object, selection, m_report);
+            m_findings.note(finding::objectLeftOut, object->name, 1, QStringLiteral("nothing of it can be drawn"));
+        noteAttributes(*object, selection, m_findings);
     }
     return m_entities;
 }
@@ -123,7 +124,7 @@ void DxfDrawing::findTextHeight(const std::vector<const ModelObject*>& objects)
 void DxfDrawing::takeColour(const QColor& colour, const QString& name)
 {
     m_pen.colour = nearestColourIndex(colour);
-    noteColour(colour, name, m_report);
+    noteColour(colour, name, m_findings);
     m_sink.setPen(m_pen);
 }
 
@@ -139,7 +140,7 @@ void DxfDrawing::takePen(const ModelObject& object)
     // Once for each layer.
     if (!group.isEmpty() && m_layers.shown(group) != group && !m_renamed.contains(group)) {
         m_renamed.insert(group);
-        m_report.note(QStringLiteral("layer renamed"), group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
+        m_findings.note(dxfFinding::layerRenamed, group, 1, QStringLiteral("now %1").arg(m_layers.shown(group)));
     }
     // There is no place for the name of a line or surface but a remark.
     bool changed = false;
@@ -148,8 +149,8 @@ void DxfDrawing::takePen(const ModelObject& object)
 
 void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
 {
-    m_report.note(
-        QStringLiteral("position left out"), object.name, reader.leftOut(),
+    m_findings.note(
+        finding::positionLeftOut, object.name, reader.leftOut(),
         QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
 }
 
@@ -209,9 +210,8 @@ void DxfDrawing::drawLines(const ModelObject& object, bool area)
         else if (area && end == part.first + part.count)
             ++closed;
     }
-    m_report.note(QStringLiteral("line of fewer than two points left out"), object.name, tooShort, object.name);
-    m_report.note(QStringLiteral("ring closed"), object.name, closed,
-                  QStringLiteral("its last point was not its first"));
+    m_findings.note(finding::shortLine, object.name, tooShort, object.name);
+    m_findings.note(finding::ringClosed, object.name, closed, QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
 }
 
@@ -224,8 +224,8 @@ void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& plac
     m_sink.text(place, m_textHeight, text);
     ++m_entities;
     if (changed)
-        m_report.note(QStringLiteral("text changed"), object.name, 1,
-                      QStringLiteral("characters that a drawing does not have"));
+        m_findings.note(dxfFinding::textChanged, object.name, 1,
+                        QStringLiteral("characters that a drawing does not have"));
 }
 
 void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
@@ -257,8 +257,9 @@ void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
         }
         m_ticker.step(some);
     }
-    m_report.note(QStringLiteral("position left out"), object.name, leftOut,
-                  QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(firstLeftOut));
+    m_findings.note(
+        finding::positionLeftOut, object.name, leftOut,
+        QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(firstLeftOut));
 }
 
 /// The path, or the collar where there is no more, and the name at the collar.

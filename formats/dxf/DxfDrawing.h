@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/dxf/DxfExportSettings.h"
 #include "formats/dxf/DxfSink.h"
 #include "formats/dxf/DxfText.h"
@@ -12,12 +12,12 @@
 namespace kpFormats
 {
 
-/// Takes the model's objects to the entities of a drawing. What a drawing cannot hold is noted in the report.
+/// Takes the model's objects to the entities of a drawing. What a drawing cannot hold is noted in \a findings.
 class DxfDrawing
 {
 public:
     /// Everything given outlives the drawing.
-    DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, ExportReport& report);
+    DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, Findings& findings);
 
     /// \returns the number of entities
     qint64 draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection);
@@ -61,7 +61,7 @@ private:
     DxfSink& m_sink;
     const DxfExportSettings& m_settings;
     ProgressTicker& m_ticker;
-    ExportReport& m_report;
+    Findings& m_findings;
     OutputRules m_rules;
     DxfLayerNames m_layers;
     QSet<QString> m_renamed;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Surfaces and sections of a drawing.
 #include "formats/dxf/DxfDrawing.h"
+#include "formats/dxf/DxfFindings.h"
 #include "formats/dxf/DxfLosses.h"
 #include "model/SurfaceFaces.h"
 
@@ -21,8 +22,8 @@ constexpr std::size_t boundaryAtOnce = 2048;
 void DxfDrawing::drawSurface(const ModelObject& object)
 {
     if (isSwitchedOff(object, m_settings)) {
-        m_report.note(QStringLiteral("surface left out"), object.name, 1,
-                      QStringLiteral("faces, meshPoints and boundaries are all off"));
+        m_findings.note(dxfFinding::surfaceLeftOut, object.name, 1,
+                        QStringLiteral("faces, meshPoints and boundaries are all off"));
         return;
     }
     if (m_settings.faces)
@@ -66,7 +67,7 @@ void DxfDrawing::drawFaces(const ModelObject& object)
         m_ticker.step(static_cast<double>(object.vertexCount()) * static_cast<double>(end - first)
                       / static_cast<double>(count));
     }
-    m_report.note(QStringLiteral("cell without values"), object.name, empty, QStringLiteral("there is no face"));
+    m_findings.note(dxfFinding::cellWithoutValues, object.name, empty, QStringLiteral("there is no face"));
 }
 
 void DxfDrawing::drawBoundaries(const ModelObject& object)
@@ -80,8 +81,8 @@ void DxfDrawing::drawBoundaries(const ModelObject& object)
         if (stopped())
             return;
         if (!drawBoundary(object, line, half / static_cast<double>(points)))
-            m_report.note(QStringLiteral("boundary left out"), object.name, 1,
-                          QStringLiteral("it has no place in the coordinate system"));
+            m_findings.note(dxfFinding::boundaryLeftOut, object.name, 1,
+                            QStringLiteral("it has no place in the coordinate system"));
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/dxf/DxfFormat.h"
+#include "export/CommonFindings.h"
 
 #include "export/ExportError.h"
 #include "formats/dxf/DxfDrawing.h"
@@ -53,7 +54,7 @@ std::vector<PlannedFile> DxfFormat::plan(const ExportSelection& selection) const
     return planFiles(selection, m_settings.grouping, QStringLiteral("dxf"), m_settings.filePrefix);
 }
 
-void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
         throw ExportError(file.path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
@@ -65,18 +66,18 @@ void DxfFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
             file.path, QStringLiteral("nothing of %1 can be drawn: %2").arg(first.name, undrawable(first, m_settings)),
             QStringLiteral("check its type in the model file and the settings, or choose another object"));
     OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
-    noteMixture(file.objects, m_settings, losses);
+    noteMixture(file.objects, m_settings, findings);
     for (const ModelObject* object : file.objects) {
         rules.of(*object, false);
         const QString fault = undrawable(*object, m_settings);
-        losses.note(QStringLiteral("object left out"), object->name, fault.isEmpty() ? 0 : 1, fault);
-        noteColour(object->color, object->name, losses);
-        noteAttributes(*object, selection, losses);
+        findings.note(finding::objectLeftOut, object->name, fault.isEmpty() ? 0 : 1, fault);
+        noteColour(object->color, object->name, findings);
+        noteAttributes(*object, selection, findings);
     }
 }
 
 qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                        ExportReport& report, kpBase::AbstractProgress* progress)
+                        Findings& findings, kpBase::AbstractProgress* progress)
 {
     const int passes = (m_settings.faces ? 1 : 0) + (m_settings.meshPoints ? 1 : 0) + (m_settings.boundaries ? 1 : 0);
     double weight = 0;
@@ -90,7 +91,7 @@ qint64 DxfFormat::write(const PlannedFile& file, const QString& path, const Expo
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));
-    DxfDrawing drawing(writer, m_settings, ticker, report);
+    DxfDrawing drawing(writer, m_settings, ticker, findings);
     const qint64 entities = drawing.draw(file.objects, selection);
     writer.fileClose();
     if (writer.writeFailed())
@@ -103,7 +104,7 @@ Verification DxfFormat::verify(const PlannedFile& file, const QString& path, con
 {
     DxfReadBack readBack(path);
     ProgressTicker ticker(nullptr, 1);
-    ExportReport ignored;
+    Findings ignored;
     DxfDrawing drawing(readBack, m_settings, ticker, ignored);
     drawing.draw(file.objects, selection);
     return readBack.result();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/dxf/DxfLosses.h"
+#include "formats/dxf/DxfFindings.h"
 
 #include "formats/dxf/DxfText.h"
 #include "geo/CoordinateSystems.h"
@@ -10,8 +11,7 @@
 namespace kpFormats
 {
 
-void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings,
-                 ExportReport& report)
+void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, Findings& findings)
 {
     QSet<QString> systems;
     QSet<QString> units;
@@ -20,13 +20,13 @@ void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExport
         units.insert(object->lengthUnit);
     }
     if (settings.crs.isEmpty() && systems.size() > 1)
-        report.note(QStringLiteral("coordinate systems differ"), QString(), systems.size(),
-                    QStringLiteral("set crs=EPSG:... or write a file for each"));
+        findings.note(dxfFinding::coordinateSystemsDiffer, QString(), systems.size(),
+                      QStringLiteral("set crs=EPSG:... or write a file for each"));
     if (settings.lengthUnit == OutputUnit::Model && units.size() > 1)
-        report.note(QStringLiteral("length units differ"), QString(), units.size(), QStringLiteral("set lengthUnit=m"));
+        findings.note(dxfFinding::lengthUnitsDiffer, QString(), units.size(), QStringLiteral("set lengthUnit=m"));
 }
 
-void noteAttributes(const ModelObject& object, const ExportSelection& selection, ExportReport& report)
+void noteAttributes(const ModelObject& object, const ExportSelection& selection, Findings& findings)
 {
     qint64 lost = 0;
     QString first;
@@ -40,18 +40,17 @@ void noteAttributes(const ModelObject& object, const ExportSelection& selection,
         count(attribute.name);
     for (const AttributeColumn& column : object.vertexAttributes)
         count(column.name);
-    report.note(QStringLiteral("attribute not written"), QString(), lost,
-                QStringLiteral("%1 of %2").arg(first, object.name));
+    findings.note(dxfFinding::attributeNotWritten, QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
-void noteColour(const QColor& colour, const QString& name, ExportReport& report)
+void noteColour(const QColor& colour, const QString& name, Findings& findings)
 {
     constexpr int blackOrWhite = 7; // one: what differs from the background
     const int index = nearestColourIndex(colour);
     const QColor shown = indexedColour(index);
     if (colour.isValid() && shown.rgb() != colour.rgb() && index != blackOrWhite)
-        report.note(QStringLiteral("colour changed"), QString(), 1,
-                    QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+        findings.note(dxfFinding::colourChanged, QString(), 1,
+                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
 }
 
 QString undrawable(const ModelObject& object, const DxfExportSettings& settings)

@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/dxf/DxfExportSettings.h"
 
 namespace kpFormats
 {
 
 /// Notes that objects are of different systems or units: they would lie in the wrong places relative to each other.
-void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings,
-                 ExportReport& report);
+void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, Findings& findings);
 /// Notes the attributes of an object: a drawing has none.
-void noteAttributes(const ModelObject& object, const ExportSelection& selection, ExportReport& report);
+void noteAttributes(const ModelObject& object, const ExportSelection& selection, Findings& findings);
 /// Why nothing of an object can be drawn, as far as its geometry tells; empty when something can.
 QString undrawable(const ModelObject& object, const DxfExportSettings& settings);
 /// Notes a colour that is not among those of a drawing; \a name is what has it.
-void noteColour(const QColor& colour, const QString& name, ExportReport& report);
+void noteColour(const QColor& colour, const QString& name, Findings& findings);
 /// Whether it is a surface and the settings leave nothing of surfaces.
 bool isSwitchedOff(const ModelObject& object, const DxfExportSettings& settings);
 

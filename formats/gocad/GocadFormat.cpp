@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadFormat.h"
+#include "formats/gocad/GocadFindings.h"
 
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
@@ -76,16 +77,16 @@ std::vector<PlannedFile> GocadFormat::plan(const ExportSelection& selection) con
     return files;
 }
 
-void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     qint64 placed = 0;
     for (const ModelObject* object : file.objects) {
         if (hasAnyPosition(*object)) {
             ++placed;
-            numberColumns(*object, selection, losses);
-            noteGocadForm(*object, m_settings, losses);
+            numberColumns(*object, selection, findings);
+            noteGocadForm(*object, m_settings, findings);
         } else {
-            losses.note(QStringLiteral("object without a position left out"), object->name, 1, object->name);
+            findings.note(gocadFinding::objectWithoutPosition, object->name, 1, object->name);
         }
     }
     if (placed == 0)
@@ -93,23 +94,23 @@ void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& select
             file.path,
             QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
             QStringLiteral("choose objects with coordinates"));
-    noteMissingAttributes(file.objects, selection, losses);
+    noteMissingAttributes(file.objects, selection, findings);
 }
 
 qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                          ExportReport& report, kpBase::AbstractProgress* progress)
+                          Findings& findings, kpBase::AbstractProgress* progress)
 {
     ShareOfProgress share(progress, weightOf(file.objects));
-    noteMissingAttributes(file.objects, selection, report);
+    noteMissingAttributes(file.objects, selection, findings);
     BlockWriter out(path, file.path);
-    GocadWriter writer(out, m_settings, selection, report);
+    GocadWriter writer(out, m_settings, selection, findings);
     qint64 rows = 0;
     for (const ModelObject* object : file.objects) {
         share.next(object->weight());
         if (share.isCancelled())
             return rows;
         if (!hasAnyPosition(*object)) {
-            report.note(QStringLiteral("object without a position left out"), object->name, 1, object->name);
+            findings.note(gocadFinding::objectWithoutPosition, object->name, 1, object->name);
             continue;
         }
         rows += writer.write(*object, &share);

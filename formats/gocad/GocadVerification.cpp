@@ -112,7 +112,7 @@ private:
 
     QString compareProperties(const ModelObject& object, const GocadObject& read, const Expected& expected) const
     {
-        ExportReport ignored;
+        Findings ignored;
         const std::vector<NumberColumn> columns = numberColumns(object, m_selection, ignored);
         if (columns.size() != read.values.size())
             return QStringLiteral("it has %1 properties instead of %2").arg(read.values.size()).arg(columns.size());

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadWriter.h"
+#include "export/CommonFindings.h"
+#include "formats/gocad/GocadFindings.h"
 
 #include "export/SafeNames.h"
 #include "geo/CoordinateSystems.h"
@@ -83,11 +85,11 @@ QString gocadWord(const QString& name)
 }
 
 GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
-                         ExportReport& report)
+                         Findings& findings)
     : m_out(out)
     , m_settings(settings)
     , m_selection(selection)
-    , m_report(report)
+    , m_findings(findings)
 {
     appendShortest(m_nullText, settings.nullValue);
 }
@@ -95,7 +97,7 @@ GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, 
 qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* progress)
 {
     m_object = &object;
-    m_columns = numberColumns(object, m_selection, m_report);
+    m_columns = numberColumns(object, m_selection, m_findings);
     m_factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
     m_zFactor = m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? -m_factor : m_factor;
     m_written = 0;
@@ -122,23 +124,23 @@ qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* p
     return m_written;
 }
 
-void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, ExportReport& report)
+void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, Findings& findings)
 {
     if (!object.hasZ)
-        report.note(QStringLiteral("object without heights written at height 0"), object.name, 1, object.name);
+        findings.note(gocadFinding::objectWithoutHeights, object.name, 1, object.name);
     if (!settings.header)
-        report.note(QStringLiteral("name and colour not written"), object.name, 1,
-                    QStringLiteral("the header was not wanted"));
+        findings.note(gocadFinding::nameAndColourNotWritten, object.name, 1,
+                      QStringLiteral("the header was not wanted"));
 }
 
 void GocadWriter::noteLosses()
 {
-    m_report.note(QStringLiteral("vertex without a position left out"), m_object->name, m_withoutPosition,
-                  QStringLiteral("its height or place is missing"));
-    m_report.note(
-        QStringLiteral("value equal to the null value"), m_object->name, m_equalToNull,
+    m_findings.note(finding::vertexWithoutPosition, m_object->name, m_withoutPosition,
+                    QStringLiteral("its height or place is missing"));
+    m_findings.note(
+        finding::valueEqualToTheNullValue, m_object->name, m_equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
-    noteGocadForm(*m_object, m_settings, m_report);
+    noteGocadForm(*m_object, m_settings, m_findings);
 }
 
 void GocadWriter::writeHead(GocadKind kind)
@@ -171,8 +173,8 @@ void GocadWriter::writeHeader(GocadKind kind)
     }
     text += "}\n";
     if (name != m_object->name)
-        m_report.note(QStringLiteral("renamed"), m_object->name, 1,
-                      QStringLiteral("%1 is written as %2").arg(m_object->name, name));
+        m_findings.note(finding::renamed, m_object->name, 1,
+                        QStringLiteral("%1 is written as %2").arg(m_object->name, name));
 }
 
 void GocadWriter::writeCoordinateSystem()
@@ -200,8 +202,8 @@ void GocadWriter::writePropertyLists()
         const QString name = taken.take(gocadWord(column.name()));
         names.push_back(name.toStdString());
         if (name != column.name())
-            m_report.note(QStringLiteral("renamed"), m_object->name, 1,
-                          QStringLiteral("attribute %1 is written as %2").arg(column.name(), name));
+            m_findings.note(finding::renamed, m_object->name, 1,
+                            QStringLiteral("attribute %1 is written as %2").arg(column.name(), name));
     }
     std::size_t index = 0;
     const auto nextName = [&](const NumberColumn&) { return names[index++ % names.size()]; };
@@ -309,8 +311,8 @@ void GocadWriter::writeSurface()
 {
     const SurfaceMesh mesh(*m_object);
     m_withoutPosition = mesh.leftOutVertices();
-    m_report.note(QStringLiteral("triangle without a position left out"), m_object->name, mesh.leftOutTriangles(),
-                  QStringLiteral("a corner's height or place is missing"));
+    m_findings.note(finding::triangleWithoutPosition, m_object->name, mesh.leftOutTriangles(),
+                    QStringLiteral("a corner's height or place is missing"));
     m_progress = ProgressTicker(m_whole, static_cast<double>(m_object->vertexCount() + mesh.triangleCount()));
     m_out.text() += "TFACE\n";
     for (int vertex = 0; vertex < m_object->vertexCount(); ++vertex) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "export/BlockWriter.h"
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "export/NumberColumns.h"
 #include "formats/gocad/GocadExportSettings.h"
 #include "model/ProgressTicker.h"
@@ -21,14 +21,14 @@ QString gocadObjectName(const QString& name);
 QString gocadWord(const QString& name);
 
 /// Notes what the form of the file and the settings leave out of any object.
-void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, ExportReport& report);
+void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, Findings& findings);
 
 /// Writes model objects one after the other into a GOCAD ASCII file.
 class GocadWriter
 {
 public:
     GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
-                ExportReport& report);
+                Findings& findings);
 
     /// \returns the number of vertices written. Stops early when the user cancels. \throws ExportError
     qint64 write(const ModelObject& object, kpBase::AbstractProgress* progress);
@@ -48,7 +48,7 @@ private:
     BlockWriter& m_out;
     const GocadExportSettings& m_settings;
     const ExportSelection& m_selection;
-    ExportReport& m_report;
+    Findings& m_findings;
 
     const ModelObject* m_object = nullptr;
     std::vector<NumberColumn> m_columns;

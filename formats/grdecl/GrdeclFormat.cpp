@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/grdecl/GrdeclFormat.h"
+#include "formats/grdecl/GrdeclFindings.h"
 
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
@@ -86,12 +87,12 @@ SettingsMap GrdeclFormat::settings()
     return map;
 }
 
-void GrdeclFormat::noteUnit(const ModelObject& object, OutputUnit unit, ExportReport& report) const
+void GrdeclFormat::noteUnit(const ModelObject& object, OutputUnit unit, Findings& findings) const
 {
     if (m_settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
-        report.note(QStringLiteral("length unit changed"), object.name, 1,
-                    QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
-                        .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
+        findings.note(grdeclFinding::lengthUnitChanged, object.name, 1,
+                      QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
+                          .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
 }
 
 std::vector<PlannedFile> GrdeclFormat::plan(const ExportSelection& selection) const
@@ -99,25 +100,25 @@ std::vector<PlannedFile> GrdeclFormat::plan(const ExportSelection& selection) co
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
 }
 
-void GrdeclFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void GrdeclFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     const ModelObject& object = *file.objects.front();
     if (!object.cells)
         throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name),
                           QStringLiteral("choose a corner-point grid"));
-    noteMissingAttributes(file.objects, selection, losses);
-    noteUnit(object, grdeclUnit(object, m_settings, file.path), losses);
-    noteCornersWithoutDepth(object, file.path, losses);
+    noteMissingAttributes(file.objects, selection, findings);
+    noteUnit(object, grdeclUnit(object, m_settings, file.path), findings);
+    noteCornersWithoutDepth(object, file.path, findings);
 }
 
 qint64 GrdeclFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                           ExportReport& report, kpBase::AbstractProgress* progress)
+                           Findings& findings, kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
-    noteMissingAttributes(file.objects, selection, report);
-    noteUnit(object, grdeclUnit(object, m_settings, file.path), report);
+    noteMissingAttributes(file.objects, selection, findings);
+    noteUnit(object, grdeclUnit(object, m_settings, file.path), findings);
     BlockWriter out(path, file.path);
-    GrdeclWriter writer(out, object, m_settings, file.path, report);
+    GrdeclWriter writer(out, object, m_settings, file.path, findings);
     if (writer.write(selection, progress))
         out.close();
     return static_cast<qint64>(object.cells->columns) * object.cells->rows * object.cells->layers;
@@ -145,7 +146,7 @@ Verification GrdeclFormat::verify(const PlannedFile& file, const QString& path, 
             compareLengths(read.zcorn, expected.zcorn, factor, "ZCORN", verification);
         if (verification.fault.isEmpty())
             verification.fault = compareActive(read, expected);
-        ExportReport ignored;
+        Findings ignored;
         if (verification.fault.isEmpty())
             verification.fault = compareProperties(read, cellColumns(object, selection, ignored),
                                                    static_cast<int>(verification.count), m_settings.nullValue);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/grdecl/GrdeclWriter.h"
+#include "export/CommonFindings.h"
+#include "formats/grdecl/GrdeclFindings.h"
 
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
@@ -58,7 +60,7 @@ OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& set
                       QStringLiteral("set lengthUnit to m or ft"));
 }
 
-void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report)
+void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Findings& findings)
 {
     const CellGrid& grid = *object.cells;
     if (std::any_of(grid.coord.begin(), grid.coord.end(), [](double number) { return !std::isfinite(number); }))
@@ -77,22 +79,22 @@ void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Exp
                                   .arg(object.name),
                               QStringLiteral("make the cell inactive or give it a depth"));
     }
-    report.note(QStringLiteral("corner of an inactive cell without a depth written as 0"), object.name, undefined,
-                QStringLiteral("the format has a number for every corner"));
+    findings.note(grdeclFinding::cornerWithoutDepth, object.name, undefined,
+                  QStringLiteral("the format has a number for every corner"));
 }
 
 GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings,
-                           const QString& file, ExportReport& report)
+                           const QString& file, Findings& findings)
     : m_out(out)
     , m_object(object)
     , m_grid(*object.cells)
     , m_settings(settings)
     , m_file(file)
-    , m_report(report)
+    , m_findings(findings)
     , m_unit(grdeclUnit(object, settings, file))
     , m_factor(unitFactor(object.lengthUnit, m_unit))
 {
-    noteCornersWithoutDepth(object, file, report);
+    noteCornersWithoutDepth(object, file, findings);
     m_cells = m_grid.zcorn.size() / 8;
     if (settings.origin == GrdeclExportSettings::Origin::Local) {
         m_originX = m_grid.coord[0] * m_factor;
@@ -102,7 +104,7 @@ GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const Gr
 
 bool GrdeclWriter::write(const ExportSelection& selection, kpBase::AbstractProgress* progress)
 {
-    const std::vector<NumberColumn> columns = cellColumns(m_object, selection, m_report);
+    const std::vector<NumberColumn> columns = cellColumns(m_object, selection, m_findings);
     const std::size_t numbers = m_grid.coord.size() + m_grid.zcorn.size() + m_cells * (1 + columns.size());
     ProgressTicker loop(progress, static_cast<double>(numbers));
     writeHead();
@@ -112,8 +114,8 @@ bool GrdeclWriter::write(const ExportSelection& selection, kpBase::AbstractProgr
     for (const NumberColumn& column : columns) {
         const QString keyword = names.take(column.name());
         if (keyword != column.name())
-            m_report.note(QStringLiteral("renamed"), m_object.name, 1,
-                          QStringLiteral("attribute %1 is written as %2").arg(column.name(), keyword));
+            m_findings.note(finding::renamed, m_object.name, 1,
+                            QStringLiteral("attribute %1 is written as %2").arg(column.name(), keyword));
         if (!writeProperty(column, keyword, loop))
             return false;
     }
@@ -209,9 +211,9 @@ bool GrdeclWriter::writeProperty(const NumberColumn& column, const QString& keyw
             return false;
     }
     record.end();
-    m_report.note(QStringLiteral("missing value of an active cell written as %1").arg(m_settings.nullValue),
-                  m_object.name, missing,
-                  QStringLiteral("first property %1; the format knows no missing value").arg(column.name()));
+    m_findings.note(grdeclFinding::missingValueOfActiveCell, m_object.name, missing,
+                    QStringLiteral("first property %1; the format knows no missing value").arg(column.name()),
+                    QStringLiteral("%1").arg(m_settings.nullValue));
     return true;
 }
 

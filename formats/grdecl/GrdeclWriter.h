@@ -2,8 +2,8 @@
 #pragma once
 
 #include "export/BlockWriter.h"
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/grdecl/GrdeclExportSettings.h"
 #include "formats/grdecl/GrdeclRecord.h"
 #include "model/ProgressTicker.h"
@@ -16,7 +16,7 @@ OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& set
 
 /// Notes corners of inactive cells that have no depth. \throws ExportError naming \a file when the geometry is not
 /// complete where a cell is active
-void noteCornersWithoutDepth(const ModelObject& object, const QString& file, ExportReport& report);
+void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Findings& findings);
 
 /// Writes one corner-point grid.
 class GrdeclWriter
@@ -24,7 +24,7 @@ class GrdeclWriter
 public:
     /// \a file names the output in messages. \throws ExportError when the grid has no complete geometry
     GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings, const QString& file,
-                 ExportReport& report);
+                 Findings& findings);
 
     /// Stops early when the user cancels: then it returns false. \throws ExportError
     bool write(const ExportSelection& selection, kpBase::AbstractProgress* progress);
@@ -42,7 +42,7 @@ private:
     const CellGrid& m_grid;
     const GrdeclExportSettings& m_settings;
     QString m_file;
-    ExportReport& m_report;
+    Findings& m_findings;
     OutputUnit m_unit;
     double m_factor;
     double m_originX = 0.0; ///< in the output's unit

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlDrawing.h"
+#include "export/CommonFindings.h"
+#include "formats/kml/KmlFindings.h"
 
 #include "export/AttributeTable.h"
 #include "formats/kml/KmlDocumentWriter.h"
@@ -25,12 +27,12 @@ constexpr int pointsAtOnce = 1024;
 } // namespace
 
 KmlDrawing::KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture,
-                       ProgressTicker& ticker, ExportReport& report)
+                       ProgressTicker& ticker, Findings& findings)
     : m_sink(sink)
     , m_settings(settings)
     , m_keepPicture(std::move(keepPicture))
     , m_ticker(ticker)
-    , m_report(report)
+    , m_findings(findings)
     , m_ownSystem(wktOf(settings.crs))
     , m_transforms(wktOf(QStringLiteral("EPSG:4326")))
 {
@@ -60,8 +62,8 @@ qint64 KmlDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
 void KmlDrawing::drawObject(const ModelObject& object)
 {
     if (xmlText(object.name) != object.name)
-        m_report.note(QStringLiteral("renamed"), object.name, 1,
-                      QStringLiteral("characters that XML does not have are left out"));
+        m_findings.note(finding::renamed, object.name, 1,
+                        QStringLiteral("characters that XML does not have are left out"));
     m_ticker.step(1);
     switch (object.type) {
     case ObjectType::Polygons:
@@ -108,15 +110,15 @@ QString KmlDrawing::tableOf(const ModelObject& object, int vertex)
         return {};
     QString table = attributeTable(object, *m_selection, vertex);
     if (xmlText(table) != table)
-        m_report.note(QStringLiteral("attribute text changed"), object.name, 1,
-                      QStringLiteral("characters that XML does not have are left out"));
+        m_findings.note(kmlFinding::attributeTextChanged, object.name, 1,
+                        QStringLiteral("characters that XML does not have are left out"));
     return table;
 }
 
 void KmlDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
 {
-    m_report.note(QStringLiteral("position left out"), object.name, reader.leftOut(),
-                  QStringLiteral("vertex %1 has no height or no place on the earth").arg(reader.firstLeftOut()));
+    m_findings.note(finding::positionLeftOut, object.name, reader.leftOut(),
+                    QStringLiteral("vertex %1 has no height or no place on the earth").arg(reader.firstLeftOut()));
 }
 
 /// Writes what is in \a block and the rest of a line or ring.
@@ -155,9 +157,9 @@ void KmlDrawing::drawLines(const ModelObject& object)
         m_sink.endLine();
     }
     placemark.close();
-    m_report.note(QStringLiteral("line of fewer than two points left out"), object.name, tooShort, object.name);
+    m_findings.note(finding::shortLine, object.name, tooShort, object.name);
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_report);
+    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawPolygons(const ModelObject& object)
@@ -198,11 +200,10 @@ void KmlDrawing::drawPolygons(const ModelObject& object)
     if (open)
         m_sink.endPolygon();
     placemark.close();
-    m_report.note(QStringLiteral("ring of fewer than three points left out"), object.name, tooShort, object.name);
-    m_report.note(QStringLiteral("ring closed"), object.name, closed,
-                  QStringLiteral("its last point was not its first"));
+    m_findings.note(finding::shortRing, object.name, tooShort, object.name);
+    m_findings.note(finding::ringClosed, object.name, closed, QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_report);
+    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawPoints(const ModelObject& object)
@@ -236,10 +237,10 @@ void KmlDrawing::drawPoints(const ModelObject& object)
         }
         m_ticker.step(some);
     }
-    m_report.note(QStringLiteral("position left out"), object.name, leftOut,
-                  QStringLiteral("vertex %1 has no height or no place on the earth").arg(firstLeftOut));
+    m_findings.note(finding::positionLeftOut, object.name, leftOut,
+                    QStringLiteral("vertex %1 has no height or no place on the earth").arg(firstLeftOut));
     if (count == 0)
-        m_report.note(QStringLiteral("object left out"), object.name, 1, QStringLiteral("nothing of it can be drawn"));
+        m_findings.note(finding::objectLeftOut, object.name, 1, QStringLiteral("nothing of it can be drawn"));
 }
 
 /// A pin at the collar and, below it, the path.
@@ -262,7 +263,7 @@ void KmlDrawing::drawWell(const ModelObject& object)
     m_ticker.step(object.vertexCount());
     placemark.close();
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_report);
+    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 } // namespace kpFormats

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/kml/KmlSink.h"
 #include "geo/TransformCache.h"
 #include "model/ProgressTicker.h"
@@ -15,7 +15,7 @@ namespace kpFormats
 {
 
 /// Takes the model's objects to a KML document: a folder for each type of object, in it a placemark for each line,
-/// polygon, well and surface and for each point of a set of points. What has no place there is noted in the report.
+/// polygon, well and surface and for each point of a set of points. What has no place there is noted in \a findings.
 class KmlDrawing
 {
 public:
@@ -24,7 +24,7 @@ public:
 
     /// Everything given outlives the drawing. Objects without coordinate system are taken to be in that of the settings.
     KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture, ProgressTicker& ticker,
-               ExportReport& report);
+               Findings& findings);
 
     /// \returns the number of placemarks and overlays
     qint64 draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection);
@@ -55,7 +55,7 @@ private:
     const KmlExportSettings& m_settings;
     KeepPicture m_keepPicture;
     ProgressTicker& m_ticker;
-    ExportReport& m_report;
+    Findings& m_findings;
     const ExportSelection* m_selection = nullptr;
     QString m_ownSystem;
     TransformCache m_transforms;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Surfaces, sections and the bounding area of a KML document.
+#include "export/CommonFindings.h"
 #include "formats/kml/GridPicture.h"
 #include "formats/kml/KmlDrawing.h"
+#include "formats/kml/KmlFindings.h"
 #include "formats/kml/KmlLosses.h"
 #include "formats/kml/KmlPlacemark.h"
 
@@ -55,9 +57,9 @@ void KmlDrawing::drawMesh(const ModelObject& object)
                       / static_cast<double>(object.triangles.size()));
     }
     placemark.close();
-    m_report.note(QStringLiteral("triangle left out"), object.name, leftOut,
-                  QStringLiteral("a corner has no place on the earth"));
-    noteVertexAttributes(object, m_settings, *m_selection, m_report);
+    m_findings.note(kmlFinding::triangleLeftOut, object.name, leftOut,
+                    QStringLiteral("a corner has no place on the earth"));
+    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawSurface(const ModelObject& object)
@@ -66,8 +68,8 @@ void KmlDrawing::drawSurface(const ModelObject& object)
     if (m_ticker.cancelled())
         return;
     if (!picture) {
-        m_report.note(QStringLiteral("object left out"), object.name, 1,
-                      QStringLiteral("no node has a value and a place on the earth"));
+        m_findings.note(finding::objectLeftOut, object.name, 1,
+                        QStringLiteral("no node has a value and a place on the earth"));
         return;
     }
     const QString heights =
@@ -76,12 +78,12 @@ void KmlDrawing::drawSurface(const ModelObject& object)
                    QStringLiteral("Heights from ") + heights + QStringLiteral(", green is low, white is high."),
                    m_keepPicture(picture->image), picture->box);
     ++m_features;
-    m_report.note(QStringLiteral("surface written as a picture"), object.name, 1,
-                  QStringLiteral("heights of %1 are colours").arg(heights));
+    m_findings.note(kmlFinding::surfaceWrittenAsAPicture, object.name, 1,
+                    QStringLiteral("heights of %1 are colours").arg(heights));
     if (picture->coarser)
-        m_report.note(QStringLiteral("picture coarser than the grid"), object.name, 1,
-                      QStringLiteral("%1 x %2 pixels").arg(picture->image.width()).arg(picture->image.height()));
-    noteVertexAttributes(object, m_settings, *m_selection, m_report);
+        m_findings.note(kmlFinding::pictureCoarserThanTheGrid, object.name, 1,
+                        QStringLiteral("%1 x %2 pixels").arg(picture->image.width()).arg(picture->image.height()));
+    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 /// The trace and, where heights are written, what is drawn on the section.
@@ -101,7 +103,7 @@ void KmlDrawing::drawSection(const ModelObject& object)
     noteLeftOut(object, reader);
     if (!object.section)
         return;
-    if (noteLinesOnGround(object, m_settings, m_report))
+    if (noteLinesOnGround(object, m_settings, m_findings))
         return;
     for (const SectionSegment& segment : object.section->segments) {
         if (!stopped())

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlFormat.h"
+#include "export/CommonFindings.h"
 
 #include "export/ExportError.h"
 #include "formats/kml/KmlDocumentWriter.h"
@@ -173,7 +174,7 @@ void KmlFormat::requireDrawable(const PlannedFile& file) const
                           QStringLiteral("set compress=true or grouping=object"));
 }
 
-void KmlFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void KmlFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     requireSystems(file);
     requireDrawable(file);
@@ -182,15 +183,15 @@ void KmlFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
     for (const ModelObject* object : file.objects) {
         transforms.from(object->crs.isEmpty() ? own : object->crs);
         const QString fault = undrawable(*object);
-        losses.note(QStringLiteral("object left out"), object->name, fault.isEmpty() ? 0 : 1, fault);
-        noteLinesOnGround(*object, m_settings, losses);
+        findings.note(finding::objectLeftOut, object->name, fault.isEmpty() ? 0 : 1, fault);
+        noteLinesOnGround(*object, m_settings, findings);
         if (fault.isEmpty() && hasOnePlacemark(object->type))
-            noteVertexAttributes(*object, m_settings, selection, losses);
+            noteVertexAttributes(*object, m_settings, selection, findings);
     }
 }
 
 qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document, const ExportSelection& selection,
-                                ExportReport& report, ProgressTicker& ticker) const
+                                Findings& findings, ProgressTicker& ticker) const
 {
     KmlDocumentWriter writer(document);
     writer.useTruePath = true;
@@ -206,7 +207,7 @@ qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document
                               QStringLiteral("make room on the disk or choose another"));
         return reference(name);
     };
-    KmlDrawing drawing(writer, m_settings, keep, ticker, report);
+    KmlDrawing drawing(writer, m_settings, keep, ticker, findings);
     const qint64 features = drawing.draw(file.objects, selection);
     writer.fileClose();
     if (writer.writeFailed())
@@ -216,17 +217,17 @@ qint64 KmlFormat::writeDocument(const PlannedFile& file, const QString& document
 }
 
 qint64 KmlFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                        ExportReport& report, kpBase::AbstractProgress* progress)
+                        Findings& findings, kpBase::AbstractProgress* progress)
 {
     ProgressTicker ticker(progress, weightOf(file.objects));
     if (!archived(file.path))
-        return writeDocument(file, path, selection, report, ticker);
+        return writeDocument(file, path, selection, findings, ticker);
     const QTemporaryDir folder(archiveFolderTemplate(path));
     if (!folder.isValid())
         throw ExportError(file.path, QStringLiteral("there is no place to prepare the archive"),
                           QStringLiteral("make room on the disk or choose another"));
     const QString document = folder.filePath(QStringLiteral("doc.kml"));
-    const qint64 features = writeDocument(file, document, selection, report, ticker);
+    const qint64 features = writeDocument(file, document, selection, findings, ticker);
     QStringList files = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
     files.removeOne(QStringLiteral("doc.kml"));
     files.prepend(QStringLiteral("doc.kml"));
@@ -239,7 +240,7 @@ Verification KmlFormat::verify(const PlannedFile& file, const QString& path, con
 {
     KmlReadBack readBack(path, archived(file.path));
     ProgressTicker ticker(nullptr, 1);
-    ExportReport ignored;
+    Findings ignored;
     int kept = 0;
     const auto keep = [&](const QImage& image) {
         const QString name = pictureName(path, archived(file.path), ++kept);

@@ -19,8 +19,8 @@ public:
     SettingsMap settings() override;
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
     QStringList sidecars() const override;
-    void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+    void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
                  kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
 
@@ -29,7 +29,7 @@ private:
     void requireSystems(const PlannedFile& file) const;
     void requireDrawable(const PlannedFile& file) const;
     qint64 writeDocument(const PlannedFile& file, const QString& document, const ExportSelection& selection,
-                         ExportReport& report, ProgressTicker& ticker) const;
+                         Findings& findings, ProgressTicker& ticker) const;
 
     KmlExportSettings m_settings;
     /// Whether the files last planned are archives by their name; those of one plan share it.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlLosses.h"
+#include "formats/kml/KmlFindings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,7 +39,7 @@ QString undrawable(const ModelObject& object)
 }
 
 void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings,
-                          const ExportSelection& selection, ExportReport& report)
+                          const ExportSelection& selection, Findings& findings)
 {
     if (!settings.attributes)
         return;
@@ -48,17 +49,16 @@ void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& se
         if (selection.wantsAttribute(column.name) && lost++ == 0)
             first = column.name;
     }
-    report.note(QStringLiteral("attribute of vertices not written"), object.name, lost,
-                QStringLiteral("first %1").arg(first));
+    findings.note(kmlFinding::attributeOfVerticesNotDrawn, object.name, lost, QStringLiteral("first %1").arg(first));
 }
 
-bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, ExportReport& report)
+bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings)
 {
     if (settings.altitudeMode != KmlExportSettings::AltitudeMode::Clamp || !section.section)
         return false;
-    report.note(QStringLiteral("line on a section left out"), section.name,
-                static_cast<qint64>(section.section->segments.size()),
-                QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
+    findings.note(kmlFinding::lineOnASectionLeftOut, section.name,
+                  static_cast<qint64>(section.section->segments.size()),
+                  QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
     return true;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/kml/KmlExportSettings.h"
 
 namespace kpFormats
@@ -12,8 +12,8 @@ namespace kpFormats
 QString undrawable(const ModelObject& object);
 /// Notes chosen attributes of vertices, for an object that has a place for attributes of the whole only.
 void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings,
-                          const ExportSelection& selection, ExportReport& report);
+                          const ExportSelection& selection, Findings& findings);
 /// Notes the lines on a section where they have no place. \returns whether that is so
-bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, ExportReport& report);
+bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings);
 
 } // namespace kpFormats

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/CommonFindings.h"
 #include "formats/kml/KmlDrawing.h"
 
 namespace kpFormats
@@ -34,8 +35,8 @@ public:
     {
         if (!m_open) {
             if (!m_drawing.stopped())
-                m_drawing.m_report.note(QStringLiteral("object left out"), m_object.name, 1,
-                                        QStringLiteral("nothing of it can be drawn"));
+                m_drawing.m_findings.note(finding::objectLeftOut, m_object.name, 1,
+                                          QStringLiteral("nothing of it can be drawn"));
             return;
         }
         if (m_several)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/off/OffFormat.h"
+#include "export/CommonFindings.h"
 
 #include "export/BlockWriter.h"
 #include "export/ExportError.h"
@@ -81,13 +82,13 @@ bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& 
     return !progress.cancelled();
 }
 
-void noteLosses(const ModelObject& object, const SurfaceMesh& mesh, ExportReport& report)
+void noteLosses(const ModelObject& object, const SurfaceMesh& mesh, Findings& findings)
 {
-    noteAttributesLeftOut(object, report);
-    report.note(QStringLiteral("vertex without a position left out"), object.name, mesh.leftOutVertices(),
-                QStringLiteral("its height or place is missing"));
-    report.note(QStringLiteral("triangle without a position left out"), object.name, mesh.leftOutTriangles(),
-                QStringLiteral("a corner's height or place is missing"));
+    noteAttributesLeftOut(object, findings);
+    findings.note(finding::vertexWithoutPosition, object.name, mesh.leftOutVertices(),
+                  QStringLiteral("its height or place is missing"));
+    findings.note(finding::triangleWithoutPosition, object.name, mesh.leftOutTriangles(),
+                  QStringLiteral("a corner's height or place is missing"));
 }
 
 } // namespace
@@ -123,7 +124,7 @@ std::vector<PlannedFile> OffFormat::plan(const ExportSelection& selection) const
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
 }
 
-void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportReport& losses) const
+void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, Findings& findings) const
 {
     const ModelObject& object = *file.objects.front();
     if (!hasAnyFace(object))
@@ -131,15 +132,15 @@ void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportR
             file.path,
             QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
             QStringLiteral("choose a surface with values, or export its points as ASCII"));
-    noteAttributesLeftOut(object, losses);
+    noteAttributesLeftOut(object, findings);
 }
 
-qint64 OffFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport& report,
+qint64 OffFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, Findings& findings,
                         kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
     const SurfaceMesh mesh(object);
-    noteLosses(object, mesh, report);
+    noteLosses(object, mesh, findings);
     ProgressTicker loop(progress, static_cast<double>(object.vertexCount() + mesh.triangleCount()));
     BlockWriter out(path, file.path);
     writeHead(out.text(), object, mesh, m_settings);

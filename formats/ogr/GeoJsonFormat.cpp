@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/GeoJsonFormat.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
 #include "geo/CoordinateSystems.h"
@@ -112,7 +113,7 @@ OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection
     return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
 }
 
-void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
                          const kpBase::AbstractProgress*) const
 {
     options.explicitNulls = true;
@@ -123,15 +124,14 @@ void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& optio
     // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
     options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
-        report.note(QStringLiteral("coordinates rounded"), QString(), 1,
-                    QStringLiteral("to %1 decimals").arg(decimals));
+        findings.note(ogrFinding::coordinatesRounded, QString(), 1, QStringLiteral("to %1 decimals").arg(decimals));
     if (!m_settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
-        report.note(QStringLiteral("coordinate system not carried"), QString(), 1,
-                    QStringLiteral("%1 has no number; readers will take the file for WGS 84")
-                        .arg(crsName(output.systems.target())));
+        findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+                      QStringLiteral("%1 has no number; readers will take the file for WGS 84")
+                          .arg(crsName(output.systems.target())));
 }
 
-void GeoJsonFormat::check(const Output& output, ExportReport&) const
+void GeoJsonFormat::check(const Output& output, Findings&) const
 {
     // Reading it again with GDAL takes as long as writing it; the text tells.
     const Contents contents = contentsOf(output.path);

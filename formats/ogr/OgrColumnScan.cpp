@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrColumnScan.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "host/data/AbstractProgress.h"
 
@@ -199,34 +200,32 @@ void OgrColumnScan::size(OgrColumn& column, const OgrTraits& traits, int decimal
     column.most = widest;
 }
 
-void OgrColumnScan::report(const OgrColumn& column, const OgrTraits& traits, ExportReport& report) const
+void OgrColumnScan::report(const OgrColumn& column, const OgrTraits& traits, Findings& findings) const
 {
     const QString name = column.attribute.isEmpty() ? column.field : column.attribute;
-    report.note(QStringLiteral("number that is not finite written as missing"), QString(), m_notFinite,
-                QStringLiteral("in %1").arg(name));
-    report.note(
-        QStringLiteral("text cut"), QString(), m_long,
+    findings.note(ogrFinding::numberNotFinite, QString(), m_notFinite, QStringLiteral("in %1").arg(name));
+    findings.note(
+        ogrFinding::textCut, QString(), m_long,
         QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(traits.mostTextBytes).arg(m_longExample));
     if (!traits.nulls) {
-        report.note(column.kind == AttributeKind::Text ? QStringLiteral("missing text written as an empty one")
-                                                       : QStringLiteral("missing number written as 0"),
-                    QString(), m_nulls + (column.kind == AttributeKind::Text ? 0 : m_notFinite),
-                    QStringLiteral("in %1, first in %2").arg(name, m_nullObject));
+        findings.note(column.kind == AttributeKind::Text ? ogrFinding::missingTextAsEmpty
+                                                         : ogrFinding::missingNumberWrittenAs0,
+                      QString(), m_nulls + (column.kind == AttributeKind::Text ? 0 : m_notFinite),
+                      QStringLiteral("in %1, first in %2").arg(name, m_nullObject));
     }
     if (!traits.emptyTexts && traits.nulls && column.kind == AttributeKind::Text) {
-        report.note(QStringLiteral("empty text, read back as missing"), QString(), m_empty,
-                    QStringLiteral("in %1").arg(name));
+        findings.note(ogrFinding::emptyText, QString(), m_empty, QStringLiteral("in %1").arg(name));
     }
     if (column.kind != AttributeKind::Real || !traits.sizedNumbers)
         return;
-    report.note(QStringLiteral("number wider than its field, written as missing"), QString(), m_wide,
-                QStringLiteral("%1 in %2").arg(m_wideExample).arg(name));
+    findings.note(ogrFinding::numberTooWide, QString(), m_wide,
+                  QStringLiteral("%1 in %2").arg(m_wideExample).arg(name));
     qint64 rounded = 0;
     for (std::size_t decimals = static_cast<std::size_t>(column.decimals) + 1; decimals < m_byDecimals.size();
          ++decimals)
         rounded += m_byDecimals[decimals];
-    report.note(QStringLiteral("number rounded"), QString(), rounded,
-                QStringLiteral("%1 keeps %2 decimals").arg(name).arg(column.decimals));
+    findings.note(ogrFinding::numberRounded, QString(), rounded,
+                  QStringLiteral("%1 keeps %2 decimals").arg(name).arg(column.decimals));
 }
 
 } // namespace kpFormats

@@ -28,7 +28,7 @@ public:
     /// Whether a number needs more decimals than the column has.
     bool rounds(const OgrColumn& column) const { return m_mostDecimals > column.decimals; }
     /// Notes what is lost.
-    void report(const OgrColumn& column, const OgrTraits& traits, ExportReport& report) const;
+    void report(const OgrColumn& column, const OgrTraits& traits, Findings& findings) const;
 
     const QString& foreignTexts() const { return m_foreign; }
 

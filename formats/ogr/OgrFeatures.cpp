@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrFeatures.h"
+#include "export/CommonFindings.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,11 +12,11 @@ namespace kpFormats
 
 using kpBaseExport::OGRFeatureDetails;
 
-OgrFeatures::OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, ExportReport& report)
+OgrFeatures::OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, Findings& findings)
     : m_layer(layer)
     , m_table(table)
     , m_vertices(systems)
-    , m_report(report)
+    , m_findings(findings)
     , m_sources(table.columns.size())
 {
 }
@@ -84,19 +86,17 @@ void OgrFeatures::startObject()
 void OgrFeatures::endObject()
 {
     const QString& name = m_layer.objects[m_object]->name;
-    m_report.note(QStringLiteral("vertex without a position left out"), name, m_withoutPosition,
-                  QStringLiteral("it is not a number, or has no place in the output's coordinate system"));
-    m_report.note(QStringLiteral("unknown height written as 0"), name, m_withoutHeight,
-                  QStringLiteral("z is not a number"));
-    m_report.note(m_layer.shape == OgrShape::Lines ? QStringLiteral("line of fewer than two points left out")
-                                                   : QStringLiteral("ring of fewer than three points left out"),
-                  name, m_shortParts, QStringLiteral("a map cannot hold it"));
+    m_findings.note(finding::vertexWithoutPosition, name, m_withoutPosition,
+                    QStringLiteral("it is not a number, or has no place in the output's coordinate system"));
+    m_findings.note(ogrFinding::unknownHeightWrittenAs0, name, m_withoutHeight, QStringLiteral("z is not a number"));
+    m_findings.note(m_layer.shape == OgrShape::Lines ? finding::shortLine : finding::shortRing, name, m_shortParts,
+                    QStringLiteral("a map cannot hold it"));
     if (!m_layer.objects[m_object]->vertexAttributes.empty()) {
-        m_report.note(QStringLiteral("node without a height left out"), name, m_emptyNodes,
-                      QStringLiteral("and its attributes with it"));
+        m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
+                        QStringLiteral("and its attributes with it"));
     }
-    m_report.note(QStringLiteral("type has Horizontal or Vertical before it"), name, m_rewritten,
-                  QStringLiteral("where dip is 0 or 90; switch dipInType off to keep the text"));
+    m_findings.note(ogrFinding::directionBeforeType, name, m_rewritten,
+                    QStringLiteral("where dip is 0 or 90; switch dipInType off to keep the text"));
     m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_rewritten = 0;
 }
 

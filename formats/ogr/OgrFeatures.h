@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
+#include "export/Findings.h"
 #include "formats/ogr/OgrSystems.h"
 #include "formats/ogr/OgrTable.h"
 #include "ogr/OGRFeatureDetails.h"
@@ -10,12 +10,12 @@
 namespace kpFormats
 {
 
-/// The features of a layer, made from the objects one at a time. Notes in the report what has no place in a feature.
+/// The features of a layer, made from the objects one at a time. Notes in \a findings what has no place in a feature.
 class OgrFeatures : public kpBaseExport::OGRFeatureSource
 {
 public:
     /// All are used for as long as features are made.
-    OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, ExportReport& report);
+    OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, Findings& findings);
 
     int count() const override;
     bool next(int index, kpBaseExport::OGRFeatureDetails& details) override;
@@ -48,7 +48,7 @@ private:
     const OgrLayer& m_layer;
     const OgrTable& m_table;
     OgrVertices m_vertices;
-    ExportReport& m_report;
+    Findings& m_findings;
     std::vector<Source> m_sources;
     std::size_t m_object = 0; ///< the current one
     qint64 m_place = -1;      ///< of the feature in it; -1 before the first

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrFormat.h"
+#include "export/CommonFindings.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
 #include "export/Foresight.h"
@@ -49,7 +51,7 @@ QString withOneOf(const QString& path, const QStringList& extensions)
 }
 
 /// The name of one of the layers of a file, which is the file's where the format leaves it free.
-QString layerName(const QString& path, const OgrLayer& layer, bool single, const OgrTraits& able, ExportReport& report)
+QString layerName(const QString& path, const OgrLayer& layer, bool single, const OgrTraits& able, Findings& findings)
 {
     const QString wanted = QFileInfo(single ? path : OGRExporter::layerFileName(path, layer.type())).completeBaseName();
     const bool reserved = std::any_of(able.reserved.begin(), able.reserved.end(), [&wanted](const QString& beginning) {
@@ -58,7 +60,7 @@ QString layerName(const QString& path, const OgrLayer& layer, bool single, const
     if (!reserved)
         return wanted;
     const QString name = QStringLiteral("data_") + wanted;
-    report.note(QStringLiteral("renamed"), QString(), 1, QStringLiteral("layer %1 is written as %2").arg(wanted, name));
+    findings.note(finding::renamed, QString(), 1, QStringLiteral("layer %1 is written as %2").arg(wanted, name));
     return name;
 }
 
@@ -108,16 +110,16 @@ OGRExporterOptions hostOptions(const OgrExportSettings& settings, const OgrTrait
     return options;
 }
 
-void noteRefusals(const std::vector<OGRRefusal>& refusals, ExportReport& report)
+void noteRefusals(const std::vector<OGRRefusal>& refusals, Findings& findings)
 {
     for (const OGRRefusal& refusal : refusals) {
         if (refusal.kind == OGRRefusal::SpatialReference)
-            report.note(QStringLiteral("coordinate system not carried"), QString(), 1, refusal.message);
+            findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1, refusal.message);
         else if (refusal.kind == OGRRefusal::Field)
-            report.note(QStringLiteral("attribute left out"), QString(), 1,
-                        QStringLiteral("%1: %2").arg(refusal.subject, refusal.message));
+            findings.note(ogrFinding::attributeLeftOut, QString(), 1,
+                          QStringLiteral("%1: %2").arg(refusal.subject, refusal.message));
         else if (refusal.taken)
-            report.note(QStringLiteral("changed by the driver"), QString(), 1, refusal.message);
+            findings.note(ogrFinding::changedByTheDriver, QString(), 1, refusal.message);
     }
 }
 
@@ -145,15 +147,15 @@ QString failure(const std::vector<OGRRefusal>& refusals)
     return {};
 }
 
-void noteDroppedHeights(const std::vector<OgrLayer>& layers, bool inField, ExportReport& report)
+void noteDroppedHeights(const std::vector<OgrLayer>& layers, bool inField, Findings& findings)
 {
     for (const OgrLayer& layer : layers) {
         if (layer.shape == OgrShape::Points && inField)
             continue;
         for (const ModelObject* object : layer.objects) {
             if (object->hasZ)
-                report.note(QStringLiteral("z dropped"), object->name, object->vertexCount(),
-                            QStringLiteral("the format has two dimensions"));
+                findings.note(ogrFinding::zDropped, object->name, object->vertexCount(),
+                              QStringLiteral("the format has two dimensions"));
         }
     }
 }
@@ -250,11 +252,11 @@ OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& se
     return OgrSystems(target, target);
 }
 
-void OgrFormat::tune(Output&, OGRExporterOptions&, ExportReport&, const kpBase::AbstractProgress*) const {}
+void OgrFormat::tune(Output&, OGRExporterOptions&, Findings&, const kpBase::AbstractProgress*) const {}
 
 void OgrFormat::requireHoldable(const PlannedFile&, const std::vector<OgrLayer>&) const {}
 
-void OgrFormat::noteSystems(const PlannedFile& file, OgrSystems& systems, ExportReport& report) const
+void OgrFormat::noteSystems(const PlannedFile& file, OgrSystems& systems, Findings& findings) const
 {
     // What the user has asked for need not be told.
     const bool asked = !m_settings.crs.isEmpty();
@@ -262,32 +264,32 @@ void OgrFormat::noteSystems(const PlannedFile& file, OgrSystems& systems, Export
     for (const ModelObject* object : file.objects) {
         try {
             if (systems.to(*object) && !asked && systems.followsObjects())
-                report.note(QStringLiteral("transformed"), object->name, object->vertexCount(),
-                            QStringLiteral("from %1 to %2").arg(crsName(object->crs), crsName(target)));
+                findings.note(ogrFinding::transformed, object->name, object->vertexCount(),
+                              QStringLiteral("from %1 to %2").arg(crsName(object->crs), crsName(target)));
         } catch (const std::exception& error) {
             throw ExportError(file.path, QStringLiteral("%1: %2").arg(object->name, QString::fromUtf8(error.what())),
                               QStringLiteral("leave the object out, or give another crs"));
         }
         if (!asked && object->crs.isEmpty() && !target.isEmpty())
-            report.note(QStringLiteral("coordinate system assumed"), object->name, 1,
-                        QStringLiteral("the object has none and is taken to be in that of the first one that has"));
+            findings.note(ogrFinding::coordinateSystemAssumed, object->name, 1,
+                          QStringLiteral("the object has none and is taken to be in that of the first one that has"));
     }
 }
 
 OgrFormat::Output OgrFormat::prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                                     ExportReport& report, const kpBase::AbstractProgress* progress) const
+                                     Findings& findings, const kpBase::AbstractProgress* progress) const
 {
     const OgrTraits able = traits();
     Output output{file, path, ogrLayers(file.objects, m_settings, able.heights), {}, {}, systems(file, selection)};
-    noteSystems(file, output.systems, report);
+    noteSystems(file, output.systems, findings);
     if (!able.heights)
-        noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, report);
+        noteDroppedHeights(output.layers, m_settings.attributes && m_settings.zField, findings);
     for (const OgrLayer& layer : output.layers)
-        output.tables.push_back(ogrTable(layer, selection, m_settings, able, report, progress));
+        output.tables.push_back(ogrTable(layer, selection, m_settings, able, findings, progress));
     return output;
 }
 
-void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     const OgrTraits able = traits();
     refuseDevice(file.path, able);
@@ -295,24 +297,24 @@ void OgrFormat::foresee(const PlannedFile& file, const ExportSelection& selectio
     const std::vector<OgrLayer> layers = ogrLayers(file.objects, m_settings, able.heights);
     requireHoldable(file, layers);
     OgrSystems ways = systems(file, selection);
-    noteSystems(file, ways, losses);
+    noteSystems(file, ways, findings);
     if (!able.heights)
-        noteDroppedHeights(layers, m_settings.attributes && m_settings.zField, losses);
+        noteDroppedHeights(layers, m_settings.attributes && m_settings.zField, findings);
     for (const OgrLayer& layer : layers) {
-        layerName(file.path, layer, layers.size() == 1, able, losses);
-        ogrColumns(layer, selection, m_settings, able, losses);
+        layerName(file.path, layer, layers.size() == 1, able, findings);
+        ogrColumns(layer, selection, m_settings, able, findings);
     }
 }
 
 qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                        ExportReport& report, kpBase::AbstractProgress* progress)
+                        Findings& findings, kpBase::AbstractProgress* progress)
 {
     const OgrTraits able = traits();
     refuseDevice(path, able);
     registerGdalDrivers();
-    Output output = prepare(file, path, selection, report, progress);
+    Output output = prepare(file, path, selection, findings, progress);
     OGRExporterOptions options = hostOptions(m_settings, able);
-    tune(output, options, report, progress);
+    tune(output, options, findings, progress);
     if (progress && progress->isCancelled())
         return 0;
 
@@ -320,8 +322,8 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
     std::vector<std::shared_ptr<OgrFeatures>> sources;
     for (std::size_t index = 0; index < output.layers.size(); ++index) {
         const OgrLayer& layer = output.layers[index];
-        sources.push_back(std::make_shared<OgrFeatures>(layer, output.tables[index], output.systems, report));
-        const QString name = layerName(path, layer, output.layers.size() == 1, able, report);
+        sources.push_back(std::make_shared<OgrFeatures>(layer, output.tables[index], output.systems, findings));
+        const QString name = layerName(path, layer, output.layers.size() == 1, able, findings);
         OGRLayerInfo info(name, {}, output.tables[index].fields(), QString());
         info.source(sources.back(), layer.type());
         layers.append(info);
@@ -342,19 +344,19 @@ qint64 OgrFormat::write(const PlannedFile& file, const QString& path, const Expo
         return features;
     if (!written || !fault.isEmpty())
         failIncomplete(file.path, fault);
-    noteRefusals(exporter.refusals(), report);
+    noteRefusals(exporter.refusals(), findings);
     if (m_settings.symbology)
-        addStyle(output, report);
-    check(output, report);
+        addStyle(output, findings);
+    check(output, findings);
     return features;
 }
 
-void OgrFormat::check(const Output& output, ExportReport& report) const
+void OgrFormat::check(const Output& output, Findings& findings) const
 {
-    openAndCount(output, report);
+    openAndCount(output, findings);
 }
 
-void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
+void OgrFormat::openAndCount(const Output& output, Findings& findings) const
 {
     const QuietGdal quiet;
     const GDALDatasetUniquePtr dataset(
@@ -374,16 +376,16 @@ void OgrFormat::openAndCount(const Output& output, ExportReport& report) const
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();
         if (!output.systems.target().isEmpty() && (!system || system->IsLocal()))
-            report.note(QStringLiteral("coordinate system not carried"), QString(), 1,
-                        QStringLiteral("the format does not know %1").arg(crsName(output.systems.target())));
+            findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+                          QStringLiteral("the format does not know %1").arg(crsName(output.systems.target())));
     }
 }
 
-void OgrFormat::addStyle(const Output& output, ExportReport& report) const
+void OgrFormat::addStyle(const Output& output, Findings& findings) const
 {
     const QFileInfo info(output.path);
     const QString path = info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".qml");
-    const QByteArray style = qgisStyle(output.layers.front(), m_settings.attributes && m_settings.color, report);
+    const QByteArray style = qgisStyle(output.layers.front(), m_settings.attributes && m_settings.color, findings);
     if (style.isEmpty())
         return;
     QFile file(path);

@@ -19,8 +19,8 @@ class KPFORMATS_EXPORT OgrFormat : public ExportFormat
 {
 public:
     std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
-    void foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+    void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const override;
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
                  kpBase::AbstractProgress* progress) override;
     Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
 
@@ -44,19 +44,19 @@ protected:
     /// What else the driver will refuse. \throws ExportError
     virtual void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const;
     /// Creation options of the driver, made for the data. Stops early when the user cancels.
-    virtual void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+    virtual void tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
                       const kpBase::AbstractProgress* progress) const;
     /// WKT written where the objects have no system.
     virtual QString noSystem() const { return {}; }
     /// Whether all that was written is there: GDAL closes files without a word when the disk is full.
     /// \throws ExportError
-    virtual void check(const Output& output, ExportReport& report) const;
+    virtual void check(const Output& output, Findings& findings) const;
 
     /// Adds the style that goes with the file. \throws ExportError
-    virtual void addStyle(const Output& output, ExportReport& report) const;
+    virtual void addStyle(const Output& output, Findings& findings) const;
 
     /// Opens what was written and counts the features of each layer. \throws ExportError
-    void openAndCount(const Output& output, ExportReport& report) const;
+    void openAndCount(const Output& output, Findings& findings) const;
     FormatInfo vectorInfo() const;
     /// The settings that all share.
     SettingsMap commonSettings();
@@ -66,9 +66,9 @@ protected:
     OgrExportSettings m_settings;
 
 private:
-    Output prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport& report,
+    Output prepare(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
                    const kpBase::AbstractProgress* progress) const;
-    void noteSystems(const PlannedFile& file, OgrSystems& systems, ExportReport& report) const;
+    void noteSystems(const PlannedFile& file, OgrSystems& systems, Findings& findings) const;
 };
 
 /// Throws that the file could not be written completely. \throws ExportError

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrTable.h"
+#include "export/CommonFindings.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "formats/ogr/OgrColumnScan.h"
 #include "ogr/OGRAttributeInfo.h"
@@ -66,15 +68,15 @@ public:
         column.unit = unit;
         columns.push_back(column);
     }
-    void noteMissing(const OgrLayer& layer, ExportReport& report) const
+    void noteMissing(const OgrLayer& layer, Findings& findings) const
     {
         if (!m_selection.attributes)
             return;
         for (const QString& name : *m_selection.attributes) {
             if (!m_index.contains(name))
-                report.note(QStringLiteral("missing attribute"), QString(), 1,
-                            QStringLiteral("no chosen object of this kind has \"%1\", first %2")
-                                .arg(name, layer.objects.front()->name));
+                findings.note(finding::missingAttribute, QString(), 1,
+                              QStringLiteral("no chosen object of this kind has \"%1\", first %2")
+                                  .arg(name, layer.objects.front()->name));
         }
     }
 
@@ -108,20 +110,20 @@ void addOwnColumns(std::vector<OgrColumn>& columns, const OgrLayer& layer, const
         columns.push_back(own(OgrColumn::Colour, "colorval", AttributeKind::Text));
 }
 
-void dropSuperfluous(std::vector<OgrColumn>& columns, int most, ExportReport& report)
+void dropSuperfluous(std::vector<OgrColumn>& columns, int most, Findings& findings)
 {
     const int extra = most > 0 ? static_cast<int>(columns.size()) - most : 0;
     if (extra <= 0)
         return;
     // The colour stays: it is what a map is drawn by.
     const auto end = columns.end() - (columns.back().content == OgrColumn::Colour ? 1 : 0);
-    report.note(QStringLiteral("attribute left out"), QString(), extra,
-                QStringLiteral("the format holds %1 fields; first \"%2\"").arg(most).arg((end - extra)->attribute));
+    findings.note(ogrFinding::attributeLeftOut, QString(), extra,
+                  QStringLiteral("the format holds %1 fields; first \"%2\"").arg(most).arg((end - extra)->attribute));
     columns.erase(end - extra, end);
 }
 
 void nameFields(std::vector<OgrColumn>& columns, const OgrExportSettings& settings, const OgrTraits& traits,
-                ExportReport& report)
+                Findings& findings)
 {
     QStringList wanted;
     for (const OgrColumn& column : columns) {
@@ -135,11 +137,11 @@ void nameFields(std::vector<OgrColumn>& columns, const OgrExportSettings& settin
         OgrColumn& column = columns[static_cast<std::size_t>(index)];
         column.field = names[index];
         if (names[index] != wanted[index])
-            report.note(QStringLiteral("renamed"), wanted[index], 1,
-                        QStringLiteral("attribute %1 is the field %2").arg(wanted[index], names[index]));
+            findings.note(finding::renamed, wanted[index], 1,
+                          QStringLiteral("attribute %1 is the field %2").arg(wanted[index], names[index]));
         if (!settings.unitsInNames && !column.unit.isEmpty())
-            report.note(QStringLiteral("unit not carried"), QString(), 1,
-                        QStringLiteral("%1 is in %2; switch unitsInNames on").arg(column.attribute, column.unit));
+            findings.note(ogrFinding::unitNotCarried, QString(), 1,
+                          QStringLiteral("%1 is in %2; switch unitsInNames on").arg(column.attribute, column.unit));
     }
 }
 
@@ -158,7 +160,7 @@ void prepareDips(OgrTable& table)
         table.columns[static_cast<std::size_t>(table.dip)].kind = AttributeKind::Real;
 }
 
-void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection, ExportReport& report)
+void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection, Findings& findings)
 {
     if (layer.shape == OgrShape::Points)
         return;
@@ -169,8 +171,8 @@ void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection,
             if (selection.wantsAttribute(column.name) && lost++ == 0)
                 first = column.name;
         }
-        report.note(QStringLiteral("attribute of vertices not carried"), object->name, lost,
-                    QStringLiteral("%1: a line or polygon has one value per field").arg(first));
+        findings.note(ogrFinding::attributeOfVerticesNotCarried, object->name, lost,
+                      QStringLiteral("%1: a line or polygon has one value per field").arg(first));
     }
 }
 
@@ -223,7 +225,7 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
 }
 
 std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection,
-                                  const OgrExportSettings& settings, const OgrTraits& traits, ExportReport& report)
+                                  const OgrExportSettings& settings, const OgrTraits& traits, Findings& findings)
 {
     if (!settings.attributes)
         return {};
@@ -236,20 +238,20 @@ std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& 
         for (const ObjectAttribute& attribute : object->objectAttributes)
             collector.add(attribute.name, attribute.kind, attribute.unit);
     }
-    collector.noteMissing(layer, report);
+    collector.noteMissing(layer, findings);
     std::vector<OgrColumn> columns = std::move(collector.columns);
     addOwnColumns(columns, layer, settings, traits);
-    dropSuperfluous(columns, traits.mostFields, report);
-    nameFields(columns, settings, traits, report);
-    noteWhatHasNoField(layer, selection, report);
+    dropSuperfluous(columns, traits.mostFields, findings);
+    nameFields(columns, settings, traits, findings);
+    noteWhatHasNoField(layer, selection, findings);
     return columns;
 }
 
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress)
+                  const OgrTraits& traits, Findings& findings, const kpBase::AbstractProgress* progress)
 {
     OgrTable table;
-    table.columns = ogrColumns(layer, selection, settings, traits, report);
+    table.columns = ogrColumns(layer, selection, settings, traits, findings);
     if (settings.dipInType)
         prepareDips(table);
     qint64 booleans = 0;
@@ -263,14 +265,13 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
         };
         const OgrColumnScan scan = scanned(false);
         scan.size(column, traits, settings.decimals);
-        (scan.rounds(column) ? scanned(true) : scan).report(column, traits, report);
+        (scan.rounds(column) ? scanned(true) : scan).report(column, traits, findings);
         table.foreignTexts += scan.foreignTexts();
         if (column.kind == AttributeKind::Boolean && !traits.booleans && booleans++ == 0)
             firstBoolean = column.attribute;
     }
     table.onlyLatin = table.foreignTexts.isEmpty();
-    report.note(QStringLiteral("yes or no written as 1 or 0"), QString(), booleans,
-                QStringLiteral("first in %1").arg(firstBoolean));
+    findings.note(ogrFinding::truthAsNumber, QString(), booleans, QStringLiteral("first in %1").arg(firstBoolean));
     return table;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportReport.h"
 #include "export/ExportSelection.h"
+#include "export/Findings.h"
 #include "formats/ogr/OgrLayers.h"
 #include "formats/ogr/OgrTraits.h"
 
@@ -55,13 +55,13 @@ struct OgrTable
 };
 
 /// The fields of a layer as the objects' attributes name them: kinds that fit all, names that the driver takes, no more
-/// than it holds. Notes in \a report what has no field.
+/// than it holds. Notes in \a findings what has no field.
 std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection,
-                                  const OgrExportSettings& settings, const OgrTraits& traits, ExportReport& report);
+                                  const OgrExportSettings& settings, const OgrTraits& traits, Findings& findings);
 
-/// Looks at every value once and notes in \a report what the fields cannot hold. Of no use when the user cancels.
+/// Looks at every value once and notes in \a findings what the fields cannot hold. Of no use when the user cancels.
 OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, ExportReport& report, const kpBase::AbstractProgress* progress);
+                  const OgrTraits& traits, Findings& findings, const kpBase::AbstractProgress* progress);
 
 /// \a value as the column holds it; an invalid one for a missing value.
 QVariant writtenValue(const OgrColumn& column, const QVariant& value);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/QgisStyle.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include <QMap>
 #include <QXmlStreamWriter>
@@ -101,15 +102,15 @@ void writeRenderer(QXmlStreamWriter& xml, OgrShape shape, const Colours& colours
 
 } // namespace
 
-QByteArray qgisStyle(const OgrLayer& layer, bool hasField, ExportReport& report)
+QByteArray qgisStyle(const OgrLayer& layer, bool hasField, Findings& findings)
 {
     const Colours colours = coloursOf(layer);
     if (colours.isEmpty())
         return {};
     const bool byField = hasField && colours.size() > 1;
     if (colours.size() > 1 && !byField) {
-        report.note(QStringLiteral("colour not carried"), QString(), colours.size() - 1,
-                    QStringLiteral("the style has one colour; switch attributes and color on"));
+        findings.note(ogrFinding::colourNotCarried, QString(), colours.size() - 1,
+                      QStringLiteral("the style has one colour; switch attributes and color on"));
     }
     QByteArray text;
     QXmlStreamWriter xml(&text);

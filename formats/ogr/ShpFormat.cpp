@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/ShpFormat.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
 
@@ -141,7 +142,7 @@ void ShpFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLa
             QStringLiteral("set grouping=object, or export as GeoPackage"));
 }
 
-void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportReport&,
+void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, Findings&,
                      const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
@@ -149,13 +150,13 @@ void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, ExportR
     options.layerOptions.append(QStringLiteral("DBF_EOF_CHAR=NO"));
 }
 
-void ShpFormat::check(const Output& output, ExportReport& report) const
+void ShpFormat::check(const Output& output, Findings& findings) const
 {
     const QString base = output.path.left(output.path.size() - 4);
     for (const char* extension : {".shp", ".dbf"}) {
         const qint64 size = QFileInfo(base + QString::fromLatin1(extension)).size();
-        report.note(QStringLiteral("larger than 2 GB"), QString(), size >= largestForMost ? 1 : 0,
-                    QStringLiteral("%1; many programs read no more of it").arg(QString::fromLatin1(extension)));
+        findings.note(ogrFinding::largerThanTwoGigabytes, QString(), size >= largestForMost ? 1 : 0,
+                      QStringLiteral("%1; many programs read no more of it").arg(QString::fromLatin1(extension)));
     }
     for (const char* extension : {".shp", ".shx"}) {
         const QString path = base + QString::fromLatin1(extension);
@@ -172,7 +173,7 @@ void ShpFormat::check(const Output& output, ExportReport& report) const
         failIncomplete(output.file.path, QStringLiteral(".prj is cut off"));
     if (contentOf(base + QStringLiteral(".cpg")).trimmed() != "UTF-8")
         failIncomplete(output.file.path, QStringLiteral(".cpg is cut off"));
-    openAndCount(output, report);
+    openAndCount(output, findings);
 }
 
 } // namespace kpFormats

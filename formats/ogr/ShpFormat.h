@@ -20,9 +20,9 @@ protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
     void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const override;
-    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, ExportReport& report,
+    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
-    void check(const Output& output, ExportReport& report) const override;
+    void check(const Output& output, Findings& findings) const override;
 };
 
 } // namespace kpFormats

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/TabFormat.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include "host/data/AbstractProgress.h"
 #include "model/OutputUnit.h"
@@ -145,7 +146,7 @@ OgrTraits TabFormat::traits() const
     return traits;
 }
 
-void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& report,
+void TabFormat::tune(Output& output, OGRExporterOptions& options, Findings& findings,
                      const kpBase::AbstractProgress* progress) const
 {
     options.styleByGeometry = m_settings.symbology;
@@ -167,8 +168,8 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& 
         bounds.widen();
         options.layerOptions.append(QStringLiteral("BOUNDS=") + bounds.text());
         if (bounds.step() > noticedStep(output.systems.target(), *output.file.objects.front()))
-            report.note(
-                QStringLiteral("coordinates on a grid"), QString(), count,
+            findings.note(
+                ogrFinding::coordinatesOnAGrid, QString(), count,
                 QStringLiteral(
                     "its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
                     .arg(bounds.step(), 0, 'g', 3));
@@ -180,21 +181,21 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, ExportReport& 
     options.layerOptions.append(QStringLiteral("ENCODING=")
                                 + (encoding.isEmpty() ? QStringLiteral("UTF-8") : encoding));
     if (encoding.isEmpty()) {
-        report.note(
-            QStringLiteral("texts of several scripts"), QString(), 1,
+        findings.note(
+            ogrFinding::textsOfSeveralScripts, QString(), 1,
             QStringLiteral("no character set of MapInfo holds them; they are in UTF-8, which the table cannot tell"));
     }
 }
 
-void TabFormat::addStyle(const Output&, ExportReport& report) const
+void TabFormat::addStyle(const Output&, Findings& findings) const
 {
     // Pens, brushes and symbols stand in the table itself; the exporter takes them from the field "colorval".
     if (!m_settings.attributes || !m_settings.color)
-        report.note(QStringLiteral("colour not carried"), QString(), 1,
-                    QStringLiteral("it is taken from the field colorval; switch attributes and color on"));
+        findings.note(ogrFinding::colourNotCarried, QString(), 1,
+                      QStringLiteral("it is taken from the field colorval; switch attributes and color on"));
 }
 
-void TabFormat::check(const Output& output, ExportReport& report) const
+void TabFormat::check(const Output& output, Findings& findings) const
 {
     const QString base = output.path.left(output.path.size() - 4);
     QFile table(base + QStringLiteral(".dat"));
@@ -211,7 +212,7 @@ void TabFormat::check(const Output& output, ExportReport& report) const
     const QByteArray definition = text.open(QIODevice::ReadOnly) ? text.readAll() : QByteArray();
     if (!definition.startsWith("!table") || !definition.endsWith('\n'))
         failIncomplete(output.file.path, QStringLiteral("its definition is cut off"));
-    openAndCount(output, report);
+    openAndCount(output, findings);
 }
 
 } // namespace kpFormats

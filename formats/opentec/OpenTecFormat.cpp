@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/opentec/OpenTecFormat.h"
+#include "export/CommonFindings.h"
+#include "formats/opentec/OpenTecFindings.h"
 
 #include "core/GeoObject.h"
 #include "export/ExportError.h"
@@ -72,11 +74,11 @@ QString oneLine(const QString& name)
     return line;
 }
 
-QString lineNamed(const QString& name, ExportReport& report)
+QString lineNamed(const QString& name, Findings& findings)
 {
     const QString line = oneLine(name);
     if (line != name)
-        report.note(QStringLiteral("renamed"), name, 1, QStringLiteral("a name is one line"));
+        findings.note(finding::renamed, name, 1, QStringLiteral("a name is one line"));
     return line;
 }
 
@@ -205,29 +207,29 @@ const ModelObject& OpenTecFormat::traceOf(const ModelObject& section, const Expo
     return m_settings.traceLine.isEmpty() ? section : *findSection(selection, m_settings.traceLine);
 }
 
-void OpenTecFormat::noteForm(const ModelObject& object, ExportReport& report) const
+void OpenTecFormat::noteForm(const ModelObject& object, Findings& findings) const
 {
     if (object.section->segments.empty())
-        report.note(QStringLiteral("section without lines"), object.name, 1,
-                    QStringLiteral("the file holds its trace only"));
+        findings.note(opentecFinding::sectionWithoutLines, object.name, 1,
+                      QStringLiteral("the file holds its trace only"));
     const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
     if (unit != QLatin1String("m"))
-        report.note(QStringLiteral("unit not stated"), object.name, 1,
-                    QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
+        findings.note(opentecFinding::unitNotStated, object.name, 1,
+                      QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
 }
 
-void OpenTecFormat::foresee(const PlannedFile& file, const ExportSelection& selection, ExportReport& losses) const
+void OpenTecFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
 {
     requireNames(file, selection);
     const ModelObject& object = *file.objects.front();
     if (!object.section)
         throw ExportError(file.path, QStringLiteral("the section %1 has nothing drawn on it").arg(object.name),
                           QStringLiteral("choose a section that the model file cuts"));
-    noteForm(object, losses);
+    noteForm(object, findings);
 }
 
 qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                            ExportReport& report, kpBase::AbstractProgress* progress)
+                            Findings& findings, kpBase::AbstractProgress* progress)
 {
     requireNames(file, selection);
     const ModelObject& object = *file.objects.front();
@@ -238,7 +240,7 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
     kpBaseExport::MatrixDataOpenTecLinkExporter writer(path, progress);
     writer.useTruePath = true;
     writer.precision = m_settings.decimals;
-    writer.sectionName = lineNamed(object.name, report);
+    writer.sectionName = lineNamed(object.name, findings);
     writer.sectionAge = m_settings.age;
     writer.sectionPositions = new DoubleMatrixData(
         trace.name, {{scaled(trace.x, traceFactor), nullptr}, {scaled(trace.y, traceFactor), nullptr}});
@@ -246,17 +248,17 @@ qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const 
     for (const SectionSegment& segment : object.section->segments) {
         const SectionColumns columns = columnsOf(object.section, segment, factor);
         auto matrix = std::make_unique<DoubleMatrixData>(
-            lineNamed(segment.name, report), std::vector<DoubleMatrixData::Column>{{columns.distance, nullptr},
-                                                                                   {columns.across, nullptr},
-                                                                                   {columns.z, nullptr}});
+            lineNamed(segment.name, findings), std::vector<DoubleMatrixData::Column>{{columns.distance, nullptr},
+                                                                                     {columns.across, nullptr},
+                                                                                     {columns.z, nullptr}});
         matrix->setColor(segment.color.name());
         matrix->setGeoType(typeName(segment.type));
         writer.geoObject()->sectionData().push_back(matrix.release());
         points += static_cast<qint64>(columns.z->size());
-        report.note(QStringLiteral("position left out"), object.name, columns.leftOut,
-                    QStringLiteral("on the line of %1").arg(segment.name));
+        findings.note(finding::positionLeftOut, object.name, columns.leftOut,
+                      QStringLiteral("on the line of %1").arg(segment.name));
     }
-    noteForm(object, report);
+    noteForm(object, findings);
     if (!writer.fileOpen())
         throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
                           QStringLiteral("check the directory's permissions and the disk"));

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/zmap/ZMapFormat.h"
+#include "export/CommonFindings.h"
+#include "formats/zmap/ZMapFindings.h"
 
 #include "export/BlockWriter.h"
 #include "export/ExportError.h"
@@ -136,19 +138,17 @@ bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSetting
     return true;
 }
 
-void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey,
-                ExportReport& report)
+void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, Findings& findings)
 {
     const std::size_t attributes =
         object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
-    report.note(QStringLiteral("a grid file holds one value per node; attributes left out"), object.name,
-                static_cast<qint64>(attributes), QStringLiteral("choose one with the setting \"attribute\""));
-    report.note(
-        QStringLiteral("value equal to the null value"), object.name, survey.equalToNull,
+    findings.note(zmapFinding::attributesOfGridLeftOut, object.name, static_cast<qint64>(attributes),
+                  QStringLiteral("choose one with the setting \"attribute\""));
+    findings.note(
+        finding::valueEqualToTheNullValue, object.name, survey.equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
     if (survey.withoutValue == object.vertexCount())
-        report.note(QStringLiteral("grid without any value"), object.name, 1,
-                    QStringLiteral("every node is the null value"));
+        findings.note(zmapFinding::gridWithoutAnyValue, object.name, 1, QStringLiteral("every node is the null value"));
 }
 
 /// Compares the band, line by line, with the grid.
@@ -230,20 +230,20 @@ std::vector<PlannedFile> ZMapFormat::plan(const ExportSelection& selection) cons
     return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
 }
 
-void ZMapFormat::foresee(const PlannedFile& file, const ExportSelection&, ExportReport& losses) const
+void ZMapFormat::foresee(const PlannedFile& file, const ExportSelection&, Findings& findings) const
 {
     const ModelObject& object = *file.objects.front();
     const ZMapGrid grid(object, m_settings, file.path);
-    noteLosses(object, m_settings, surveyOf(grid, m_settings, file.path), losses);
+    noteLosses(object, m_settings, surveyOf(grid, m_settings, file.path), findings);
 }
 
-qint64 ZMapFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport& report,
+qint64 ZMapFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, Findings& findings,
                          kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file.objects.front();
     const ZMapGrid grid(object, m_settings, file.path);
     const Survey survey = surveyOf(grid, m_settings, file.path);
-    noteLosses(object, m_settings, survey, report);
+    noteLosses(object, m_settings, survey, findings);
     ProgressTicker loop(progress, object.vertexCount());
     BlockWriter out(path, file.path);
     writeHeader(out.text(), object, grid, m_settings, survey);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/ExportPlan.h"
-#include "export/FindingText.h"
 #include "export/OutputTransaction.h"
 #include "export/SafeNames.h"
 #include "tests/support/SaverRun.h"
@@ -44,9 +44,7 @@ private Q_SLOTS:
     void names_data();
     void names();
     void uniqueNames();
-    void findingTexts_data();
     void findingTexts();
-    void everyFindingHasWords();
     void shapefileTooLarge();
     void nothingToWrite_data();
     void nothingToWrite();
@@ -273,64 +271,27 @@ void JobsTest::nothingToWrite()
     QCOMPARE(entries(folder.path()), QStringList());
 }
 
-void JobsTest::findingTexts_data()
-{
-    using Notes = QVector<QPair<QString, qint64>>;
-    QTest::addColumn<Notes>("notes");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("line");
-    const auto row = [](const char* name, const char* kind, const Notes& notes, const char* line) {
-        QTest::newRow(name) << notes << QString::fromUtf8(kind) << QString::fromUtf8(line);
-    };
-    const QString a = QStringLiteral("A");
-    const QString b = QStringLiteral("B");
-    row("one", "renamed", {{a, 1}}, "A: a name was changed (as said)");
-    row("one of each", "renamed", {{a, 1}, {b, 1}}, "2 names were changed, first A (as said)");
-    row("many of each", "position left out", {{a, 3}, {b, 4}},
-        "7 positions were left out, in 2 objects, first A (as said)");
-    row("same names", "object left out", {{a, 3}, {b, 1}}, "4 objects were left out, first A (as said)");
-    row("of no object", "coordinate systems differ", {{QString(), 2}},
-        "the objects have 2 different coordinate systems (as said)");
-    row("with a value", "missing value of an active cell written as -9", {{a, 2}},
-        "A: 2 missing values of active cells were written as -9 (as said)");
-    row("no words", "something new", {{a, 2}}, "A: something new: 2 (as said)");
-}
-
 void JobsTest::findingTexts()
 {
     using Notes = QVector<QPair<QString, qint64>>;
-    QFETCH(Notes, notes);
-    QFETCH(QString, kind);
-    QFETCH(QString, line);
-    ExportReport report;
-    for (const auto& note : notes)
-        report.note(kind, note.first, note.second, QStringLiteral("as said"));
-    QCOMPARE(report.findingLines(), QStringList{line});
-}
-
-void JobsTest::everyFindingHasWords()
-{
-    // As the sources note them.
-    const QRegularExpression kind(QStringLiteral("\\bnote\\((?:[^\";]*\\?)?\\s*QStringLiteral\\(\"([^\"%]+)"));
-    QStringList wordless;
-    int found = 0;
-    for (const char* room : {"model", "geo", "export", "formats", "pages", "cli", "window"}) {
-        QDirIterator sources(QStringLiteral(KP_SOURCE_DIR "/") + QLatin1String(room),
-                             {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
-                             QDirIterator::Subdirectories);
-        while (sources.hasNext()) {
-            auto matches = kind.globalMatch(QString::fromUtf8(contentOf(sources.next())));
-            while (matches.hasNext()) {
-                const QString name = matches.next().captured(1);
-                ++found;
-                // What the layout's own tests look for is its words.
-                if (findingText(name, 2).startsWith(name) && name != QLatin1String("field of the layout left out"))
-                    wordless.append(name);
-            }
-        }
-    }
-    QVERIFY(found > 60);
-    QCOMPARE(wordless.join(QLatin1String(", ")), QString());
+    const auto line = [](const FindingKind& kind, const Notes& notes, const char* value = "") {
+        Findings findings;
+        for (const auto& note : notes)
+            findings.note(kind, note.first, note.second, QStringLiteral("as said"), QString::fromLatin1(value));
+        return findings.lines().join(QLatin1Char('\n'));
+    };
+    const QString a = QStringLiteral("A");
+    const QString b = QStringLiteral("B");
+    QCOMPARE(line(finding::renamed, {{a, 1}}), QStringLiteral("A: a name was changed (as said)"));
+    QCOMPARE(line(finding::renamed, {{a, 1}, {b, 1}}), QStringLiteral("2 names were changed, first A (as said)"));
+    QCOMPARE(line(finding::positionLeftOut, {{a, 3}, {b, 4}}),
+             QStringLiteral("7 positions were left out, in 2 objects, first A (as said)"));
+    QCOMPARE(line(finding::objectLeftOut, {{a, 3}, {b, 1}}),
+             QStringLiteral("4 objects were left out, first A (as said)")); // objects may share a name
+    constexpr FindingKind differ("systems differ", "the objects have another system", "the objects have %1 systems");
+    QCOMPARE(line(differ, {{QString(), 2}}), QStringLiteral("the objects have 2 systems (as said)"));
+    constexpr FindingKind asNull("null written as", "a null was written as", "%1 nulls were written as");
+    QCOMPARE(line(asNull, {{a, 2}}, "-9"), QStringLiteral("A: 2 nulls were written as -9 (as said)"));
 }
 
 void JobsTest::shapefileTooLarge()

@@ -32,7 +32,7 @@ public:
     {
         return planFiles(selection, grouping, QStringLiteral("nam"));
     }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, ExportReport&,
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, Findings&,
                  kpBase::AbstractProgress*) override
     {
         QByteArray names;

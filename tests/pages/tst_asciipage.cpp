@@ -374,7 +374,8 @@ void AsciiPageTest::lackingFields()
     page.wizard.slotSaveClicked(path("lacking.txt"), true);
     QCOMPARE(contentOf(path("lacking.txt")), QByteArray("Y;X\n2.00;1.00\n"));
     const QString report = page.child<QTextEdit>("reportView")->toPlainText();
-    QVERIFY2(report.contains(QLatin1String("field of the layout left out")) && report.contains(QLatin1String("gone")),
+    QVERIFY2(report.contains(QLatin1String("a field of the layout was left out"))
+                 && report.contains(QLatin1String("gone")),
              qPrintable(report));
     // Saved anew the file still has the field and the key that we do not know.
     chooseInDialog(path("again.klf"));

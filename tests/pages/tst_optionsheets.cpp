@@ -60,7 +60,7 @@ public:
                                                                                           : FileGrouping::Object;
         return planFiles(selection, kind, m_info.defaultExtension, prefix ? prefix->get() : QString());
     }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, ExportReport&,
+    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings&,
                  kpBase::AbstractProgress*) override
     {
         QStringList lines;

@@ -115,15 +115,15 @@ struct SaverRun
     QString findings() const
     {
         QStringList list;
-        for (const Finding& finding : report.findings())
-            list.append(QStringLiteral("%1: %2").arg(finding.kind).arg(finding.count));
+        for (const Finding& finding : report.findings.all())
+            list.append(QStringLiteral("%1: %2").arg(finding.kind()).arg(finding.count));
         return list.join(QStringLiteral(", "));
     }
     qint64 countOf(const QString& kind) const
     {
         qint64 count = 0;
-        for (const Finding& finding : report.findings())
-            count += finding.kind == kind ? finding.count : 0;
+        for (const Finding& finding : report.findings.all())
+            count += finding.kind() == kind ? finding.count : 0;
         return count;
     }
     /// The first fault that reading the files again has found.

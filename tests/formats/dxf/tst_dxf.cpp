@@ -170,9 +170,9 @@ void DxfTest::layers()
             written.append(QString::fromUtf8(lines[line + 2]));
     }
     QCOMPARE(written, layers);
-    QCOMPARE(static_cast<int>(run.report.findings().size()), renamed);
-    for (const Finding& finding : run.report.findings())
-        QCOMPARE(finding.kind, QStringLiteral("layer renamed"));
+    QCOMPARE(static_cast<int>(run.report.findings.all().size()), renamed);
+    for (const Finding& finding : run.report.findings.all())
+        QCOMPARE(finding.kind(), QStringLiteral("layer renamed"));
     if (!unicode)
         KP_VALIDATE("dxf.py", path("a.dxf"));
 }

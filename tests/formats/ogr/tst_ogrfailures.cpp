@@ -108,7 +108,7 @@ void OgrFailuresTest::fullSidecars()
     ExportSelection selection;
     selection.objects = {&model};
     selection.path = target;
-    ExportReport report;
+    Findings report;
     QString error;
     try {
         saver->write(saver->plan(selection).front(), target, selection, report, nullptr);

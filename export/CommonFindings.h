@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FindingKind.h"
+
+/// What several formats, or the run itself, lose or change.
+namespace kpFormats::finding
+{
+
+inline constexpr FindingKind renamed("renamed", "a name was changed", "%1 names were changed");
+inline constexpr FindingKind renamedFile("renamed file", "the file is named differently",
+                                         "%1 files are named differently");
+inline constexpr FindingKind lostOnLoading("left out on loading", "something was left out on loading",
+                                           "%1 things were left out on loading");
+inline constexpr FindingKind notVerified("not verified", "a file was not read again", "%1 files were not read again");
+inline constexpr FindingKind typeNotTaken("object of a type that the format does not take",
+                                          "an object was left out because the format does not take its type",
+                                          "%1 objects were left out because the format does not take their types");
+inline constexpr FindingKind objectLeftOut("object left out", "the object was left out", "%1 objects were left out");
+inline constexpr FindingKind positionLeftOut("position left out", "a position was left out",
+                                             "%1 positions were left out");
+inline constexpr FindingKind vertexWithoutPosition("vertex without a position left out",
+                                                   "a vertex without a position was left out",
+                                                   "%1 vertices without a position were left out");
+inline constexpr FindingKind triangleWithoutPosition("triangle without a position left out",
+                                                     "a triangle was left out because a corner has no position",
+                                                     "%1 triangles were left out because a corner has no position");
+inline constexpr FindingKind shortLine("line of fewer than two points left out",
+                                       "a line of fewer than two points was left out",
+                                       "%1 lines of fewer than two points were left out");
+inline constexpr FindingKind shortRing("ring of fewer than three points left out",
+                                       "a ring of fewer than three points was left out",
+                                       "%1 rings of fewer than three points were left out");
+inline constexpr FindingKind ringClosed("ring closed", "an open ring was closed", "%1 open rings were closed");
+inline constexpr FindingKind missingAttribute("missing attribute", "an attribute is missing",
+                                              "%1 attributes are missing");
+inline constexpr FindingKind attributeNotNumeric("attribute that is no number left out",
+                                                 "an attribute was left out because it is no number",
+                                                 "%1 attributes were left out because they are no numbers");
+inline constexpr FindingKind attributesLeftOut("the format has no attributes; left out",
+                                               "an attribute was left out because the format has none",
+                                               "%1 attributes were left out because the format has none");
+inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null value",
+                                                      "a value is equal to the null value",
+                                                      "%1 values are equal to the null value");
+
+} // namespace kpFormats::finding

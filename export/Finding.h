@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FindingKind.h"
+#include "model/kpFormatsExport.h"
+
+#include <QString>
+
+namespace kpFormats
+{
+
+/// Something that was lost or changed on the way to a file, counted.
+struct KPFORMATS_EXPORT Finding
+{
+    const FindingKind* sort; ///< a constant
+    QString value;           ///< told with the kind; empty when it has none
+    QString object;          ///< name of the object, or empty
+    qint64 count = 0;
+    QString example; ///< the first case in words
+
+    /// "missing attribute", "missing value of an active cell written as -9" ...
+    QString kind() const;
+    /// The sentence for so many cases.
+    QString text(qint64 cases) const;
+};
+
+} // namespace kpFormats

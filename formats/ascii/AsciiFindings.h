@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FindingKind.h"
+
+/// What only this format loses or changes.
+namespace kpFormats::asciiFinding
+{
+
+inline constexpr FindingKind vertexWithoutZ("vertex without z", "a vertex has no height", "%1 vertices have no height");
+inline constexpr FindingKind noHeights("no z", "a vertex has no height", "%1 vertices have no height");
+inline constexpr FindingKind textHoldsTheSeparator("text holds the separator", "a text holds the separator",
+                                                   "%1 texts hold the separator");
+inline constexpr FindingKind lineEndInATextBecameABlank("line end in a text became a blank",
+                                                        "a line end in a text became a blank",
+                                                        "line ends in %1 texts became blanks");
+inline constexpr FindingKind lineEndInANameBecameABlank("line end in a name became a blank",
+                                                        "a line end in a name became a blank",
+                                                        "line ends in %1 names became blanks");
+inline constexpr FindingKind missingValueWrittenAs0("missing value written as 0", "a missing value was written as 0",
+                                                    "%1 missing values were written as 0");
+inline constexpr FindingKind fieldOfTheLayoutLeftOut("field of the layout left out",
+                                                     "a field of the layout was left out",
+                                                     "%1 fields of the layout were left out");
+
+} // namespace kpFormats::asciiFinding
