@@ -15,8 +15,8 @@ const std::vector<kpFormats::ModelObject>& metres()
 
 void saver(benchmark::State& state)
 {
-    kpFormats::DxfFormat format;
-    LineSet::saver(state, format, metres(), LineSet::outputPath("dxf"));
+    const kpFormats::DxfFormat format;
+    LineSet::saver(state, format, format.defaults(), metres(), LineSet::outputPath("dxf"));
 }
 
 void gdalDxf(benchmark::State& state)

@@ -18,8 +18,8 @@ const std::vector<kpFormats::ModelObject>& degrees()
 
 void saver(benchmark::State& state)
 {
-    kpFormats::KmlFormat format;
-    LineSet::saver(state, format, degrees(), LineSet::outputPath("kml"));
+    const kpFormats::KmlFormat format;
+    LineSet::saver(state, format, format.defaults(), degrees(), LineSet::outputPath("kml"));
 }
 
 /// The same from a projected system, PROJ included.
@@ -27,8 +27,8 @@ void saverTransforming(benchmark::State& state)
 {
     const std::vector<kpFormats::ModelObject> metres =
         LineSet::make(540000, 7500000, 50000, kpFormats::wktOf(QStringLiteral("EPSG:28350")));
-    kpFormats::KmlFormat format;
-    LineSet::saver(state, format, metres, LineSet::outputPath("kml"));
+    const kpFormats::KmlFormat format;
+    LineSet::saver(state, format, format.defaults(), metres, LineSet::outputPath("kml"));
 }
 
 /// The library's writer with its lists of points, without heights.

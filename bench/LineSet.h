@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportFormat.h"
+#include "export/Format.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -62,7 +62,7 @@ inline void countBytes(benchmark::State& state, const QString& path)
 }
 
 /// The whole saver, as the command line and the wizard call it.
-inline void saver(benchmark::State& state, kpFormats::ExportFormat& format,
+inline void saver(benchmark::State& state, const kpFormats::Format& format, const kpFormats::SettingsValue& settings,
                   const std::vector<kpFormats::ModelObject>& objects, const QString& path)
 {
     kpFormats::ExportSelection selection;
@@ -71,8 +71,8 @@ inline void saver(benchmark::State& state, kpFormats::ExportFormat& format,
         selection.objects.push_back(&object);
     const kpFormats::PlannedFile file{path, selection.objects};
     for (auto step : state) {
-        kpFormats::ExportReport report;
-        if (format.write(file, path, selection, report, nullptr) != lines)
+        kpFormats::Findings findings;
+        if (format.prepare(file, selection, settings, findings)->write(path, findings, nullptr) != lines)
             state.SkipWithError("not everything was written");
     }
     countBytes(state, path);

@@ -105,18 +105,19 @@ const ModelObject& volume(int64_t cells)
     return object;
 }
 
-template <typename Format>
+template <typename AFormat>
 void write(benchmark::State& state, const ModelObject& object, const char* key = nullptr, const char* value = nullptr)
 {
-    Format format;
+    const AFormat format;
+    SettingsValue settings = format.defaults();
     if (key)
-        format.settings().set(QString::fromLatin1(key), QString::fromLatin1(value));
+        settings.set(QString::fromLatin1(key), QString::fromLatin1(value));
     ExportSelection selection;
     selection.objects = {&object};
     const PlannedFile file{outputPath(), {&object}};
     for (auto step : state) {
-        ExportReport report;
-        format.write(file, file.path, selection, report, nullptr);
+        Findings findings;
+        format.prepare(file, selection, settings, findings)->write(file.path, findings, nullptr);
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }

@@ -224,22 +224,23 @@ ModelObject cloud()
 void saver(benchmark::State& state, bool shp)
 {
     const ModelObject object = cloud();
-    std::unique_ptr<ExportFormat> format;
+    std::unique_ptr<const Format> format;
     if (shp)
         format = std::make_unique<ShpFormat>();
     else
         format = std::make_unique<TabFormat>();
-    SettingsMap settings = format->settings();
+    SettingsValue settings = format->defaults();
     settings.set(QStringLiteral("color"), QStringLiteral("false"));
     if (!shp)
         settings.set(QStringLiteral("zField"), QStringLiteral("false"));
     ExportSelection selection;
     selection.objects = {&object};
     selection.path = outputPath(shp);
-    const PlannedFile file = format->plan(selection).front();
+    const PlannedFile file = format->files(selection, settings).front();
     for (auto step : state) {
-        ExportReport report;
-        if (format->write(file, file.path, selection, report, nullptr) != static_cast<qint64>(features))
+        Findings findings;
+        if (format->prepare(file, selection, settings, findings)->write(file.path, findings, nullptr)
+            != static_cast<qint64>(features))
             state.SkipWithError("features are missing");
     }
     state.counters["bytes"] = bytesWritten(shp);

@@ -4,6 +4,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/TerminalProgress.h"
+#include "export/EstimatedSize.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
 #include "readers/LoadError.h"
@@ -38,7 +39,7 @@ bool matchesAny(const ModelObject& object, const QStringList& patterns)
     });
 }
 
-std::unique_ptr<ExportFormat> findFormat(const QString& key)
+std::unique_ptr<const Format> findFormat(const QString& key)
 {
     QStringList keys;
     for (auto& format : makeFormats()) {
@@ -52,7 +53,7 @@ std::unique_ptr<ExportFormat> findFormat(const QString& key)
 
 /// The objects that the request names and the format takes; notes those that it does not take.
 std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& request, const FormatInfo& info,
-                                       ExportReport& report)
+                                       Findings& findings)
 {
     std::vector<const ModelObject*> chosen;
     qint64 refused = 0;
@@ -69,7 +70,7 @@ std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& 
         }
         chosen.push_back(&object);
     }
-    report.findings.note(finding::typeNotTaken, QString(), refused, QStringLiteral("first %1").arg(example));
+    findings.note(finding::typeNotTaken, QString(), refused, QStringLiteral("first %1").arg(example));
     return chosen;
 }
 
@@ -141,11 +142,12 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
 }
 
 /// The first file that exists and may not be replaced; empty when there is none.
-QString protectedFile(const std::vector<PlannedFile>& files, const ExportRequest& request)
+QString protectedFile(const PreparedExport& prepared, const ExportRequest& request)
 {
     const auto found =
-        std::find_if(files.begin(), files.end(), [](const PlannedFile& file) { return QFileInfo(file.path).isFile(); });
-    return request.overwrite || found == files.end() ? QString() : found->path;
+        std::find_if(prepared.outputs().begin(), prepared.outputs().end(),
+                     [](const PreparedExport::Output& output) { return QFileInfo(output.planned.path).isFile(); });
+    return request.overwrite || found == prepared.outputs().end() ? QString() : found->planned.path;
 }
 
 void printProtected(const QString& path)
@@ -203,15 +205,15 @@ int runRequest(const ExportRequest& request)
 {
     if (!checkRequest(request))
         return WrongUse;
-    const std::unique_ptr<ExportFormat> format = findFormat(request.format);
+    const std::unique_ptr<const Format> format = findFormat(request.format);
     if (!format)
         return WrongUse;
+    SettingsValue settings = format->defaults();
     try {
         if (!request.layout.isEmpty())
-            format->loadLayout(request.layout);
-        SettingsMap settings = format->settings();
+            format->loadLayout(request.layout, settings);
         for (const auto& setting : request.settings)
-            settings.set(setting.first, setting.second);
+            format->overrule(settings, setting.first, setting.second);
     } catch (const SettingsError& error) {
         printError(QString::fromUtf8(error.what()));
         return WrongUse;
@@ -227,11 +229,11 @@ int runRequest(const ExportRequest& request)
         printError(QString::fromUtf8(error.what()));
         return NotAllWritten;
     }
-    ExportReport report;
+    Findings before;
     for (const QString& note : qAsConst(notes))
-        report.findings.note(finding::lostOnLoading, QString(), 1, note);
+        before.note(finding::lostOnLoading, QString(), 1, note);
     ExportSelection selection;
-    selection.objects = choose(model, request, format->info(), report);
+    selection.objects = choose(model, request, format->info(), before);
     selection.path = request.output;
     if (!request.attributes.isEmpty())
         selection.attributes = request.attributes;
@@ -243,10 +245,11 @@ int runRequest(const ExportRequest& request)
     }
 
     selection.verify = request.verify;
-    const std::vector<PlannedFile> files = format->plan(selection);
-    const QString existing = protectedFile(files, request);
+    PreparedExport prepared(*format, std::move(selection), std::move(settings));
+    prepared.findings = before;
+    const QString existing = protectedFile(prepared, request);
     if (request.dryRun) {
-        const ExportPlan plan = makePlan(*format, selection, files, report);
+        const ExportPlan plan = planOf(prepared);
         int code = showPlan(plan, request);
         if (!existing.isEmpty()) {
             printProtected(existing);
@@ -258,7 +261,7 @@ int runRequest(const ExportRequest& request)
         printProtected(existing);
         return NotAllWritten;
     }
-    runExport(*format, selection, files, &progress, report);
+    const ExportReport report = runExport(prepared, &progress);
     progress.progressFinished();
     const bool reported = writeReport(report.toJson(request.format), request);
     const int code = exitCode(report, request);

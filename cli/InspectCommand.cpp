@@ -2,7 +2,7 @@
 #include "cli/InspectCommand.h"
 
 #include "cli/CommandLine.h"
-#include "export/ExportFormat.h"
+#include "export/Format.h"
 #include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
@@ -160,7 +160,7 @@ int formatsCommand(const QStringList& arguments)
     QJsonArray all;
     for (const auto& format : makeFormats()) {
         const FormatInfo info = format->info();
-        const SettingsMap map = format->settings();
+        const SettingsValue defaults = format->defaults();
         QStringList types;
         for (const ObjectType type : info.types)
             types.append(QString::fromStdString(typeKey(type)));
@@ -168,18 +168,18 @@ int formatsCommand(const QStringList& arguments)
         if (!parser.isSet(QStringLiteral("json")))
             printLine(QStringLiteral("%1\t%2\t%3\t%4")
                           .arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
-        for (const Setting& setting : map.settings()) {
+        for (const Setting& setting : defaults.settings()) {
             static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
-            const QString allowed = setting.kind == Setting::Choice ? setting.choices.join(QStringLiteral(", "))
+            const QString allowed = setting.kind == Setting::Choice ? setting.choiceKeys().join(QStringLiteral(", "))
                                                                     : QString::fromLatin1(kinds[setting.kind]);
             settings.append(QJsonObject{{QStringLiteral("key"), setting.key},
                                         {QStringLiteral("type"), QLatin1String(kinds[setting.kind])},
-                                        {QStringLiteral("choices"), QJsonArray::fromStringList(setting.choices)},
-                                        {QStringLiteral("default"), setting.get()},
+                                        {QStringLiteral("choices"), QJsonArray::fromStringList(setting.choiceKeys())},
+                                        {QStringLiteral("default"), defaults.get(setting)},
                                         {QStringLiteral("description"), setting.description}});
             if (!parser.isSet(QStringLiteral("json")))
                 printLine(QStringLiteral("    %1 = %2\t%3 (%4)")
-                              .arg(setting.key, setting.get(), setting.description, allowed));
+                              .arg(setting.key, defaults.get(setting), setting.description, allowed));
         }
         if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
             printLine(

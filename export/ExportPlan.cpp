@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "export/ExportPlan.h"
-#include "export/CommonFindings.h"
 
+#include "export/EstimatedSize.h"
 #include "export/ExportError.h"
-#include "export/Foresight.h"
 #include "export/OutputTransaction.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QLocale>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -19,17 +17,19 @@ namespace kpFormats
 namespace
 {
 
-FileOutcome foreseenOutcome(const PlannedFile& file, const Foresight& foresight)
+FileOutcome foreseenOutcome(const PreparedExport::Output& output)
 {
     FileOutcome outcome;
-    outcome.path = file.path;
-    outcome.failedObjects = foresight.failedObjects;
-    outcome.error = foresight.error;
-    for (const ModelObject* object : foresight.file.objects)
-        outcome.objects.append(object->name);
+    outcome.path = output.planned.path;
+    outcome.failedObjects = output.failedObjects;
+    outcome.error = output.error;
+    if (output.file) {
+        for (const ModelObject* object : output.file->file().objects)
+            outcome.objects.append(object->name);
+    }
     try {
         if (outcome.written())
-            OutputTransaction::requireWritable(file.path);
+            OutputTransaction::requireWritable(outcome.path);
     } catch (const ExportError& error) {
         outcome.error = error.reason();
     }
@@ -104,46 +104,40 @@ QJsonObject ExportPlan::toJson(const QString& formatKey) const
             {QStringLiteral("freeBytes"), freeBytes}};
 }
 
-ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files,
-                    const ExportReport& foreseen)
+ExportPlan planOf(const PreparedExport& prepared)
 {
     ExportPlan plan;
-    plan.foreseen = foreseen;
-    const QStringList extensions = format.sidecars();
-    for (const PlannedFile& file : files) {
-        const QFileInfo info(file.path);
+    plan.foreseen.findings = prepared.findings;
+    const FormatInfo format = prepared.format().info();
+    for (const PreparedExport::Output& foreseen : prepared.outputs()) {
+        const QFileInfo info(foreseen.planned.path);
         ExportPlan::Output output;
-        output.path = file.path;
-        output.renamedFrom = file.renamedFrom;
+        output.path = foreseen.planned.path;
+        output.renamedFrom = foreseen.planned.renamedFrom;
         output.replaces = info.isFile();
-        const Foresight foresight = foresee(format, file, selection, plan.foreseen.findings);
-        const FileOutcome outcome = foreseenOutcome(file, foresight);
-        if (outcome.written())
-            output.bytes = format.estimatedBytes(foresight.file, selection);
-        for (const ModelObject* object : file.objects)
+        for (const ModelObject* object : foreseen.planned.objects)
             output.objects.append(object->name);
-        for (const ModelObject* object : foresight.file.objects)
-            output.vertices += outcome.written() ? object->rowCount() : 0;
-        plan.foreseen.add(outcome);
-        if (!file.renamedFrom.isEmpty())
-            plan.foreseen.findings.note(finding::renamedFile, file.renamedFrom, 1, info.fileName());
-        const QString stem = info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('.');
-        for (const QString& extension : extensions) {
-            if (QFileInfo(stem + extension).isFile())
-                output.sidecars.append(info.completeBaseName() + QLatin1Char('.') + extension);
+        const FileOutcome outcome = foreseenOutcome(foreseen);
+        if (outcome.written()) {
+            const PlannedFile& file = foreseen.file->file();
+            output.bytes = estimatedBytes(format, file, prepared.selection());
+            for (const ModelObject* object : file.objects)
+                output.vertices += object->rowCount();
+            for (const QString& extension : foreseen.file->sidecars()) {
+                const QString sidecar = info.completeBaseName() + QLatin1Char('.') + extension;
+                if (QFileInfo(info.absolutePath() + QLatin1Char('/') + sidecar).isFile())
+                    output.sidecars.append(sidecar);
+            }
         }
+        plan.foreseen.findings.add(foreseen.findings);
+        plan.foreseen.add(outcome);
         plan.outputs.push_back(output);
     }
-    const QStorageInfo disk(QFileInfo(selection.path).isDir() ? selection.path
-                                                              : QFileInfo(selection.path).absolutePath());
+    const QString& path = prepared.selection().path;
+    const QStorageInfo disk(QFileInfo(path).isDir() ? path : QFileInfo(path).absolutePath());
     if (disk.isValid())
         plan.freeBytes = disk.bytesAvailable();
     return plan;
-}
-
-QString sizeText(qint64 bytes)
-{
-    return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
 }
 
 } // namespace kpFormats

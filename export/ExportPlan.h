@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportFormat.h"
-#include "export/ExportReport.h"
+#include "export/PreparedExport.h"
 #include "model/kpFormatsExport.h"
 
 #include <QJsonObject>
@@ -37,12 +36,7 @@ struct KPFORMATS_EXPORT ExportPlan
     QJsonObject toJson(const QString& formatKey) const;
 };
 
-/// \a foreseen is what is known to be lost before there is a plan.
-KPFORMATS_EXPORT ExportPlan makePlan(const ExportFormat& format, const ExportSelection& selection,
-                                     const std::vector<PlannedFile>& files,
-                                     const ExportReport& foreseen = ExportReport());
-
-/// A size for people: "12.3 MB".
-KPFORMATS_EXPORT QString sizeText(qint64 bytes);
+/// The plan of an export: a view of what was found out when it was prepared.
+KPFORMATS_EXPORT ExportPlan planOf(const PreparedExport& prepared);
 
 } // namespace kpFormats

@@ -3,7 +3,6 @@
 #include "export/CommonFindings.h"
 
 #include "export/ExportError.h"
-#include "export/Foresight.h"
 #include "export/ObjectError.h"
 #include "export/OutputTransaction.h"
 #include "model/ShareOfProgress.h"
@@ -31,118 +30,114 @@ qint64 bytesOf(const QString& staged)
 class FileRun
 {
 public:
-    FileRun(ExportFormat& format, const ExportSelection& selection, const PlannedFile& file,
-            OutputTransaction& transaction, ExportReport& report)
-        : m_format(format)
-        , m_selection(selection)
-        , m_file(file)
+    FileRun(const PreparedExport& prepared, PreparedExport::Output& output, OutputTransaction& transaction)
+        : m_prepared(prepared)
+        , m_output(output)
         , m_transaction(transaction)
-        , m_report(report)
     {
-        m_outcome.path = file.path;
+        m_outcome.path = output.planned.path;
+        m_outcome.error = output.error;
     }
 
     FileOutcome run(kpBase::AbstractProgress& progress)
     {
-        // What is lost is noted where it is written.
-        Findings unread;
-        const Foresight foresight = foresee(m_format, m_file, m_selection, unread);
-        m_file = foresight.file;
-        m_outcome.failedObjects = foresight.failedObjects;
-        m_outcome.error = foresight.error;
         try {
             while (m_outcome.written() && !writeOnce(progress))
-                m_transaction.drop(m_file.path);
+                m_transaction.drop(m_outcome.path);
         } catch (const ExportError& error) {
             giveUp(error.reason());
         } catch (const std::exception& error) {
             giveUp(QString::fromUtf8(error.what()));
         }
-        for (const ModelObject* object : m_file.objects)
-            m_outcome.objects.append(object->name);
+        m_outcome.failedObjects = m_output.failedObjects;
+        if (m_output.file) {
+            for (const ModelObject* object : m_output.file->file().objects)
+                m_outcome.objects.append(object->name);
+        }
         return m_outcome;
     }
+    /// What this file has lost.
+    const Findings& findings() const { return m_findings; }
 
 private:
     /// False when an object had to be left out, so that the file is to be written again.
     bool writeOnce(kpBase::AbstractProgress& progress)
     {
-        if (m_file.objects.empty() && !m_outcome.failedObjects.empty()) {
-            giveUp(noneLeftError(m_outcome.failedObjects));
+        if (!m_output.file) {
+            giveUp(m_output.error);
             return true;
         }
-        const QString path = m_transaction.stage(m_file.path, m_format.sidecars());
+        PreparedFile& file = *m_output.file;
+        m_findings = m_output.findings;
+        const QString path = m_transaction.stage(m_outcome.path, file.sidecars());
         try {
-            m_outcome.rows = m_format.write(m_file, path, m_selection, m_report.findings, &progress);
+            m_outcome.rows = file.write(path, m_findings, &progress);
         } catch (const ObjectError& error) {
-            leaveOut(*error.object(), error.reason());
+            m_prepared.leaveOut(m_output, *error.object(), error.reason());
             return false;
         }
         // An empty file is no success.
-        if (m_outcome.rows == 0 && !m_file.objects.empty() && !progress.isCancelled())
-            throw ExportError(m_file.path,
-                              QStringLiteral("nothing of %1 has a place in the file").arg(m_file.objects.front()->name),
+        const std::vector<const ModelObject*>& objects = file.file().objects;
+        if (m_outcome.rows == 0 && !objects.empty() && !progress.isCancelled())
+            throw ExportError(m_outcome.path,
+                              QStringLiteral("nothing of %1 has a place in the file").arg(objects.front()->name),
                               QStringLiteral("the notes say what was left out; choose another object or format"));
-        const bool staged = path != QFileInfo(m_file.path).absoluteFilePath();
+        const bool staged = path != QFileInfo(m_outcome.path).absoluteFilePath();
         m_outcome.bytes = staged ? bytesOf(path) : 0;
-        if (m_selection.verify && staged && !progress.isCancelled())
-            verify(path);
+        if (m_prepared.verify && staged && !progress.isCancelled())
+            readBack(path);
         return true;
     }
 
-    void verify(const QString& path)
+    void readBack(const QString& path)
     {
-        m_outcome.verification = m_format.verify(m_file, path, m_selection);
+        m_outcome.verification = m_output.file->verify(path);
         const Verification& found = m_outcome.verification;
         if (found.reader.isEmpty())
-            m_report.findings.note(finding::notVerified, QString(), 1,
-                                   QStringLiteral("%1 has no second reader").arg(m_format.info().displayName));
+            m_findings.note(finding::notVerified, QString(), 1,
+                            QStringLiteral("%1 has no second reader").arg(m_prepared.format().info().displayName));
         else if (!found.fault.isEmpty())
-            throw ExportError(m_file.path,
+            throw ExportError(m_outcome.path,
                               QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
                               QStringLiteral("report this; an earlier file is as it was"));
     }
 
-    void leaveOut(const ModelObject& object, const QString& reason)
-    {
-        m_outcome.failedObjects.push_back({object.name, reason});
-        m_file.objects.erase(std::remove(m_file.objects.begin(), m_file.objects.end(), &object), m_file.objects.end());
-    }
-
     void giveUp(const QString& reason)
     {
-        m_transaction.drop(m_file.path);
+        m_transaction.drop(m_outcome.path);
         m_outcome.error = reason;
     }
 
-    ExportFormat& m_format;
-    const ExportSelection& m_selection;
-    PlannedFile m_file;
+    const PreparedExport& m_prepared;
+    PreparedExport::Output& m_output;
     OutputTransaction& m_transaction;
-    ExportReport& m_report;
+    Findings m_findings;
     FileOutcome m_outcome;
 };
 
 } // namespace
 
-bool runExport(ExportFormat& format, const ExportSelection& selection, const std::vector<PlannedFile>& files,
-               kpBase::AbstractProgress* progress, ExportReport& report)
+ExportReport runExport(PreparedExport& prepared, kpBase::AbstractProgress* progress)
 {
+    ExportReport report;
+    report.findings = prepared.findings;
     OutputTransaction transaction;
     double total = 0;
-    for (const PlannedFile& file : files)
-        total += weightOf(file.objects);
+    for (const PreparedExport::Output& output : prepared.outputs())
+        total += output.wanted ? weightOf(output.planned.objects) : 0.0;
     if (progress)
         progress->progressStarted(true);
     ShareOfProgress share(progress, total);
-    for (const PlannedFile& file : files) {
-        share.next(weightOf(file.objects));
-        report.add(FileRun(format, selection, file, transaction, report).run(share));
-        if (!file.renamedFrom.isEmpty())
-            report.findings.note(finding::renamedFile, file.renamedFrom, 1, QFileInfo(file.path).fileName());
+    for (PreparedExport::Output& output : prepared.outputs()) {
+        if (!output.wanted)
+            continue;
+        share.next(weightOf(output.planned.objects));
+        FileRun file(prepared, output, transaction);
+        report.add(file.run(share));
+        report.findings.add(file.findings());
         if (share.isCancelled()) {
             report.cancelled = true;
-            return false;
+            return report;
         }
     }
     try {
@@ -157,7 +152,7 @@ bool runExport(ExportFormat& format, const ExportSelection& selection, const std
     }
     if (progress)
         progress->progressChanged(100);
-    return !report.anyFailed();
+    return report;
 }
 
 } // namespace kpFormats

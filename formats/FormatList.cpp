@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "export/ExportFormat.h"
+#include "export/Format.h"
 #include "formats/ascii/AsciiFormat.h"
 #include "formats/dxf/DxfFormat.h"
 #include "formats/gocad/GocadFormat.h"
@@ -16,9 +16,9 @@
 namespace kpFormats
 {
 
-std::vector<std::unique_ptr<ExportFormat>> makeFormats()
+Formats makeFormats()
 {
-    std::vector<std::unique_ptr<ExportFormat>> formats;
+    Formats formats;
     formats.push_back(std::make_unique<AsciiFormat>());
     formats.push_back(std::make_unique<KmlFormat>());
     formats.push_back(std::make_unique<DxfFormat>());

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "pages/AsciiSheet.h"
 
-#include "formats/ascii/AsciiFormat.h"
+#include "formats/ascii/AsciiLayoutFile.h"
 #include "host/data/FormatFile.h"
 #include "model/Model.h"
 #include "pages/AsciiSpecification.h"
 #include "pages/FormArea.h"
+#include "pages/SettingsMemory.h"
 #include "spec/SeparatorCode.h"
 #include "wizard/QExportWizard.h"
 
@@ -45,10 +46,9 @@ QString textOf(bool on)
 
 } // namespace
 
-AsciiSheet::AsciiSheet(AsciiFormat& format, const Model& model)
-    : m_format(format)
+AsciiSheet::AsciiSheet(FormatSetup& setup, const Model& model)
+    : m_setup(setup)
     , m_model(model)
-    , m_settings(format.settings())
 {
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setInterval(refreshDelay);
@@ -108,22 +108,15 @@ void AsciiSheet::connectEditor()
             m_wizard->update_navigation();
         scheduleRefresh();
     });
-    m_layout->settingsToSave = [this] { return settingsAsJson(); };
+    m_layout->settingsToSave = [this] { return layoutSettings(m_setup.settings); };
 }
 
 void AsciiSheet::restore()
 {
+    const QString key = m_setup.format->info().key;
+    restoreSettings(m_setup.settings, key);
     QSettings stored;
-    stored.beginGroup(QStringLiteral("format_") + m_format.info().key);
-    for (const Setting& setting : m_settings.settings()) {
-        try {
-            if (stored.contains(setting.key))
-                m_settings.set(setting.key, stored.value(setting.key).toString());
-        } catch (const SettingsError&) {
-            // Stored by another version of the program: the default stays.
-            stored.remove(setting.key);
-        }
-    }
+    stored.beginGroup(settingsGroup(key));
     const std::unique_ptr<FormatFile> layout(
         FormatFile::fromBytes(stored.value(QStringLiteral("layout")).toByteArray()));
     m_own = layout && stored.value(QStringLiteral("ownLayout")).toBool();
@@ -134,23 +127,12 @@ void AsciiSheet::restore()
 
 void AsciiSheet::store()
 {
+    const QString key = m_setup.format->info().key;
+    storeSettings(m_setup.settings, key);
     QSettings stored;
-    stored.beginGroup(QStringLiteral("format_") + m_format.info().key);
-    for (const Setting& setting : m_settings.settings())
-        stored.setValue(setting.key, setting.get());
+    stored.beginGroup(settingsGroup(key));
     stored.setValue(QStringLiteral("layout"), m_layout->snapshot()->toBytes());
     stored.setValue(QStringLiteral("ownLayout"), m_own);
-}
-
-QJsonObject AsciiSheet::settingsAsJson() const
-{
-    QJsonObject settings;
-    for (const Setting& setting : m_settings.settings()) {
-        // The kind of layout is said by the file itself.
-        if (setting.key != QLatin1String("mode"))
-            settings.insert(setting.key, setting.get());
-    }
-    return settings;
 }
 
 void AsciiSheet::applySettings(const QJsonObject& settings)
@@ -158,24 +140,23 @@ void AsciiSheet::applySettings(const QJsonObject& settings)
     for (auto setting = settings.begin(); setting != settings.end(); ++setting) {
         try {
             if (setting.key() != QLatin1String("mode"))
-                m_settings.set(setting.key(), setting.value().toVariant().toString());
+                m_setup.settings.set(setting.key(), setting.value().toVariant().toString());
         } catch (const SettingsError&) {
             // A file of another version: what it says and this program does not know changes nothing.
             continue;
         }
     }
-    m_settings.set(QStringLiteral("mode"), m_layout->mode() == kpBaseExport::QExportSpecification::FieldBased
-                                               ? QStringLiteral("separated")
-                                               : QStringLiteral("columns"));
+    m_setup.settings.set(QStringLiteral("mode"), m_layout->mode() == kpBaseExport::QExportSpecification::FieldBased
+                                                     ? QStringLiteral("separated")
+                                                     : QStringLiteral("columns"));
     settingsToEditor();
 }
 
 void AsciiSheet::settingsToEditor()
 {
     const QScopedValueRollback<bool> ours(m_filling, true);
-    const Settings& settings = m_format.current();
-    const bool custom = settings.separator == Settings::Separator::Custom;
-    const Settings copy = settings; // the controls write back while they are set
+    const Settings copy = settings(); // the controls write back while they are set
+    const bool custom = copy.separator == Settings::Separator::Custom;
     m_layout->setMode(copy.mode == Settings::Mode::Columns ? kpBaseExport::QExportSpecification::ColumnBased
                                                            : kpBaseExport::QExportSpecification::FieldBased);
     if (!custom)
@@ -197,13 +178,14 @@ void AsciiSheet::editorToSettings()
         return;
     const bool separated = m_layout->mode() == kpBaseExport::QExportSpecification::FieldBased;
     const bool custom = m_useCustom->isChecked();
-    m_settings.set(QStringLiteral("mode"), separated ? QStringLiteral("separated") : QStringLiteral("columns"));
-    const Setting& separator = *m_settings.find(QStringLiteral("separator"));
-    m_settings.set(separator.key, separator.choices[custom ? static_cast<int>(Settings::Separator::Custom)
-                                                           : kpBaseExport::writerSeparator(m_layout->separator())]);
-    m_settings.set(QStringLiteral("customSeparator"), m_custom->text());
-    m_settings.set(QStringLiteral("writeNullValue"), textOf(m_layout->isNull()));
-    m_settings.set(QStringLiteral("nullValue"), m_layout->m_nullEdit->text());
+    m_setup.settings.set(QStringLiteral("mode"), separated ? QStringLiteral("separated") : QStringLiteral("columns"));
+    const Setting& separator = *m_setup.settings.find(QStringLiteral("separator"));
+    m_setup.settings.set(separator.key,
+                         separator.choiceKeys()[custom ? static_cast<int>(Settings::Separator::Custom)
+                                                       : kpBaseExport::writerSeparator(m_layout->separator())]);
+    m_setup.settings.set(QStringLiteral("customSeparator"), m_custom->text());
+    m_setup.settings.set(QStringLiteral("writeNullValue"), textOf(m_layout->isNull()));
+    m_setup.settings.set(QStringLiteral("nullValue"), m_layout->m_nullEdit->text());
     m_custom->setEnabled(custom);
     m_layout->m_separatorCombo->setEnabled(separated && !custom);
 }
@@ -253,7 +235,7 @@ void AsciiSheet::handToFormat()
         fitColumns();
     }
     m_layout->deactivate();
-    m_format.setLayout(m_layout->asciiLayout());
+    m_setup.settings.as<AsciiExportSettings>().layout = m_layout->asciiLayout();
 }
 
 std::vector<std::string> AsciiSheet::selectedAttributeNames()
@@ -265,10 +247,7 @@ std::vector<std::string> AsciiSheet::selectedAttributeNames()
 
 QString AsciiSheet::optionSummary() const
 {
-    QStringList parts;
-    for (const Setting& setting : m_settings.settings())
-        parts.append(QStringLiteral("%1=%2").arg(setting.key, setting.get()));
-    return parts.join(QStringLiteral(", "));
+    return summaryOf(m_setup.settings);
 }
 
 void AsciiSheet::changedByUser()

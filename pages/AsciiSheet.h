@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/SettingsMap.h"
 #include "formats/ascii/AsciiHints.h"
 #include "formats/ascii/AsciiProfile.h"
+#include "pages/FormatSetup.h"
 #include "pages/kpFormatsUiExport.h"
 #include "spec/QExportSheetAscii.h"
 
@@ -22,7 +22,6 @@ class QVBoxLayout;
 namespace kpFormats
 {
 
-class AsciiFormat;
 class AsciiSpecification;
 class Model;
 
@@ -34,7 +33,8 @@ class KPFORMATSUI_EXPORT AsciiSheet : public kpBaseExport::QExportSheetAscii
     Q_OBJECT
 
 public:
-    AsciiSheet(AsciiFormat& format, const Model& model);
+    /// \a setup is of the ASCII format; it and \a model outlive the page.
+    AsciiSheet(FormatSetup& setup, const Model& model);
 
     using QExportSheetAscii::initialize;
     void initialize(const QString& text) override;
@@ -55,7 +55,6 @@ private:
     void settingsToEditor();
     void editorToSettings();
     void applySettings(const QJsonObject& settings);
-    QJsonObject settingsAsJson() const;
 
     void changedByUser();
     void scheduleRefresh();
@@ -69,9 +68,10 @@ private:
     void fitColumns();
     void handToFormat();
 
-    AsciiFormat& m_format;
+    const AsciiExportSettings& settings() const { return m_setup.settings.as<AsciiExportSettings>(); }
+
+    FormatSetup& m_setup;
     const Model& m_model;
-    SettingsMap m_settings;
     AsciiSpecification* m_layout = nullptr;            ///< the editor
     std::vector<std::function<void()>> m_showSettings; ///< put each setting into its control
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The lower half of the ASCII page: settings, notices, hints, the preview.
-#include "formats/ascii/AsciiFormat.h"
 #include "formats/ascii/AsciiOutput.h"
 #include "pages/AsciiSheet.h"
 #include "pages/AsciiSpecification.h"
@@ -33,18 +32,6 @@ constexpr int previewCharacters = 4000; // of a line
 constexpr int shownHints = 3;
 constexpr int shownNames = 12;
 
-QStringList choiceTexts(const QString& key)
-{
-    if (key == QLatin1String("preset"))
-        return {AsciiSheet::tr("None"), QStringLiteral("Surfer XYZ"), QStringLiteral("GS+ XYZ"),
-                QStringLiteral("ArcView XYZ")};
-    if (key == QLatin1String("grouping"))
-        return {AsciiSheet::tr("One file"), AsciiSheet::tr("A file per object"), AsciiSheet::tr("A file per set")};
-    if (key == QLatin1String("zIsElevation"))
-        return {AsciiSheet::tr("Depth"), AsciiSheet::tr("Elevation")};
-    return {};
-}
-
 /// Lines of the file for the eye: as they are, but none endless.
 QString shownText(const QByteArray& bytes)
 {
@@ -74,19 +61,20 @@ QWidget* AsciiSheet::addSetting(const QString& key)
     const QString checkText = key == QLatin1String("header")       ? tr("&Header line")
                               : key == QLatin1String("lineBreaks") ? tr("Object &name before, empty line after")
                                                                    : tr("Z is &elevation");
-    SettingControl control = makeSettingControl(*m_settings.find(key), choiceTexts(key), checkText, this, [this, key] {
-        if (m_filling)
-            return;
-        if (key == QLatin1String("decimals")) {
-            const QScopedValueRollback<bool> ours(m_filling, true);
-            m_layout->setDecimals(m_format.current().decimals);
-            if (!m_own) {
-                m_layout->takeAll();
-                m_layout->activate();
+    SettingControl control =
+        makeSettingControl(m_setup.settings, *m_setup.settings.find(key), checkText, this, [this, key] {
+            if (m_filling)
+                return;
+            if (key == QLatin1String("decimals")) {
+                const QScopedValueRollback<bool> ours(m_filling, true);
+                m_layout->setDecimals(settings().decimals);
+                if (!m_own) {
+                    m_layout->takeAll();
+                    m_layout->activate();
+                }
             }
-        }
-        scheduleRefresh();
-    });
+            scheduleRefresh();
+        });
     m_showSettings.push_back(control.show);
     return control.widget;
 }
@@ -189,14 +177,14 @@ void AsciiSheet::refresh()
 {
     m_refreshTimer.stop();
     const AsciiLayout layout = m_layout->asciiLayout();
-    m_format.setLayout(layout);
-    const QString text = shownText(asciiPreview(m_format.current(), layout, m_objects, previewRows));
+    m_setup.settings.as<AsciiExportSettings>().layout = layout;
+    const QString text = shownText(asciiPreview(settings(), m_objects, previewRows));
     if (text != m_preview->toPlainText())
         m_preview->setPlainText(text);
     m_previewTitle->setText(m_objects.empty()
                                 ? tr("Preview")
                                 : tr("Preview: first lines of %1").arg(m_objects.front()->name.simplified().left(60)));
-    if (separatorsToLookFor(m_format.current()) != m_profiledSeparators)
+    if (separatorsToLookFor(settings()) != m_profiledSeparators)
         startProfile();
     else if (m_profile.done())
         showHints();
@@ -204,7 +192,7 @@ void AsciiSheet::refresh()
 
 void AsciiSheet::startProfile()
 {
-    m_profiledSeparators = separatorsToLookFor(m_format.current());
+    m_profiledSeparators = separatorsToLookFor(settings());
     m_profile.start(m_objects, m_layout->offered(), m_profiledSeparators);
     m_workTimer.start();
 }
@@ -226,7 +214,7 @@ void AsciiSheet::fitColumns()
 {
     const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(m_layout->asciiLayout(), m_layout->offered());
     for (int row = 0; row < fields.size(); ++row)
-        m_layout->widen(row, widthNeeded(m_profile, m_format.current(), fields[row]) + 1); // one blank between
+        m_layout->widen(row, widthNeeded(m_profile, settings(), fields[row]) + 1); // one blank between
 }
 
 void AsciiSheet::showLacking()
@@ -249,8 +237,7 @@ void AsciiSheet::showLacking()
 void AsciiSheet::showHints()
 {
     const AsciiLayout layout = m_layout->asciiLayout();
-    const std::vector<AsciiHint> hints =
-        asciiHints(m_profile, m_format.current(), fieldsFor(layout, m_layout->offered()));
+    const std::vector<AsciiHint> hints = asciiHints(m_profile, settings(), fieldsFor(layout, m_layout->offered()));
     while (QLayoutItem* item = m_hints->takeAt(0)) {
         item->widget()->hide();
         item->widget()->deleteLater();
@@ -306,12 +293,12 @@ void AsciiSheet::addHint(const AsciiHint& hint, const QString& text, std::functi
 void AsciiSheet::cure(const AsciiHint& hint)
 {
     const auto set = [this](const char* key, const QString& value) {
-        m_settings.set(QString::fromLatin1(key), value);
+        m_setup.settings.set(QString::fromLatin1(key), value);
         settingsToEditor();
     };
     switch (hint.cure) {
     case AsciiHint::UseSeparator:
-        set("separator", m_settings.find(QStringLiteral("separator"))->choices[hint.number]);
+        set("separator", m_setup.settings.find(QStringLiteral("separator"))->choiceKeys()[hint.number]);
         break;
     case AsciiHint::UseColumns:
         m_layout->setMode(kpBaseExport::QExportSpecification::ColumnBased);

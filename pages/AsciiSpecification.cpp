@@ -147,7 +147,6 @@ std::unique_ptr<FormatFile> AsciiSpecification::snapshot()
 AsciiLayout AsciiSpecification::asciiLayout() const
 {
     AsciiLayout layout;
-    layout.mode = mode() == FieldBased ? AsciiExportSettings::Mode::Separated : AsciiExportSettings::Mode::Columns;
     for (auto shown = fields().begin(); shown != fields().end(); ++shown) {
         QESAttribute field = shown.value();
         field.order() = shown.key();

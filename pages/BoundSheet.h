@@ -23,8 +23,8 @@ class BoundSheet : public Sheet,
                                              ChoosesAttributesItself, kpBaseExport::AttributeNamesSheet>
 {
 public:
-    BoundSheet(ExportFormat& format, const Model& model, std::vector<ControlBinding> controls)
-        : m_binding(format, model, std::move(controls))
+    BoundSheet(FormatSetup& setup, const Model& model, std::vector<ControlBinding> controls)
+        : m_binding(setup, model, std::move(controls))
     {
     }
 

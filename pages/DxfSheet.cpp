@@ -4,8 +4,8 @@
 namespace kpFormats
 {
 
-DxfSheet::DxfSheet(ExportFormat& format, const Model& model)
-    : BoundSheet(format, model,
+DxfSheet::DxfSheet(FormatSetup& setup, const Model& model)
+    : BoundSheet(setup, model,
                  {{"m_units", "lengthUnit", ControlBinding::LengthUnit},
                   {"m_export3DCheck", "dimension", ControlBinding::Value, "3d"},
                   {"m_export2DMapCheck", "dimension", ControlBinding::Value, "map"},

@@ -12,7 +12,7 @@ namespace kpFormats
 class KPFORMATSUI_EXPORT DxfSheet : public BoundSheet<kpBaseExport::QExportSheetDxf>
 {
 public:
-    DxfSheet(ExportFormat& format, const Model& model);
+    DxfSheet(FormatSetup& setup, const Model& model);
 
     void initialize(const QString& text) override;
 

@@ -4,8 +4,8 @@
 namespace kpFormats
 {
 
-GocadSheet::GocadSheet(ExportFormat& format, const Model& model)
-    : BoundSheet(format, model,
+GocadSheet::GocadSheet(FormatSetup& setup, const Model& model)
+    : BoundSheet(setup, model,
                  {{"m_multipleRadio", "grouping", ControlBinding::NotValue, "single"},
                   {"m_singleRadio", "grouping", ControlBinding::Value, "single"},
                   {"m_useSetsAsFilenames", "grouping", ControlBinding::Value, "set"},

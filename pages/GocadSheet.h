@@ -12,7 +12,7 @@ namespace kpFormats
 class KPFORMATSUI_EXPORT GocadSheet : public BoundSheet<kpBaseExport::QExportSheetGocad>
 {
 public:
-    GocadSheet(ExportFormat& format, const Model& model);
+    GocadSheet(FormatSetup& setup, const Model& model);
 
     void initialize(const QString& text) override;
 

@@ -6,8 +6,8 @@
 namespace kpFormats
 {
 
-GrdeclSheet::GrdeclSheet(ExportFormat& format, const Model& model)
-    : BoundSheet(format, model,
+GrdeclSheet::GrdeclSheet(FormatSetup& setup, const Model& model)
+    : BoundSheet(setup, model,
                  {{"m_units", "lengthUnit", ControlBinding::LengthUnit},
                   // One grid is one file: nothing to name.
                   {"groupBox", "filePrefix", ControlBinding::ByPage}})

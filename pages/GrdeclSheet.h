@@ -12,7 +12,7 @@ namespace kpFormats
 class KPFORMATSUI_EXPORT GrdeclSheet : public BoundSheet<kpBaseExport::QExportSheetEclipse>
 {
 public:
-    GrdeclSheet(ExportFormat& format, const Model& model);
+    GrdeclSheet(FormatSetup& setup, const Model& model);
 
     void initialize(const QString& text) override;
     void activate() override;

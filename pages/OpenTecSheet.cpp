@@ -25,8 +25,8 @@ QStringList chosenNames(const kpBaseExport::QExportSheetOpenTecLink& page)
 
 } // namespace
 
-OpenTecSheet::OpenTecSheet(ExportFormat& format, const Model& model)
-    : BoundSheet(format, model,
+OpenTecSheet::OpenTecSheet(FormatSetup& setup, const Model& model)
+    : BoundSheet(setup, model,
                  {{"tableViewSections", "sections", ControlBinding::ByPage},
                   {"comboBoxXYSection", "traceLine", ControlBinding::ByPage}})
 {
@@ -80,12 +80,11 @@ void OpenTecSheet::deactivate()
     const QStringList checked = chosenNames(*this);
     // All of them need no list.
     const bool allChecked = checked.size() == sectionList()->rowCount();
-    if (const Setting* sections = m_binding.settings().find(sectionsKey))
-        sections->set(allChecked ? QString() : checked.join(QLatin1Char(',')));
-    if (const Setting* line = m_binding.settings().find(traceLineKey)) {
-        const bool isSection = sectionList()->isNameInList(traceLine());
-        line->set(isSection ? traceLine() : QString());
-    }
+    SettingsValue& settings = m_binding.settings();
+    if (settings.find(sectionsKey))
+        settings.set(sectionsKey, allChecked ? QString() : checked.join(QLatin1Char(',')));
+    if (settings.find(traceLineKey))
+        settings.set(traceLineKey, sectionList()->isNameInList(traceLine()) ? traceLine() : QString());
 }
 
 } // namespace kpFormats

@@ -13,7 +13,7 @@ namespace kpFormats
 class KPFORMATSUI_EXPORT OpenTecSheet : public BoundSheet<kpBaseExport::QExportSheetOpenTecLink>
 {
 public:
-    OpenTecSheet(ExportFormat& format, const Model& model);
+    OpenTecSheet(FormatSetup& setup, const Model& model);
 
     void initialize(const QString& text) override;
     void deactivate() override;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/OptionSheets.h"
 
-#include "formats/ascii/AsciiFormat.h"
 #include "pages/AsciiSheet.h"
 #include "pages/DxfSheet.h"
 #include "pages/FilePerObjectSheet.h"
@@ -23,47 +22,48 @@ namespace
 using Page = kpBaseExport::QExportAbstractOptionSheet;
 using B = ControlBinding;
 
-Page* makeShp(ExportFormat& format, const Model& model)
+Page* makeShp(FormatSetup& setup, const Model& model)
 {
     return new BoundSheet<kpBaseExport::QExportSheetShp>(
-        format, model,
+        setup, model,
         {{"m_exportAttsCheck", "attributes", B::Flag},
          {"m_exportArcMapLyr", "symbology", B::Flag, "",
           "Writes the colours as a style file in an open format beside the data; .lyr files are a closed format."}});
 }
 
-Page* makeTab(ExportFormat& format, const Model& model)
+Page* makeTab(FormatSetup& setup, const Model& model)
 {
-    return new BoundSheet<kpBaseExport::QExportSheetTab>(format, model, {{"m_exportAttsCheck", "attributes", B::Flag}});
+    return new BoundSheet<kpBaseExport::QExportSheetTab>(setup, model, {{"m_exportAttsCheck", "attributes", B::Flag}});
 }
 
-Page* makeOff(ExportFormat& format, const Model& model)
+Page* makeOff(FormatSetup& setup, const Model& model)
 {
-    return new FilePerObjectSheet<kpBaseExport::QExportSheetOff>(format, model,
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetOff>(setup, model,
                                                                  {{"m_units", "lengthUnit", B::LengthUnit},
-                                                                  {"m_units", "zPositive", B::Direction},
+                                                                  {"m_units", "zIsElevation", B::Direction},
                                                                   {"m_filePrefix", "filePrefix", B::Text}});
 }
 
-Page* makeZMap(ExportFormat& format, const Model& model)
+Page* makeZMap(FormatSetup& setup, const Model& model)
 {
-    return new FilePerObjectSheet<kpBaseExport::QExportSheetZMap>(format, model, {});
+    return new FilePerObjectSheet<kpBaseExport::QExportSheetZMap>(setup, model, {});
 }
 
 template <typename Sheet>
-Page* make(ExportFormat& format, const Model& model)
+Page* make(FormatSetup& setup, const Model& model)
 {
-    return new Sheet(format, model);
+    return new Sheet(setup, model);
 }
 
 struct PageOfFormat
 {
     const char* key;
-    Page* (*make)(ExportFormat& format, const Model& model);
+    Page* (*make)(FormatSetup& setup, const Model& model);
 };
 
 /// Formats with a page of the library. The others get one made from their settings.
 constexpr PageOfFormat pages[] = {
+    {"ascii", make<AsciiSheet>},
     {"dxf", make<DxfSheet>},
     {"gocad", make<GocadSheet>},
     {"grdecl", make<GrdeclSheet>},
@@ -76,15 +76,13 @@ constexpr PageOfFormat pages[] = {
 
 } // namespace
 
-kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(ExportFormat& format, const Model& model)
+kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(FormatSetup& setup, const Model& model)
 {
-    if (auto* ascii = dynamic_cast<AsciiFormat*>(&format))
-        return new AsciiSheet(*ascii, model);
     for (const PageOfFormat& page : pages) {
-        if (format.info().key == QLatin1String(page.key))
-            return page.make(format, model);
+        if (setup.format->info().key == QLatin1String(page.key))
+            return page.make(setup, model);
     }
-    return new SettingsSheet(format);
+    return new SettingsSheet(setup);
 }
 
 } // namespace kpFormats

@@ -42,138 +42,118 @@ private:
     }
 };
 
-/// What stands for a choice where the page has no text of its own: its word, where that says enough.
-QString choiceText(const Setting& setting, const QString& choice)
-{
-    struct Text
-    {
-        const char* key;
-        const char* choice;
-        const char* text;
-    };
-    static constexpr Text texts[] = {
-        {"grouping", "single", "one file"},
-        {"grouping", "object", "a file per object"},
-        {"grouping", "set", "a file per set"},
-        {"lengthUnit", "model", "that of the model"},
-        {"lengthUnit", "m", "metres (m)"},
-        {"lengthUnit", "ft", "feet (ft)"},
-        {"lengthUnit", "ftUS", "US survey feet (ftUS)"},
-        {"lengthUnit", "km", "kilometres (km)"},
-    };
-    for (const Text& text : texts) {
-        if (setting.key == QLatin1String(text.key) && choice == QLatin1String(text.choice))
-            return QObject::tr(text.text);
-    }
-    return choice;
-}
-
 /// What the setting does, and how a command says it.
 QString toolTipOf(const Setting& setting)
 {
     QString value = QStringLiteral("...");
     if (setting.kind == Setting::Choice)
-        value = setting.choices.join(QLatin1Char('|'));
+        value = setting.choiceKeys().join(QLatin1Char('|'));
     else if (setting.kind == Setting::Boolean)
         value = QStringLiteral("true|false");
     return QStringLiteral("%1\n--set %2=%3").arg(setting.description, setting.key, value);
 }
 
-SettingControl choiceBox(const Setting& setting, const QStringList& texts, QWidget* parent,
+SettingControl choiceBox(SettingsValue& settings, const Setting& setting, QWidget* parent,
                          const std::function<void()>& changed)
 {
     auto* box = new QComboBox(parent);
-    for (int index = 0; index < setting.choices.size(); ++index)
-        box->addItem(texts.value(index, choiceText(setting, setting.choices[index])), setting.choices[index]);
-    QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), box, [box, setting, changed] {
-        setting.set(box->currentData().toString());
-        changed();
-    });
-    return {box, [box, setting] {
+    for (const SettingChoice& choice : setting.choices)
+        box->addItem(choice.text.isEmpty() ? choice.key : choice.text, choice.key);
+    QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), box,
+                     [box, &settings, key = setting.key, changed] {
+                         settings.set(key, box->currentData().toString());
+                         changed();
+                     });
+    return {box, [box, &settings, key = setting.key] {
                 const QSignalBlocker blocker(box);
-                box->setCurrentIndex(box->findData(setting.get()));
+                box->setCurrentIndex(box->findData(settings.get(key)));
             }};
 }
 
-SettingControl checkBox(const Setting& setting, const QString& text, QWidget* parent,
+SettingControl checkBox(SettingsValue& settings, const Setting& setting, const QString& text, QWidget* parent,
                         const std::function<void()>& changed)
 {
     auto* box = new QCheckBox(text, parent);
-    QObject::connect(box, &QCheckBox::toggled, box, [setting, changed](bool on) {
-        setting.set(on ? QStringLiteral("true") : QStringLiteral("false"));
+    QObject::connect(box, &QCheckBox::toggled, box, [&settings, key = setting.key, changed](bool on) {
+        settings.set(key, on ? QStringLiteral("true") : QStringLiteral("false"));
         changed();
     });
-    return {box, [box, setting] {
+    return {box, [box, &settings, key = setting.key] {
                 const QSignalBlocker blocker(box);
-                box->setChecked(setting.get() == QLatin1String("true"));
+                box->setChecked(settings.get(key) == QLatin1String("true"));
             }};
 }
 
-SettingControl numberBox(const Setting& setting, QWidget* parent, const std::function<void()>& changed)
+SettingControl numberBox(SettingsValue& settings, const Setting& setting, QWidget* parent,
+                         const std::function<void()>& changed)
 {
     auto* box = new QSpinBox(parent);
     box->setRange(static_cast<int>(setting.least), static_cast<int>(setting.most));
     // Less than none of them leaves the choice to the format.
     if (setting.least == -1)
         box->setSpecialValueText(QObject::tr("automatic"));
-    QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), box, [setting, changed](int value) {
-        setting.set(QString::number(value));
-        changed();
-    });
-    return {box, [box, setting] {
+    QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), box,
+                     [&settings, key = setting.key, changed](int value) {
+                         settings.set(key, QString::number(value));
+                         changed();
+                     });
+    return {box, [box, &settings, key = setting.key] {
                 const QSignalBlocker blocker(box);
-                box->setValue(setting.get().toInt());
+                box->setValue(settings.get(key).toInt());
             }};
 }
 
-SettingControl realBox(const Setting& setting, QWidget* parent, const std::function<void()>& changed)
+SettingControl realBox(SettingsValue& settings, const Setting& setting, QWidget* parent,
+                       const std::function<void()>& changed)
 {
     auto* box = new NumberBox(parent);
     box->setLocale(QLocale::c());
     box->setDecimals(6);
     box->setRange(setting.least, setting.most);
-    QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), box, [setting, changed](double value) {
-        setting.set(QString::number(value, 'g', QLocale::FloatingPointShortest));
-        changed();
-    });
-    return {box, [box, setting] {
+    QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), box,
+                     [&settings, key = setting.key, changed](double value) {
+                         settings.set(key, QString::number(value, 'g', QLocale::FloatingPointShortest));
+                         changed();
+                     });
+    return {box, [box, &settings, key = setting.key] {
                 const QSignalBlocker blocker(box);
-                box->setValue(setting.get().toDouble());
+                box->setValue(settings.get(key).toDouble());
             }};
 }
 
 } // namespace
 
-SettingControl makeSettingControl(const Setting& setting, const QStringList& choiceTexts, const QString& checkText,
+SettingControl makeSettingControl(SettingsValue& settings, const Setting& setting, const QString& checkText,
                                   QWidget* parent, const std::function<void()>& changed)
 {
     SettingControl control;
     if (setting.kind == Setting::Choice) {
-        control = choiceBox(setting, choiceTexts, parent, changed);
+        control = choiceBox(settings, setting, parent, changed);
     } else if (setting.kind == Setting::Boolean) {
-        control = checkBox(setting, checkText, parent, changed);
+        control = checkBox(settings, setting, checkText, parent, changed);
     } else if (setting.kind == Setting::Integer) {
-        control = numberBox(setting, parent, changed);
+        control = numberBox(settings, setting, parent, changed);
     } else if (setting.kind == Setting::Real) {
-        control = realBox(setting, parent, changed);
+        control = realBox(settings, setting, parent, changed);
     } else {
         auto* edit = new QLineEdit(parent);
-        QObject::connect(edit, &QLineEdit::textChanged, edit, [setting, changed](const QString& text) {
-            setting.set(text);
-            changed();
-        });
+        QObject::connect(edit, &QLineEdit::textChanged, edit,
+                         [&settings, key = setting.key, changed](const QString& text) {
+                             settings.set(key, text);
+                             changed();
+                         });
         if (setting.key == QLatin1String("crs"))
             edit->setPlaceholderText(QObject::tr("such as EPSG:28350"));
         else if (setting.key == QLatin1String("attribute"))
             edit->setPlaceholderText(QObject::tr("heights"));
-        control = {edit, [edit, setting] {
+        control = {edit, [edit, &settings, key = setting.key] {
                        const QSignalBlocker blocker(edit);
-                       edit->setText(setting.get());
+                       edit->setText(settings.get(key));
                    }};
     }
     control.widget->setObjectName(setting.key);
     control.widget->setToolTip(toolTipOf(setting));
-    control.widget->setAccessibleName(labelOf(setting.key));
+    control.widget->setAccessibleName(setting.label);
     control.show();
     return control;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/SettingsMap.h"
+#include "export/SettingsValue.h"
 #include "pages/kpFormatsUiExport.h"
 
 #include <functional>
@@ -18,8 +18,9 @@ struct SettingControl
     std::function<void()> show;
 };
 
-/// Choices are shown by the given texts, or by words of their own. \a changed is called after the user has set a value.
-KPFORMATSUI_EXPORT SettingControl makeSettingControl(const Setting& setting, const QStringList& choiceTexts,
+///  checkText stands beside a check box. The settings outlive the control.  changed is called after the user has set
+/// a value.
+KPFORMATSUI_EXPORT SettingControl makeSettingControl(SettingsValue& settings, const Setting& setting,
                                                      const QString& checkText, QWidget* parent,
                                                      const std::function<void()>& changed);
 

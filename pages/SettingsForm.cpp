@@ -8,7 +8,7 @@
 namespace kpFormats
 {
 
-SettingsForm::SettingsForm(const SettingsMap& settings, const QStringList& except, QWidget* parent)
+SettingsForm::SettingsForm(SettingsValue& settings, const QStringList& except, QWidget* parent)
     : QWidget(parent)
 {
     auto* form = new QFormLayout(this);
@@ -16,13 +16,12 @@ SettingsForm::SettingsForm(const SettingsMap& settings, const QStringList& excep
     for (const Setting& setting : settings.settings()) {
         if (except.contains(setting.key))
             continue;
-        const QString label = labelOf(setting.key);
-        QWidget* control = makeSettingControl(setting, {}, label, this, [] {}).widget;
+        QWidget* control = makeSettingControl(settings, setting, setting.label, this, [] {}).widget;
         // A check box carries its own text, so that a click on the text counts too.
         if (setting.kind == Setting::Boolean)
             form->setWidget(form->rowCount(), QFormLayout::FieldRole, control);
         else
-            form->addRow(label, control);
+            form->addRow(setting.label, control);
         m_empty = false;
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/SettingsMap.h"
+#include "export/SettingsValue.h"
 #include "pages/kpFormatsUiExport.h"
 
 #include <QWidget>
@@ -14,7 +14,7 @@ class KPFORMATSUI_EXPORT SettingsForm : public QWidget
 {
 public:
     /// Leaves out the keys \a except. What the settings are bound to outlives the form.
-    SettingsForm(const SettingsMap& settings, const QStringList& except, QWidget* parent);
+    SettingsForm(SettingsValue& settings, const QStringList& except, QWidget* parent);
 
     /// True when there is nothing to set.
     bool isEmpty() const { return m_empty; }

@@ -6,20 +6,15 @@
 namespace kpFormats
 {
 
-namespace
-{
-
-QString groupOf(const QString& formatKey)
+QString settingsGroup(const QString& formatKey)
 {
     return QStringLiteral("format_") + formatKey;
 }
 
-} // namespace
-
-void restoreSettings(SettingsMap& settings, const QString& formatKey)
+void restoreSettings(SettingsValue& settings, const QString& formatKey)
 {
     QSettings stored;
-    stored.beginGroup(groupOf(formatKey));
+    stored.beginGroup(settingsGroup(formatKey));
     for (const Setting& setting : settings.settings()) {
         if (!stored.contains(setting.key))
             continue;
@@ -32,28 +27,28 @@ void restoreSettings(SettingsMap& settings, const QString& formatKey)
     }
 }
 
-void storeSettings(const SettingsMap& settings, const QString& formatKey, const QStringList& except)
+void storeSettings(const SettingsValue& settings, const QString& formatKey, const QStringList& except)
 {
     QSettings stored;
-    stored.beginGroup(groupOf(formatKey));
+    stored.beginGroup(settingsGroup(formatKey));
     for (const Setting& setting : settings.settings()) {
         if (!except.contains(setting.key))
-            stored.setValue(setting.key, setting.get());
+            stored.setValue(setting.key, settings.get(setting));
     }
 }
 
 void storeSetting(const QString& formatKey, const QString& key, const QString& value)
 {
     QSettings stored;
-    stored.beginGroup(groupOf(formatKey));
+    stored.beginGroup(settingsGroup(formatKey));
     stored.setValue(key, value);
 }
 
-QString summaryOf(const SettingsMap& settings)
+QString summaryOf(const SettingsValue& settings)
 {
     QStringList parts;
     for (const Setting& setting : settings.settings())
-        parts.append(QStringLiteral("%1=%2").arg(setting.key, setting.get()));
+        parts.append(QStringLiteral("%1=%2").arg(setting.key, settings.get(setting)));
     return parts.join(QStringLiteral(", "));
 }
 

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/SettingsMap.h"
+#include "export/SettingsValue.h"
 #include "pages/kpFormatsUiExport.h"
 
 namespace kpFormats
 {
 
+/// The group of a format in the program's QSettings.
+QString settingsGroup(const QString& formatKey);
 /// Sets what was stored for the format when it was last used. A stored value that is no longer valid is forgotten.
-KPFORMATSUI_EXPORT void restoreSettings(SettingsMap& settings, const QString& formatKey);
+KPFORMATSUI_EXPORT void restoreSettings(SettingsValue& settings, const QString& formatKey);
 /// Stores the settings for the next time, those of the keys \a except left out.
-void storeSettings(const SettingsMap& settings, const QString& formatKey, const QStringList& except = {});
+void storeSettings(const SettingsValue& settings, const QString& formatKey, const QStringList& except = {});
 /// Stores one value for the next time.
 KPFORMATSUI_EXPORT void storeSetting(const QString& formatKey, const QString& key, const QString& value);
 /// The settings as "key=value, key=value".
-KPFORMATSUI_EXPORT QString summaryOf(const SettingsMap& settings);
+KPFORMATSUI_EXPORT QString summaryOf(const SettingsValue& settings);
 
 } // namespace kpFormats

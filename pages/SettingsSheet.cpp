@@ -12,26 +12,25 @@
 namespace kpFormats
 {
 
-SettingsSheet::SettingsSheet(ExportFormat& format)
+SettingsSheet::SettingsSheet(FormatSetup& setup)
     : QWidget(nullptr)
     , QExportAbstractOptionSheet(nullptr)
-    , m_format(format)
-    , m_settings(format.settings())
+    , m_setup(setup)
 {
 }
 
 void SettingsSheet::initialize(const QString&)
 {
     m_pageWidget = this;
-    setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_format.info().fileFormatName));
-    restoreSettings(m_settings, m_format.info().key);
+    setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_setup.format->info().fileFormatName));
+    restoreSettings(m_setup.settings, m_setup.format->info().key);
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     auto* left = new QVBoxLayout;
-    left->addWidget(new SettingsForm(m_settings, {}, this));
+    left->addWidget(new SettingsForm(m_setup.settings, {}, this));
     left->addStretch();
     columns->addLayout(left, 1);
-    if (m_format.info().supportsAttributes) {
+    if (m_setup.format->info().supportsAttributes) {
         m_attributes.attach(AttributeChoice::newPanel(m_wizard, this), m_wizard);
         columns->addWidget(m_attributes.panel(), 1);
     }
@@ -48,12 +47,12 @@ void SettingsSheet::activate()
 
 void SettingsSheet::deactivate()
 {
-    storeSettings(m_settings, m_format.info().key);
+    storeSettings(m_setup.settings, m_setup.format->info().key);
 }
 
 QString SettingsSheet::optionSummary() const
 {
-    return summaryOf(m_settings);
+    return summaryOf(m_setup.settings);
 }
 
 std::vector<std::string> SettingsSheet::selectedAttributeNames()

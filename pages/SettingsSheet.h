@@ -3,8 +3,8 @@
 
 #include "core/saver/AttributeNamesSheet.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
-#include "export/ExportFormat.h"
 #include "pages/AttributeChoice.h"
+#include "pages/FormatSetup.h"
 #include "pages/kpFormatsUiExport.h"
 
 #include <QWidget>
@@ -21,7 +21,7 @@ class KPFORMATSUI_EXPORT SettingsSheet : public QWidget,
     Q_OBJECT
 
 public:
-    explicit SettingsSheet(ExportFormat& format);
+    explicit SettingsSheet(FormatSetup& setup);
 
     using QExportAbstractOptionSheet::initialize;
     void initialize(const QString& text) override;
@@ -31,8 +31,7 @@ public:
     std::vector<std::string> selectedAttributeNames() override;
 
 private:
-    ExportFormat& m_format;
-    SettingsMap m_settings;
+    FormatSetup& m_setup;
     AttributeChoice m_attributes;
     std::vector<int> m_shownFor; ///< objects whose attributes are listed
 };

@@ -60,11 +60,10 @@ void switchOff(QWidget& control, ControlBinding::Kind kind)
 
 } // namespace
 
-SheetBinding::SheetBinding(ExportFormat& format, const Model& model, std::vector<ControlBinding> controls)
-    : m_format(format)
+SheetBinding::SheetBinding(FormatSetup& setup, const Model& model, std::vector<ControlBinding> controls)
+    : m_setup(setup)
     , m_model(model)
     , m_controls(std::move(controls))
-    , m_settings(format.settings())
 {
 }
 
@@ -72,11 +71,11 @@ void SheetBinding::attach(QWidget& page, kpBaseExport::QExportWizard* wizard)
 {
     m_page = &page;
     m_wizard = wizard;
-    restoreSettings(m_settings, m_format.info().key);
+    restoreSettings(m_setup.settings, m_setup.format->info().key);
     if (page.windowTitle().isEmpty())
-        page.setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_format.info().fileFormatName));
+        page.setWindowTitle(QStringLiteral("File Export: %1 Options").arg(m_setup.format->info().fileFormatName));
     auto* panel = page.findChild<kpBaseExport::QExportAttributeWidget*>();
-    m_ownPanel = !panel && m_format.info().supportsAttributes;
+    m_ownPanel = !panel && m_setup.format->info().supportsAttributes;
     if (m_ownPanel)
         panel = AttributeChoice::newPanel(wizard, &page);
     m_attributes.attach(panel, wizard);
@@ -89,7 +88,7 @@ void SheetBinding::arrange(QWidget& page)
 {
     auto* more = new QGroupBox(QWidget::tr("More options"), &page);
     more->setObjectName(QStringLiteral("moreOptions"));
-    auto* settings = new SettingsForm(m_settings, boundKeys(), more);
+    auto* settings = new SettingsForm(m_setup.settings, boundKeys(), more);
     auto* moreLayout = new QVBoxLayout(more);
     moreLayout->setContentsMargins(8, 8, 8, 8);
     moreLayout->addWidget(settings);
@@ -149,9 +148,9 @@ void SheetBinding::showControl(const ControlBinding& binding)
     auto* control = m_page->findChild<QWidget*>(QString::fromLatin1(binding.control));
     if (!control)
         return;
-    const Setting* const setting = m_settings.find(QString::fromLatin1(binding.key));
+    const Setting* const setting = m_setup.settings.find(QString::fromLatin1(binding.key));
     const QString value = QString::fromLatin1(binding.value);
-    if (!setting || (binding.kind == ControlBinding::Value && !setting->choices.contains(value))) {
+    if (!setting || (binding.kind == ControlBinding::Value && !setting->choiceKeys().contains(value))) {
         switchOff(*control, binding.kind);
         return;
     }
@@ -161,27 +160,28 @@ void SheetBinding::showControl(const ControlBinding& binding)
     switch (binding.kind) {
     case ControlBinding::Flag:
     case ControlBinding::InverseFlag:
-        button->setChecked((setting->get() == QLatin1String("true")) == (binding.kind == ControlBinding::Flag));
+        button->setChecked((m_setup.settings.get(*setting) == QLatin1String("true"))
+                           == (binding.kind == ControlBinding::Flag));
         if (setting->key == QLatin1String("attributes") && m_attributes.panel()) {
             m_attributes.panel()->setEnabled(button->isChecked());
             QObject::connect(button, &QAbstractButton::toggled, m_attributes.panel(), &QWidget::setEnabled);
         }
         break;
     case ControlBinding::Value:
-        if (setting->get() == value)
+        if (m_setup.settings.get(*setting) == value)
             button->setChecked(true);
         break;
     case ControlBinding::NotValue:
-        if (setting->get() != value)
+        if (m_setup.settings.get(*setting) != value)
             button->setChecked(true);
         break;
     case ControlBinding::Text:
-        qobject_cast<QLineEdit*>(control)->setText(setting->get());
+        qobject_cast<QLineEdit*>(control)->setText(m_setup.settings.get(*setting));
         break;
     case ControlBinding::LengthUnit: {
-        m_unitIsUsers = setting->get() != QLatin1String("model");
+        m_unitIsUsers = m_setup.settings.get(*setting) != QLatin1String("model");
         if (m_unitIsUsers)
-            showUnit(*qobject_cast<QImportUnitSelector*>(control), setting->get());
+            showUnit(*qobject_cast<QImportUnitSelector*>(control), m_setup.settings.get(*setting));
         auto* units = control->findChild<QComboBox*>(QStringLiteral("m_lengthUnit"));
         QObject::connect(units, QOverload<int>::of(&QComboBox::currentIndexChanged), control,
                          [this] { m_unitIsUsers = true; });
@@ -189,7 +189,7 @@ void SheetBinding::showControl(const ControlBinding& binding)
     }
     case ControlBinding::Direction: {
         auto* selector = qobject_cast<QImportUnitSelector*>(control);
-        const bool isDepth = setting->get() == directionText(*setting, false);
+        const bool isDepth = m_setup.settings.get(*setting) == directionText(*setting, false);
         selector->gdf_setZDirection(isDepth ? kpUnits::Depth : kpUnits::Elevation);
         break;
     }
@@ -213,31 +213,31 @@ void SheetBinding::showUnits()
 void SheetBinding::readControl(const ControlBinding& binding)
 {
     const auto* control = m_page->findChild<QWidget*>(QString::fromLatin1(binding.control));
-    const Setting* const setting = m_settings.find(QString::fromLatin1(binding.key));
+    const Setting* const setting = m_setup.settings.find(QString::fromLatin1(binding.key));
     if (!control || !setting)
         return;
     const auto* button = qobject_cast<const QAbstractButton*>(control);
     const auto* selector = qobject_cast<const QImportUnitSelector*>(control);
     switch (binding.kind) {
     case ControlBinding::Flag:
-        setting->set(boolText(button->isChecked()));
+        m_setup.settings.set(setting->key, boolText(button->isChecked()));
         break;
     case ControlBinding::InverseFlag:
-        setting->set(boolText(!button->isChecked()));
+        m_setup.settings.set(setting->key, boolText(!button->isChecked()));
         break;
     case ControlBinding::Value:
         // A choice inside a group that is switched off does not count.
         if (button->isChecked() && button->isEnabledTo(m_page))
-            setting->set(QString::fromLatin1(binding.value));
+            m_setup.settings.set(setting->key, QString::fromLatin1(binding.value));
         break;
     case ControlBinding::Text:
-        setting->set(qobject_cast<const QLineEdit*>(control)->text());
+        m_setup.settings.set(setting->key, qobject_cast<const QLineEdit*>(control)->text());
         break;
     case ControlBinding::LengthUnit:
-        setting->set(QString::fromLatin1(selector->getUnits().abbreviation()));
+        m_setup.settings.set(setting->key, QString::fromLatin1(selector->getUnits().abbreviation()));
         break;
     case ControlBinding::Direction:
-        setting->set(directionText(*setting, selector->getUnits().zIsElevation()));
+        m_setup.settings.set(setting->key, directionText(*setting, selector->getUnits().zIsElevation()));
         break;
     case ControlBinding::NotValue:
     case ControlBinding::ByPage:
@@ -253,19 +253,20 @@ void SheetBinding::leave()
         if (binding.kind == ControlBinding::ByPage || binding.kind == ControlBinding::LengthUnit)
             notStored.append(QString::fromLatin1(binding.key));
     }
-    const QString format = m_format.info().key;
-    storeSettings(m_settings, format, notStored);
+    const QString format = m_setup.format->info().key;
+    storeSettings(m_setup.settings, format, notStored);
     // A unit that only follows the objects does so the next time too.
     for (const ControlBinding& binding : m_controls) {
-        const Setting* const setting = m_settings.find(QString::fromLatin1(binding.key));
+        const Setting* const setting = m_setup.settings.find(QString::fromLatin1(binding.key));
         if (setting && binding.kind == ControlBinding::LengthUnit)
-            storeSetting(format, setting->key, m_unitIsUsers ? setting->get() : QStringLiteral("model"));
+            storeSetting(format, setting->key,
+                         m_unitIsUsers ? m_setup.settings.get(*setting) : QStringLiteral("model"));
     }
 }
 
 QString SheetBinding::summary() const
 {
-    return summaryOf(m_settings);
+    return summaryOf(m_setup.settings);
 }
 
 } // namespace kpFormats

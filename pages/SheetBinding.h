@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportFormat.h"
 #include "model/Model.h"
 #include "pages/AttributeChoice.h"
 #include "pages/ControlBinding.h"
 #include "pages/FormArea.h"
+#include "pages/FormatSetup.h"
 #include "pages/kpFormatsUiExport.h"
 
 namespace kpFormats
@@ -18,7 +18,7 @@ class KPFORMATSUI_EXPORT SheetBinding
 {
 public:
     /// A binding whose setting the format does not have disables its control. Format and model outlive the binding.
-    SheetBinding(ExportFormat& format, const Model& model, std::vector<ControlBinding> controls);
+    SheetBinding(FormatSetup& setup, const Model& model, std::vector<ControlBinding> controls);
 
     /// Once the page has built its form.
     void attach(QWidget& page, kpBaseExport::QExportWizard* wizard);
@@ -41,7 +41,7 @@ public:
     void leave();
 
     const std::vector<const ModelObject*>& objects() const { return m_objects; }
-    SettingsMap& settings() { return m_settings; }
+    SettingsValue& settings() { return m_setup.settings; }
     QString summary() const;
     std::vector<std::string> selectedAttributeNames() const { return m_attributes.selectedNames(); }
 
@@ -53,10 +53,9 @@ private:
     void showUnits();
     QStringList boundKeys() const;
 
-    ExportFormat& m_format;
+    FormatSetup& m_setup;
     const Model& m_model;
     std::vector<ControlBinding> m_controls;
-    SettingsMap m_settings;
     AttributeChoice m_attributes;
     kpBaseExport::QExportWizard* m_wizard = nullptr;
     QWidget* m_page = nullptr;

@@ -3,18 +3,7 @@
 
 #include "cli/refhost.h"
 
-#include "wizard/QExportWizard.h"
-
-namespace kpBaseExport
-{
-class QExportSheetSaveFile;
-}
-
-namespace kpFormats
-{
-class HostSaver;
-class PlanSheet;
-} // namespace kpFormats
+#include "pages/FormatWizard.h"
 
 namespace refhost
 {
@@ -22,37 +11,22 @@ namespace refhost
 class HostContext;
 class ReportActions;
 
-/// The export wizard over the program's model: after the file has been chosen it shows what will be written, and below
-/// the report what can be done next.
-class ExportWizard : public kpBaseExport::QExportWizard
+/// The export wizard over the program's model: below the report it shows what can be done next.
+class ExportWizard : public FormatWizard
 {
     Q_OBJECT
 
 public:
     ExportWizard(HostContext& context, QWidget* parent);
 
-    void activate_next_sheet() override;
-    void activate_previous_sheet() override;
-    /// The attributes of the chosen objects, each once. All of ours are visible, so the flags change nothing.
-    void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool all, bool visible) override;
-
 protected:
-    void insertFileFormatDependentSheet() override;
     void populate_sheets() override;
+    void runBegins() override;
+    void runReported() override;
 
 private:
-    HostSaver* hostSaver() const;
-    void showPlan(const QString& path, bool accepted);
-    void save();
-    void retryFailed();
-
     HostContext& m_context;
-    kpBaseExport::QExportSheetSaveFile* m_fileSheet = nullptr;
-    kpBase::AbstractSheet* m_reportSheet = nullptr;
-    PlanSheet* m_planSheet = nullptr;
     ReportActions* m_reportActions = nullptr;
-    QString m_path;
-    bool m_accepted = false;
 };
 
 } // namespace refhost

@@ -3,19 +3,10 @@
 
 #include "cli/refhost.h"
 
-#include "export/ExportFormat.h"
 #include "model/Model.h"
+#include "pages/WizardFormats.h"
 
-#include <functional>
-#include <memory>
 #include <set>
-#include <vector>
-
-namespace kpBaseExport
-{
-class AbstractSaverFactory;
-class QExportAbstractSheetFactory;
-} // namespace kpBaseExport
 
 namespace refhost
 {
@@ -25,20 +16,13 @@ namespace refhost
 class HostContext
 {
 public:
-    explicit HostContext(std::vector<std::unique_ptr<ExportFormat>> formats = makeFormats());
-    ~HostContext();
+    explicit HostContext(Formats offered = makeFormats());
 
     Model model;
     QStringList modelPaths;    ///< the files that the model was loaded from, in order
     std::set<int> selectedIds; ///< objects selected in the program's views
 
-    const std::vector<std::unique_ptr<ExportFormat>>& formats() const { return m_formats; }
-    ExportFormat* format(const std::string& key) const;
-
-private:
-    std::vector<std::unique_ptr<ExportFormat>> m_formats;
-    std::vector<std::unique_ptr<kpBaseExport::AbstractSaverFactory>> m_savers;
-    std::vector<std::unique_ptr<kpBaseExport::QExportAbstractSheetFactory>> m_sheets;
+    const WizardFormats formats;
 };
 
 } // namespace refhost

@@ -2,14 +2,13 @@
 #include "window/WizardRequest.h"
 
 #include "export/AttributeNames.h"
-#include "pages/HostSaver.h"
+#include "pages/FormatSaver.h"
 #include "window/HostContext.h"
 
 #include <QCryptographicHash>
 #include <QDir>
-#include <QFile>
 #include <QHash>
-#include <QSet>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -20,16 +19,16 @@ namespace refhost
 namespace
 {
 
-QStringList chosenObjects(const HostContext& context, const HostSaver& saver)
+QStringList chosenObjects(const HostContext& context, const FormatSaver& saver)
 {
-    const std::vector<ObjectType> types = saver.format().info().types;
+    const std::vector<ObjectType> types = saver.setup().format->info().types;
     qint64 exportable = 0;
     QHash<QString, int> names;
     for (const ModelObject& object : context.model.objects()) {
         exportable += std::find(types.begin(), types.end(), object.type) != types.end() ? 1 : 0;
         ++names[object.name];
     }
-    const std::vector<const ModelObject*>& chosen = saver.selection().objects;
+    const std::vector<const ModelObject*>& chosen = saver.prepared()->selection().objects;
     if (static_cast<qint64>(chosen.size()) == exportable)
         return {};
     QStringList objects;
@@ -42,53 +41,43 @@ QStringList chosenObjects(const HostContext& context, const HostSaver& saver)
 }
 
 /// The layout of the export in a file of its own for each content, so that a command that was copied stays true.
-QString keptLayout(ExportFormat& format)
+QString keptLayout(const FormatSetup& setup)
 {
+    const QByteArray layout = setup.format->layoutBytes(setup.settings);
     const QString folder =
         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/layouts");
-    const QString draft = folder + QStringLiteral("/draft.klf");
-    if (!format.info().takesLayout || !QDir().mkpath(folder) || !format.saveLayout(draft))
+    if (layout.isEmpty() || !QDir().mkpath(folder))
         return {};
-    QFile file(draft);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray mark = QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex().left(16);
-    file.close();
+    const QByteArray mark = QCryptographicHash::hash(layout, QCryptographicHash::Sha256).toHex().left(16);
     const QString path = folder + QLatin1Char('/') + QString::fromLatin1(mark) + QStringLiteral(".klf");
-    if (!QFile::exists(path) && !file.rename(path))
-        return {};
-    QFile::remove(draft);
-    return path;
+    if (QFile::exists(path))
+        return path;
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(layout) == layout.size() && file.commit() ? path : QString();
 }
 
 } // namespace
 
-ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver)
+ExportRequest wizardRequest(const HostContext& context, const FormatSaver& saver)
 {
     ExportRequest request;
     request.models = context.modelPaths;
-    request.format = saver.format().info().key;
-    request.output = saver.selection().path;
+    request.format = saver.setup().format->info().key;
+    request.output = saver.prepared()->selection().path;
     request.objects = chosenObjects(context, saver);
-    request.layout = keptLayout(saver.format());
+    request.layout = keptLayout(saver.setup());
     if (request.layout.isEmpty()) {
-        const ExportSelection& selection = saver.selection();
+        const ExportSelection& selection = saver.prepared()->selection();
         request.attributes = selection.attributes.value_or(QStringList());
         request.noAttributes =
             selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
     }
     request.overwrite = true;
-    request.verify = saver.selection().verify;
-    for (const auto& fresh : makeFormats()) {
-        if (fresh->info().key != request.format)
-            continue;
-        const SettingsMap defaults = fresh->settings();
-        const SettingsMap current = saver.format().settings();
-        for (const Setting& setting : current.settings()) {
-            const Setting* usual = defaults.find(setting.key);
-            if (!usual || usual->get() != setting.get())
-                request.settings.append({setting.key, setting.get()});
-        }
+    request.verify = saver.verifies();
+    const SettingsValue& settings = saver.setup().settings;
+    for (const Setting& setting : settings.settings()) {
+        if (settings.get(setting) != settings.defaultOf(setting))
+            request.settings.append({setting.key, settings.get(setting)});
     }
     return request;
 }

@@ -7,7 +7,7 @@
 
 namespace kpFormats
 {
-class HostSaver;
+class FormatSaver;
 }
 
 namespace refhost
@@ -17,6 +17,6 @@ class HostContext;
 
 /// The request by which the command line repeats what the wizard's saver has been given: only settings that differ
 /// from their defaults, only objects and attributes when not all that the format takes are chosen.
-ExportRequest wizardRequest(const HostContext& context, const HostSaver& saver);
+ExportRequest wizardRequest(const HostContext& context, const FormatSaver& saver);
 
 } // namespace refhost

@@ -8,7 +8,7 @@
 
 #include <QSaveFile>
 
-HorizonSaver::HorizonSaver(const Model& model)
+HorizonSaver::HorizonSaver(const kpFormats::Model& model)
     : AbstractSaver("horizons")
     , m_model(model)
 {
@@ -16,7 +16,7 @@ HorizonSaver::HorizonSaver(const Model& model)
     m_currentFileFormatName = QStringLiteral("Horizon");
     m_currentDefaultFileFormatExt = QStringLiteral("hor");
     m_currentAllFileFormatExt = QStringLiteral("*.hor");
-    m_supportedTypes = {horizonType};
+    m_supportedTypes = {kpFormats::typeKey(kpFormats::ObjectType::VertexClouds)};
     m_supportsAttributes = false;
 }
 
@@ -36,11 +36,11 @@ bool HorizonSaver::new_save(const std::string& path, kpBase::AbstractProgress* p
     generateFileNamesPerGeo(fileNameWithExtension(QString::fromStdString(path)), m_names, files);
     m_savedFilenames.clear();
     for (int index = 0; index < files.size(); ++index) {
-        const Horizon& horizon = *m_model.find(m_ids[static_cast<std::size_t>(index)]);
+        const kpFormats::ModelObject& horizon = *m_model.find(m_ids[static_cast<std::size_t>(index)]);
         const QString name = page->usesHorizonNames() ? horizon.name : QString::number(index + 1);
         QByteArray text = "horizon " + name.toUtf8() + "\nunit " + units.abbreviation()
                           + (units.zIsElevation() ? " elevation\n" : " depth\n");
-        for (int point = 0; point < horizon.size(); ++point) {
+        for (int point = 0; point < horizon.vertexCount(); ++point) {
             const auto row = static_cast<std::size_t>(point);
             const double z = units.zIsElevation() ? (*horizon.z)[row] : -(*horizon.z)[row];
             for (const double number : {(*horizon.x)[row], (*horizon.y)[row]})

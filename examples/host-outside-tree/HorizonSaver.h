@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Model.h"
-
 #include "core/saver/AbstractSaver.h"
+#include "model/Model.h"
 
 /// Horizons as a plain text of this example's own; no other program reads it. A file per horizon:
 ///
@@ -11,11 +10,12 @@
 ///     unit m elevation          (the unit of all numbers; elevation or depth)
 ///     X Y Z                     (a line for each point, two decimals)
 ///
-/// The saver names its files itself.
+/// A saver on the library alone, for what does not fit the kit: it names its files itself, and its page is one of the
+/// library's.
 class HorizonSaver : public kpBaseExport::AbstractSaver
 {
 public:
-    explicit HorizonSaver(const Model& model);
+    explicit HorizonSaver(const kpFormats::Model& model);
 
     bool newFilenameSystem() override { return true; }
     void set_selection(const QString& path, const std::vector<int>& ids, const std::vector<std::string>& names,
@@ -24,7 +24,7 @@ public:
     bool new_save(const std::string& path, kpBase::AbstractProgress* progress) override;
 
 private:
-    const Model& m_model;
+    const kpFormats::Model& m_model;
     std::vector<int> m_ids;
     std::vector<std::string> m_names;
 };

@@ -1,6 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "HostWizard.h"
-#include "Registration.h"
+#include "HorizonSaver.h"
+#include "HorizonSheet.h"
+#include "PointFormat.h"
+
+#include "core/saver/AbstractSaverFactory.h"
+#include "export/ExportRun.h"
+#include "geo/CoordinateSystems.h"
+#include "host/data/AbstractProgress.h"
+#include "pages/FormatWizard.h"
+#include "pages/SheetFactory.h"
+#include "pages/WizardFormats.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -11,25 +20,74 @@
 
 #include <cstdio>
 
+using namespace kpFormats;
+
 namespace
 {
 
-Horizon::Numbers numbers(std::vector<double> values)
+Numbers numbers(std::vector<double> values)
 {
     return std::make_shared<const std::vector<double>>(std::move(values));
 }
 
-Model exampleModel()
+/// The host's numbers are shared with the kit, not copied.
+void addHorizon(Model& model, const QString& name, const Numbers& x, const Numbers& y, const Numbers& z,
+                const Numbers& amplitude)
 {
-    Model model;
-    model.horizons.push_back({1, QStringLiteral("Top"), numbers({500100.25, 500200.5}), numbers({7500000, 7500000}),
-                              numbers({-1200.5, -1210}), QStringLiteral("amplitude"), numbers({0.125, 0.25})});
-    model.horizons.push_back({2, QString::fromUtf8("Основа"), numbers({500100}), numbers({7500010}), numbers({-1500}),
-                              QStringLiteral("amplitude"), numbers({-0.5})});
-    return model;
+    ModelObject horizon;
+    horizon.name = name;
+    horizon.x = x;
+    horizon.y = y;
+    horizon.z = z;
+    horizon.crs = wktOf("EPSG:28350");
+    AttributeColumn column;
+    column.name = "amplitude";
+    column.numbers = amplitude;
+    horizon.vertexAttributes.push_back(column);
+    model.add(horizon);
 }
 
-/// Exports both formats into \a folder without a user: each wizard is led by its pages' controls, as a test does it.
+/// The twelve formats of the kit and the one of this host.
+Formats allFormats()
+{
+    Formats formats = makeFormats();
+    formats.push_back(std::make_unique<PointFormat>());
+    return formats;
+}
+
+class HorizonSaverFactory : public kpBaseExport::AbstractSaverFactory
+{
+public:
+    explicit HorizonSaverFactory(const Model& model)
+        : AbstractSaverFactory("horizons", false)
+        , m_model(model)
+    {
+    }
+    boost::shared_ptr<kpBaseExport::AbstractSaver> create_product() override
+    {
+        return boost::shared_ptr<kpBaseExport::AbstractSaver>(create_product_unmanaged());
+    }
+    kpBaseExport::AbstractSaver* create_product_unmanaged() override { return new HorizonSaver(m_model); }
+
+private:
+    const Model& m_model;
+};
+
+/// The user who cancels while a file is being written.
+class CancelSoon : public kpBase::AbstractProgress
+{
+public:
+    void progressStarted(bool) override {}
+    void progressChanged(int) override {}
+    bool isCancelled() const override { return ++m_asked > 1; }
+    void progressFinished() override {}
+
+private:
+    mutable int m_asked = 0;
+};
+
+/// Exports with the host's own two formats into \a folder without a user: each wizard is led by its pages' controls,
+/// as a test does it.
 bool exportWithoutUser(const Model& model, const QDir& folder)
 {
     struct Run
@@ -38,23 +96,21 @@ bool exportWithoutUser(const Model& model, const QDir& folder)
         const char* file;
         void (*choose)(QWidget&);
     };
-    const Run runs[] = {
-        {"points", "points",
-         [](QWidget& page) { page.findChild<QSpinBox*>(QStringLiteral("m_decimals"))->setValue(3); }},
-        {"horizons", "horizons.hor", [](QWidget& page) {
-             page.findChild<QComboBox*>(QStringLiteral("m_lengthUnit"))->setCurrentText(QStringLiteral("Feet (ft)"));
-             page.findChild<QAbstractButton*>(QStringLiteral("m_depth"))->click();
-         }}};
+    const Run runs[] = {{"points", "points", [](QWidget& page) { page.findChild<QSpinBox*>("decimals")->setValue(3); }},
+                        {"horizons", "horizons.hor", [](QWidget& page) {
+                             page.findChild<QComboBox*>("m_lengthUnit")->setCurrentText("Feet (ft)");
+                             page.findChild<QAbstractButton*>("m_depth")->click();
+                         }}};
     for (const Run& run : runs) {
-        HostWizard wizard(model);
+        FormatWizard wizard(model);
         wizard.startup();
-        auto* formats = wizard.findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"));
-        formats->setCurrentIndex(formats->findData(QString::fromLatin1(run.key)));
+        auto* formats = wizard.findChild<QComboBox*>("fileFormatComboBox");
+        formats->setCurrentIndex(formats->findData(QString(run.key)));
         wizard.activate_next_sheet();
         run.choose(*wizard.current_sheet()->pageWidget());
-        wizard.slotSaveClicked(folder.filePath(QString::fromLatin1(run.file)), true);
-        const QString report = wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
-        if (!report.contains(QStringLiteral("Data has been exported successfully!"))) {
+        wizard.slotSaveClicked(folder.filePath(run.file), true);
+        const QString report = wizard.findChild<QTextEdit*>("reportView")->toPlainText();
+        if (!report.contains("Data has been exported successfully!")) {
             std::fprintf(stderr, "%s\n", qPrintable(report));
             return false;
         }
@@ -62,17 +118,56 @@ bool exportWithoutUser(const Model& model, const QDir& folder)
     return true;
 }
 
+/// Exports with every format that takes points, without the wizard. \returns how many files were written
+int exportEverything(const Model& model, const QDir& folder, kpBase::AbstractProgress* progress)
+{
+    int written = 0;
+    for (const auto& format : allFormats()) {
+        const FormatInfo info = format->info();
+        if (std::find(info.types.begin(), info.types.end(), ObjectType::VertexClouds) == info.types.end())
+            continue;
+        ExportSelection selection;
+        for (const ModelObject& object : model.objects())
+            selection.objects.push_back(&object);
+        selection.path = folder.filePath(info.key + '.' + info.defaultExtension);
+        PreparedExport prepared(*format, selection, format->defaults());
+        const ExportReport report = runExport(prepared, progress);
+        for (const FileOutcome& file : report.files()) {
+            if (!file.written())
+                std::fprintf(stderr, "%s: %s\n", qPrintable(file.path), qPrintable(file.error));
+        }
+        written += report.cancelled || report.anyFailed() ? 0 : 1;
+    }
+    return written;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("outsidehost"));
-    const Model model = exampleModel();
-    const Registration registration(model);
-    if (argc == 3 && qstrcmp(argv[1], "--export") == 0)
-        return exportWithoutUser(model, QDir(QString::fromLocal8Bit(argv[2]))) ? 0 : 1;
-    HostWizard wizard(model);
+    QCoreApplication::setApplicationName("outsidehost");
+    Model model;
+    addHorizon(model, "Top", numbers({500100.25, 500200.5}), numbers({7500000, 7500000}), numbers({-1200.5, -1210}),
+               numbers({0.125, 0.25}));
+    addHorizon(model, "Основа", numbers({500100}), numbers({7500010}), numbers({-1500}), numbers({-0.5}));
+
+    // Savers and pages, made before the first wizard.
+    const WizardFormats formats(model, allFormats());
+    const HorizonSaverFactory horizons(model);
+    const SheetFactory horizonPage("horizons", [] { return new HorizonSheet; });
+
+    const QByteArray command = argc == 3 ? argv[1] : "";
+    const QDir folder(argc == 3 ? QString::fromLocal8Bit(argv[2]) : QString());
+    if (command == "--export")
+        return exportWithoutUser(model, folder) ? 0 : 1;
+    if (command == "--everything")
+        return exportEverything(model, folder, nullptr) == 9 ? 0 : 1;
+    if (command == "--cancelled") {
+        CancelSoon progress;
+        return exportEverything(model, folder, &progress) == 0 ? 0 : 1;
+    }
+    FormatWizard wizard(model);
     wizard.startup();
     wizard.exec();
     return 0;

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "export/FileGrouping.h"
+#include "formats/ascii/AsciiLayout.h"
 
 #include <QString>
+
+#include <optional>
 
 namespace kpFormats
 {
@@ -26,6 +29,7 @@ struct AsciiExportSettings
     bool lineBreaks = false;                      ///< object name before and an empty line after each object
     bool zIsElevation = true;                     ///< false: z is written as depth, positive down
     FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set
+    std::optional<AsciiLayout> layout;            ///< the fields to write; every attribute when not set
 };
 
 } // namespace kpFormats

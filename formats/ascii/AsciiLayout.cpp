@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiLayout.h"
 
-#include "export/SettingsMap.h"
-#include "host/data/FormatFile.h"
 #include "spec/layout/FieldLayout.h"
 
-#include <QJsonObject>
 #include <QSet>
 
 #include <algorithm>
-#include <memory>
 
 namespace kpFormats
 {
@@ -18,10 +14,6 @@ namespace
 {
 
 using kpBaseExport::QESAttribute;
-
-// What a line of text can be; a file that was edited by hand may say anything.
-constexpr int lastColumn = 1000000;
-constexpr int mostDecimals = 17;
 
 /// The name under which a layout knows an attribute: those of coordinates and grid indices are taken.
 QString layoutName(const QString& attribute)
@@ -44,22 +36,6 @@ const char* typeOf(AttributeKind kind)
         return "string";
     }
     return "string";
-}
-
-void requireSoundField(const QString& path, const QESAttribute& field)
-{
-    const bool columns = field.start() >= 0 && field.end() >= field.start() && field.end() <= lastColumn;
-    if (!columns)
-        throw SettingsError(QStringLiteral("%1: field \"%2\": columns %3 to %4 are none of 0 to %5 (correct the file)")
-                                .arg(path, field.name())
-                                .arg(field.start())
-                                .arg(field.end())
-                                .arg(lastColumn));
-    if (field.precision() < 0 || field.precision() > mostDecimals)
-        throw SettingsError(QStringLiteral("%1: field \"%2\": precision %3 is none of 0 to %4 (correct the file)")
-                                .arg(path, field.name())
-                                .arg(field.precision())
-                                .arg(mostDecimals));
 }
 
 } // namespace
@@ -109,42 +85,17 @@ QESAttribute editorField(const OfferedField& field, int decimals)
     return attribute;
 }
 
-AsciiLayout asciiLayoutOf(const FormatFile& file)
+void setDecimals(AsciiLayout& layout, int decimals)
 {
-    AsciiLayout layout;
-    layout.mode = file.type() == FormatFile::FieldBased ? AsciiExportSettings::Mode::Separated
-                                                        : AsciiExportSettings::Mode::Columns;
-    for (int index = 0; index < file.size(); ++index) {
-        impAttribute record;
-        file.field(index).getAttribute(record);
-        const QESAttribute field(record);
-        layout.fields.insert(field.name(), field);
+    for (QESAttribute& field : layout.fields) {
+        if (field.type() != QLatin1String("double"))
+            continue;
+        // fieldsFor() moves what stands behind it.
+        const int more = decimals - field.precision();
+        field.precision() = decimals;
+        field.end() = std::max(field.start(), field.end() + more);
+        field.width() = std::max(1, field.width() + more);
     }
-    const QJsonObject settings = file.unknown().value(QStringLiteral("settings")).toObject();
-    for (auto setting = settings.begin(); setting != settings.end(); ++setting)
-        layout.settings.append({setting.key(), setting.value().toVariant().toString()});
-    return layout;
-}
-
-AsciiLayout readAsciiLayout(const QString& path)
-{
-    QString error;
-    std::unique_ptr<FormatFile> file;
-    if (path.endsWith(QLatin1String(".fmt"))) {
-        file.reset(FormatFile::readLandmark(path, &error));
-    } else {
-        file.reset(FormatFile::read(path, &error));
-        if (!file && !path.endsWith(QLatin1String(".klf")))
-            file.reset(FormatFile::readLandmark(path));
-    }
-    if (!file)
-        throw SettingsError(QStringLiteral("%1: %2 (correct the layout or save it anew)").arg(path, error));
-    AsciiLayout layout = asciiLayoutOf(*file);
-    for (const QESAttribute& field : qAsConst(layout.fields))
-        requireSoundField(path, field);
-    if (layout.fields.isEmpty())
-        throw SettingsError(QStringLiteral("%1: the layout has no fields (add some in the wizard)").arg(path));
-    return layout;
 }
 
 QVector<QESAttribute> fieldsFor(const AsciiLayout& layout, const std::vector<OfferedField>& offered)

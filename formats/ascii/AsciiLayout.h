@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "formats/ascii/AsciiExportSettings.h"
 #include "model/ModelObject.h"
 #include "model/kpFormatsExport.h"
 #include "spec/layout/QESAttribute.h"
 
 #include <QMap>
-#include <QPair>
 #include <QStringList>
 #include <QVector>
 
 #include <vector>
-
-class FormatFile;
 
 namespace kpFormats
 {
@@ -21,10 +17,8 @@ namespace kpFormats
 /// Which fields an ASCII export writes, in which order and where: laid out on the wizard's page or read from a file.
 struct AsciiLayout
 {
-    AsciiExportSettings::Mode mode = AsciiExportSettings::Mode::Separated;
     QMap<QString, kpBaseExport::QESAttribute> fields; ///< by name; the place in a line is the field's order
     QStringList lacking;                              ///< names of the layout that are known to be left out
-    QVector<QPair<QString, QString>> settings;        ///< settings of the format that the file holds
 };
 
 /// A field that some of the chosen objects have.
@@ -40,9 +34,8 @@ KPFORMATS_EXPORT std::vector<OfferedField> offeredFields(const std::vector<const
 /// The field as the layout editor knows it.
 KPFORMATS_EXPORT kpBaseExport::QESAttribute editorField(const OfferedField& field, int decimals);
 
-/// \throws SettingsError "FILE: line N: cause (cure)" when the file holds no layout
-KPFORMATS_EXPORT AsciiLayout readAsciiLayout(const QString& path);
-KPFORMATS_EXPORT AsciiLayout asciiLayoutOf(const FormatFile& file);
+/// Gives every real field that many decimals, and the columns for them.
+KPFORMATS_EXPORT void setDecimals(AsciiLayout& layout, int decimals);
 
 /// The fields of the layout that the objects have, in order and with columns that do not overlap.
 KPFORMATS_EXPORT QVector<kpBaseExport::QESAttribute> fieldsFor(const AsciiLayout& layout,

@@ -133,13 +133,12 @@ ModelObject firstRows(const ModelObject& object, int rows)
     return first;
 }
 
-QByteArray asciiPreview(const Settings& settings, const AsciiLayout& layout,
-                        const std::vector<const ModelObject*>& objects, int rows)
+QByteArray asciiPreview(const Settings& settings, const std::vector<const ModelObject*>& objects, int rows)
 {
     if (objects.empty())
         return {};
     Findings unread;
-    const AsciiTable table = asciiTable(layout, objects, settings.mode == Settings::Mode::Columns, unread);
+    const AsciiTable table = asciiTable(*settings.layout, objects, settings.mode == Settings::Mode::Columns, unread);
     MemoryWriter writer;
     prepareWriter(writer, table, settings);
     const ModelObject first = firstRows(*objects.front(), rows);

@@ -24,8 +24,8 @@ KPFORMATS_EXPORT QString separatorText(const AsciiExportSettings& settings);
 /// The first \a rows vertices of an object, sharing what can be shared, as an object of its own.
 KPFORMATS_EXPORT ModelObject firstRows(const ModelObject& object, int rows);
 /// The beginning of the file that an export of these objects writes: the header and the first \a rows rows of the
-/// first object, byte for byte.
-KPFORMATS_EXPORT QByteArray asciiPreview(const AsciiExportSettings& settings, const AsciiLayout& layout,
+/// first object, byte for byte. The settings have a layout.
+KPFORMATS_EXPORT QByteArray asciiPreview(const AsciiExportSettings& settings,
                                          const std::vector<const ModelObject*>& objects, int rows);
 
 } // namespace kpFormats

@@ -321,18 +321,17 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     }
 }
 
-qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings)
+void noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings)
 {
     const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
                                                     : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
         findings.note(asciiFinding::noHeights, object.name, object.vertexCount(),
                       QStringLiteral("the object is flat; ") + written);
-        return object.vertexCount();
+        return;
     }
     const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
     findings.note(asciiFinding::vertexWithoutZ, object.name, undefined, written);
-    return undefined;
 }
 
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
@@ -341,11 +340,10 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
     record.clearData();
     record.name = object.name.simplified().toStdString();
     DoubleMatrixData::Missing missingZ;
-    const qint64 undefined = noteHeights(object, settings, findings);
     if (!object.hasZ) {
         // No height is known, which is not the same as a height of 0.
         missingZ = std::make_shared<std::vector<unsigned char>>(object.z->size(), static_cast<unsigned char>(1));
-    } else if (undefined > 0) {
+    } else if (std::any_of(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); })) {
         auto flags = std::make_shared<std::vector<unsigned char>>();
         flags->reserve(object.z->size());
         for (const double z : *object.z)

@@ -45,8 +45,8 @@ KPFORMATS_EXPORT AsciiTable asciiTable(const AsciiLayout& layout, const std::vec
 KPFORMATS_EXPORT void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                                     const AsciiExportSettings& settings);
 
-/// Notes the vertices that have no height. \returns how many there are
-KPFORMATS_EXPORT qint64 noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings);
+/// Notes the vertices that have no height.
+KPFORMATS_EXPORT void noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings);
 
 /// Fills \a record with the object's matrices, shared with the model, and notes what the table cannot carry.
 KPFORMATS_EXPORT void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,

@@ -3,7 +3,6 @@
 #include "export/CommonFindings.h"
 #include "formats/dxf/DxfFindings.h"
 
-#include "formats/dxf/DxfLosses.h"
 #include "geo/CoordinateSystems.h"
 
 #include <algorithm>
@@ -22,9 +21,11 @@ constexpr int pointsAtOnce = 1024;
 
 } // namespace
 
-DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, Findings& findings)
+DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, const QSet<const ModelObject*>& undrawable,
+                       ProgressTicker& ticker, Findings& findings)
     : m_sink(sink)
     , m_settings(settings)
+    , m_undrawable(undrawable)
     , m_ticker(ticker)
     , m_findings(findings)
     , m_rules(wktOf(settings.crs), settings.lengthUnit)
@@ -32,9 +33,8 @@ DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, Progres
 {
 }
 
-qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection)
+qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects)
 {
-    noteMixture(objects, m_settings, m_findings);
     findPlane(objects);
     findTextHeight(objects);
     for (const ModelObject* object : objects) {
@@ -43,9 +43,8 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
         takePen(*object);
         const qint64 before = m_entities;
         drawObject(*object);
-        if (m_entities == before && !stopped())
+        if (m_entities == before && !stopped() && !m_undrawable.contains(object))
             m_findings.note(finding::objectLeftOut, object->name, 1, QStringLiteral("nothing of it can be drawn"));
-        noteAttributes(*object, selection, m_findings);
     }
     return m_entities;
 }
@@ -121,10 +120,9 @@ void DxfDrawing::findTextHeight(const std::vector<const ModelObject*>& objects)
     m_textHeight = size > 0 ? size / 200.0 : 1.0;
 }
 
-void DxfDrawing::takeColour(const QColor& colour, const QString& name)
+void DxfDrawing::takeColour(const QColor& colour)
 {
     m_pen.colour = nearestColourIndex(colour);
-    noteColour(colour, name, m_findings);
     m_sink.setPen(m_pen);
 }
 
@@ -136,7 +134,7 @@ void DxfDrawing::takePen(const ModelObject& object)
     m_pen.layer = m_layers.layer(group);
     m_pen.flat = isFlat();
     m_pen.decimals = m_rules.inDegrees(object) ? 9 : m_settings.lengthUnit == OutputUnit::Kilometre ? 7 : 4;
-    takeColour(object.color, object.name);
+    takeColour(object.color);
     // Once for each layer.
     if (!group.isEmpty() && m_layers.shown(group) != group && !m_renamed.contains(group)) {
         m_renamed.insert(group);

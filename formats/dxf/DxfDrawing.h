@@ -17,10 +17,11 @@ class DxfDrawing
 {
 public:
     /// Everything given outlives the drawing.
-    DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, ProgressTicker& ticker, Findings& findings);
+    DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, const QSet<const ModelObject*>& undrawable,
+               ProgressTicker& ticker, Findings& findings);
 
     /// \returns the number of entities
-    qint64 draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection);
+    qint64 draw(const std::vector<const ModelObject*>& objects);
 
 private:
     /// The vertical plane of a drawing seen from the side.
@@ -42,7 +43,7 @@ private:
     void findPlane(const std::vector<const ModelObject*>& objects);
     void findTextHeight(const std::vector<const ModelObject*>& objects);
     void takePen(const ModelObject& object);
-    void takeColour(const QColor& colour, const QString& name);
+    void takeColour(const QColor& colour);
     void drawObject(const ModelObject& object);
     void drawLines(const ModelObject& object, bool area);
     void drawPoints(const ModelObject& object, bool points, bool names);
@@ -60,6 +61,7 @@ private:
 
     DxfSink& m_sink;
     const DxfExportSettings& m_settings;
+    const QSet<const ModelObject*>& m_undrawable;
     ProgressTicker& m_ticker;
     Findings& m_findings;
     OutputRules m_rules;

@@ -2,7 +2,6 @@
 // Surfaces and sections of a drawing.
 #include "formats/dxf/DxfDrawing.h"
 #include "formats/dxf/DxfFindings.h"
-#include "formats/dxf/DxfLosses.h"
 #include "model/SurfaceFaces.h"
 
 #include <algorithm>
@@ -21,11 +20,6 @@ constexpr std::size_t boundaryAtOnce = 2048;
 
 void DxfDrawing::drawSurface(const ModelObject& object)
 {
-    if (isSwitchedOff(object, m_settings)) {
-        m_findings.note(dxfFinding::surfaceLeftOut, object.name, 1,
-                        QStringLiteral("faces, meshPoints and boundaries are all off"));
-        return;
-    }
     if (m_settings.faces)
         drawFaces(object);
     if (m_settings.meshPoints)
@@ -127,7 +121,7 @@ void DxfDrawing::drawSection(const ModelObject& object)
     for (const SectionSegment& segment : object.section->segments) {
         if (stopped())
             return;
-        takeColour(segment.color, segment.name);
+        takeColour(segment.color);
         bool changed = false;
         m_sink.comment(dxfText(segment.name, changed));
         if (fromSide()) {

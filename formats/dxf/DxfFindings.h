@@ -7,8 +7,6 @@
 namespace kpFormats::dxfFinding
 {
 
-inline constexpr FindingKind surfaceLeftOut("surface left out", "the surface was left out",
-                                            "%1 surfaces were left out");
 inline constexpr FindingKind cellWithoutValues("cell without values", "a cell without values was left out",
                                                "%1 cells without values were left out");
 inline constexpr FindingKind boundaryLeftOut("boundary left out", "a boundary line was left out",

@@ -11,6 +11,22 @@
 namespace kpFormats
 {
 
+namespace
+{
+
+/// \a name is what has the colour.
+void noteColour(const QColor& colour, const QString& name, Findings& findings)
+{
+    constexpr int blackOrWhite = 7; // one: what differs from the background
+    const int index = nearestColourIndex(colour);
+    const QColor shown = indexedColour(index);
+    if (colour.isValid() && shown.rgb() != colour.rgb() && index != blackOrWhite)
+        findings.note(dxfFinding::colourChanged, QString(), 1,
+                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+}
+
+} // namespace
+
 void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExportSettings& settings, Findings& findings)
 {
     QSet<QString> systems;
@@ -43,14 +59,13 @@ void noteAttributes(const ModelObject& object, const ExportSelection& selection,
     findings.note(dxfFinding::attributeNotWritten, QString(), lost, QStringLiteral("%1 of %2").arg(first, object.name));
 }
 
-void noteColour(const QColor& colour, const QString& name, Findings& findings)
+void noteColours(const ModelObject& object, Findings& findings)
 {
-    constexpr int blackOrWhite = 7; // one: what differs from the background
-    const int index = nearestColourIndex(colour);
-    const QColor shown = indexedColour(index);
-    if (colour.isValid() && shown.rgb() != colour.rgb() && index != blackOrWhite)
-        findings.note(dxfFinding::colourChanged, QString(), 1,
-                      QStringLiteral("%1 of %2 is now %3").arg(colour.name(), name, shown.name()));
+    noteColour(object.color, object.name, findings);
+    if (!object.section)
+        return;
+    for (const SectionSegment& segment : object.section->segments)
+        noteColour(segment.color, segment.name, findings);
 }
 
 QString undrawable(const ModelObject& object, const DxfExportSettings& settings)

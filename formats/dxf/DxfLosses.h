@@ -14,8 +14,8 @@ void noteMixture(const std::vector<const ModelObject*>& objects, const DxfExport
 void noteAttributes(const ModelObject& object, const ExportSelection& selection, Findings& findings);
 /// Why nothing of an object can be drawn, as far as its geometry tells; empty when something can.
 QString undrawable(const ModelObject& object, const DxfExportSettings& settings);
-/// Notes a colour that is not among those of a drawing; \a name is what has it.
-void noteColour(const QColor& colour, const QString& name, Findings& findings);
+/// Notes the colours of an object, and of the lines on a section, that are not among those of a drawing.
+void noteColours(const ModelObject& object, Findings& findings);
 /// Whether it is a surface and the settings leave nothing of surfaces.
 bool isSwitchedOff(const ModelObject& object, const DxfExportSettings& settings);
 

@@ -12,13 +12,12 @@ namespace kpFormats
 /// How a GOCAD export looks.
 struct GocadExportSettings
 {
-    enum class ZPositive { Elevation, Depth };
     enum class GridsAs { Surface, Points };
 
     FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set
     QString filePrefix;                           ///< of several files in a directory
     bool header = true;                           ///< the block with each object's name and colour
-    ZPositive zPositive = ZPositive::Elevation;   ///< which way z counts; said in the file
+    bool zIsElevation = true;                     ///< false: z is depth, positive down; said in the file
     OutputUnit lengthUnit = OutputUnit::Model;    ///< of coordinates; said in the file
     int decimals = 4;                             ///< of coordinates
     double nullValue = -99999.0;                  ///< stands for a missing property value

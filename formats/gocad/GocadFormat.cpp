@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadFormat.h"
-#include "formats/gocad/GocadFindings.h"
 
-#include "export/ExportError.h"
-#include "export/NumberColumns.h"
-#include "formats/gocad/GocadVerification.h"
+#include "export/CommonSettings.h"
+#include "formats/gocad/GocadFile.h"
 #include "formats/gocad/GocadWriter.h"
-#include "model/ShareOfProgress.h"
-#include "model/SurfaceMesh.h"
 
 #include <QFileInfo>
 
@@ -45,83 +41,44 @@ FormatInfo GocadFormat::info() const
     return info;
 }
 
-SettingsMap GocadFormat::settings()
+SettingsTable GocadFormat::settings() const
 {
-    SettingsMap map;
-    map.addChoice("grouping", m_settings.grouping, {"single", "object", "set"},
-                  "one file, one per object, one per set");
-    map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addBoolean("header", m_settings.header, "write each object's name and colour");
-    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"}, "z counts up or down; said in the file");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
-                  "unit of coordinates; model keeps each object's own");
-    map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
-    map.addReal("nullValue", m_settings.nullValue, -1e38, 1e38, "stands for a missing property value");
-    map.addChoice("gridsAs", m_settings.gridsAs, {"surface", "points"},
-                  "grid surfaces as triangulated surfaces or as vertex sets");
-    return map;
+    using S = GocadExportSettings;
+    SettingsTable table;
+    addGrouping(table, &S::grouping);
+    addFilePrefix(table, &S::filePrefix);
+    table.addBoolean("header", &S::header, tr("Header"), tr("write each object's name and colour"));
+    addElevation(table, &S::zIsElevation);
+    addLengthUnit(table, &S::lengthUnit, tr("unit of coordinates; model keeps each object's own"));
+    table.addInteger("decimals", &S::decimals, 0, 12, tr("Decimals"), tr("decimals of coordinates"));
+    table.addReal("nullValue", &S::nullValue, -1e38, 1e38, tr("Null value"), tr("stands for a missing property value"));
+    table.addChoice(
+        "gridsAs", &S::gridsAs, tr("Grids as"),
+        {{QStringLiteral("surface"), tr("triangulated surfaces")}, {QStringLiteral("points"), tr("vertex sets")}},
+        tr("grid surfaces as triangulated surfaces or as vertex sets"));
+    return table;
 }
 
-std::vector<PlannedFile> GocadFormat::plan(const ExportSelection& selection) const
+std::vector<PlannedFile> GocadFormat::files(const ExportSelection& selection, const SettingsValue& values) const
 {
+    const auto& settings = values.as<GocadExportSettings>();
     const QString usual = info().defaultExtension;
-    std::vector<PlannedFile> files = planFiles(selection, m_settings.grouping, usual, m_settings.filePrefix);
+    std::vector<PlannedFile> files = planFiles(selection, settings.grouping, usual, settings.filePrefix);
     const QFileInfo chosen(selection.path);
     const bool device = chosen.exists() && !chosen.isFile() && !chosen.isDir();
     if (chosen.suffix().isEmpty() && !device) {
         for (PlannedFile& file : files) {
             if (file.path.endsWith(QLatin1Char('.') + usual))
-                file.path = file.path.left(file.path.size() - usual.size()) + extensionOf(file.objects, m_settings);
+                file.path = file.path.left(file.path.size() - usual.size()) + extensionOf(file.objects, settings);
         }
     }
     return files;
 }
 
-void GocadFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
+std::unique_ptr<PreparedFile> GocadFormat::prepare(const PlannedFile& file, const ExportSelection& selection,
+                                                   const SettingsValue& settings, Findings& findings) const
 {
-    qint64 placed = 0;
-    for (const ModelObject* object : file.objects) {
-        if (hasAnyPosition(*object)) {
-            ++placed;
-            numberColumns(*object, selection, findings);
-            noteGocadForm(*object, m_settings, findings);
-        } else {
-            findings.note(gocadFinding::objectWithoutPosition, object->name, 1, object->name);
-        }
-    }
-    if (placed == 0)
-        throw ExportError(
-            file.path,
-            QStringLiteral("none of its objects has a position, the first is %1").arg(file.objects.front()->name),
-            QStringLiteral("choose objects with coordinates"));
-    noteMissingAttributes(file.objects, selection, findings);
-}
-
-qint64 GocadFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                          Findings& findings, kpBase::AbstractProgress* progress)
-{
-    ShareOfProgress share(progress, weightOf(file.objects));
-    noteMissingAttributes(file.objects, selection, findings);
-    BlockWriter out(path, file.path);
-    GocadWriter writer(out, m_settings, selection, findings);
-    qint64 rows = 0;
-    for (const ModelObject* object : file.objects) {
-        share.next(object->weight());
-        if (share.isCancelled())
-            return rows;
-        if (!hasAnyPosition(*object)) {
-            findings.note(gocadFinding::objectWithoutPosition, object->name, 1, object->name);
-            continue;
-        }
-        rows += writer.write(*object, &share);
-    }
-    out.close();
-    return rows;
-}
-
-Verification GocadFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
-{
-    return verifyGocad(file.objects, path, selection, m_settings);
+    return std::make_unique<GocadFile>(file, selection, settings.as<GocadExportSettings>(), findings);
 }
 
 } // namespace kpFormats

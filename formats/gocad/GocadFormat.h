@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportFormat.h"
-#include "formats/gocad/GocadExportSettings.h"
+#include "export/Format.h"
 #include "model/kpFormatsExport.h"
+
+#include <QCoreApplication>
 
 namespace kpFormats
 {
@@ -13,19 +14,16 @@ namespace kpFormats
 /// length unit stand in each object's coordinate system.
 /// The format: http://www.t-surf.com/products/developmentkit_ascii.html and
 /// http://paulbourke.net/dataformats/gocad/gocad.pdf
-class KPFORMATS_EXPORT GocadFormat : public ExportFormat
+class KPFORMATS_EXPORT GocadFormat : public Format
 {
+    Q_DECLARE_TR_FUNCTIONS(kpFormats::GocadFormat)
+
 public:
     FormatInfo info() const override;
-    SettingsMap settings() override;
-    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
-    void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
-                 kpBase::AbstractProgress* progress) override;
-    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
-
-private:
-    GocadExportSettings m_settings;
+    SettingsTable settings() const override;
+    std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const override;
+    std::unique_ptr<PreparedFile> prepare(const PlannedFile& file, const ExportSelection& selection,
+                                          const SettingsValue& settings, Findings& findings) const override;
 };
 
 } // namespace kpFormats

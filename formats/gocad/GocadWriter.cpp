@@ -84,22 +84,21 @@ QString gocadWord(const QString& name)
     return word;
 }
 
-GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
-                         Findings& findings)
+GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, Findings& findings)
     : m_out(out)
     , m_settings(settings)
-    , m_selection(selection)
     , m_findings(findings)
 {
     appendShortest(m_nullText, settings.nullValue);
 }
 
-qint64 GocadWriter::write(const ModelObject& object, kpBase::AbstractProgress* progress)
+qint64 GocadWriter::write(const ModelObject& object, const std::vector<NumberColumn>& columns,
+                          kpBase::AbstractProgress* progress)
 {
     m_object = &object;
-    m_columns = numberColumns(object, m_selection, m_findings);
+    m_columns = columns;
     m_factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    m_zFactor = m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? -m_factor : m_factor;
+    m_zFactor = m_settings.zIsElevation ? m_factor : -m_factor;
     m_written = 0;
     m_withoutPosition = 0;
     m_equalToNull = 0;
@@ -140,7 +139,6 @@ void GocadWriter::noteLosses()
     m_findings.note(
         finding::valueEqualToTheNullValue, m_object->name, m_equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
-    noteGocadForm(*m_object, m_settings, m_findings);
 }
 
 void GocadWriter::writeHead(GocadKind kind)
@@ -188,8 +186,7 @@ void GocadWriter::writeCoordinateSystem()
         "PROJECTION " + (projection.isEmpty() ? std::string("Unknown") : '"' + projection.toStdString() + '"') + '\n';
     text += "DATUM Unknown\nAXIS_NAME \"X\" \"Y\" \"Z\"\n";
     text += "AXIS_UNIT \"" + unit + "\" \"" + unit + "\" \"" + unit + "\"\n";
-    text +=
-        m_settings.zPositive == GocadExportSettings::ZPositive::Depth ? "ZPOSITIVE Depth\n" : "ZPOSITIVE Elevation\n";
+    text += m_settings.zIsElevation ? "ZPOSITIVE Elevation\n" : "ZPOSITIVE Depth\n";
     text += "END_ORIGINAL_COORDINATE_SYSTEM\n";
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "export/BlockWriter.h"
-#include "export/ExportSelection.h"
 #include "export/Findings.h"
 #include "export/NumberColumns.h"
 #include "formats/gocad/GocadExportSettings.h"
@@ -27,11 +26,12 @@ void noteGocadForm(const ModelObject& object, const GocadExportSettings& setting
 class GocadWriter
 {
 public:
-    GocadWriter(BlockWriter& out, const GocadExportSettings& settings, const ExportSelection& selection,
-                Findings& findings);
+    GocadWriter(BlockWriter& out, const GocadExportSettings& settings, Findings& findings);
 
+    /// \a columns are the object's properties.
     /// \returns the number of vertices written. Stops early when the user cancels. \throws ExportError
-    qint64 write(const ModelObject& object, kpBase::AbstractProgress* progress);
+    qint64 write(const ModelObject& object, const std::vector<NumberColumn>& columns,
+                 kpBase::AbstractProgress* progress);
 
 private:
     void writeHead(GocadKind kind);
@@ -47,7 +47,6 @@ private:
 
     BlockWriter& m_out;
     const GocadExportSettings& m_settings;
-    const ExportSelection& m_selection;
     Findings& m_findings;
 
     const ModelObject* m_object = nullptr;

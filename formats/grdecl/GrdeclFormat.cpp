@@ -1,66 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/grdecl/GrdeclFormat.h"
-#include "formats/grdecl/GrdeclFindings.h"
 
-#include "export/ExportError.h"
-#include "export/NumberColumns.h"
-#include "formats/grdecl/GrdeclWriter.h"
-#include "readers/GrdeclReader.h"
-
-#include <cmath>
+#include "export/CommonSettings.h"
+#include "formats/grdecl/GrdeclFile.h"
 
 namespace kpFormats
 {
-
-namespace
-{
-
-/// Compares the numbers of positions or depths; both in their own unit.
-void compareLengths(const std::vector<double>& read, const std::vector<double>& expected, double factor,
-                    const char* what, Verification& verification)
-{
-    if (read.size() != expected.size()) {
-        verification.fault = QStringLiteral("%1 has %2 numbers instead of %3")
-                                 .arg(QLatin1String(what))
-                                 .arg(read.size())
-                                 .arg(expected.size());
-        return;
-    }
-    for (std::size_t index = 0; index < read.size(); ++index) {
-        if (std::isfinite(expected[index]))
-            verification.differs(read[index] / factor - expected[index]);
-    }
-}
-
-QString compareActive(const CellGrid& read, const CellGrid& expected)
-{
-    for (std::size_t cell = 0; cell < read.active.size(); ++cell) {
-        if (read.active[cell] != (expected.active.empty() || expected.active[cell] != 0 ? 1 : 0))
-            return QStringLiteral("cell %1 is %2")
-                .arg(cell + 1)
-                .arg(read.active[cell] != 0 ? QStringLiteral("active") : QStringLiteral("inactive"));
-    }
-    return {};
-}
-
-QString compareProperties(const CellGrid& read, const std::vector<NumberColumn>& expected, int cells, double nullValue)
-{
-    if (read.cellAttributes.size() != expected.size())
-        return QStringLiteral("it has %1 properties instead of %2")
-            .arg(read.cellAttributes.size())
-            .arg(expected.size());
-    for (std::size_t index = 0; index < expected.size(); ++index) {
-        const NumberColumn column(read.cellAttributes[index]);
-        for (int cell = 0; cell < cells; ++cell) {
-            const double value = expected[index].at(cell);
-            if (column.at(cell) != (std::isfinite(value) ? value : nullValue))
-                return QStringLiteral("cell %1 has another %2").arg(cell + 1).arg(column.name());
-        }
-    }
-    return {};
-}
-
-} // namespace
 
 FormatInfo GrdeclFormat::info() const
 {
@@ -74,86 +19,29 @@ FormatInfo GrdeclFormat::info() const
     return info;
 }
 
-SettingsMap GrdeclFormat::settings()
+SettingsTable GrdeclFormat::settings() const
 {
-    SettingsMap map;
-    map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
-                  "m or ft; model takes the one nearest to the grid's own");
-    map.addInteger("decimals", m_settings.decimals, 0, 9, "decimals of positions and depths");
-    map.addChoice("origin", m_settings.origin, {"map", "local"},
-                  "positions on the map, or counted from the first pillar with MAPAXES");
-    map.addReal("nullValue", m_settings.nullValue, -1e30, 1e30, "stands for a missing property value");
-    return map;
+    using S = GrdeclExportSettings;
+    SettingsTable table;
+    addFilePrefix(table, &S::filePrefix);
+    addLengthUnit(table, &S::lengthUnit, tr("m or ft; model takes the one nearest to the grid's own"));
+    table.addInteger("decimals", &S::decimals, 0, 9, tr("Decimals"), tr("decimals of positions and depths"));
+    table.addChoice("origin", &S::origin, tr("Origin"),
+                    {{QStringLiteral("map"), tr("that of the map")}, {QStringLiteral("local"), tr("the first pillar")}},
+                    tr("positions on the map, or counted from the first pillar with MAPAXES"));
+    table.addReal("nullValue", &S::nullValue, -1e30, 1e30, tr("Null value"), tr("stands for a missing property value"));
+    return table;
 }
 
-void GrdeclFormat::noteUnit(const ModelObject& object, OutputUnit unit, Findings& findings) const
+std::vector<PlannedFile> GrdeclFormat::files(const ExportSelection& selection, const SettingsValue& settings) const
 {
-    if (m_settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
-        findings.note(grdeclFinding::lengthUnitChanged, object.name, 1,
-                      QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
-                          .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
+    return planOneEach(selection, info().defaultExtension, settings.as<GrdeclExportSettings>().filePrefix);
 }
 
-std::vector<PlannedFile> GrdeclFormat::plan(const ExportSelection& selection) const
+std::unique_ptr<PreparedFile> GrdeclFormat::prepare(const PlannedFile& file, const ExportSelection& selection,
+                                                    const SettingsValue& settings, Findings& findings) const
 {
-    return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
-}
-
-void GrdeclFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
-{
-    const ModelObject& object = *file.objects.front();
-    if (!object.cells)
-        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name),
-                          QStringLiteral("choose a corner-point grid"));
-    noteMissingAttributes(file.objects, selection, findings);
-    noteUnit(object, grdeclUnit(object, m_settings, file.path), findings);
-    noteCornersWithoutDepth(object, file.path, findings);
-}
-
-qint64 GrdeclFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                           Findings& findings, kpBase::AbstractProgress* progress)
-{
-    const ModelObject& object = *file.objects.front();
-    noteMissingAttributes(file.objects, selection, findings);
-    noteUnit(object, grdeclUnit(object, m_settings, file.path), findings);
-    BlockWriter out(path, file.path);
-    GrdeclWriter writer(out, object, m_settings, file.path, findings);
-    if (writer.write(selection, progress))
-        out.close();
-    return static_cast<qint64>(object.cells->columns) * object.cells->rows * object.cells->layers;
-}
-
-Verification GrdeclFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
-{
-    Verification verification;
-    verification.reader = QStringLiteral("the program's GRDECL reader");
-    const ModelObject& object = *file.objects.front();
-    Model model;
-    try {
-        readGrdecl(model, path, LoadOptions());
-        const CellGrid& read = *model.objects().front().cells;
-        const CellGrid& expected = *object.cells;
-        if (read.columns != expected.columns || read.rows != expected.rows || read.layers != expected.layers) {
-            verification.fault =
-                QStringLiteral("it has %1 x %2 x %3 cells").arg(read.columns).arg(read.rows).arg(read.layers);
-            return verification;
-        }
-        verification.count = static_cast<qint64>(read.columns) * read.rows * read.layers;
-        const double factor = unitFactor(object.lengthUnit, grdeclUnit(object, m_settings, file.path));
-        compareLengths(read.coord, expected.coord, factor, "COORD", verification);
-        if (verification.fault.isEmpty())
-            compareLengths(read.zcorn, expected.zcorn, factor, "ZCORN", verification);
-        if (verification.fault.isEmpty())
-            verification.fault = compareActive(read, expected);
-        Findings ignored;
-        if (verification.fault.isEmpty())
-            verification.fault = compareProperties(read, cellColumns(object, selection, ignored),
-                                                   static_cast<int>(verification.count), m_settings.nullValue);
-    } catch (const std::exception& error) {
-        verification.fault = QString::fromUtf8(error.what());
-    }
-    return verification;
+    return std::make_unique<GrdeclFile>(file, selection, settings.as<GrdeclExportSettings>(), findings);
 }
 
 } // namespace kpFormats

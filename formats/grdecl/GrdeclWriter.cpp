@@ -84,17 +84,15 @@ void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Fin
 }
 
 GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings,
-                           const QString& file, Findings& findings)
+                           OutputUnit unit, Findings& findings)
     : m_out(out)
     , m_object(object)
     , m_grid(*object.cells)
     , m_settings(settings)
-    , m_file(file)
     , m_findings(findings)
-    , m_unit(grdeclUnit(object, settings, file))
+    , m_unit(unit)
     , m_factor(unitFactor(object.lengthUnit, m_unit))
 {
-    noteCornersWithoutDepth(object, file, findings);
     m_cells = m_grid.zcorn.size() / 8;
     if (settings.origin == GrdeclExportSettings::Origin::Local) {
         m_originX = m_grid.coord[0] * m_factor;
@@ -102,9 +100,8 @@ GrdeclWriter::GrdeclWriter(BlockWriter& out, const ModelObject& object, const Gr
     }
 }
 
-bool GrdeclWriter::write(const ExportSelection& selection, kpBase::AbstractProgress* progress)
+bool GrdeclWriter::write(const std::vector<NumberColumn>& columns, kpBase::AbstractProgress* progress)
 {
-    const std::vector<NumberColumn> columns = cellColumns(m_object, selection, m_findings);
     const std::size_t numbers = m_grid.coord.size() + m_grid.zcorn.size() + m_cells * (1 + columns.size());
     ProgressTicker loop(progress, static_cast<double>(numbers));
     writeHead();

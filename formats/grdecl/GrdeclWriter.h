@@ -2,8 +2,8 @@
 #pragma once
 
 #include "export/BlockWriter.h"
-#include "export/ExportSelection.h"
 #include "export/Findings.h"
+#include "export/NumberColumns.h"
 #include "formats/grdecl/GrdeclExportSettings.h"
 #include "formats/grdecl/GrdeclRecord.h"
 #include "model/ProgressTicker.h"
@@ -22,26 +22,26 @@ void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Fin
 class GrdeclWriter
 {
 public:
-    /// \a file names the output in messages. \throws ExportError when the grid has no complete geometry
-    GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings, const QString& file,
+    /// The geometry of the object's grid is complete.
+    GrdeclWriter(BlockWriter& out, const ModelObject& object, const GrdeclExportSettings& settings, OutputUnit unit,
                  Findings& findings);
 
+    /// \a columns are properties that are written behind the geometry.
     /// Stops early when the user cancels: then it returns false. \throws ExportError
-    bool write(const ExportSelection& selection, kpBase::AbstractProgress* progress);
+    bool write(const std::vector<NumberColumn>& columns, kpBase::AbstractProgress* progress);
 
 private:
     void writeHead();
     bool writeCoordinates(ProgressTicker& progress);
     bool writeDepths(ProgressTicker& progress);
     bool writeActive(ProgressTicker& progress);
-    bool writeProperty(const class NumberColumn& column, const QString& keyword, ProgressTicker& progress);
+    bool writeProperty(const NumberColumn& column, const QString& keyword, ProgressTicker& progress);
     bool isActive(std::size_t cell) const { return m_grid.active.empty() || m_grid.active[cell] != 0; }
 
     BlockWriter& m_out;
     const ModelObject& m_object;
     const CellGrid& m_grid;
     const GrdeclExportSettings& m_settings;
-    QString m_file;
     Findings& m_findings;
     OutputUnit m_unit;
     double m_factor;

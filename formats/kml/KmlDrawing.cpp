@@ -5,7 +5,6 @@
 
 #include "export/AttributeTable.h"
 #include "formats/kml/KmlDocumentWriter.h"
-#include "formats/kml/KmlLosses.h"
 #include "formats/kml/KmlPlacemark.h"
 #include "geo/CoordinateSystems.h"
 #include "model/OutputUnit.h"
@@ -26,10 +25,11 @@ constexpr int pointsAtOnce = 1024;
 
 } // namespace
 
-KmlDrawing::KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture,
-                       ProgressTicker& ticker, Findings& findings)
+KmlDrawing::KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, const QSet<const ModelObject*>& undrawable,
+                       KeepPicture keepPicture, ProgressTicker& ticker, Findings& findings)
     : m_sink(sink)
     , m_settings(settings)
+    , m_undrawable(undrawable)
     , m_keepPicture(std::move(keepPicture))
     , m_ticker(ticker)
     , m_findings(findings)
@@ -159,7 +159,6 @@ void KmlDrawing::drawLines(const ModelObject& object)
     placemark.close();
     m_findings.note(finding::shortLine, object.name, tooShort, object.name);
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawPolygons(const ModelObject& object)
@@ -203,7 +202,6 @@ void KmlDrawing::drawPolygons(const ModelObject& object)
     m_findings.note(finding::shortRing, object.name, tooShort, object.name);
     m_findings.note(finding::ringClosed, object.name, closed, QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawPoints(const ModelObject& object)
@@ -239,8 +237,6 @@ void KmlDrawing::drawPoints(const ModelObject& object)
     }
     m_findings.note(finding::positionLeftOut, object.name, leftOut,
                     QStringLiteral("vertex %1 has no height or no place on the earth").arg(firstLeftOut));
-    if (count == 0)
-        m_findings.note(finding::objectLeftOut, object.name, 1, QStringLiteral("nothing of it can be drawn"));
 }
 
 /// A pin at the collar and, below it, the path.
@@ -263,7 +259,6 @@ void KmlDrawing::drawWell(const ModelObject& object)
     m_ticker.step(object.vertexCount());
     placemark.close();
     noteLeftOut(object, reader);
-    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 } // namespace kpFormats

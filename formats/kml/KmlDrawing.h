@@ -8,6 +8,7 @@
 #include "model/ProgressTicker.h"
 
 #include <QImage>
+#include <QSet>
 
 #include <functional>
 
@@ -22,9 +23,9 @@ public:
     /// Keeps a picture and tells under which name the document finds it.
     using KeepPicture = std::function<QString(const QImage&)>;
 
-    /// Everything given outlives the drawing. Objects without coordinate system are taken to be in that of the settings.
-    KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, KeepPicture keepPicture, ProgressTicker& ticker,
-               Findings& findings);
+    /// Everything given outlives the drawing. Of \a undrawable objects it is known that they draw nothing. Objects without coordinate system are taken to be in that of the settings.
+    KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, const QSet<const ModelObject*>& undrawable,
+               KeepPicture keepPicture, ProgressTicker& ticker, Findings& findings);
 
     /// \returns the number of placemarks and overlays
     qint64 draw(const std::vector<const ModelObject*>& objects, const ExportSelection& selection);
@@ -53,6 +54,7 @@ private:
 
     KmlSink& m_sink;
     const KmlExportSettings& m_settings;
+    const QSet<const ModelObject*>& m_undrawable;
     KeepPicture m_keepPicture;
     ProgressTicker& m_ticker;
     Findings& m_findings;

@@ -4,7 +4,6 @@
 #include "formats/kml/GridPicture.h"
 #include "formats/kml/KmlDrawing.h"
 #include "formats/kml/KmlFindings.h"
-#include "formats/kml/KmlLosses.h"
 #include "formats/kml/KmlPlacemark.h"
 
 #include <algorithm>
@@ -59,7 +58,6 @@ void KmlDrawing::drawMesh(const ModelObject& object)
     placemark.close();
     m_findings.note(kmlFinding::triangleLeftOut, object.name, leftOut,
                     QStringLiteral("a corner has no place on the earth"));
-    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 void KmlDrawing::drawSurface(const ModelObject& object)
@@ -68,8 +66,9 @@ void KmlDrawing::drawSurface(const ModelObject& object)
     if (m_ticker.cancelled())
         return;
     if (!picture) {
-        m_findings.note(finding::objectLeftOut, object.name, 1,
-                        QStringLiteral("no node has a value and a place on the earth"));
+        if (!m_undrawable.contains(&object))
+            m_findings.note(finding::objectLeftOut, object.name, 1,
+                            QStringLiteral("no node has a value and a place on the earth"));
         return;
     }
     const QString heights =
@@ -83,7 +82,6 @@ void KmlDrawing::drawSurface(const ModelObject& object)
     if (picture->coarser)
         m_findings.note(kmlFinding::pictureCoarserThanTheGrid, object.name, 1,
                         QStringLiteral("%1 x %2 pixels").arg(picture->image.width()).arg(picture->image.height()));
-    noteVertexAttributes(object, m_settings, *m_selection, m_findings);
 }
 
 /// The trace and, where heights are written, what is drawn on the section.
@@ -101,9 +99,7 @@ void KmlDrawing::drawSection(const ModelObject& object)
     }
     trace.close();
     noteLeftOut(object, reader);
-    if (!object.section)
-        return;
-    if (noteLinesOnGround(object, m_settings, m_findings))
+    if (!object.section || m_settings.altitudeMode == AltitudeMode::Clamp)
         return;
     for (const SectionSegment& segment : object.section->segments) {
         if (!stopped())

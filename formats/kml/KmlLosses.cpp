@@ -52,14 +52,13 @@ void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& se
     findings.note(kmlFinding::attributeOfVerticesNotDrawn, object.name, lost, QStringLiteral("first %1").arg(first));
 }
 
-bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings)
+void noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings)
 {
     if (settings.altitudeMode != KmlExportSettings::AltitudeMode::Clamp || !section.section)
-        return false;
+        return;
     findings.note(kmlFinding::lineOnASectionLeftOut, section.name,
                   static_cast<qint64>(section.section->segments.size()),
                   QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
-    return true;
 }
 
 } // namespace kpFormats

@@ -13,7 +13,7 @@ QString undrawable(const ModelObject& object);
 /// Notes chosen attributes of vertices, for an object that has a place for attributes of the whole only.
 void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& settings,
                           const ExportSelection& selection, Findings& findings);
-/// Notes the lines on a section where they have no place. \returns whether that is so
-bool noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings);
+/// Notes the lines on a section where they have no place.
+void noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings);
 
 } // namespace kpFormats

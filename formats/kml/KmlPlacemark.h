@@ -34,7 +34,7 @@ public:
     void close()
     {
         if (!m_open) {
-            if (!m_drawing.stopped())
+            if (!m_drawing.stopped() && !m_drawing.m_undrawable.contains(&m_object))
                 m_drawing.m_findings.note(finding::objectLeftOut, m_object.name, 1,
                                           QStringLiteral("nothing of it can be drawn"));
             return;

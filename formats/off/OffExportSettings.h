@@ -11,14 +11,12 @@ namespace kpFormats
 /// How an OFF export looks. There is always one file per object.
 struct OffExportSettings
 {
-    enum class ZPositive { Elevation, Depth };
-
-    QString filePrefix;                         ///< of several files in a directory
-    OutputUnit lengthUnit = OutputUnit::Model;  ///< of coordinates
-    ZPositive zPositive = ZPositive::Elevation; ///< which way z counts
-    int decimals = 4;                           ///< of coordinates
-    bool colours = false;                       ///< the object's colour at each face
-    bool header = true;                         ///< comment lines with name, unit and direction of z
+    QString filePrefix;                        ///< of several files in a directory
+    OutputUnit lengthUnit = OutputUnit::Model; ///< of coordinates
+    bool zIsElevation = true;                  ///< false: z is depth, positive down
+    int decimals = 4;                          ///< of coordinates
+    bool colours = false;                      ///< the object's colour at each face
+    bool header = true;                        ///< comment lines with name, unit and direction of z
 };
 
 } // namespace kpFormats

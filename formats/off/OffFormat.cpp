@@ -1,97 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/off/OffFormat.h"
-#include "export/CommonFindings.h"
 
-#include "export/BlockWriter.h"
-#include "export/ExportError.h"
-#include "export/NumberColumns.h"
-#include "model/ProgressTicker.h"
-#include "model/SurfaceMesh.h"
-#include "readers/OffReader.h"
-#include "writers/FixedNumber.h"
-
-#include <cmath>
+#include "export/CommonSettings.h"
+#include "formats/off/OffFile.h"
 
 namespace kpFormats
 {
-
-namespace
-{
-
-using kpBaseExport::appendFixed;
-
-void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings)
-{
-    text += "OFF\n";
-    if (settings.header) {
-        text += "# " + object.name.simplified().toStdString() + '\n';
-        text += "# unit: " + writtenUnit(object.lengthUnit, settings.lengthUnit).toStdString() + '\n';
-        text += settings.zPositive == OffExportSettings::ZPositive::Elevation ? "# z: elevation, positive up\n"
-                                                                              : "# z: depth, positive down\n";
-    }
-    appendInteger(text, mesh.vertexCount());
-    text += ' ';
-    appendInteger(text, mesh.triangleCount());
-    text += " 0\n";
-}
-
-bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh,
-                   const OffExportSettings& settings, ProgressTicker& progress)
-{
-    const double factor = unitFactor(object.lengthUnit, settings.lengthUnit);
-    const double zFactor = settings.zPositive == OffExportSettings::ZPositive::Elevation ? factor : -factor;
-    std::string& text = out.text();
-    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
-        if (mesh.number(vertex) >= 0) {
-            const auto index = static_cast<std::size_t>(vertex);
-            appendFixed(text, (*object.x)[index] * factor, settings.decimals);
-            text += ' ';
-            appendFixed(text, (*object.y)[index] * factor, settings.decimals);
-            text += ' ';
-            appendFixed(text, (*object.z)[index] * zFactor, settings.decimals);
-            text += '\n';
-            out.check();
-        }
-        if (!progress.next())
-            return false;
-    }
-    return true;
-}
-
-bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings,
-                ProgressTicker& progress)
-{
-    std::string ending = "\n";
-    if (settings.colours && object.color.isValid())
-        ending = QStringLiteral(" %1 %2 %3\n")
-                     .arg(object.color.red())
-                     .arg(object.color.green())
-                     .arg(object.color.blue())
-                     .toStdString();
-    mesh.eachTriangle([&](int a, int b, int c) {
-        std::string& text = out.text();
-        text += '3';
-        for (const int corner : {a, b, c}) {
-            text += ' ';
-            appendInteger(text, corner);
-        }
-        text += ending;
-        out.check();
-        return progress.next();
-    });
-    return !progress.cancelled();
-}
-
-void noteLosses(const ModelObject& object, const SurfaceMesh& mesh, Findings& findings)
-{
-    noteAttributesLeftOut(object, findings);
-    findings.note(finding::vertexWithoutPosition, object.name, mesh.leftOutVertices(),
-                  QStringLiteral("its height or place is missing"));
-    findings.note(finding::triangleWithoutPosition, object.name, mesh.leftOutTriangles(),
-                  QStringLiteral("a corner's height or place is missing"));
-}
-
-} // namespace
 
 FormatInfo OffFormat::info() const
 {
@@ -106,92 +20,28 @@ FormatInfo OffFormat::info() const
     return info;
 }
 
-SettingsMap OffFormat::settings()
+SettingsTable OffFormat::settings() const
 {
-    SettingsMap map;
-    map.addText("filePrefix", m_settings.filePrefix, "begins the names of several files in a directory");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
-                  "unit of coordinates; model keeps each object's own");
-    map.addChoice("zPositive", m_settings.zPositive, {"elevation", "depth"}, "z counts up or down");
-    map.addInteger("decimals", m_settings.decimals, 0, 12, "decimals of coordinates");
-    map.addBoolean("colours", m_settings.colours, "the object's colour at each face");
-    map.addBoolean("header", m_settings.header, "comment lines with name, unit and direction of z");
-    return map;
+    using S = OffExportSettings;
+    SettingsTable table;
+    addFilePrefix(table, &S::filePrefix);
+    addLengthUnit(table, &S::lengthUnit, tr("unit of coordinates; model keeps each object's own"));
+    addElevation(table, &S::zIsElevation);
+    table.addInteger("decimals", &S::decimals, 0, 12, tr("Decimals"), tr("decimals of coordinates"));
+    table.addBoolean("colours", &S::colours, tr("Colours"), tr("the object's colour at each face"));
+    table.addBoolean("header", &S::header, tr("Header"), tr("comment lines with name, unit and direction of z"));
+    return table;
 }
 
-std::vector<PlannedFile> OffFormat::plan(const ExportSelection& selection) const
+std::vector<PlannedFile> OffFormat::files(const ExportSelection& selection, const SettingsValue& settings) const
 {
-    return planOneEach(selection, info().defaultExtension, m_settings.filePrefix);
+    return planOneEach(selection, info().defaultExtension, settings.as<OffExportSettings>().filePrefix);
 }
 
-void OffFormat::foresee(const PlannedFile& file, const ExportSelection&, Findings& findings) const
+std::unique_ptr<PreparedFile> OffFormat::prepare(const PlannedFile& file, const ExportSelection& selection,
+                                                 const SettingsValue& settings, Findings& findings) const
 {
-    const ModelObject& object = *file.objects.front();
-    if (!hasAnyFace(object))
-        throw ExportError(
-            file.path,
-            QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
-            QStringLiteral("choose a surface with values, or export its points as ASCII"));
-    noteAttributesLeftOut(object, findings);
-}
-
-qint64 OffFormat::write(const PlannedFile& file, const QString& path, const ExportSelection&, Findings& findings,
-                        kpBase::AbstractProgress* progress)
-{
-    const ModelObject& object = *file.objects.front();
-    const SurfaceMesh mesh(object);
-    noteLosses(object, mesh, findings);
-    ProgressTicker loop(progress, static_cast<double>(object.vertexCount() + mesh.triangleCount()));
-    BlockWriter out(path, file.path);
-    writeHead(out.text(), object, mesh, m_settings);
-    if (writeVertices(out, object, mesh, m_settings, loop) && writeFaces(out, object, mesh, m_settings, loop))
-        out.close();
-    return mesh.triangleCount();
-}
-
-Verification OffFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection&)
-{
-    Verification verification;
-    verification.reader = QStringLiteral("the program's OFF reader");
-    const ModelObject& object = *file.objects.front();
-    const SurfaceMesh mesh(object);
-    Model model;
-    try {
-        readOff(model, path, LoadOptions());
-    } catch (const std::exception& error) {
-        verification.fault = QString::fromUtf8(error.what());
-        return verification;
-    }
-    const ModelObject& read = model.objects().front();
-    verification.count = static_cast<qint64>(read.triangles.size());
-    if (read.vertexCount() != mesh.vertexCount() || verification.count != mesh.triangleCount()) {
-        verification.fault = QStringLiteral("it has %1 vertices and %2 triangles instead of %3 and %4")
-                                 .arg(read.vertexCount())
-                                 .arg(verification.count)
-                                 .arg(mesh.vertexCount())
-                                 .arg(mesh.triangleCount());
-        return verification;
-    }
-    const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    const double up = m_settings.zPositive == OffExportSettings::ZPositive::Elevation ? 1.0 : -1.0;
-    std::size_t next = 0;
-    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
-        if (!hasPosition(object, vertex))
-            continue;
-        const auto index = static_cast<std::size_t>(vertex);
-        const double dx = (*read.x)[next] / factor - (*object.x)[index];
-        const double dy = (*read.y)[next] / factor - (*object.y)[index];
-        const double dz = up * (*read.z)[next] / factor - (*object.z)[index];
-        verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
-        ++next;
-    }
-    next = 0;
-    mesh.eachTriangle([&](int a, int b, int c) {
-        if (read.triangles[next++] != std::array<int, 3>{a, b, c})
-            verification.fault = QStringLiteral("triangle %1 has other corners").arg(next);
-        return verification.fault.isEmpty();
-    });
-    return verification;
+    return std::make_unique<OffFile>(file, selection, settings.as<OffExportSettings>(), findings);
 }
 
 } // namespace kpFormats

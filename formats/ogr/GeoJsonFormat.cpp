@@ -74,12 +74,14 @@ FormatInfo GeoJsonFormat::info() const
     return info;
 }
 
-SettingsMap GeoJsonFormat::settings()
+SettingsTable GeoJsonFormat::settings() const
 {
-    SettingsMap map = commonSettings();
-    map.addBoolean("rfc7946", m_settings.rfc7946, "longitude and latitude in WGS 84; false writes in crs");
-    map.addInteger("decimals", m_settings.decimals, -1, 15, "decimals of coordinates; -1 for a tenth of a millimetre");
-    return map;
+    SettingsTable table = commonSettings();
+    table.addBoolean("rfc7946", &OgrExportSettings::rfc7946, tr("RFC 7946"),
+                     tr("longitude and latitude in WGS 84; false writes in crs"));
+    table.addInteger("decimals", &OgrExportSettings::decimals, -1, 15, tr("Decimals"),
+                     tr("decimals of coordinates; -1 for a tenth of a millimetre"));
+    return table;
 }
 
 QStringList GeoJsonFormat::extensions() const
@@ -101,10 +103,11 @@ OgrTraits GeoJsonFormat::traits() const
     return traits;
 }
 
-OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection& selection) const
+OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection& selection,
+                                  const OgrExportSettings& settings) const
 {
-    const QString chosen = chosenSystem(file, selection);
-    if (!m_settings.rfc7946)
+    const QString chosen = chosenSystem(file, selection, settings);
+    if (!settings.rfc7946)
         return OgrSystems(chosen, chosen);
     if (chosen.isEmpty()) {
         throw ExportError(file.path, QStringLiteral("the objects have no coordinate system, and GeoJSON is in WGS 84"),
@@ -113,25 +116,27 @@ OgrSystems GeoJsonFormat::systems(const PlannedFile& file, const ExportSelection
     return OgrSystems(wktOf(QStringLiteral("EPSG:4326")), chosen, true);
 }
 
-void GeoJsonFormat::tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
+void GeoJsonFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
                          const kpBase::AbstractProgress*) const
 {
     options.explicitNulls = true;
     const bool degrees = isGeographic(output.systems.target());
-    const int decimals = m_settings.decimals >= 0 ? m_settings.decimals : degrees ? degreeDecimals : lengthDecimals;
-    options.layerOptions.append(m_settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
+    const int decimals = output.settings.decimals >= 0 ? output.settings.decimals
+                         : degrees                     ? degreeDecimals
+                                                       : lengthDecimals;
+    options.layerOptions.append(output.settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
     options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals));
     // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
     options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
         findings.note(ogrFinding::coordinatesRounded, QString(), 1, QStringLiteral("to %1 decimals").arg(decimals));
-    if (!m_settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
+    if (!output.settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
         findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
                       QStringLiteral("%1 has no number; readers will take the file for WGS 84")
                           .arg(crsName(output.systems.target())));
 }
 
-void GeoJsonFormat::check(const Output& output, Findings&) const
+void GeoJsonFormat::check(const OgrOutput& output, Findings&) const
 {
     // Reading it again with GDAL takes as long as writing it; the text tells.
     const Contents contents = contentsOf(output.path);

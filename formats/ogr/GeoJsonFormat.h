@@ -11,18 +11,19 @@ namespace kpFormats
 /// One file per geometry type.
 class KPFORMATS_EXPORT GeoJsonFormat : public OgrFormat
 {
+    Q_DECLARE_TR_FUNCTIONS(kpFormats::GeoJsonFormat)
+
 public:
     FormatInfo info() const override;
-    SettingsMap settings() override;
+    SettingsTable settings() const override;
     QStringList sidecars() const override;
-
-protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
-    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
+    void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
-    OgrSystems systems(const PlannedFile& file, const ExportSelection& selection) const override;
-    void check(const Output& output, Findings& findings) const override;
+    OgrSystems systems(const PlannedFile& file, const ExportSelection& selection,
+                       const OgrExportSettings& settings) const override;
+    void check(const OgrOutput& output, Findings& findings) const override;
 };
 
 } // namespace kpFormats

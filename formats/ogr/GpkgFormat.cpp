@@ -58,11 +58,11 @@ FormatInfo GpkgFormat::info() const
     return info;
 }
 
-SettingsMap GpkgFormat::settings()
+SettingsTable GpkgFormat::settings() const
 {
-    SettingsMap map = commonSettings();
-    map.addBoolean("spatialIndex", m_settings.spatialIndex, "with a spatial index");
-    return map;
+    SettingsTable table = commonSettings();
+    table.addBoolean("spatialIndex", &OgrExportSettings::spatialIndex, tr("Spatial index"), tr("with a spatial index"));
+    return table;
 }
 
 QStringList GpkgFormat::extensions() const
@@ -99,14 +99,14 @@ void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrL
                           QStringLiteral("shorten it to %1 bytes").arg(longestName));
 }
 
-void GpkgFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, Findings&,
+void GpkgFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings&,
                       const kpBase::AbstractProgress*) const
 {
-    if (!m_settings.spatialIndex)
+    if (!output.settings.spatialIndex)
         options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
 }
 
-void GpkgFormat::addStyle(const Output& output, Findings& findings) const
+void GpkgFormat::addStyle(const OgrOutput& output, Findings& findings) const
 {
     const QuietGdal quiet;
     GDALDatasetUniquePtr dataset(GDALDataset::Open(output.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
@@ -114,7 +114,7 @@ void GpkgFormat::addStyle(const Output& output, Findings& findings) const
     bool written = table != nullptr;
     for (int index = 0; written && index < static_cast<int>(output.layers.size()); ++index) {
         const QByteArray style = qgisStyle(output.layers[static_cast<std::size_t>(index)],
-                                           m_settings.attributes && m_settings.color, findings);
+                                           output.settings.attributes && output.settings.color, findings);
         written = style.isEmpty() || addRow(*table, dataset->GetLayer(index)->GetName(), style);
     }
     CPLErrorReset();

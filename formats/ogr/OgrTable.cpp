@@ -247,11 +247,10 @@ std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& 
     return columns;
 }
 
-OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, Findings& findings, const kpBase::AbstractProgress* progress)
+void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings& settings, const OgrTraits& traits,
+                 Findings& findings, const kpBase::AbstractProgress* progress)
 {
-    OgrTable table;
-    table.columns = ogrColumns(layer, selection, settings, traits, findings);
+    table.foreignTexts.clear();
     if (settings.dipInType)
         prepareDips(table);
     qint64 booleans = 0;
@@ -272,7 +271,6 @@ OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const
     }
     table.onlyLatin = table.foreignTexts.isEmpty();
     findings.note(ogrFinding::truthAsNumber, QString(), booleans, QStringLiteral("first in %1").arg(firstBoolean));
-    return table;
 }
 
 QVector<kpBaseExport::OGRAttributeInfo> OgrTable::fields() const

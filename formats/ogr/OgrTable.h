@@ -59,9 +59,10 @@ struct OgrTable
 std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& selection,
                                   const OgrExportSettings& settings, const OgrTraits& traits, Findings& findings);
 
-/// Looks at every value once and notes in \a findings what the fields cannot hold. Of no use when the user cancels.
-OgrTable ogrTable(const OgrLayer& layer, const ExportSelection& selection, const OgrExportSettings& settings,
-                  const OgrTraits& traits, Findings& findings, const kpBase::AbstractProgress* progress);
+/// Fits the columns of a table to their values: looks at every value once and notes in \a findings what the fields
+/// cannot hold. Of no use when the user cancels.
+void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings& settings, const OgrTraits& traits,
+                 Findings& findings, const kpBase::AbstractProgress* progress);
 
 /// \a value as the column holds it; an invalid one for a missing value.
 QVariant writtenValue(const OgrColumn& column, const QVariant& value);

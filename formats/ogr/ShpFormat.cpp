@@ -88,12 +88,12 @@ FormatInfo ShpFormat::info() const
     return info;
 }
 
-SettingsMap ShpFormat::settings()
+SettingsTable ShpFormat::settings() const
 {
-    SettingsMap map = commonSettings();
-    map.addInteger("decimals", m_settings.decimals, -1, 15,
-                   "decimals of real numbers in the table; -1 for as many as they need");
-    return map;
+    SettingsTable table = commonSettings();
+    table.addInteger("decimals", &OgrExportSettings::decimals, -1, 15, tr("Decimals"),
+                     tr("decimals of real numbers in the table; -1 for as many as they need"));
+    return table;
 }
 
 QStringList ShpFormat::extensions() const
@@ -142,7 +142,7 @@ void ShpFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLa
             QStringLiteral("set grouping=object, or export as GeoPackage"));
 }
 
-void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, Findings&,
+void ShpFormat::tune(OgrOutput&, kpBaseExport::OGRExporterOptions& options, Findings&,
                      const kpBase::AbstractProgress*) const
 {
     options.layerOptions.append(QStringLiteral("ENCODING=UTF-8"));
@@ -150,7 +150,7 @@ void ShpFormat::tune(Output&, kpBaseExport::OGRExporterOptions& options, Finding
     options.layerOptions.append(QStringLiteral("DBF_EOF_CHAR=NO"));
 }
 
-void ShpFormat::check(const Output& output, Findings& findings) const
+void ShpFormat::check(const OgrOutput& output, Findings& findings) const
 {
     const QString base = output.path.left(output.path.size() - 4);
     for (const char* extension : {".shp", ".dbf"}) {

@@ -11,18 +11,18 @@ namespace kpFormats
 /// One file per geometry type.
 class KPFORMATS_EXPORT ShpFormat : public OgrFormat
 {
+    Q_DECLARE_TR_FUNCTIONS(kpFormats::ShpFormat)
+
 public:
     FormatInfo info() const override;
-    SettingsMap settings() override;
+    SettingsTable settings() const override;
     QStringList sidecars() const override;
-
-protected:
     OgrTraits traits() const override;
     QStringList extensions() const override;
     void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const override;
-    void tune(Output& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
+    void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
-    void check(const Output& output, Findings& findings) const override;
+    void check(const OgrOutput& output, Findings& findings) const override;
 };
 
 } // namespace kpFormats

@@ -111,11 +111,11 @@ FormatInfo TabFormat::info() const
     return info;
 }
 
-SettingsMap TabFormat::settings()
+SettingsTable TabFormat::settings() const
 {
-    SettingsMap map = commonSettings();
-    map.addBoolean("zField", m_settings.zField, "heights of points in a field z");
-    return map;
+    SettingsTable table = commonSettings();
+    table.addBoolean("zField", &OgrExportSettings::zField, tr("Z field"), tr("heights of points in a field z"));
+    return table;
 }
 
 QStringList TabFormat::extensions() const
@@ -146,10 +146,10 @@ OgrTraits TabFormat::traits() const
     return traits;
 }
 
-void TabFormat::tune(Output& output, OGRExporterOptions& options, Findings& findings,
+void TabFormat::tune(OgrOutput& output, OGRExporterOptions& options, Findings& findings,
                      const kpBase::AbstractProgress* progress) const
 {
-    options.styleByGeometry = m_settings.symbology;
+    options.styleByGeometry = output.settings.symbology;
     Bounds bounds;
     OgrVertices vertices(output.systems);
     qint64 count = 0;
@@ -187,15 +187,15 @@ void TabFormat::tune(Output& output, OGRExporterOptions& options, Findings& find
     }
 }
 
-void TabFormat::addStyle(const Output&, Findings& findings) const
+void TabFormat::addStyle(const OgrOutput& output, Findings& findings) const
 {
     // Pens, brushes and symbols stand in the table itself; the exporter takes them from the field "colorval".
-    if (!m_settings.attributes || !m_settings.color)
+    if (!output.settings.attributes || !output.settings.color)
         findings.note(ogrFinding::colourNotCarried, QString(), 1,
                       QStringLiteral("it is taken from the field colorval; switch attributes and color on"));
 }
 
-void TabFormat::check(const Output& output, Findings& findings) const
+void TabFormat::check(const OgrOutput& output, Findings& findings) const
 {
     const QString base = output.path.left(output.path.size() - 4);
     QFile table(base + QStringLiteral(".dat"));

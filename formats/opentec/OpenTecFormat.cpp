@@ -1,141 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/opentec/OpenTecFormat.h"
-#include "export/CommonFindings.h"
-#include "formats/opentec/OpenTecFindings.h"
 
-#include "core/GeoObject.h"
-#include "export/ExportError.h"
-#include "host/data/DoubleMatrixData.h"
-#include "readers/LoadError.h"
-#include "readers/OpenTecReader.h"
-#include "writers/MatrixDataOpenTecLinkExporter.h"
-
-#include <algorithm>
-#include <cmath>
+#include "export/CommonSettings.h"
+#include "formats/opentec/OpenTecFile.h"
+#include "formats/opentec/SectionNames.h"
 
 namespace kpFormats
 {
-
-namespace
-{
-
-using kpBase::DoubleMatrixData;
-
-/// What is written of a segment: shared with the model where nothing changes.
-struct SectionColumns
-{
-    DoubleMatrixData::Values distance;
-    DoubleMatrixData::Values across;
-    DoubleMatrixData::Values z;
-    qint64 leftOut = 0;
-};
-
-SectionColumns columnsOf(const std::shared_ptr<const CrossSection>& section, const SectionSegment& segment,
-                         double factor)
-{
-    SectionColumns columns;
-    const auto isGood = [&segment](std::size_t row) {
-        return std::isfinite(segment.distance[row]) && std::isfinite(segment.z[row]);
-    };
-    std::vector<double> distance;
-    std::vector<double> z;
-    bool same = factor == 1.0;
-    for (std::size_t row = 0; same && row < segment.z.size(); ++row)
-        same = isGood(row);
-    if (same) {
-        // Kept alive by the section, whose part each is.
-        columns.distance = DoubleMatrixData::Values(section, &segment.distance);
-        columns.z = DoubleMatrixData::Values(section, &segment.z);
-    } else {
-        for (std::size_t row = 0; row < segment.z.size(); ++row) {
-            if (!isGood(row)) {
-                ++columns.leftOut;
-                continue;
-            }
-            distance.push_back(segment.distance[row] * factor);
-            z.push_back(segment.z[row] * factor);
-        }
-        columns.distance = std::make_shared<const std::vector<double>>(std::move(distance));
-        columns.z = std::make_shared<const std::vector<double>>(std::move(z));
-    }
-    columns.across = std::make_shared<const std::vector<double>>(columns.z->size(), 0.0);
-    return columns;
-}
-
-/// A name as part of a line.
-QString oneLine(const QString& name)
-{
-    QString line = name;
-    for (QChar& character : line) {
-        if (character.unicode() < 0x20 || character.unicode() == 0x7f || character.unicode() == 0x85
-            || character.unicode() == 0x2028 || character.unicode() == 0x2029)
-            character = QLatin1Char(' ');
-    }
-    return line;
-}
-
-QString lineNamed(const QString& name, Findings& findings)
-{
-    const QString line = oneLine(name);
-    if (line != name)
-        findings.note(finding::renamed, name, 1, QStringLiteral("a name is one line"));
-    return line;
-}
-
-const ModelObject* findSection(const ExportSelection& selection, const QString& name)
-{
-    const auto found =
-        std::find_if(selection.objects.begin(), selection.objects.end(),
-                     [&name](const ModelObject* object) { return object->section && object->name == name; });
-    return found == selection.objects.end() ? nullptr : *found;
-}
-
-/// The names in a list separated by commas. A section whose own name has commas is found too.
-QStringList namesIn(const QString& list, const ExportSelection& selection)
-{
-    const QStringList parts = list.split(QLatin1Char(','));
-    QStringList names;
-    for (int first = 0; first < parts.size();) {
-        int count = parts.size() - first;
-        const auto joined = [&] { return parts.mid(first, count).join(QLatin1Char(',')).trimmed(); };
-        while (count > 1 && !findSection(selection, joined()))
-            --count;
-        if (!joined().isEmpty())
-            names.append(joined());
-        first += count;
-    }
-    return names;
-}
-
-DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
-{
-    if (factor == 1.0)
-        return numbers;
-    std::vector<double> values = *numbers;
-    for (double& value : values)
-        value *= factor;
-    return std::make_shared<const std::vector<double>>(std::move(values));
-}
-
-/// Compares two lists of numbers; one that is longer differs without end.
-template <std::size_t count>
-void compare(const std::vector<std::array<double, count>>& read,
-             const std::array<DoubleMatrixData::Values, count>& columns, Verification& result)
-{
-    for (std::size_t column = 0; column < count; ++column) {
-        if (columns[column]->size() != read.size())
-            return result.differs(HUGE_VAL);
-        for (std::size_t row = 0; row < read.size(); ++row)
-            result.differs(read[row][column] - (*columns[column])[row]);
-    }
-}
-
-DoubleMatrixData::Values negated(const DoubleMatrixData::Values& values)
-{
-    return scaled(values, -1.0);
-}
-
-} // namespace
 
 FormatInfo OpenTecFormat::info() const
 {
@@ -150,161 +21,38 @@ FormatInfo OpenTecFormat::info() const
     return info;
 }
 
-SettingsMap OpenTecFormat::settings()
+SettingsTable OpenTecFormat::settings() const
 {
-    SettingsMap map;
-    map.addText("sections", m_settings.sections,
-                "names of the sections to write, separated by commas; empty writes all");
-    map.addText("traceLine", m_settings.traceLine,
-                "section whose trace gives the positions on the map; empty is each its own");
-    map.addReal("age", m_settings.age, -1e6, 1e6, "age of the sections");
-    map.addInteger("decimals", m_settings.decimals, 0, 17, "decimals of every number");
-    map.addChoice("lengthUnit", m_settings.lengthUnit, outputUnitKeys(),
-                  "unit of the coordinates; the format is made for m");
-    return map;
+    using S = OpenTecExportSettings;
+    SettingsTable table;
+    table.addText("sections", &S::sections, tr("Sections"),
+                  tr("names of the sections to write, separated by commas; empty writes all"));
+    table.addText("traceLine", &S::traceLine, tr("Trace line"),
+                  tr("section whose trace gives the positions on the map; empty is each its own"));
+    table.addReal("age", &S::age, -1e6, 1e6, tr("Age"), tr("age of the sections"));
+    table.addInteger("decimals", &S::decimals, 0, 17, tr("Decimals"), tr("decimals of every number"));
+    addLengthUnit(table, &S::lengthUnit, tr("unit of the coordinates; the format is made for m"));
+    return table;
 }
 
-std::vector<const ModelObject*> OpenTecFormat::chosen(const ExportSelection& selection) const
+std::vector<PlannedFile> OpenTecFormat::files(const ExportSelection& selection, const SettingsValue& settings) const
 {
-    const QStringList names = namesIn(m_settings.sections, selection);
-    std::vector<const ModelObject*> sections;
+    const QStringList names = sectionNamesIn(settings.as<OpenTecExportSettings>().sections, selection);
+    ExportSelection sections = selection;
+    sections.objects.clear();
     for (const ModelObject* object : selection.objects) {
         if (names.isEmpty() || names.contains(object->name))
-            sections.push_back(object);
+            sections.objects.push_back(object);
     }
-    return sections;
-}
-
-std::vector<PlannedFile> OpenTecFormat::plan(const ExportSelection& selection) const
-{
-    ExportSelection sections = selection;
-    sections.objects = chosen(selection);
     // A file holds one section.
     return planFiles(sections, sections.objects.size() > 1 ? FileGrouping::Object : FileGrouping::Single,
                      QStringLiteral("otl"));
 }
 
-void OpenTecFormat::requireNames(const PlannedFile& file, const ExportSelection& selection) const
+std::unique_ptr<PreparedFile> OpenTecFormat::prepare(const PlannedFile& file, const ExportSelection& selection,
+                                                     const SettingsValue& settings, Findings& findings) const
 {
-    QStringList wanted = namesIn(m_settings.sections, selection);
-    if (!m_settings.traceLine.isEmpty())
-        wanted.append(m_settings.traceLine);
-    for (const QString& name : qAsConst(wanted)) {
-        if (findSection(selection, name))
-            continue;
-        QStringList known;
-        for (const ModelObject* object : selection.objects)
-            known.append(object->name);
-        throw ExportError(file.path, QStringLiteral("there is no section \"%1\" among those chosen").arg(name),
-                          QStringLiteral("there are: %1").arg(known.join(QStringLiteral(", "))));
-    }
-    if (file.objects.empty())
-        throw ExportError(file.path, QStringLiteral("there is no section to write"), QStringLiteral("choose one"));
-}
-
-const ModelObject& OpenTecFormat::traceOf(const ModelObject& section, const ExportSelection& selection) const
-{
-    return m_settings.traceLine.isEmpty() ? section : *findSection(selection, m_settings.traceLine);
-}
-
-void OpenTecFormat::noteForm(const ModelObject& object, Findings& findings) const
-{
-    if (object.section->segments.empty())
-        findings.note(opentecFinding::sectionWithoutLines, object.name, 1,
-                      QStringLiteral("the file holds its trace only"));
-    const QString unit = writtenUnit(object.lengthUnit, m_settings.lengthUnit);
-    if (unit != QLatin1String("m"))
-        findings.note(opentecFinding::unitNotStated, object.name, 1,
-                      QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
-}
-
-void OpenTecFormat::foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const
-{
-    requireNames(file, selection);
-    const ModelObject& object = *file.objects.front();
-    if (!object.section)
-        throw ExportError(file.path, QStringLiteral("the section %1 has nothing drawn on it").arg(object.name),
-                          QStringLiteral("choose a section that the model file cuts"));
-    noteForm(object, findings);
-}
-
-qint64 OpenTecFormat::write(const PlannedFile& file, const QString& path, const ExportSelection& selection,
-                            Findings& findings, kpBase::AbstractProgress* progress)
-{
-    requireNames(file, selection);
-    const ModelObject& object = *file.objects.front();
-    const ModelObject& trace = traceOf(object, selection);
-    const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    const double traceFactor = unitFactor(trace.lengthUnit, m_settings.lengthUnit);
-
-    kpBaseExport::MatrixDataOpenTecLinkExporter writer(path, progress);
-    writer.useTruePath = true;
-    writer.precision = m_settings.decimals;
-    writer.sectionName = lineNamed(object.name, findings);
-    writer.sectionAge = m_settings.age;
-    writer.sectionPositions = new DoubleMatrixData(
-        trace.name, {{scaled(trace.x, traceFactor), nullptr}, {scaled(trace.y, traceFactor), nullptr}});
-    qint64 points = 0;
-    for (const SectionSegment& segment : object.section->segments) {
-        const SectionColumns columns = columnsOf(object.section, segment, factor);
-        auto matrix = std::make_unique<DoubleMatrixData>(
-            lineNamed(segment.name, findings), std::vector<DoubleMatrixData::Column>{{columns.distance, nullptr},
-                                                                                     {columns.across, nullptr},
-                                                                                     {columns.z, nullptr}});
-        matrix->setColor(segment.color.name());
-        matrix->setGeoType(typeName(segment.type));
-        writer.geoObject()->sectionData().push_back(matrix.release());
-        points += static_cast<qint64>(columns.z->size());
-        findings.note(finding::positionLeftOut, object.name, columns.leftOut,
-                      QStringLiteral("on the line of %1").arg(segment.name));
-    }
-    noteForm(object, findings);
-    if (!writer.fileOpen())
-        throw ExportError(file.path, QStringLiteral("the file could not be opened for writing"),
-                          QStringLiteral("check the directory's permissions and the disk"));
-    writer.write();
-    writer.fileClose();
-    if (writer.writeFailed())
-        throw ExportError(file.path, QStringLiteral("the file could not be written completely"),
-                          QStringLiteral("make room on the disk or choose another"));
-    return points > 0 ? points : trace.vertexCount();
-}
-
-Verification OpenTecFormat::verify(const PlannedFile& file, const QString& path, const ExportSelection& selection)
-{
-    Verification result;
-    result.reader = QStringLiteral("OpenTecLink reader");
-    try {
-        requireNames(file, selection);
-        const ModelObject& object = *file.objects.front();
-        const ModelObject& trace = traceOf(object, selection);
-        const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-        const double traceFactor = unitFactor(trace.lengthUnit, m_settings.lengthUnit);
-        const OpenTecSection read = readOpenTec(path);
-        const std::vector<SectionSegment>& segments = object.section->segments;
-        if ((!segments.empty() && read.name != oneLine(object.name)) || read.segments.size() != segments.size()) {
-            result.fault = QStringLiteral("section %1 with %2 lines was read as %3 with %4")
-                               .arg(object.name, QString::number(segments.size()), read.name,
-                                    QString::number(read.segments.size()));
-            return result;
-        }
-        compare<2>(read.trace, {scaled(trace.x, traceFactor), scaled(trace.y, traceFactor)}, result);
-        for (std::size_t index = 0; index < segments.size(); ++index) {
-            const SectionColumns columns = columnsOf(object.section, segments[index], factor);
-            const OpenTecSection::Segment& line = read.segments[index];
-            if (line.name != oneLine(segments[index].name) || line.color != segments[index].color.name()
-                || line.type != typeName(segments[index].type))
-                result.fault = QStringLiteral("line %1 was read as %2").arg(segments[index].name, line.name);
-            compare<3>(line.points, {columns.distance, columns.across, negated(columns.z)}, result);
-            result.count += static_cast<qint64>(line.points.size());
-        }
-        // Half of the last decimal, and what a double of seven digits cannot tell apart.
-        if (!(result.worstError <= 0.5 * std::pow(10.0, -m_settings.decimals) + 1e-8))
-            result.fault = QStringLiteral("a number is %1 off").arg(result.worstError);
-    } catch (const std::exception& error) {
-        result.fault = QString::fromUtf8(error.what());
-    }
-    return result;
+    return std::make_unique<OpenTecFile>(file, selection, settings.as<OpenTecExportSettings>(), findings);
 }
 
 } // namespace kpFormats

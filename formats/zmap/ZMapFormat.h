@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/ExportFormat.h"
-#include "formats/zmap/ZMapExportSettings.h"
+#include "export/Format.h"
 #include "model/kpFormatsExport.h"
+
+#include <QCoreApplication>
 
 namespace kpFormats
 {
@@ -12,19 +13,16 @@ namespace kpFormats
 /// parallel to the coordinates'; a rotated grid is refused.
 /// The format: http://lists.osgeo.org/pipermail/gdal-dev/2011-June/029173.html; how GDAL takes the header's limits:
 /// https://gdal.org/drivers/raster/zmap.html
-class KPFORMATS_EXPORT ZMapFormat : public ExportFormat
+class KPFORMATS_EXPORT ZMapFormat : public Format
 {
+    Q_DECLARE_TR_FUNCTIONS(kpFormats::ZMapFormat)
+
 public:
     FormatInfo info() const override;
-    SettingsMap settings() override;
-    std::vector<PlannedFile> plan(const ExportSelection& selection) const override;
-    void foresee(const PlannedFile& file, const ExportSelection& selection, Findings& findings) const override;
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings& findings,
-                 kpBase::AbstractProgress* progress) override;
-    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection& selection) override;
-
-private:
-    ZMapExportSettings m_settings;
+    SettingsTable settings() const override;
+    std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const override;
+    std::unique_ptr<PreparedFile> prepare(const PlannedFile& file, const ExportSelection& selection,
+                                          const SettingsValue& settings, Findings& findings) const override;
 };
 
 } // namespace kpFormats

@@ -305,7 +305,7 @@ void JobsTest::shapefileTooLarge()
     selection.path = folder.filePath(QStringLiteral("o.shp"));
     for (const int objects : {90, 100}) { // of 44 bytes for each vertex
         selection.objects.assign(static_cast<std::size_t>(objects), &cloud);
-        const ExportPlan plan = makePlan(*format, selection, format->plan(selection));
+        const ExportPlan plan = planOf(PreparedExport(*format, selection, format->defaults()));
         QCOMPARE(plan.refused(), objects == 100 ? 1 : 0);
         QCOMPARE(plan.foreseen.files().front().error.contains(QStringLiteral("4 GB, and this one would have 4400 MB")),
                  objects == 100);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a run does with objects that cannot be written and with files that come out wrong.
+#include "export/CommonFindings.h"
+#include "export/CommonSettings.h"
 #include "export/ExportPlan.h"
 #include "export/ObjectError.h"
 #include "tests/support/SaverRun.h"
@@ -19,24 +21,21 @@ ModelObject points(const char* name, int id)
 }
 
 /// Writes the objects' names, one a line, and a sidecar with their number; refuses objects named "bad".
-class NameFormat : public ExportFormat
+class NameFile : public PreparedFile
 {
 public:
-    FormatInfo info() const override
+    NameFile(const PlannedFile& planned, const ExportSelection& selected, QString madeUpFault)
+        : PreparedFile(planned, selected)
+        , m_fault(std::move(madeUpFault))
     {
-        return {QStringLiteral("names"), QStringLiteral("Names"), {}, QStringLiteral("nam"), {}, {}};
     }
-    SettingsMap settings() override { return {}; }
+
     QStringList sidecars() const override { return {QStringLiteral("num")}; }
-    std::vector<PlannedFile> plan(const ExportSelection& selection) const override
-    {
-        return planFiles(selection, grouping, QStringLiteral("nam"));
-    }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection&, Findings&,
-                 kpBase::AbstractProgress*) override
+    qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress*) override
     {
         QByteArray names;
-        for (const ModelObject* object : file.objects) {
+        for (const ModelObject* object : file().objects) {
+            findings.note(finding::renamed, object->name, 1, QString());
             if (object->name == QLatin1String("bad"))
                 throw ObjectError(*object, QStringLiteral("it is bad"), QStringLiteral("mend it"));
             names += object->name.toUtf8() + '\n';
@@ -44,19 +43,54 @@ public:
         writeFile(path, names);
         writeFile(QFileInfo(path).absolutePath() + QLatin1Char('/') + QFileInfo(path).completeBaseName()
                       + QStringLiteral(".num"),
-                  QByteArray::number(static_cast<int>(file.objects.size())));
-        return static_cast<qint64>(file.objects.size());
+                  QByteArray::number(static_cast<int>(file().objects.size())));
+        return static_cast<qint64>(file().objects.size());
     }
-    Verification verify(const PlannedFile& file, const QString& path, const ExportSelection&) override
+    Verification verify(const QString& path) const override
     {
-        Verification found{QStringLiteral("line count"), contentOf(path).count('\n'), 0.0, fault};
-        if (found.count != static_cast<qint64>(file.objects.size()))
+        Verification found{QStringLiteral("line count"), contentOf(path).count('\n'), 0.0, m_fault};
+        if (found.count != static_cast<qint64>(file().objects.size()))
             found.fault = QStringLiteral("another number of lines");
         return found;
     }
 
+private:
+    QString m_fault;
+};
+
+struct NameSettings
+{
     FileGrouping grouping = FileGrouping::Single;
     QString fault;
+};
+
+/// The names of its objects, one in a line, and their number beside it.
+class NameFormat : public Format
+{
+public:
+    FormatInfo info() const override
+    {
+        FormatInfo info;
+        info.key = QStringLiteral("names");
+        info.displayName = QStringLiteral("Names");
+        return info;
+    }
+    SettingsTable settings() const override
+    {
+        SettingsTable table;
+        addGrouping(table, &NameSettings::grouping);
+        table.addText("fault", &NameSettings::fault, QString(), QString());
+        return table;
+    }
+    std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const override
+    {
+        return planFiles(selection, settings.as<NameSettings>().grouping, QStringLiteral("nam"));
+    }
+    std::unique_ptr<PreparedFile> prepare(const PlannedFile& file, const ExportSelection& selection,
+                                          const SettingsValue& settings, Findings&) const override
+    {
+        return std::make_unique<NameFile>(file, selection, settings.as<NameSettings>().fault);
+    }
 };
 
 } // namespace
@@ -78,12 +112,14 @@ private:
     bool run(const std::vector<const ModelObject*>& objects)
     {
         m_selection.objects = objects;
-        m_report = ExportReport();
-        return runExport(m_format, m_selection, m_format.plan(m_selection), nullptr, m_report);
+        PreparedExport prepared(m_format, m_selection, m_settings);
+        m_report = runExport(prepared, nullptr);
+        return !m_report.anyFailed();
     }
     const FileOutcome& outcome() const { return m_report.files().front(); }
 
-    NameFormat m_format;
+    const NameFormat m_format;
+    SettingsValue m_settings{m_format.settings()};
     ExportSelection m_selection;
     ExportReport m_report;
     ModelObject m_one = points("one", 1);
@@ -94,7 +130,7 @@ private:
 void RunTest::init()
 {
     emptyFolder();
-    m_format = NameFormat();
+    m_settings = m_format.defaults();
     m_selection = ExportSelection();
     m_selection.path = path("out.nam");
 }
@@ -111,6 +147,9 @@ void RunTest::badObjectsAreLeftOut()
     QCOMPARE(outcome().failedObjects.size(), std::size_t(2));
     QCOMPARE(outcome().failedObjects[0].name, QStringLiteral("torn"));
     QCOMPARE(outcome().failedObjects[1].reason, QStringLiteral("it is bad (mend it)"));
+    // What was found on the way to a file that was given up is not told twice.
+    QCOMPARE(m_report.findings.all().size(), std::size_t(2));
+    QCOMPARE(m_report.findings.all().front().count, qint64(1));
     const QJsonValue file = m_report.toJson(QStringLiteral("names")).value(QStringLiteral("files"))[0];
     QCOMPARE(file[QStringLiteral("failedObjects")].toArray().size(), 2);
 }
@@ -182,7 +221,7 @@ void RunTest::verification()
     QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
 
     // What does not agree never replaces an earlier file.
-    m_format.fault = QStringLiteral("a line differs");
+    m_settings.as<NameSettings>().fault = QStringLiteral("a line differs");
     QVERIFY(!run({&m_two}));
     QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
     QVERIFY(outcome().error.contains(QStringLiteral("read again by line count it differs: a line differs")));
@@ -190,11 +229,11 @@ void RunTest::verification()
 
 void RunTest::plan()
 {
-    m_format.grouping = FileGrouping::Object;
+    m_settings.as<NameSettings>().grouping = FileGrouping::Object;
     m_selection.objects = {&m_one, &m_two, &m_two};
     write("out_two_2.nam", "");
     write("out_two_2.num", "");
-    const ExportPlan plan = makePlan(m_format, m_selection, m_format.plan(m_selection));
+    const ExportPlan plan = planOf(PreparedExport(m_format, m_selection, m_settings));
     QStringList lines;
     for (const ExportPlan::Output& output : plan.outputs) {
         lines.append(QStringLiteral("%1 %2 %3 %4 %5")

@@ -149,9 +149,9 @@ void AsciiPageTest::initTestCase()
 void AsciiPageTest::init()
 {
     QSettings().clear();
-    // The format's struct lives as long as the program.
-    AsciiFormat fresh;
-    copySettings(fresh, *m_context->format("ascii"));
+    // The settings live as long as the program.
+    FormatSetup& ascii = *m_context->formats.find("ascii");
+    ascii.settings = ascii.format->defaults();
 }
 
 void AsciiPageTest::cleanup()
@@ -209,7 +209,8 @@ void AsciiPageTest::fromTheMouseToTheFile()
     QVERIFY2(QString::fromUtf8(bytes).startsWith(preview), qPrintable(preview));
 
     // The layout as the user saved it, and as the format keeps it for a later run.
-    QVERIFY(m_context->format("ascii")->saveLayout(path("kept.klf")));
+    const FormatSetup& ascii = *m_context->formats.find("ascii");
+    writeFile(path("kept.klf"), ascii.format->layoutBytes(ascii.settings));
     for (const char* layout : {"contacts.klf", "kept.klf"}) {
         QProcess program;
         program.start(QStringLiteral(KP_PROGRAM),
@@ -228,7 +229,7 @@ void AsciiPageTest::fromTheMouseToTheFile()
 
 void AsciiPageTest::everythingIsLaidOutAtFirst()
 {
-    for (const ObjectType type : m_context->format("ascii")->info().types) {
+    for (const ObjectType type : m_context->formats.find("ascii")->format->info().types) {
         ModelObject object = points("one", {1}, {2}, {3});
         object.type = type;
         object.objectAttributes.push_back({QStringLiteral("Facies:sand"), AttributeKind::Integer, {}, 4});
@@ -267,7 +268,7 @@ void AsciiPageTest::previewIsTheFile()
     QVERIFY2(shown.size() > 300 && written.startsWith(shown),
              qPrintable(shown + QStringLiteral("\n--\n") + written.left(shown.size())));
     for (const QString& setting : settings.split(QLatin1Char(' ')))
-        QCOMPARE(m_context->format("ascii")->settings().find(setting.section(QLatin1Char('='), 0, 0))->get(),
+        QCOMPARE(m_context->formats.find("ascii")->settings.get(setting.section(QLatin1Char('='), 0, 0)),
                  setting.section(QLatin1Char('='), 1));
 }
 

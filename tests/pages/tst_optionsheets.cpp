@@ -22,8 +22,42 @@ using namespace refhost;
 namespace
 {
 
-/// A format whose files hold its settings, the objects and the attributes of the run.
-class EchoFormat : public ExportFormat
+/// The values of an echo, by name.
+struct EchoSettings
+{
+    QMap<QString, QString> values;
+};
+
+/// A file that holds the settings, the objects and the attributes of its export.
+class EchoFile : public PreparedFile
+{
+public:
+    EchoFile(const PlannedFile& planned, const ExportSelection& selected, SettingsValue settings)
+        : PreparedFile(planned, selected)
+        , m_settings(std::move(settings))
+    {
+    }
+
+    qint64 write(const QString& path, Findings&, kpBase::AbstractProgress*) override
+    {
+        QStringList lines;
+        for (const Setting& setting : m_settings.settings())
+            lines.append(setting.key + QLatin1Char('=') + m_settings.get(setting));
+        QStringList objects;
+        for (const ModelObject* object : file().objects)
+            objects.append(object->name);
+        lines.append(QStringLiteral("objects=") + objects.join(QLatin1Char(',')));
+        const QStringList attributes = selection().attributes.value_or(QStringList{QStringLiteral("all")});
+        lines.append(QStringLiteral("attributes=") + attributes.join(QLatin1Char(',')));
+        writeFile(path, lines.join(QLatin1Char(' ')).toUtf8());
+        return static_cast<qint64>(file().objects.size());
+    }
+
+private:
+    SettingsValue m_settings;
+};
+
+class EchoFormat : public Format
 {
 public:
     /// \a settings: "key=first|second" for a choice, "key=true" or "key=false", "key=" for a text; a blank between.
@@ -36,57 +70,52 @@ public:
         m_info.patterns = QStringLiteral("*.txt");
         m_info.types = allObjectTypes();
         m_info.supportsAttributes = attributes;
-        for (const QString& setting : QString::fromLatin1(settings).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-            const QByteArray name = setting.section(QLatin1Char('='), 0, 0).toLatin1();
-            const QStringList values = setting.section(QLatin1Char('='), 1).split(QLatin1Char('|'));
-            if (values.size() > 1)
-                m_map.addChoice(name.constData(), m_numbers.emplace_back(0), values, "one of several");
-            else if (values.front().isEmpty())
-                m_map.addText(name.constData(), m_texts.emplace_back(), "a text");
-            else
-                m_map.addBoolean(name.constData(), m_flags.emplace_back(values.front() == QLatin1String("true")),
-                                 "yes or no");
+        for (const QString& text : QString::fromLatin1(settings).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            const QString name = text.section(QLatin1Char('='), 0, 0);
+            const QStringList values = text.section(QLatin1Char('='), 1).split(QLatin1Char('|'));
+            const Setting::Kind kind = values.size() > 1          ? Setting::Choice
+                                       : values.front().isEmpty() ? Setting::Text
+                                                                  : Setting::Boolean;
+            Setting& setting = m_table.add<EchoSettings>(name.toLatin1().constData(), name, QString(), kind);
+            for (const QString& value : kind == Setting::Choice ? values : QStringList())
+                setting.choices.push_back({value, value});
+            setting.read = [name, usual = values.front()](const std::any& echo) {
+                return std::any_cast<const EchoSettings&>(echo).values.value(name, usual);
+            };
+            setting.write = [name](std::any& echo, const QString& value) {
+                std::any_cast<EchoSettings&>(echo).values[name] = value;
+            };
         }
     }
 
     FormatInfo info() const override { return m_info; }
-    SettingsMap settings() override { return m_map; }
-    std::vector<PlannedFile> plan(const ExportSelection& selection) const override
+    SettingsTable settings() const override { return m_table; }
+    std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const override
     {
-        const Setting* grouping = m_map.find(QStringLiteral("grouping"));
-        const Setting* prefix = m_map.find(QStringLiteral("filePrefix"));
-        const FileGrouping kind = !grouping || grouping->get() == QLatin1String("single") ? FileGrouping::Single
-                                  : grouping->get() == QLatin1String("set")               ? FileGrouping::Set
-                                                                                          : FileGrouping::Object;
-        return planFiles(selection, kind, m_info.defaultExtension, prefix ? prefix->get() : QString());
+        const auto valueOf = [&settings](const char* key) {
+            const Setting* setting = settings.find(QString::fromLatin1(key));
+            return setting ? settings.get(*setting) : QString();
+        };
+        const QString grouping = valueOf("grouping");
+        const FileGrouping kind = grouping == QLatin1String("set")      ? FileGrouping::Set
+                                  : grouping == QLatin1String("object") ? FileGrouping::Object
+                                                                        : FileGrouping::Single;
+        return planFiles(selection, kind, m_info.defaultExtension, valueOf("filePrefix"));
     }
-    qint64 write(const PlannedFile& file, const QString& path, const ExportSelection& selection, Findings&,
-                 kpBase::AbstractProgress*) override
+    std::unique_ptr<PreparedFile> prepare(const PlannedFile& file, const ExportSelection& selection,
+                                          const SettingsValue& settings, Findings&) const override
     {
-        QStringList lines;
-        for (const Setting& setting : m_map.settings())
-            lines.append(setting.key + QLatin1Char('=') + setting.get());
-        QStringList objects;
-        for (const ModelObject* object : file.objects)
-            objects.append(object->name);
-        lines.append(QStringLiteral("objects=") + objects.join(QLatin1Char(',')));
-        const QStringList attributes = selection.attributes.value_or(QStringList{QStringLiteral("all")});
-        lines.append(QStringLiteral("attributes=") + attributes.join(QLatin1Char(',')));
-        writeFile(path, lines.join(QLatin1Char(' ')).toUtf8());
-        return static_cast<qint64>(file.objects.size());
+        return std::make_unique<EchoFile>(file, selection, settings);
     }
 
 private:
     FormatInfo m_info;
-    std::deque<int> m_numbers; // a deque keeps its elements where they are
-    std::deque<QString> m_texts;
-    std::deque<bool> m_flags;
-    SettingsMap m_map;
+    SettingsTable m_table;
 };
 
-std::vector<std::unique_ptr<ExportFormat>> echoFormats()
+Formats echoFormats()
 {
-    std::vector<std::unique_ptr<ExportFormat>> formats;
+    Formats formats;
     const auto add = [&formats](const char* key, bool attributes, const char* settings) {
         formats.push_back(std::make_unique<EchoFormat>(key, attributes, settings));
     };
@@ -94,8 +123,8 @@ std::vector<std::unique_ptr<ExportFormat>> echoFormats()
         "lengthUnit=model|m|ft|ftUS|km dimension=3d|map|section grouping=single|object|set filePrefix= "
         "layers=set|type|none faces=true meshPoints=false boundaries=false crs=");
     add("gocad", true,
-        "grouping=single|object|set filePrefix= header=true zPositive=elevation|depth lengthUnit=model|m|ft|ftUS|km");
-    add("off", false, "filePrefix= lengthUnit=model|m|ft|ftUS|km zPositive=elevation|depth");
+        "grouping=single|object|set filePrefix= header=true zIsElevation=true lengthUnit=model|m|ft|ftUS|km");
+    add("off", false, "filePrefix= lengthUnit=model|m|ft|ftUS|km zIsElevation=true");
     add("zmap", false, "nullText=");
     add("grdecl", true, "filePrefix= lengthUnit=model|m|ft|ftUS|km");
     add("shp", true, "attributes=true symbology=false");
@@ -171,7 +200,7 @@ void OptionSheetsTest::init()
 void OptionSheetsTest::resetFormats()
 {
     for (const auto& fresh : echoFormats())
-        copySettings(*fresh, *m_context->format(fresh->info().key.toStdString()));
+        m_context->formats.find(fresh->info().key.toStdString())->settings = fresh->defaults();
 }
 
 /// A wizard that shows the format's page for these objects.
@@ -300,10 +329,11 @@ void OptionSheetsTest::gocad()
     auto wizard = wizardAt("gocad", {1});
     QCOMPARE(wizard->findChildren<QListWidget*>(QStringLiteral("m_attributeList")).size(), 1);
     click(*wizard, "m_headerCheck");
-    child<QComboBox>(*wizard, "zPositive")->setCurrentText(QStringLiteral("depth"));
+    child<QCheckBox>(*wizard, "zIsElevation")->setChecked(false);
     child<QListWidget>(*wizard, "m_attributeList")->item(0)->setCheckState(Qt::Unchecked);
-    QCOMPARE(save(*wizard), QStringLiteral("grouping=single filePrefix= header=false zPositive=depth lengthUnit=model "
-                                           "objects=metric attributes=rock"));
+    QCOMPARE(save(*wizard),
+             QStringLiteral("grouping=single filePrefix= header=false zIsElevation=false lengthUnit=model "
+                            "objects=metric attributes=rock"));
     QVERIFY(child<QAbstractButton>(*wizardAt("gocad", {1}), "m_headerCheck")->isChecked());
 }
 
@@ -326,7 +356,7 @@ void OptionSheetsTest::missingSettings()
     auto meshes = wizardAt("off", {1});
     click(*meshes, "m_depth");
     QTest::keyClicks(child<QLineEdit>(*meshes, "m_filePrefix"), QStringLiteral("p"));
-    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zPositive=depth ")));
+    QVERIFY(save(*meshes).startsWith(QStringLiteral("filePrefix=p lengthUnit=m zIsElevation=false ")));
     QVERIFY(child<QAbstractButton>(*wizardAt("off", {1}), "m_depth")->isChecked());
     auto bare = wizardAt("tab", {1});
     QVERIFY(!child<QWidget>(*bare, "m_exportAttsCheck")->isEnabled());

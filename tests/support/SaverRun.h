@@ -19,22 +19,13 @@
 namespace kpFormats
 {
 
-inline std::unique_ptr<ExportFormat> formatOf(const QString& key)
+inline std::unique_ptr<const Format> formatOf(const QString& key)
 {
     for (auto& candidate : makeFormats()) {
         if (candidate->info().key == key)
             return std::move(candidate);
     }
     return nullptr;
-}
-
-/// Gives a format the settings of another of its kind.
-inline void copySettings(ExportFormat& from, ExportFormat& to)
-{
-    const SettingsMap source = from.settings();
-    SettingsMap target = to.settings();
-    for (const Setting& setting : source.settings())
-        target.set(setting.key, setting.get());
 }
 
 /// One run of a format over objects, with a read-back of each file written. It can be repeated.
@@ -58,6 +49,7 @@ struct SaverRun
              kpBase::AbstractProgress* progress = nullptr)
         : objects(std::move(all))
         , format(formatOf(key))
+        , values(format->defaults())
     {
         for (const ModelObject& object : objects)
             selection.objects.push_back(&object);
@@ -74,13 +66,15 @@ struct SaverRun
 
     bool again(const Settings& settings = {}, kpBase::AbstractProgress* progress = nullptr)
     {
-        SettingsMap map = format->settings();
         for (const QString& pair : settings.pairs.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-            map.set(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
-        report = ExportReport();
+            values.set(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
         readBack.clear();
-        files = format->plan(selection);
-        written = runExport(*format, selection, files, progress, report);
+        prepared = std::make_unique<PreparedExport>(*format, selection, values);
+        report = runExport(*prepared, progress);
+        written = !report.cancelled && !report.anyFailed();
+        files.clear();
+        for (const PreparedExport::Output& output : prepared->outputs())
+            files.push_back(output.planned);
         for (std::size_t index = 0; written && index < files.size(); ++index)
             readBack.push_back(verify(index));
         return written;
@@ -88,7 +82,7 @@ struct SaverRun
 
     Verification verify(std::size_t file = 0) const
     {
-        return format->verify(files.at(file), files.at(file).path, selection);
+        return prepared->outputs().at(file).file->verify(files.at(file).path);
     }
     /// Puts another text in the place of one that stands in the file once. \returns what reading it again finds then
     Verification damaged(const QByteArray& right, const QByteArray& wrong, std::size_t file = 0) const
@@ -139,7 +133,9 @@ struct SaverRun
     }
 
     std::vector<ModelObject> objects;
-    std::unique_ptr<ExportFormat> format;
+    std::unique_ptr<const Format> format;
+    SettingsValue values;
+    std::unique_ptr<PreparedExport> prepared;
     ExportSelection selection;
     std::vector<PlannedFile> files;
     ExportReport report;

@@ -416,8 +416,8 @@ void GuiTest::everyFormatHasItsPage()
                                                {QStringLiteral("shp"), "kpBaseExport::QExportSheetShp"},
                                                {QStringLiteral("tab"), "kpBaseExport::QExportSheetTab"},
                                                {QStringLiteral("zmap"), "kpBaseExport::QExportSheetZMap"}};
-    for (const auto& format : m_context->formats()) {
-        const QString key = format->info().key;
+    for (const auto& setup : m_context->formats.setups()) {
+        const QString key = setup->format->info().key;
         ExportWizard wizard(*m_context, m_window.get());
         wizard.setFormatAndSelectedGeo(key.toStdString(), {1});
         wizard.startup();

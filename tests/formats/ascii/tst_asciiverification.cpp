@@ -50,7 +50,7 @@ void AsciiVerificationTest::everyForm()
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.rows(), qint64(3));
     QCOMPARE(run.readBack.front().count, qint64(3));
-    const int decimals = run.format->settings().find(QStringLiteral("decimals"))->get().toInt();
+    const int decimals = run.values.get(QStringLiteral("decimals")).toInt();
     QVERIFY(run.readBack.front().worstError <= 0.5 * std::pow(10.0, -decimals) + 1e-9);
 }
 

@@ -104,14 +104,16 @@ void OgrFailuresTest::fullSidecars()
     const QString link = path(QStringLiteral("x.") + extension);
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), link));
     const auto saver = formatOf(format);
-    saver->settings().set(QStringLiteral("symbology"), QStringLiteral("true"));
+    SettingsValue settings = saver->defaults();
+    settings.set(QStringLiteral("symbology"), QStringLiteral("true"));
     ExportSelection selection;
     selection.objects = {&model};
     selection.path = target;
     Findings report;
     QString error;
     try {
-        saver->write(saver->plan(selection).front(), target, selection, report, nullptr);
+        saver->prepare(saver->files(selection, settings).front(), selection, settings, report)
+            ->write(target, report, nullptr);
     } catch (const std::exception& caught) {
         error = QString::fromUtf8(caught.what());
     }

@@ -89,7 +89,7 @@ void OpenTecTest::settings()
     QVERIFY(text.contains("points\nxyz 0.0000 0.0000 3.0480\nxyz 30.4800 0.0000 9.1440\npoints-end"));
     const SaverRun own("opentec", {feet}, path("f.otl"), "lengthUnit=model;decimals=0");
     QCOMPARE(own.fault(), QString());
-    QCOMPARE(own.findings(), QStringLiteral("position left out: 1, unit not stated: 1"));
+    QCOMPARE(own.findings(), QStringLiteral("unit not stated: 1, position left out: 1"));
     QVERIFY(own.bytes().contains("xy 1000 2000 \n"));
     const SaverRun bare("opentec", {section(QStringLiteral("A"), {})}, path("b.otl"));
     QCOMPARE(bare.fault(), QString());

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "export/PreparedExport.h"
+
+#include "export/CommonFindings.h"
+#include "export/ObjectError.h"
+#include "model/ObjectCheck.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+void remove(std::vector<const ModelObject*>& objects, const ModelObject& object)
+{
+    objects.erase(std::remove(objects.begin(), objects.end(), &object), objects.end());
+}
+
+/// The objects of a file that are sound; the others are noted as failed.
+std::vector<const ModelObject*> soundObjects(PreparedExport::Output& output)
+{
+    std::vector<const ModelObject*> sound = output.planned.objects;
+    for (const ModelObject* object : output.planned.objects) {
+        const QString fault = faultOf(*object);
+        if (fault.isEmpty())
+            continue;
+        output.failedObjects.push_back(
+            {object->name, QStringLiteral("%1 (load it again or repair its source)").arg(fault)});
+        remove(sound, *object);
+    }
+    return sound;
+}
+
+} // namespace
+
+PreparedExport::PreparedExport(const Format& format, ExportSelection selection, SettingsValue settings)
+    : verify(selection.verify)
+    , m_format(format)
+    , m_selection(std::move(selection))
+    , m_settings(std::move(settings))
+{
+    for (PlannedFile& file : m_format.files(m_selection, m_settings)) {
+        Output output;
+        output.planned = std::move(file);
+        prepare(output, soundObjects(output));
+        m_outputs.push_back(std::move(output));
+    }
+}
+
+void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> objects) const
+{
+    for (;;) {
+        output.file.reset();
+        if (objects.empty() && !output.failedObjects.empty()) {
+            const FailedObject& first = output.failedObjects.front();
+            output.error = QStringLiteral("none of its objects could be written; %1: %2").arg(first.name, first.reason);
+            return;
+        }
+        Findings found;
+        try {
+            PlannedFile file{output.planned.path, objects, output.planned.renamedFrom};
+            output.file = m_format.prepare(file, m_selection, m_settings, found);
+            if (!file.renamedFrom.isEmpty())
+                found.note(finding::renamedFile, file.renamedFrom, 1, QFileInfo(file.path).fileName());
+            output.findings = std::move(found);
+            return;
+        } catch (const ObjectError& error) {
+            output.failedObjects.push_back({error.object()->name, error.reason()});
+            remove(objects, *error.object());
+        } catch (const ExportError& error) {
+            output.error = error.reason();
+            return;
+        } catch (const std::exception& error) {
+            output.error = QString::fromUtf8(error.what());
+            return;
+        }
+    }
+}
+
+void PreparedExport::leaveOut(Output& output, const ModelObject& object, const QString& reason) const
+{
+    std::vector<const ModelObject*> objects = output.file->file().objects;
+    output.failedObjects.push_back({object.name, reason});
+    remove(objects, object);
+    prepare(output, std::move(objects));
+}
+
+void requirePositions(const PlannedFile& file)
+{
+    if (std::all_of(file.objects.begin(), file.objects.end(),
+                    [](const ModelObject* object) { return object->vertexCount() == 0; }))
+        throw ExportError(
+            file.path,
+            QStringLiteral("nothing of %1 can be written: it has no positions").arg(file.objects.front()->name),
+            QStringLiteral("choose an object that has"));
+}
+
+} // namespace kpFormats

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "formats/ascii/AsciiFile.h"
+
+#include "export/ExportError.h"
+#include "export/PreparedExport.h"
+#include "formats/ascii/AsciiOutput.h"
+#include "formats/ascii/AsciiVerification.h"
+#include "model/ShareOfProgress.h"
+
+#include <utility>
+
+namespace kpFormats
+{
+
+AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, AsciiExportSettings settings,
+                     Findings& findings)
+    : PreparedFile(std::move(planned), selected)
+    , m_settings(std::move(settings))
+{
+    requirePositions(file());
+    const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
+    if (m_settings.layout) {
+        m_table = asciiTable(*m_settings.layout, selection().objects, inColumns, findings);
+    } else {
+        m_table = asciiTable(file().objects, selection().attributes, m_settings.decimals, findings);
+        m_laidOut = !inColumns;
+    }
+    for (const ModelObject* object : file().objects)
+        noteHeights(*object, m_settings, findings);
+}
+
+qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)
+{
+    if (!m_laidOut)
+        layOutColumns(m_table, file().objects, m_settings);
+    m_laidOut = true;
+    ShareOfProgress share(progress, weightOf(file().objects));
+    kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
+    writer.useTruePath = true;
+    prepareWriter(writer, m_table, m_settings);
+    if (!writer.fileOpen())
+        throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),
+                          QStringLiteral("check the directory's permissions and the disk"));
+    qint64 rows = 0;
+    for (const ModelObject* object : file().objects) {
+        share.next(object->weight());
+        writeObject(writer, *object, m_table, m_settings, findings);
+        rows += object->vertexCount();
+        if (writer.cancelled() || writer.writeFailed())
+            break;
+    }
+    writer.fileClose();
+    if (writer.writeFailed())
+        throw ExportError(file().path, QStringLiteral("the file could not be written completely"),
+                          QStringLiteral("make room on the disk or choose another"));
+    return rows;
+}
+
+Verification AsciiFile::verify(const QString& path) const
+{
+    return verifyAscii(file(), path, m_table, m_settings);
+}
+
+} // namespace kpFormats

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/NumberColumns.h"
+#include "export/PreparedFile.h"
+#include "formats/gocad/GocadExportSettings.h"
+
+namespace kpFormats
+{
+
+/// One GOCAD file, prepared.
+class GocadFile : public PreparedFile
+{
+public:
+    /// \throws ExportError when the file is refused
+    GocadFile(PlannedFile file, const ExportSelection& selection, GocadExportSettings settings, Findings& findings);
+
+    qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
+    Verification verify(const QString& path) const override;
+
+private:
+    /// An object that goes into the file, with its properties.
+    struct Entry
+    {
+        const ModelObject* object;
+        std::vector<NumberColumn> columns;
+    };
+
+    GocadExportSettings m_settings;
+    std::vector<Entry> m_entries;
+};
+
+} // namespace kpFormats

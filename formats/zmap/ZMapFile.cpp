@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include "formats/zmap/ZMapFile.h"
+#include "export/CommonFindings.h"
+#include "formats/zmap/ZMapFindings.h"
+
+#include "export/BlockWriter.h"
+#include "export/ExportError.h"
+#include "geo/CoordinateSystems.h"
+#include "geo/GdalSession.h"
+#include "model/ProgressTicker.h"
+#include "readers/OpenDataset.h"
+#include "writers/FixedNumber.h"
+
+#include <cmath>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+using kpBaseExport::appendFixed;
+using Registration = ZMapExportSettings::Registration;
+
+// Readers give up on wider fields.
+constexpr std::size_t widestField = 39;
+// A tenth of a micrometre, or a centimetre in degrees.
+constexpr int headerDecimals = 7;
+
+std::string fixedText(double value, int decimals)
+{
+    std::string text;
+    appendFixed(text, value, decimals);
+    return text;
+}
+
+using Survey = ZMapFile::Survey;
+
+/// \throws ExportError naming \a file when a value is too wide
+Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const QString& file)
+{
+    Survey survey;
+    double least = 0.0;
+    double most = 0.0;
+    const double half = 0.5 * std::pow(10.0, -settings.decimals);
+    for (int row = 0; row < grid.rows(); ++row) {
+        for (int column = 0; column < grid.columns(); ++column) {
+            const double value = grid.value(column, row);
+            if (!std::isfinite(value)) {
+                ++survey.withoutValue;
+                continue;
+            }
+            least = std::min(least, value);
+            most = std::max(most, value);
+            survey.equalToNull += std::abs(value - settings.nullValue) < half ? 1 : 0;
+        }
+    }
+    for (const double value : {least, most, settings.nullValue})
+        survey.width = std::max(survey.width, fixedText(value, settings.decimals).size() + 1);
+    if (survey.width > widestField)
+        throw ExportError(file,
+                          QStringLiteral("a value of %1 characters does not fit into a field").arg(survey.width - 1),
+                          QStringLiteral("choose fewer decimals or a smaller nullValue"));
+    return survey;
+}
+
+/// The name without what would end its field.
+std::string headerName(const QString& name)
+{
+    QString text = name.simplified();
+    text.replace(QLatin1Char(','), QLatin1Char('_')).replace(QLatin1Char('@'), QLatin1Char('_'));
+    return text.toStdString();
+}
+
+void writeHeader(std::string& text, const ModelObject& object, const ZMapGrid& grid, const ZMapExportSettings& settings,
+                 const Survey& survey)
+{
+    const bool nodes = settings.registration == Registration::Nodes;
+    const std::string unit = writtenUnit(object.lengthUnit, settings.lengthUnit).toStdString();
+    text += "! " + object.name.simplified().toStdString() + '\n';
+    text += "! lengths in " + unit + '\n';
+    if (!settings.attribute.isEmpty())
+        text += "! value: " + settings.attribute.simplified().toStdString() + '\n';
+    else
+        text += settings.zIsElevation ? "! value: elevation, positive up\n" : "! value: depth, positive down\n";
+    if (!object.crs.isEmpty())
+        text += "! coordinate system: " + crsName(object.crs).simplified().toStdString() + '\n';
+    text += nodes ? "! limits: outermost nodes\n" : "! limits: outer corners of the pixels around the nodes\n";
+    text += '@' + headerName(object.name) + " HEADER, GRID, ";
+    appendInteger(text, settings.nodesPerLine);
+    text += '\n';
+    appendInteger(text, static_cast<qint64>(survey.width));
+    text += ", " + fixedText(settings.nullValue, settings.decimals) + ", , ";
+    appendInteger(text, settings.decimals);
+    text += ", 1\n";
+    appendInteger(text, grid.rows());
+    text += ", ";
+    appendInteger(text, grid.columns());
+    const double marginX = nodes ? 0.0 : grid.stepX() / 2.0;
+    const double marginY = nodes ? 0.0 : grid.stepY() / 2.0;
+    for (const double limit :
+         {grid.west() - marginX, grid.east() + marginX, grid.south() - marginY, grid.north() + marginY})
+        text += ", " + fixedText(limit, headerDecimals);
+    text += "\n0.0, 0.0, 0.0\n@\n";
+}
+
+/// False when the user has cancelled.
+bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSettings& settings, std::size_t width,
+                 ProgressTicker& progress)
+{
+    const std::string nullText = fixedText(settings.nullValue, settings.decimals);
+    std::string number;
+    std::string& text = out.text();
+    for (int column = 0; column < grid.columns(); ++column) {
+        for (int row = 0; row < grid.rows(); ++row) {
+            const double value = grid.value(column, row);
+            number.clear();
+            if (std::isfinite(value))
+                appendFixed(number, value, settings.decimals);
+            const std::string& shown = number.empty() ? nullText : number;
+            text.append(width - shown.size(), ' ');
+            text += shown;
+            // Each column of the grid begins a line.
+            if ((row + 1) % settings.nodesPerLine == 0 || row + 1 == grid.rows())
+                text += '\n';
+            if (!progress.next())
+                return false;
+        }
+        out.check();
+    }
+    return true;
+}
+
+void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, Findings& findings)
+{
+    const std::size_t attributes =
+        object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
+    findings.note(zmapFinding::attributesOfGridLeftOut, object.name, static_cast<qint64>(attributes),
+                  QStringLiteral("choose one with the setting \"attribute\""));
+    findings.note(
+        finding::valueEqualToTheNullValue, object.name, survey.equalToNull,
+        QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
+    if (survey.withoutValue == object.vertexCount())
+        findings.note(zmapFinding::gridWithoutAnyValue, object.name, 1, QStringLiteral("every node is the null value"));
+}
+
+/// Compares the band, line by line, with the grid.
+void compareValues(GDALDataset& dataset, const ZMapGrid& grid, Verification& verification)
+{
+    GDALRasterBand* band = dataset.GetRasterBand(1);
+    const double noData = band->GetNoDataValue();
+    std::vector<double> line(static_cast<std::size_t>(grid.columns()));
+    for (int row = 0; row < grid.rows(); ++row) {
+        if (band->RasterIO(GF_Read, 0, row, grid.columns(), 1, line.data(), grid.columns(), 1, GDT_Float64, 0, 0,
+                           nullptr)
+            != CE_None) {
+            verification.fault = QStringLiteral("row %1 cannot be read: %2").arg(row + 1).arg(QuietGdal::lastMessage());
+            return;
+        }
+        for (int column = 0; column < grid.columns(); ++column) {
+            const double read = line[static_cast<std::size_t>(column)];
+            const double expected = grid.value(column, row);
+            if (std::isfinite(expected) != (read != noData)) {
+                verification.fault = QStringLiteral("row %1, column %2 is %3").arg(row + 1).arg(column + 1).arg(read);
+                return;
+            }
+            if (std::isfinite(expected))
+                verification.differs((read - expected) / grid.valueFactor());
+            ++verification.count;
+        }
+    }
+}
+
+/// Compares where GDAL has the outermost nodes.
+void comparePlaces(GDALDataset& dataset, const ZMapGrid& grid, Verification& verification)
+{
+    double transform[6];
+    if (dataset.GetGeoTransform(transform) != CE_None) {
+        verification.fault = QStringLiteral("it has no position");
+        return;
+    }
+    const double west = transform[0] + 0.5 * transform[1];
+    const double east = west + (grid.columns() - 1) * transform[1];
+    const double north = transform[3] + 0.5 * transform[5];
+    const double south = north + (grid.rows() - 1) * transform[5];
+    for (const double error : {west - grid.west(), east - grid.east(), north - grid.north(), south - grid.south()})
+        verification.differs(error / grid.lengthFactor());
+}
+
+} // namespace
+
+ZMapFile::ZMapFile(PlannedFile planned, const ExportSelection& selected, ZMapExportSettings settings,
+                   Findings& findings)
+    : PreparedFile(std::move(planned), selected)
+    , m_settings(std::move(settings))
+    , m_grid(*file().objects.front(), m_settings, file().path)
+    , m_survey(surveyOf(m_grid, m_settings, file().path))
+{
+    noteLosses(*file().objects.front(), m_settings, m_survey, findings);
+}
+
+qint64 ZMapFile::write(const QString& path, Findings&, kpBase::AbstractProgress* progress)
+{
+    const ModelObject& object = *file().objects.front();
+    ProgressTicker loop(progress, object.vertexCount());
+    BlockWriter out(path, file().path);
+    writeHeader(out.text(), object, m_grid, m_settings, m_survey);
+    if (writeValues(out, m_grid, m_settings, m_survey.width, loop))
+        out.close();
+    return object.vertexCount();
+}
+
+Verification ZMapFile::verify(const QString& path) const
+{
+    Verification verification;
+    verification.reader = QStringLiteral("GDAL driver ZMap");
+    try {
+        const QuietGdal quiet;
+        const GdalOption option("ZMAP_PIXEL_IS_POINT",
+                                m_settings.registration == Registration::Nodes ? "TRUE" : "FALSE");
+        const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
+        const QString driver = QString::fromLatin1(dataset->GetDriver()->GetDescription());
+        if (driver != QLatin1String("ZMap"))
+            verification.fault = QStringLiteral("GDAL takes it for %1").arg(driver);
+        else if (dataset->GetRasterXSize() != m_grid.columns() || dataset->GetRasterYSize() != m_grid.rows())
+            verification.fault = QStringLiteral("it has %1 x %2 nodes instead of %3 x %4")
+                                     .arg(dataset->GetRasterXSize())
+                                     .arg(dataset->GetRasterYSize())
+                                     .arg(m_grid.columns())
+                                     .arg(m_grid.rows());
+        else
+            comparePlaces(*dataset, m_grid, verification);
+        if (verification.fault.isEmpty())
+            compareValues(*dataset, m_grid, verification);
+    } catch (const std::exception& error) {
+        verification.fault = QString::fromUtf8(error.what());
+    }
+    return verification;
+}
+
+} // namespace kpFormats

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "pages/FormatWizard.h"
+
+#include "export/AttributeNames.h"
+#include "export/ExportPlan.h"
+#include "pages/FormatSaver.h"
+#include "pages/PlanSheet.h"
+#include "wizard/QExportSheetSaveFile.h"
+
+#include <QScreen>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+/// The pages are made for it. A screen that is smaller still is that of a platform without one.
+constexpr QSize smallestScreen(800, 600);
+
+const char* typeNameOf(AttributeKind kind)
+{
+    switch (kind) {
+    case AttributeKind::Real:
+        return "real";
+    case AttributeKind::Integer:
+        return "integer";
+    case AttributeKind::Boolean:
+        return "boolean";
+    case AttributeKind::Color:
+        return "color";
+    case AttributeKind::Text:
+        return "text";
+    }
+    return "text";
+}
+
+} // namespace
+
+FormatWizard::FormatWizard(const Model& model, QWidget* parent)
+    : QExportWizard(parent)
+    , m_objects(model)
+{
+    // In lines of text, so that a larger font gets a larger window.
+    QSize size = QSize(53, 43) * fontMetrics().height();
+    const QSize available = screen() ? screen()->availableSize() : QSize();
+    if (available.expandedTo(smallestScreen) == available)
+        size = size.boundedTo(available);
+    resize(size);
+}
+
+void FormatWizard::insertFileFormatDependentSheet()
+{
+    // One file, unless the format's own page asks for several; another format's answer does not count.
+    setDirectoryMode(false);
+    QExportWizard::insertFileFormatDependentSheet();
+}
+
+FormatSaver* FormatWizard::formatSaver() const
+{
+    return dynamic_cast<FormatSaver*>(currentSaver());
+}
+
+void FormatWizard::populate_sheets()
+{
+    QExportWizard::populate_sheets();
+    m_fileSheet = findChild<kpBaseExport::QExportSheetSaveFile*>();
+    m_reportSheet = m_fileSheet->next();
+    m_planSheet = new PlanSheet(this);
+    insert_sheet(m_planSheet, m_reportSheet);
+    // The plan comes between the choice of the file and the save run.
+    disconnect(m_fileSheet, SIGNAL(saveClicked(QString, bool)), this, nullptr);
+    connect(m_fileSheet, &kpBaseExport::QExportSheetSaveFile::saveClicked, this, &FormatWizard::showPlan);
+}
+
+void FormatWizard::activate_next_sheet()
+{
+    if (current_sheet() == m_planSheet)
+        save();
+    else if (current_sheet() == m_fileSheet && !m_fileSheet->fileName().isEmpty())
+        showPlan(m_fileSheet->fileName(), false);
+    else
+        QExportWizard::activate_next_sheet();
+}
+
+void FormatWizard::activate_previous_sheet()
+{
+    const bool fromPlan = current_sheet() == m_planSheet;
+    QExportWizard::activate_previous_sheet();
+    // Back from the plan is another choice of the file.
+    if (fromPlan)
+        m_fileSheet->doFileSelection();
+}
+
+void FormatWizard::showPlan(const QString& path, bool accepted)
+{
+    FormatSaver* saver = formatSaver();
+    if (!saver)
+        return;
+    m_path = path;
+    m_accepted = accepted;
+    saver->set_selection(path, selectedGeoIds(), selectedGeoNames(), selectedAttributeNames());
+    m_planSheet->showPlan(planOf(*saver->prepared()));
+    activate_sheet(m_planSheet, true);
+    show_next_previous(true, tr("Save"));
+}
+
+void FormatWizard::save()
+{
+    formatSaver()->setVerification(m_planSheet->wantsVerification());
+    runBegins();
+    slotSaveClicked(m_path, m_accepted);
+    runReported();
+}
+
+void FormatWizard::retryFailed()
+{
+    formatSaver()->retryFailed();
+    m_accepted = true;
+    save();
+}
+
+void FormatWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool, bool)
+{
+    std::vector<const ModelObject*> objects;
+    for (const int id : selectedGeoIds()) {
+        if (const ModelObject* object = m_objects.find(id))
+            objects.push_back(object);
+    }
+    for (const AttributeDescription& attribute : attributesOf(objects))
+        list.append({attribute.name.toStdString(), typeNameOf(attribute.kind), attribute.unit.toStdString()});
+}
+
+} // namespace kpFormats
