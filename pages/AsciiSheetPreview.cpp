@@ -213,8 +213,10 @@ void AsciiSheet::work()
 void AsciiSheet::fitColumns()
 {
     const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(m_layout->asciiLayout(), m_layout->offered());
-    for (int row = 0; row < fields.size(); ++row)
-        m_layout->widen(row, widthNeeded(m_profile, settings(), fields[row]) + 1); // one blank between
+    QVector<int> widths;
+    for (const kpBaseExport::QESAttribute& field : fields)
+        widths.append(fittingWidth(m_profile, settings(), field));
+    m_layout->place(widths);
 }
 
 void AsciiSheet::showLacking()

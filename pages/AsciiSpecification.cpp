@@ -173,6 +173,19 @@ void AsciiSpecification::widen(int row, int characters)
     }
 }
 
+void AsciiSpecification::place(const QVector<int>& widths)
+{
+    int position = 1;
+    for (int row = 0; row < widths.size(); ++row) {
+        const int last = position + widths[row] - 1;
+        // No field ends before it starts, not even on the way.
+        const bool endFirst = position > fields().value(row).end();
+        setCell(*m_columnTable, row, endFirst ? endColumn : startColumn, endFirst ? last : position);
+        setCell(*m_columnTable, row, endFirst ? startColumn : endColumn, endFirst ? position : last);
+        position += widths[row] + 1;
+    }
+}
+
 void AsciiSpecification::refineCoordinates(int decimals)
 {
     for (int row = 0; row < size(); ++row) {

@@ -40,6 +40,8 @@ public:
     std::unique_ptr<FormatFile> snapshot();
     /// The layout for the writer.
     AsciiLayout asciiLayout() const;
+    /// Gives the fields, in their order, columns of these widths with one blank between.
+    void place(const QVector<int>& widths);
     /// Gives a column at least that many characters; those behind it give way.
     void widen(int row, int characters);
     /// Gives X, Y and Z at least that many decimals.

@@ -219,6 +219,11 @@ int widthNeeded(const AsciiProfile& profile, const Settings& settings, const kpB
     return std::max(longest, settings.header ? field.name().size() : 0);
 }
 
+int fittingWidth(const AsciiProfile& profile, const Settings& settings, const kpBaseExport::QESAttribute& field)
+{
+    return std::max({widthNeeded(profile, settings, field), field.name().size(), settings.nullValue.size()});
+}
+
 QStringList separatorsToLookFor(const Settings& settings)
 {
     QStringList texts{QStringLiteral(" "), QStringLiteral("\t"), QStringLiteral(","), QStringLiteral(";")};

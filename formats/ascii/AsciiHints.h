@@ -38,6 +38,10 @@ KPFORMATS_EXPORT std::vector<AsciiHint> asciiHints(const AsciiProfile& profile, 
 KPFORMATS_EXPORT int widthNeeded(const AsciiProfile& profile, const AsciiExportSettings& settings,
                                  const kpBaseExport::QESAttribute& field);
 
+/// Characters of a column that fits a field: its values, its name, and the null value, which any row may have to hold.
+KPFORMATS_EXPORT int fittingWidth(const AsciiProfile& profile, const AsciiExportSettings& settings,
+                                  const kpBaseExport::QESAttribute& field);
+
 /// The separators whose texts a profile must look for.
 KPFORMATS_EXPORT QStringList separatorsToLookFor(const AsciiExportSettings& settings);
 

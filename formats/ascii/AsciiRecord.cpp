@@ -2,6 +2,7 @@
 #include "formats/ascii/AsciiRecord.h"
 #include "export/CommonFindings.h"
 #include "formats/ascii/AsciiFindings.h"
+#include "formats/ascii/AsciiHints.h"
 
 #include "formats/ascii/ConstantMatrixData.h"
 #include "formats/ascii/GridIndexMatrix.h"
@@ -63,59 +64,11 @@ const ObjectAttribute* objectAttribute(const ModelObject& object, const QString&
     return found == object.objectAttributes.end() ? nullptr : &*found;
 }
 
-int digitsOf(double number, int decimals)
+/// The name of a coordinate or grid index in a layout.
+QString nameOf(AsciiColumn::Source source)
 {
-    return std::isfinite(number) ? QByteArray::number(number, 'f', decimals).size() : 4;
-}
-
-int longestNumber(const Numbers& numbers, int decimals, bool negated = false)
-{
-    if (!numbers || numbers->empty())
-        return 1;
-    double least = 0.0;
-    double most = 0.0;
-    for (const double number : *numbers) {
-        if (std::isfinite(number)) {
-            least = std::min(least, number);
-            most = std::max(most, number);
-        }
-    }
-    // A depth is the negated elevation, so the sign stands at the other end.
-    const double sign = negated ? -1.0 : 1.0;
-    return std::max(digitsOf(sign * least, decimals), digitsOf(sign * most, decimals));
-}
-
-int longestText(const QVector<QVariant>& values)
-{
-    int longest = 1;
-    for (const QVariant& value : values)
-        longest = std::max(longest, value.toString().size());
-    return longest;
-}
-
-/// Characters of the longest value that an object writes into a column; 0 when it has none there.
-int longestIn(const ModelObject& object, const AsciiColumn& source, const AsciiExportSettings& settings)
-{
-    switch (source.source) {
-    case AsciiColumn::X:
-        return longestNumber(object.x, settings.decimals);
-    case AsciiColumn::Y:
-        return longestNumber(object.y, settings.decimals);
-    case AsciiColumn::Z:
-        return longestNumber(object.z, settings.decimals, !settings.zIsElevation);
-    case AsciiColumn::GridColumn:
-    case AsciiColumn::GridRow:
-        return QString::number(object.vertexCount()).size();
-    case AsciiColumn::Attribute:
-        break;
-    }
-    if (const AttributeColumn* column = vertexAttribute(object, source.attribute))
-        return column->kind == AttributeKind::Real ? longestNumber(column->numbers, settings.decimals)
-                                                   : longestText(column->values);
-    if (const ObjectAttribute* attribute = objectAttribute(object, source.attribute))
-        return attribute->kind == AttributeKind::Real ? digitsOf(attribute->value.toDouble(), settings.decimals)
-                                                      : attribute->value.toString().size();
-    return 0;
+    static const char* const names[] = {"X", "Y", "Z", "", "i", "j"};
+    return QString::fromLatin1(names[source]);
 }
 
 /// A text that can stand in one field: its line ends would break the row.
@@ -305,19 +258,24 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
 void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                    const AsciiExportSettings& settings)
 {
-    std::vector<int> widths;
-    for (const auto& field : table.fields)
-        widths.push_back(std::max(field.name.size(), settings.nullValue.size()));
-    const auto widen = [&widths](std::size_t field, int width) { widths[field] = std::max(widths[field], width); };
-    for (const ModelObject* object : objects) {
-        for (std::size_t field = 0; field < table.columns.size(); ++field)
-            widen(field, longestIn(*object, table.columns[field], settings));
+    const std::vector<OfferedField> offered = offeredFields(objects);
+    std::vector<OfferedField> written;
+    for (const AsciiColumn& column : table.columns)
+        written.push_back(*std::find_if(offered.begin(), offered.end(), [&column](const OfferedField& field) {
+            return column.source == AsciiColumn::Attribute ? field.attribute == column.attribute
+                                                           : field.name == nameOf(column.source);
+        }));
+    AsciiProfile profile;
+    profile.start(objects, written, {});
+    while (!profile.advance(1000)) {
     }
     int position = 1;
     for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        const int width = std::max(fittingWidth(profile, settings, editorField(written[index], settings.decimals)),
+                                   table.fields[index].name.size());
         table.fields[index].start = position;
-        table.fields[index].end = position + widths[index] - 1;
-        position += widths[index] + 1;
+        table.fields[index].end = position + width - 1;
+        position += width + 1;
     }
 }
 

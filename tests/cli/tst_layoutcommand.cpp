@@ -67,6 +67,12 @@ void LayoutCommandTest::layouts_data()
     row("fields", "a.klf", fields, "", "Ni:grade;X;name\n1.3;6789012;Грифон\n-;2;a, b\n");
     row("settings given after the layout win", "a.klf", fields, "--set separator=tab --set header=false",
         "1.3\t6789012\tГрифон\n-\t2\ta, b\n");
+    row("decimals given after the layout", "a.klf", fields, "--set decimals=2",
+        "Ni:grade;X;name\n1.25;6789012.35;Грифон\n-;2.00;a, b\n");
+    row("decimals widen columns", "a.klf",
+        klf("columns", "{\"name\":\"X\",\"order\":0,\"start\":1,\"end\":9,\"precision\":1},\n"
+                       "{\"name\":\"name\",\"order\":1,\"start\":11,\"end\":16}"),
+        "--set decimals=3", "          Xname  \n6789012.346Грифон\n      2.000a, b  \n");
     row("another way of laying out", "a.klf", klf("fields", "{\"name\":\"Z\"}"), "--set mode=columns",
         "          Z\n      -1.00\n       4.00\n");
     row("columns with a gap and a cut", "a.klf",

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void fromTheMouseToTheFile();
+    void columnsAsOnTheCommandLine();
     void everythingIsLaidOutAtFirst();
     void previewIsTheFile_data();
     void previewIsTheFile();
@@ -225,6 +226,25 @@ void AsciiPageTest::fromTheMouseToTheFile()
     const QStringList checks =
         words("--delimiter blanks --header-lines 1 --names --numeric 2-4 --decimals 3 --rows 656 --eol lf");
     KP_VALIDATE("ascii.py", QStringList{path("gui.txt")} + checks);
+}
+
+void AsciiPageTest::columnsAsOnTheCommandLine()
+{
+    for (const char* name : {"Contacts", "Bedding measurements"}) {
+        Page page(*m_context, {sampleObject(name)});
+        page.sheet->findChild<QRadioButton*>(QStringLiteral("m_columnRadio"))->click();
+        QTRY_VERIFY(page.sheet->isSettled());
+        page.wizard.slotSaveClicked(path("columns.txt"), true);
+        QProcess program;
+        program.start(QStringLiteral(KP_PROGRAM), words("export --format ascii --overwrite --set mode=columns --object")
+                                                      + QStringList{QString::fromLatin1(name), sample("sample.kpmodel"),
+                                                                    QStringLiteral("--output"), path("program.txt")});
+        QVERIFY(program.waitForFinished(60000));
+        const QByteArray bytes = contentOf(path("columns.txt"));
+        QVERIFY(bytes.size() > 10000);
+        QCOMPARE(contentOf(path("program.txt")).left(300), bytes.left(300));
+        QVERIFY(contentOf(path("program.txt")) == bytes);
+    }
 }
 
 void AsciiPageTest::everythingIsLaidOutAtFirst()
@@ -462,7 +482,7 @@ void AsciiPageTest::savedBeforeTheColumnsFit()
     page.wizard.slotSaveClicked(path("quick.txt"), true);
     const QByteArray written = contentOf(path("quick.txt"));
     QVERIFY(!written.contains('*')
-            && written.endsWith(" 123456789012345.000 123456789012345.000 123456789012345.000\n"));
+            && written.endsWith("\n123456789012345.000 123456789012345.000 123456789012345.000\n"));
 }
 
 void AsciiPageTest::manyRows()
