@@ -5,11 +5,27 @@
 
 #include <QFile>
 
+#include <filesystem>
 #include <locale>
 #include <stdexcept>
 
 namespace kpBaseExport
 {
+
+namespace
+{
+
+/// The file that everybody else means by \a name.
+std::filesystem::path truePath(const QString& name)
+{
+#ifdef Q_OS_WIN
+    return name.toStdWString();
+#else
+    return QFile::encodeName(name).toStdString();
+#endif
+}
+
+} // namespace
 
 MatrixDataExporter::MatrixDataExporter(const QString& file, kpBase::AbstractProgress* reporter)
     : fileName(file)
@@ -18,7 +34,11 @@ MatrixDataExporter::MatrixDataExporter(const QString& file, kpBase::AbstractProg
 {
 }
 
-MatrixDataExporter::~MatrixDataExporter() = default;
+MatrixDataExporter::~MatrixDataExporter()
+{
+    // What is still to be written goes out while the record is there.
+    stream.close();
+}
 
 void MatrixDataExporter::writeHeader(const GeoObject*) {}
 
@@ -28,13 +48,19 @@ bool MatrixDataExporter::fileOpen()
 {
     if (fileName.isEmpty())
         return false;
-    m_writeFailed = false;
-    const QByteArray path = useTruePath ? QFile::encodeName(fileName) : fileName.toLatin1();
-    // The host may have set a global locale; files never follow it.
-    stream.imbue(std::locale::classic());
-    stream.clear();
-    stream.open(path.constData(), std::ios::out | std::ios::trunc);
-    if (!stream.is_open())
+    if (!stream.is_open()) {
+        m_writeFailed = false;
+        m_lost = false;
+        // The host may have set a global locale; files never follow it.
+        stream.imbue(std::locale::classic());
+        stream.clear();
+    }
+    // A file that is still open makes this fail, and the stream is_open() afterwards all the same.
+    if (useTruePath)
+        stream.open(truePath(fileName), std::ios::out | std::ios::trunc);
+    else
+        stream.open(fileName.toLatin1().constData(), std::ios::out | std::ios::trunc);
+    if (stream.fail())
         return false;
     stream.setf(std::ios::fixed, std::ios::floatfield);
     return true;
@@ -43,12 +69,31 @@ bool MatrixDataExporter::fileOpen()
 void MatrixDataExporter::fileClose()
 {
     const bool wasOpen = stream.is_open();
+    const bool lost = m_lost;
+    m_lost = false;
     stream.close();
     if (wasOpen && stream.fail())
         m_writeFailed = true;
-    if (m_writeFailed && throwOnWriteFailure)
+    if (throwOnWriteFailure && lost)
+        throw std::runtime_error(
+            ErrorMessage(QStringLiteral("No file was open for what has been written"), -1).toStdString());
+    if (throwOnWriteFailure && wasOpen && m_writeFailed)
         throw std::runtime_error(
             ErrorMessage(QStringLiteral("The file could not be written completely"), -1).toStdString());
+}
+
+void MatrixDataExporter::put(const char* text, std::size_t size)
+{
+    if (size > 0 && !stream.is_open()) {
+        m_lost = true;
+        m_writeFailed = true;
+    }
+    stream.write(text, static_cast<std::streamsize>(size));
+}
+
+void MatrixDataExporter::put(const std::string& text)
+{
+    put(text.data(), text.size());
 }
 
 GeoObject* MatrixDataExporter::geoObject() const

@@ -7,6 +7,7 @@
 
 #include <fstream>
 #include <memory>
+#include <string>
 
 namespace kpBase
 {
@@ -43,7 +44,8 @@ public:
     virtual ~MatrixDataExporter();
     virtual void writeHeader(const GeoObject* object);
     virtual void writeGeo(const GeoObject* object);
-    /// Opens fileName for writing, replacing an existing file. False when that fails or the name is empty.
+    /// Opens fileName for writing, replacing an existing file. False when that fails or the name is empty, and while
+    /// a file is open: close it first.
     virtual bool fileOpen();
     virtual void fileClose();
 
@@ -57,7 +59,8 @@ public:
     /// \throws std::logic_error "No data allocated", "No File Name defined", "File is not open".
     void write();
 
-    /// True when a write since the last fileOpen() failed, the flush on closing included (a full disk, a quota).
+    /// True when a write since the last fileOpen() failed, the flush on closing included (a full disk, a quota), or
+    /// found no file open.
     bool writeFailed() const;
 
     QString nullValue = QStringLiteral("99999"); ///< text in place of a missing number, when writeNullValue is set
@@ -68,12 +71,19 @@ public:
     /// Open the file under its true name. Off, the name is converted to Latin-1 and characters that have no place
     /// there are replaced.
     bool useTruePath = false;
-    /// Make fileClose() throw std::runtime_error when a write failed. Off, failures pass in silence; see writeFailed().
+    /// Make fileClose() throw std::runtime_error when a write failed or found no file open. Off, failures pass in
+    /// silence; see writeFailed().
     bool throwOnWriteFailure = false;
+    /// Let the writers of text tell the progress how far they are and stop when the user cancels. Off, only the OGR
+    /// writer asks it.
+    bool reportRows = false;
 
 protected:
     /// Text for the user: file name, \a text and, unless it is -1, the line.
     QString ErrorMessage(const QString& text, int line) const;
+    /// Writes bytes to the stream; what finds no file open counts as a failed write.
+    void put(const char* text, std::size_t size);
+    void put(const std::string& text);
 
     std::ofstream stream;
     kpBase::AbstractProgress* progress; ///< not owned, may be null
@@ -81,6 +91,7 @@ protected:
 private:
     std::unique_ptr<GeoObject> m_record;
     bool m_writeFailed = false;
+    bool m_lost = false; ///< something was written while no file was open, since the last fileClose()
 };
 
 } // namespace kpBaseExport
