@@ -37,6 +37,7 @@ qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::Abstrac
     ShareOfProgress share(progress, weightOf(file().objects));
     kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
     writer.useTruePath = true;
+    writer.reportRows = true;
     prepareWriter(writer, m_table, m_settings);
     if (!writer.fileOpen())
         throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),

@@ -164,6 +164,7 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
 
     kpBaseExport::MatrixDataOpenTecLinkExporter writer(path, progress);
     writer.useTruePath = true;
+    writer.reportRows = true;
     writer.precision = m_settings.decimals;
     writer.sectionName = lineNamed(object.name, findings);
     writer.sectionAge = m_settings.age;
