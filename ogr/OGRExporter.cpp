@@ -12,6 +12,7 @@
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace kpBaseExport
 {
@@ -108,7 +109,7 @@ bool OGRExporter::write(const QVector<OGRLayerInfo>& layers)
     removeFile(fileName);
     bool written = writeLayers(layers);
     if (run.shared)
-        written = closeDataSource(run.shared, run.layerName, fileName) && written;
+        written = closeDataSource(std::move(run.shared), run.layerName, fileName) && written;
     m_run = nullptr;
     return written;
 }
@@ -135,7 +136,7 @@ QString OGRExporter::getLayerOutFileName(bool singleLayer, QString name, OGRwkbG
     return name;
 }
 
-GDALDataset* OGRExporter::createDataSource(const QString& layerName, const QString& name)
+OGRExporter::DataSource OGRExporter::createDataSource(const QString& layerName, const QString& name)
 {
     GDALDriverManager* manager = GetGDALDriverManager();
     if (!manager)
@@ -146,18 +147,23 @@ GDALDataset* OGRExporter::createDataSource(const QString& layerName, const QStri
         return nullptr;
     }
     const CPLStringList creation = stringList(m_options.datasetOptions);
-    GDALDataset* dataSource =
-        driver->Create(name.toUtf8().constData(), 0, 0, 0, GDT_Unknown, const_cast<char**>(creation.List()));
+    DataSource dataSource(
+        driver->Create(name.toUtf8().constData(), 0, 0, 0, GDT_Unknown, const_cast<char**>(creation.List())));
     if (!dataSource)
         refuse(OGRRefusal::Layer, layerName, name);
     return dataSource;
 }
 
-bool OGRExporter::closeDataSource(GDALDataset* dataSource, const QString& layerName, const QString& name)
+void OGRExporter::CloseDataSource::operator()(GDALDataset* dataSource) const
+{
+    GDALClose(dataSource);
+}
+
+bool OGRExporter::closeDataSource(DataSource dataSource, const QString& layerName, const QString& name)
 {
     // Much is only written on closing, and closing reports its failures as messages alone.
     m_run->messages.take();
-    GDALClose(dataSource);
+    dataSource.reset();
     if (!m_options.recordRefusals)
         return true;
     const bool failed = m_run->messages.failed();
@@ -173,14 +179,14 @@ bool OGRExporter::processLayer(const OGRLayerInfo& layer, bool singleLayer)
     if (m_options.oneFile) {
         if (!m_run->shared)
             m_run->shared = createDataSource(layer.name(), fileName);
-        return m_run->shared && processOGRGeometryLayer(layer, m_run->shared, layer.ogr_type());
+        return m_run->shared && processOGRGeometryLayer(layer, m_run->shared.get(), layer.ogr_type());
     }
     const QString name = getLayerOutFileName(singleLayer, fileName, layer.ogr_type());
-    GDALDataset* dataSource = createDataSource(layer.name(), name);
+    DataSource dataSource = createDataSource(layer.name(), name);
     if (!dataSource)
         return false;
-    const bool written = processOGRGeometryLayer(layer, dataSource, layer.ogr_type());
-    return closeDataSource(dataSource, layer.name(), name) && written;
+    const bool written = processOGRGeometryLayer(layer, dataSource.get(), layer.ogr_type());
+    return closeDataSource(std::move(dataSource), layer.name(), name) && written;
 }
 
 std::unique_ptr<OGRSpatialReference, void (*)(OGRSpatialReference*)>
@@ -213,7 +219,6 @@ bool OGRExporter::processOGRGeometryLayer(const OGRLayerInfo& layer, GDALDataset
         return !m_options.recordRefusals;
     }
     addFieldInfo(ogrLayer, layer);
-    lookUpColumns(ogrLayer, layer);
     const bool transaction = m_options.transaction && dataSource->TestCapability(ODsCTransactions)
                              && dataSource->StartTransaction() == OGRERR_NONE;
     const bool written = writeFeatures(layer, ogrLayer, type);

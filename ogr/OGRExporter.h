@@ -67,11 +67,18 @@ private:
     static int featureIndexAsPercentage(int featureCount, int featureIndex);
     bool updateFeaturesProgressBarIfRequired(int featureCount, int featureIndex, int& lastPercent);
 
-    GDALDataset* createDataSource(const QString& layerName, const QString& name);
-    bool closeDataSource(GDALDataset* dataSource, const QString& layerName, const QString& name);
+    /// Closed also when a source of features or the progress throws.
+    struct CloseDataSource
+    {
+        void operator()(GDALDataset* dataSource) const;
+    };
+    using DataSource = std::unique_ptr<GDALDataset, CloseDataSource>;
+
+    DataSource createDataSource(const QString& layerName, const QString& name);
+    bool closeDataSource(DataSource dataSource, const QString& layerName, const QString& name);
     bool writeLayers(const QVector<OGRLayerInfo>& layers);
     bool writeFeatures(const OGRLayerInfo& layer, OGRLayer* ogrLayer, OGRwkbGeometryType type);
-    void lookUpColumns(OGRLayer* ogrLayer, const OGRLayerInfo& layer);
+    int createField(OGRLayer* ogrLayer, const OGRLayerInfo& layer, const OGRAttributeInfo& attribute);
     void setGeometry(const OGRFeatureDetails& details, OGRFeature* feature, OGRwkbGeometryType type);
     std::unique_ptr<OGRSpatialReference, void (*)(OGRSpatialReference*)> spatialReference(const QString& layerName);
     QByteArray encoded(const QString& text) const;

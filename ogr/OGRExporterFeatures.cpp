@@ -60,25 +60,6 @@ std::string styleText(const char* colour, OGRwkbGeometryType type, bool byGeomet
 
 } // namespace
 
-void OGRExporter::lookUpColumns(OGRLayer* ogrLayer, const OGRLayerInfo& layer)
-{
-    OGRFeatureDefn* definition = ogrLayer->GetLayerDefn();
-    LayerColumns& columns = m_run->columns;
-    columns.columns.clear();
-    columns.colour = definition->GetFieldIndex("colorval");
-    const QVector<OGRAttributeInfo> attributes = layer.attribute_infos();
-    // Fields are addressed by position, unless the driver refused one and the later ones moved up.
-    const bool allCreated = definition->GetFieldCount() >= attributes.size();
-    int position = 0;
-    for (const OGRAttributeInfo& attribute : attributes) {
-        const QString name = attribute.name().toLower();
-        const int field = allCreated ? position : definition->GetFieldIndex(encoded(attribute.name()).constData());
-        columns.columns.push_back(
-            {attribute.attribute_type(), name == QLatin1String("dip"), name == QLatin1String("type"), field});
-        ++position;
-    }
-}
-
 bool OGRExporter::writeFeatures(const OGRLayerInfo& layer, OGRLayer* ogrLayer, OGRwkbGeometryType type)
 {
     OGRFeatureDefn* definition = ogrLayer->GetLayerDefn();
@@ -118,20 +99,38 @@ bool OGRExporter::writeFeatures(const OGRLayerInfo& layer, OGRLayer* ogrLayer, O
 
 void OGRExporter::addFieldInfo(OGRLayer* ogrLayer, const OGRLayerInfo& layer)
 {
-    if (!m_writeAttributes)
-        return;
-    for (const OGRAttributeInfo& attribute : layer.attribute_infos()) {
-        const OGRFieldType type = attribute.attribute_type() == OFTStringList ? OFTString : attribute.attribute_type();
-        OGRFieldDefn field(encoded(attribute.name()).constData(), type);
-        if (m_options.fieldSizes) {
-            field.SetSubType(attribute.subtype());
-            field.SetWidth(attribute.width());
-            field.SetPrecision(attribute.decimals());
+    OGRFeatureDefn* definition = ogrLayer->GetLayerDefn();
+    LayerColumns& columns = m_run->columns;
+    columns.columns.clear();
+    if (m_writeAttributes) {
+        for (const OGRAttributeInfo& attribute : layer.attribute_infos()) {
+            const QString name = attribute.name().toLower();
+            columns.columns.push_back({attribute.attribute_type(), name == QLatin1String("dip"),
+                                       name == QLatin1String("type"), createField(ogrLayer, layer, attribute)});
         }
-        m_run->messages.take();
-        if (ogrLayer->CreateField(&field, TRUE) != OGRERR_NONE)
-            refuse(OGRRefusal::Field, layer.name(), attribute.name());
     }
+    columns.colour = definition->GetFieldIndex("colorval");
+}
+
+/// Index of the new field; -1 when the driver refuses it. The name is no way to find it again: drivers shorten names.
+int OGRExporter::createField(OGRLayer* ogrLayer, const OGRLayerInfo& layer, const OGRAttributeInfo& attribute)
+{
+    const OGRFieldType type = attribute.attribute_type() == OFTStringList ? OFTString : attribute.attribute_type();
+    OGRFieldDefn field(encoded(attribute.name()).constData(), type);
+    if (m_options.fieldSizes) {
+        field.SetSubType(attribute.subtype());
+        field.SetWidth(attribute.width());
+        field.SetPrecision(attribute.decimals());
+    }
+    OGRFeatureDefn* definition = ogrLayer->GetLayerDefn();
+    const int before = definition->GetFieldCount();
+    m_run->messages.take();
+    if (ogrLayer->CreateField(&field, TRUE) != OGRERR_NONE) {
+        refuse(OGRRefusal::Field, layer.name(), attribute.name());
+        return -1;
+    }
+    // Some drivers have the field already, such as the one for the feature's number.
+    return definition->GetFieldCount() > before ? before : definition->GetFieldIndex(field.GetNameRef());
 }
 
 void OGRExporter::setFeatureAttributes(OGRFeature* feature, const OGRFeatureDetails& details, const OGRLayerInfo&)

@@ -34,7 +34,7 @@ struct OGRExporter::Run
     }
 
     OGRMessageCatcher messages;
-    GDALDataset* shared = nullptr; ///< with OGRExporterOptions::oneFile, the one data source
+    DataSource shared; ///< with OGRExporterOptions::oneFile, the one data source
     LayerColumns columns;
     OGRwkbGeometryType type = wkbUnknown;
     QString layerName;

@@ -113,6 +113,7 @@ private Q_SLOTS:
     void sourceInsteadOfList();
     void cancelKeepsWhatIsWritten();
     void failures();
+    void refusedColumn();
     void refusalsAreListed();
     void spatialReference();
 
@@ -325,6 +326,39 @@ void OgrExporterTest::failures()
     // A device is not removed to make room for the file.
     refusalsOf(QStringLiteral("/dev/full"), "GeoJSON", onePoint());
     QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")) && !QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
+void OgrExporterTest::refusedColumn()
+{
+    // A shapefile cuts names to ten bytes and finds other names for a hundred of these. Their values stay theirs.
+    QVector<OGRAttributeInfo> columns;
+    OGRFeatureDetails details = feature(wkbPoint, {OGRPoint(1, 2)});
+    for (int index = 0; index < 150; ++index) {
+        columns.append({QStringLiteral("attribute_%1").arg(index), OFTInteger, index});
+        details.append_object_attribute(1000 + index);
+    }
+    OGRExporter exporter(path("many.shp"), QStringLiteral("ESRI Shapefile"), nullptr);
+    exporter.options(recordingOptions());
+    exporter.writeAttributes(true);
+    QVERIFY(exporter.write(QVector<OGRLayerInfo>{layerOf({details}, columns)}));
+    QStringList expected;
+    QSet<QString> refused;
+    for (const OGRRefusal& refusal : exporter.refusals()) {
+        if (refusal.kind == OGRRefusal::Field && !refusal.taken)
+            refused.insert(refusal.subject);
+    }
+    for (const OGRAttributeInfo& column : columns) {
+        if (!refused.contains(column.name()))
+            expected.append(QString::number(1000 + column.index()));
+    }
+    QVERIFY(!refused.isEmpty() && expected.size() >= 90);
+    QStringList written;
+    featureTexts(path("many.shp"), [&written](const OGRFeature& read) {
+        for (int field = 0; field < read.GetFieldCount(); ++field)
+            written.append(QString::fromUtf8(read.GetFieldAsString(field)));
+        return QString();
+    });
+    QCOMPARE(written, expected);
 }
 
 void OgrExporterTest::refusalsAreListed()
