@@ -5,11 +5,32 @@
 #include <cstdint>
 #include <cstring>
 
+// The fast way needs numbers of 128 bits, the bit operations of GCC and Clang, and a machine that stores the lowest byte
+// first. Elsewhere, and with KP_PLAIN_DIGITS, every number goes the long way, which gives the same text.
+#if !defined(KP_PLAIN_DIGITS)                                                                                          \
+    && !(defined(__SIZEOF_INT128__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__)
+#define KP_PLAIN_DIGITS
+#endif
+
 /// Digits of a number in fixed notation, for writers that differ in how they round and in the sign of zero.
 namespace kpBaseExport::DecimalDigits
 {
 
-__extension__ using Wide = unsigned __int128; // of GCC and Clang
+/// What becomes of a value that lies exactly between two decimals.
+enum class Tie { AwayFromZero, ToEven };
+
+#ifdef KP_PLAIN_DIGITS
+
+/// Takes no number.
+template <Tie tie>
+char* writeMagnitude(char*, std::uint64_t, int)
+{
+    return nullptr;
+}
+
+#else
+
+__extension__ using Wide = unsigned __int128;
 
 constexpr int largestPrecision = 18;
 
@@ -34,9 +55,6 @@ constexpr std::uint64_t powersOfTen[largestPrecision + 1] = {
     100000000000000000ULL,
     1000000000000000000ULL,
 };
-
-/// What becomes of a value that lies exactly between two decimals.
-enum class Tie { AwayFromZero, ToEven };
 
 constexpr std::uint64_t eightZeros = 0x3030303030303030ULL;
 constexpr std::uint64_t tenToTheEighth = 100000000ULL;
@@ -192,5 +210,7 @@ inline char* writeMagnitude(char* out, std::uint64_t bits, int precision)
     const std::uint64_t mantissa = (bits & 0xfffffffffffffULL) | 0x10000000000000ULL;
     return writeUsual(out, halved<tie>(mantissa * powersOfTen[precision], shift), precision);
 }
+
+#endif
 
 } // namespace kpBaseExport::DecimalDigits

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <utility>
 
 namespace kpBaseExport
 {
@@ -34,17 +36,25 @@ constexpr PresetHeader presetHeaders[] = {
 };
 constexpr std::size_t fieldsInFixedText = 3;
 
+/// 0 for a field that ends before it starts: it has no place in the line.
 int widthOf(const MatrixDataExporter::FieldInfo& field)
 {
-    return field.end - field.start + 1;
+    const qint64 width = static_cast<qint64>(field.end) - field.start + 1;
+    return static_cast<int>(std::clamp<qint64>(width, 0, std::numeric_limits<int>::max()));
 }
 
 /// \a text right-aligned in \a width characters; what is longer loses its end to a "*".
 QString fitted(const QString& text, int width)
 {
-    if (text.size() > width)
-        return width > 0 ? text.left(width - 1) + QLatin1Char('*') : QString();
-    return text.rightJustified(width);
+    if (text.size() <= width)
+        return text.rightJustified(width);
+    if (width == 0)
+        return {};
+    QString kept = text.left(width - 1);
+    // Half a character outside the basic plane is none.
+    if (!kept.isEmpty() && qAsConst(kept).back().isHighSurrogate())
+        kept.chop(1);
+    return (kept + QLatin1Char('*')).rightJustified(width);
 }
 
 const kpBase::MatrixData* vertexMatrix(const GeoObject::MatrixList& vertices, std::size_t index)
@@ -64,11 +74,6 @@ bool MatrixDataAsciiExporter::cancelled() const
     return m_cancelled;
 }
 
-GeoObject::MatrixList MatrixDataAsciiExporter::conformUnits(GeoObject::MatrixList vertices) const
-{
-    return vertices;
-}
-
 MatrixDataAsciiExporter::Source MatrixDataAsciiExporter::sourceOf(const FieldInfo& field,
                                                                   const kpBase::MatrixData* matrix) const
 {
@@ -83,7 +88,8 @@ MatrixDataAsciiExporter::Source MatrixDataAsciiExporter::sourceOf(const FieldInf
 void MatrixDataAsciiExporter::buildFieldData(const GeoObject* object)
 {
     m_fieldData.clear();
-    const GeoObject::MatrixList vertices = conformUnits(object->vertexData());
+    std::vector<Source> sources;
+    const GeoObject::MatrixList& vertices = object->vertexData();
     for (const FieldInfo& field : fields) {
         const kpBase::MatrixData* matrix = nullptr;
         if (field.name == QLatin1String("x")) {
@@ -100,14 +106,28 @@ void MatrixDataAsciiExporter::buildFieldData(const GeoObject* object)
             if (found != attributes.end())
                 matrix = *found;
         }
-        m_fieldData.push_back(sourceOf(field, matrix));
+        sources.push_back(sourceOf(field, matrix));
     }
+    m_fieldData = std::move(sources);
 }
 
-void MatrixDataAsciiExporter::resolve(const GeoObject* object)
+/// Runs what writes of one object. The object may be gone afterwards, so nothing keeps pointing into it; and when its
+/// matrices throw, what is whole goes to the file and the rest is dropped, so that the next object starts a line.
+template <typename Write>
+void MatrixDataAsciiExporter::writeOf(const GeoObject* object, Write write)
 {
-    if (m_fieldData.empty())
+    m_whole = 0;
+    try {
         buildFieldData(object);
+        write();
+    } catch (...) {
+        m_fieldData.clear();
+        m_block.resize(m_whole);
+        flushBlock(0);
+        throw;
+    }
+    m_fieldData.clear();
+    flushBlock(0);
 }
 
 QString MatrixDataAsciiExporter::headerName(std::size_t field) const
@@ -138,10 +158,14 @@ void MatrixDataAsciiExporter::writeHeader(const GeoObject* object)
 {
     if (!headerPending)
         return;
+    writeOf(object, [this] { appendHeader(); });
     headerPending = false;
-    resolve(object);
+}
+
+void MatrixDataAsciiExporter::appendHeader()
+{
     if (mode == ColumnBased) {
-        int position = 1;
+        qint64 position = 1;
         for (std::size_t index = 0; index < fields.size(); ++index) {
             for (; position < fields[index].start; ++position)
                 m_block += ' ';
@@ -158,7 +182,6 @@ void MatrixDataAsciiExporter::writeHeader(const GeoObject* object)
         }
     }
     m_block += '\n';
-    flushBlock(0);
 }
 
 void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const QString& preset)
@@ -172,33 +195,31 @@ void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const Q
     }
     if (!headerPending)
         return;
+    writeOf(object, [this, header] {
+        m_block += header->fixedText;
+        for (std::size_t index = fieldsInFixedText; index < fields.size(); ++index) {
+            QString name = headerName(index);
+            if (header->dashForBlank)
+                name.replace(QLatin1Char(' '), QLatin1Char('-'));
+            m_block += header->before + name.toStdString() + header->after;
+        }
+        m_block += '\n';
+    });
     headerPending = false;
-    resolve(object);
-    m_block += header->fixedText;
-    for (std::size_t index = fieldsInFixedText; index < fields.size(); ++index) {
-        QString name = headerName(index);
-        if (header->dashForBlank)
-            name.replace(QLatin1Char(' '), QLatin1Char('-'));
-        m_block += header->before + name.toStdString() + header->after;
-    }
-    m_block += '\n';
     separator = header->separator;
-    flushBlock(0);
 }
 
 void MatrixDataAsciiExporter::writeGeo(const GeoObject* object)
 {
-    const bool named = insertLineBreaks && !object->name.empty();
-    if (named)
-        m_block += object->name + '\n';
-    flushBlock(0);
-    resolve(object);
+    m_cancelled = false;
+    if (insertLineBreaks && !object->name.empty())
+        put(object->name + '\n');
     requireVertexData(*object);
-    appendRows(*object);
-    m_fieldData.clear();
-    if (insertLineBreaks)
-        m_block += '\n';
-    flushBlock(0);
+    writeOf(object, [this, object] {
+        appendRows(*object);
+        if (insertLineBreaks)
+            m_block += '\n';
+    });
 }
 
 void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
@@ -210,7 +231,7 @@ void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
     const bool plain = preparePlainRows(rows, between);
     m_lastPercent = 0;
     for (int start = 0; start < rows; start += rowsBetweenReports) {
-        if (progress && !reportRow(start, rows))
+        if (reportRows && progress && !reportRow(start, rows))
             break;
         const int end = std::min(start + rowsBetweenReports, rows);
         for (int row = start; row < end;) {
@@ -218,7 +239,9 @@ void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
                 row = appendPlainRows(row, end, between);
             if (row < end) {
                 joinPlainRows();
+                m_whole = m_block.size();
                 appendRow(row, between);
+                m_whole = m_block.size();
                 ++row;
             }
             flushBlock(blockSize);
@@ -295,7 +318,7 @@ void MatrixDataAsciiExporter::joinPlainRows()
 void MatrixDataAsciiExporter::appendRow(int row, const std::string& separatorChars)
 {
     if (mode == ColumnBased) {
-        int position = 1;
+        qint64 position = 1;
         for (std::size_t index = 0; index < fields.size(); ++index) {
             for (; position < fields[index].start; ++position)
                 m_block += ' ';
@@ -387,7 +410,7 @@ int MatrixDataAsciiExporter::finish(const FieldInfo& field, const QString& text)
     if (mode == ColumnBased) {
         const int width = widthOf(field);
         m_block += fitted(text, width).toStdString();
-        return std::max(width, 0);
+        return width;
     }
     if (mode == FieldBased)
         m_block += text.toStdString();
@@ -404,7 +427,7 @@ int MatrixDataAsciiExporter::finishAscii(const FieldInfo& field, std::size_t sta
         m_block.resize(start);
         return length;
     }
-    const int width = std::max(widthOf(field), 0);
+    const int width = widthOf(field);
     if (length > width) {
         m_block.resize(start + static_cast<std::size_t>(std::max(width - 1, 0)));
         if (width > 0)
@@ -419,10 +442,11 @@ void MatrixDataAsciiExporter::flushBlock(std::size_t limit)
 {
     if (m_block.size() + m_plainSize <= limit)
         return;
-    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
-    stream.write(m_plainRows.data(), static_cast<std::streamsize>(m_plainSize));
+    put(m_block);
+    put(m_plainRows.data(), m_plainSize);
     m_block.clear();
     m_plainSize = 0;
+    m_whole = 0;
 }
 
 } // namespace kpBaseExport

@@ -15,7 +15,8 @@ namespace kpBaseExport
 /// Writes the vertices of objects as lines of text, one field per entry of fields, either in fixed columns
 /// (right-aligned; what is too long is cut and ends in "*") or joined by a separator.
 ///
-/// With a progress object the writer reports whole percentages of each object and stops when the user cancels.
+/// With reportRows and a progress object the writer reports whole percentages of each object and stops when the user
+/// cancels. An object whose matrices throw leaves its whole rows in the file, and the writer can go on with the next.
 class KPBASEEXPORTCORE_EXPORT MatrixDataAsciiExporter : public MatrixDataExporter
 {
 public:
@@ -45,8 +46,6 @@ public:
 protected:
     /// Finds the source of each field in \a object.
     void buildFieldData(const GeoObject* object);
-    /// The vertex matrices to write in place of the object's own; a place for a conversion of units. Unchanged here.
-    GeoObject::MatrixList conformUnits(GeoObject::MatrixList vertices) const;
     /// Formats one value and writes it.
     /// \returns the number of characters written
     int writeValue(const FieldInfo& field, const kpBase::MatrixData* source, int row);
@@ -72,7 +71,9 @@ private:
 
     QString headerName(std::size_t field) const;
     std::string separatorText() const;
-    void resolve(const GeoObject* object);
+    template <typename Write>
+    void writeOf(const GeoObject* object, Write write);
+    void appendHeader();
     int appendValue(const FieldInfo& field, const Source& source, int row);
     void appendText(const Source& source, int row, QString& text) const;
     int finish(const FieldInfo& field, const QString& text);
@@ -90,6 +91,7 @@ private:
     std::vector<PlainColumn> m_plainColumns;
     std::string m_plainNull; ///< what stands for a missing value there
     std::string m_block;
+    std::size_t m_whole = 0;       ///< characters of m_block before the row that is being composed
     std::vector<char> m_plainRows; ///< follow m_block; their room is made once
     std::size_t m_plainSize = 0;   ///< characters of m_plainRows in use
     int m_lastPercent = 0;

@@ -28,7 +28,8 @@ bool MatrixDataDXFExporter::fileOpen()
 
 void MatrixDataDXFExporter::fileClose()
 {
-    stream << DxfFrame::epilogue;
+    if (stream.is_open())
+        put(DxfFrame::epilogue);
     MatrixDataExporter::fileClose();
 }
 

@@ -13,22 +13,6 @@ namespace kpBaseExport
 namespace
 {
 
-constexpr int coordinateDecimals = 6;
-
-void appendPoint(std::string& text, const QPointF& point)
-{
-    appendStreamFixed(text, point.y(), coordinateDecimals);
-    text += ',';
-    appendStreamFixed(text, point.x(), coordinateDecimals);
-    text += '\n';
-}
-
-void appendPoints(std::string& text, const QList<QPointF>& points)
-{
-    for (const QPointF& point : points)
-        appendPoint(text, point);
-}
-
 void appendName(std::string& text, const QString& name)
 {
     text += "<name><![CDATA[" + name.toStdString() + "]]></name>";
@@ -45,13 +29,6 @@ std::string kmlColour(const char* alpha, const QColor& colour)
         text += digits[component % 16];
     }
     return text;
-}
-
-void appendEdge(std::string& text, const char* edge, double degrees)
-{
-    text += std::string("<") + edge + ">";
-    appendStreamFixed(text, degrees, coordinateDecimals);
-    text += std::string("</") + edge + ">\n";
 }
 
 } // namespace
@@ -76,7 +53,8 @@ bool MatrixDataKMLExporter::fileOpen()
 
 void MatrixDataKMLExporter::fileClose()
 {
-    stream << KmlFrame::epilogue;
+    if (stream.is_open())
+        put(KmlFrame::epilogue);
     MatrixDataExporter::fileClose();
 }
 
@@ -84,18 +62,18 @@ void MatrixDataKMLExporter::beginFolder(const QString& name)
 {
     m_text = "<Folder>\n";
     appendName(m_text, name);
-    put("\n");
+    finish("\n");
 }
 
 void MatrixDataKMLExporter::endFolder()
 {
-    put("</Folder>\n");
+    finish("</Folder>\n");
 }
 
 void MatrixDataKMLExporter::writeName(const QString& name)
 {
     appendName(m_text, name);
-    put("\n");
+    finish("\n");
 }
 
 void MatrixDataKMLExporter::writeBoundingArea(const QPointF& corner1, const QPointF& corner2)
@@ -103,8 +81,8 @@ void MatrixDataKMLExporter::writeBoundingArea(const QPointF& corner1, const QPoi
     m_text = "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
              "<Polygon><altitudeMode>clampToGround</altitudeMode>"
              "<outerBoundaryIs><LinearRing><coordinates>\n";
-    appendPoints(m_text, {corner1, {corner1.x(), corner2.y()}, corner2, {corner2.x(), corner1.y()}, corner1});
-    put("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
+    appendPoints({corner1, {corner1.x(), corner2.y()}, corner2, {corner2.x(), corner1.y()}, corner1});
+    finish("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writeSectionTrace(const QList<QPointF>& points, const QString& name)
@@ -113,8 +91,8 @@ void MatrixDataKMLExporter::writeSectionTrace(const QList<QPointF>& points, cons
     appendName(m_text, name);
     m_text += "<styleUrl>#sectionTrace</styleUrl>\n"
               "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
-    appendPoints(m_text, points);
-    put("</coordinates></LineString></Placemark>\n");
+    appendPoints(points);
+    finish("</coordinates></LineString></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writePolygon(const QList<QPointF>& points, const QString& name, const QColor& colour)
@@ -126,8 +104,8 @@ void MatrixDataKMLExporter::writePolygon(const QList<QPointF>& points, const QSt
     m_text += "<styleUrl>#PSI" + number
               + "</styleUrl>\n<Polygon><altitudeMode>clampToGround</altitudeMode>"
                 "<outerBoundaryIs><LinearRing><coordinates>\n";
-    appendPoints(m_text, points);
-    put("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
+    appendPoints(points);
+    finish("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writePolyLine(const QList<QPointF>& points, const QString& name, const QColor& colour)
@@ -138,8 +116,8 @@ void MatrixDataKMLExporter::writePolyLine(const QList<QPointF>& points, const QS
     appendName(m_text, name);
     m_text += "<styleUrl>#LSI" + number
               + "</styleUrl>\n<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
-    appendPoints(m_text, points);
-    put("</coordinates></LineString></Placemark>\n");
+    appendPoints(points);
+    finish("</coordinates></LineString></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writeWell(const QPointF& position, const QString& name)
@@ -147,8 +125,8 @@ void MatrixDataKMLExporter::writeWell(const QPointF& position, const QString& na
     m_text = "<Placemark>";
     appendName(m_text, name);
     m_text += "\n<Point><coordinates>\n";
-    appendPoint(m_text, position);
-    put("</coordinates></Point></Placemark>\n");
+    appendPoint(position);
+    finish("</coordinates></Point></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, double east, double west, double rotation,
@@ -157,12 +135,12 @@ void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, dou
     m_text = "<GroundOverlay>";
     appendName(m_text, name);
     m_text += "\n<Icon><href>" + imageHref.toStdString() + "</href></Icon>\n<LatLonBox>\n";
-    appendEdge(m_text, "north", north);
-    appendEdge(m_text, "south", south);
-    appendEdge(m_text, "east", east);
-    appendEdge(m_text, "west", west);
-    appendEdge(m_text, "rotation", rotation);
-    put("</LatLonBox></GroundOverlay>\n");
+    appendEdge("north", north);
+    appendEdge("south", south);
+    appendEdge("east", east);
+    appendEdge("west", west);
+    appendEdge("rotation", rotation);
+    finish("</LatLonBox></GroundOverlay>\n");
 }
 
 void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QString& name, const QString& imageSource,
@@ -173,14 +151,41 @@ void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QStri
     m_text += "\n<description><![CDATA[<img src=\"" + imageSource.toStdString()
               + "\" width=" + std::to_string(size.width()) + " height=" + std::to_string(size.height())
               + " />]]></description>\n<Point><coordinates>\n";
-    appendPoint(m_text, position);
-    put("</coordinates></Point></Placemark>\n");
+    appendPoint(position);
+    finish("</coordinates></Point></Placemark>\n");
 }
 
-void MatrixDataKMLExporter::put(const std::string& text)
+void MatrixDataKMLExporter::appendNumber(double degrees)
 {
-    m_text += text;
-    stream.write(m_text.data(), static_cast<std::streamsize>(m_text.size()));
+    // The saver may have asked the stream for other decimals.
+    appendStreamFixed(m_text, degrees, static_cast<int>(stream.precision()));
+}
+
+void MatrixDataKMLExporter::appendPoint(const QPointF& point)
+{
+    appendNumber(point.y());
+    m_text += ',';
+    appendNumber(point.x());
+    m_text += '\n';
+}
+
+void MatrixDataKMLExporter::appendPoints(const QList<QPointF>& points)
+{
+    for (const QPointF& point : points)
+        appendPoint(point);
+}
+
+void MatrixDataKMLExporter::appendEdge(const char* edge, double degrees)
+{
+    m_text += std::string("<") + edge + ">";
+    appendNumber(degrees);
+    m_text += std::string("</") + edge + ">\n";
+}
+
+void MatrixDataKMLExporter::finish(const char* end)
+{
+    m_text += end;
+    put(m_text);
     m_text.clear();
 }
 

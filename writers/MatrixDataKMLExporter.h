@@ -15,7 +15,8 @@ namespace kpBaseExport
 
 /// Writes a KML 2.1 document: folders, placemarks, ground overlays (KML 2.1 Reference, kml21.xsd).
 /// Positions are QPointF with x = latitude and y = longitude, in decimal degrees. Names stand in CDATA sections;
-/// texts are written as they are. Folders are closed by whoever opened them.
+/// texts are written as they are. Numbers have the decimals that the stream is set to. Folders are closed by whoever
+/// opened them.
 class KPBASEEXPORTCORE_EXPORT MatrixDataKMLExporter : public MatrixDataExporter
 {
 public:
@@ -49,7 +50,11 @@ protected:
     int styleCounter = 0; ///< number of the last style of a line or polygon
 
 private:
-    void put(const std::string& text);
+    void appendNumber(double degrees);
+    void appendPoint(const QPointF& point);
+    void appendPoints(const QList<QPointF>& points);
+    void appendEdge(const char* edge, double degrees);
+    void finish(const char* end);
 
     std::string m_text; ///< reused by every operation
 };

@@ -6,6 +6,8 @@
 #include "host/data/MatrixData.h"
 #include "writers/StreamNumber.h"
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace kpBaseExport
@@ -53,10 +55,26 @@ MatrixDataOpenTecLinkExporter::~MatrixDataOpenTecLinkExporter()
     delete sectionPositions;
 }
 
+/// Drops what is not on the stream yet when a matrix throws, so that it does not turn up in the next file.
+template <typename Write>
+void MatrixDataOpenTecLinkExporter::writeWhole(Write write)
+{
+    stream.precision(precision);
+    try {
+        write();
+    } catch (...) {
+        m_block.clear();
+        throw;
+    }
+    flushBlock(0);
+}
+
 void MatrixDataOpenTecLinkExporter::writeHeader(const GeoObject*)
 {
-    m_block += "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n";
-    if (sectionPositions && sectionPositions->rowCount() > 0) {
+    writeWhole([this] {
+        m_block += "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n";
+        if (!sectionPositions || sectionPositions->rowCount() < 1)
+            return;
         m_block += "xy_section_position\n";
         const ColumnReader x(*sectionPositions, 0);
         const ColumnReader y(*sectionPositions, 1);
@@ -66,33 +84,41 @@ void MatrixDataOpenTecLinkExporter::writeHeader(const GeoObject*)
             flushBlock(blockSize);
         }
         m_block += "xy_section_position-end\n\n";
-    }
-    flushBlock(0);
+    });
 }
 
 void MatrixDataOpenTecLinkExporter::writeGeo(const GeoObject* object)
 {
+    m_cancelled = false;
     if (object->sectionData().empty())
         return;
-    m_cancelled = false;
     m_rowsDone = 0;
+    m_lastPercent = 0;
     m_rows = 0;
-    for (const kpBase::MatrixData* segment : object->sectionData())
+    writeWhole([this, object] { appendSection(*object); });
+}
+
+void MatrixDataOpenTecLinkExporter::appendSection(const GeoObject& object)
+{
+    std::vector<const kpBase::MatrixData*> segments;
+    std::copy_if(object.sectionData().begin(), object.sectionData().end(), std::back_inserter(segments),
+                 [](const kpBase::MatrixData* segment) { return segment != nullptr; });
+    for (const kpBase::MatrixData* segment : segments)
         m_rows += segment->rowCount();
     m_block += "open_tec_link_section " + sectionName.toStdString() + "\n\nsection_age ";
     appendStreamFixed(m_block, sectionAge, precision);
     m_block += "\n\n";
-    for (const kpBase::MatrixData* segment : object->sectionData()) {
+    for (const kpBase::MatrixData* segment : segments) {
         m_block += "segment\nname " + segment->name().toStdString();
         m_block += "\ncolor_rgb " + segment->colorHexaString().toStdString();
         m_block += "\ntype " + segment->geoType().toStdString();
         m_block += "\npoints\n";
-        if (!appendPoints(*segment))
-            break;
+        const bool goOn = appendPoints(*segment);
         m_block += "points-end\nsegment-end\n\n";
+        if (!goOn)
+            break;
     }
     m_block += "open_tec_link_section-end\n\n";
-    flushBlock(0);
 }
 
 /// False when the user has cancelled.
@@ -110,16 +136,16 @@ bool MatrixDataOpenTecLinkExporter::appendPoints(const kpBase::MatrixData& segme
             m_block += '\n';
         }
         flushBlock(blockSize);
-        if (!reportRows(end - first))
+        if (!report(end - first))
             return false;
     }
     return true;
 }
 
-bool MatrixDataOpenTecLinkExporter::reportRows(qint64 rows)
+bool MatrixDataOpenTecLinkExporter::report(qint64 rows)
 {
     m_rowsDone += rows;
-    if (!progress)
+    if (!reportRows || !progress)
         return true;
     const int percent = static_cast<int>(m_rowsDone * 100 / m_rows);
     if (percent != m_lastPercent)
@@ -145,7 +171,7 @@ void MatrixDataOpenTecLinkExporter::flushBlock(std::size_t limit)
 {
     if (m_block.size() <= limit)
         return;
-    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+    put(m_block);
     m_block.clear();
 }
 

@@ -16,7 +16,8 @@ namespace kpBaseExport
 /// Writes one geological cross-section in the OpenTecLink text format: the trace of the section in map view and one
 /// segment per line drawn on it, from the record's section list. Lengths are metres, depth is positive downwards.
 ///
-/// With a progress object the writer reports whole percentages of the record's points and stops when the user cancels.
+/// With reportRows and a progress object the writer reports whole percentages of the record's points and stops when the
+/// user cancels; the segment and the section are closed then, too.
 class KPBASEEXPORTCORE_EXPORT MatrixDataOpenTecLinkExporter : public MatrixDataExporter
 {
 public:
@@ -35,13 +36,15 @@ public:
     int precision = 2;                                    ///< decimals of every number
     QString sectionName = QStringLiteral("SectionDummy"); ///< name of the section
     double sectionAge = 0.0;                              ///< age of the section
-    const kpBase::MatrixData* sectionPositions =
-        nullptr; ///< trace: a row per point, columns x, y; deleted by the writer
+    kpBase::MatrixData* sectionPositions = nullptr;       ///< trace: a row per point, columns x, y; the writer's
 
 private:
     void appendRow(const char* keyword, std::initializer_list<double> numbers);
     bool appendPoints(const kpBase::MatrixData& segment);
-    bool reportRows(qint64 rows);
+    bool report(qint64 rows);
+    void appendSection(const GeoObject& object);
+    template <typename Write>
+    void writeWhole(Write write);
     void flushBlock(std::size_t limit);
 
     std::string m_block;
