@@ -57,7 +57,10 @@ int DoubleMatrixData::rowCount() const
 
 bool DoubleMatrixData::holds(int row, int column) const
 {
-    return column >= 0 && static_cast<std::size_t>(column) < m_columns.size() && row >= 0 && row < rowCount();
+    if (column < 0 || static_cast<std::size_t>(column) >= m_columns.size() || row < 0)
+        return false;
+    const Values& values = m_columns[static_cast<std::size_t>(column)].values;
+    return values && static_cast<std::size_t>(row) < values->size();
 }
 
 QVariant DoubleMatrixData::value(int row, int column) const
@@ -76,6 +79,8 @@ DoubleColumn DoubleMatrixData::doubleColumn(int column) const
     if (column < 0 || static_cast<std::size_t>(column) >= m_columns.size())
         return {};
     const Column& source = m_columns[static_cast<std::size_t>(column)];
+    if (!source.values)
+        return {};
     return {source.values->data(), source.missing ? source.missing->data() : nullptr};
 }
 
