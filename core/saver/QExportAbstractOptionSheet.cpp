@@ -3,7 +3,7 @@
 
 #include "core/saver/QExportAbstractSheetFactory.h"
 
-#include <stdexcept>
+#include <memory>
 
 namespace kpBaseExport
 {
@@ -11,12 +11,12 @@ namespace kpBaseExport
 namespace
 {
 
-/// Null when no such sheet is registered: a format need not have options.
-QExportAbstractSheet* registeredSheet(const std::string& key)
+/// Null when no such sheet is registered or it cannot be made: a format need not have options.
+std::unique_ptr<QExportAbstractSheet> registeredSheet(const std::string& key)
 {
     try {
-        return QExportAbstractSheetFactory::create_unmanaged(key);
-    } catch (const std::exception&) {
+        return std::unique_ptr<QExportAbstractSheet>(QExportAbstractSheetFactory::create_unmanaged(key));
+    } catch (...) {
         return nullptr;
     }
 }
@@ -35,13 +35,14 @@ QExportAbstractOptionSheet::~QExportAbstractOptionSheet() = default;
 QExportAbstractOptionSheet* QExportAbstractOptionSheet::create_unmanaged(const std::string& key, QExportWizard* wizard,
                                                                          const QString& text)
 {
-    QExportAbstractSheet* sheet = registeredSheet(key);
-    if (!sheet)
+    std::unique_ptr<QExportAbstractSheet> sheet = registeredSheet(key);
+    auto* option = dynamic_cast<QExportAbstractOptionSheet*>(sheet.get());
+    if (!option)
         return nullptr;
     sheet->initialize(wizard, text);
     sheet->m_key = key;
-    // What stands under a format key is an option sheet.
-    return static_cast<QExportAbstractOptionSheet*>(sheet);
+    sheet.release();
+    return option;
 }
 
 boost::shared_ptr<QExportAbstractOptionSheet>

@@ -16,7 +16,8 @@ public:
     QExportAbstractOptionSheet& operator=(const QExportAbstractOptionSheet&);
     ~QExportAbstractOptionSheet() override;
 
-    /// Makes and initialises the sheet registered under \a key; null when there is none.
+    /// Makes and initialises the sheet registered under \a key; null when there is none, when it cannot be made or
+    /// when it is of another kind.
     /// The sheet lives as long as the dialog that shows it.
     static QExportAbstractOptionSheet* create_unmanaged(const std::string& key, QExportWizard* wizard,
                                                         const QString& text);

@@ -97,6 +97,19 @@ private Q_SLOTS:
         QCOMPARE(saver.build_sheets(nullptr), made);
         delete made.first();
 
+        // A page that cannot be made, or is none of options, is no page, whatever its factory throws.
+        struct OtherSheet : QExportAbstractSheet
+        {
+            OtherSheet()
+                : QExportAbstractSheet(nullptr)
+            {
+            }
+        };
+        static TestSheetFactory broken("broken", []() -> QExportAbstractSheet* { throw 7; });
+        static TestSheetFactory other("other", [] { return new OtherSheet; });
+        QVERIFY(!QExportAbstractOptionSheet::create_unmanaged("broken", nullptr, QString()));
+        QVERIFY(!QExportAbstractOptionSheet::create("other", nullptr, QString()));
+
         static SheetFactory own("y");
         const auto sheet = QExportAbstractOptionSheet::create("y", nullptr, QString());
         QCOMPARE(sheet->key(), std::string("y"));
