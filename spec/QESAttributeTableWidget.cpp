@@ -54,6 +54,6 @@ void QESAttributeTableWidget::dropEvent(QDropEvent* event)
         if (cell.column == 0)
             names.append(cell.text);
     }
-    if (!names.isEmpty())
+    if (m_sheet && !names.isEmpty())
         m_sheet->takeFieldsOut(names, m_source);
 }

@@ -64,7 +64,7 @@ void QESSpecificationTableWidget::dropEvent(QDropEvent* event)
 
 void QESSpecificationTableWidget::dropAttributes(QDropEvent* event)
 {
-    if (!kpBaseExport::holdsCells(event->mimeData()))
+    if (!m_sheet || !kpBaseExport::holdsCells(event->mimeData()))
         return;
     const QTableWidgetItem* item = itemAt(event->pos());
     QStringList names;

@@ -18,7 +18,7 @@ QWidget* QESSpinBoxColumnDelegate::createEditor(QWidget* parent, const QStyleOpt
                                                 const QModelIndex& index) const
 {
     auto* box = new QSpinBox(parent);
-    if (index.column() != 1 && index.column() != 2)
+    if (!m_editor || (index.column() != 1 && index.column() != 2))
         return box;
     const layout::Span range = m_editor->columnRange(index.row(), index.column() == 1);
     box->setRange(range.start, range.end);

@@ -54,27 +54,25 @@ bool QExportSheetAscii::isAvailable() const
 
 MatrixDataAsciiExporter::Mode QExportSheetAscii::mode() const
 {
-    return m_editor->mode() == QExportSpecification::FieldBased ? MatrixDataAsciiExporter::FieldBased
-                                                                : MatrixDataAsciiExporter::ColumnBased;
+    return m_editor && m_editor->mode() == QExportSpecification::ColumnBased ? MatrixDataAsciiExporter::ColumnBased
+                                                                             : MatrixDataAsciiExporter::FieldBased;
 }
 
 std::vector<MatrixDataExporter::FieldInfo> QExportSheetAscii::fieldInfoList() const
 {
     QVector<QESAttribute> fields;
-    for (int index = 0; index < m_editor->size(); ++index)
+    for (int index = 0; m_editor && index < m_editor->size(); ++index)
         fields.append(m_editor->field(index));
     return layout::fieldInfos(fields, mode() == MatrixDataAsciiExporter::ColumnBased);
 }
 
 std::vector<std::string> QExportSheetAscii::selectedAttributeNames()
 {
-    static const QStringList others{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z"), QStringLiteral("i"),
-                                    QStringLiteral("j")};
     std::vector<std::string> names;
-    for (int index = 0; index < m_editor->size(); ++index) {
-        const QString name = m_editor->field(index).name();
-        if (!others.contains(name))
-            names.push_back(name.toStdString());
+    for (int index = 0; m_editor && index < m_editor->size(); ++index) {
+        const QESAttribute field = m_editor->field(index);
+        if (!layout::isNonAttribute(field))
+            names.push_back(field.name().toStdString());
     }
     return names;
 }

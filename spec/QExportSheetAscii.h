@@ -43,6 +43,7 @@ public:
     bool isAvailable() const override;
     void initialize(const QString& text) override;
 
+    /// The layout's mode; separated fields while there is no editor.
     MatrixDataAsciiExporter::Mode mode() const;
     /// The fields for the ASCII writer.
     std::vector<MatrixDataExporter::FieldInfo> fieldInfoList() const;

@@ -78,6 +78,13 @@ bool isNonAttribute(const QString& name)
     return findNonAttribute(name) != nullptr;
 }
 
+bool isNonAttribute(const QESAttribute& field)
+{
+    return std::any_of(std::begin(nonAttributes), std::end(nonAttributes), [&field](const NonAttribute& entry) {
+        return entry.typeId == field.typeId() && writerName(QLatin1String(entry.name)) == writerName(field.name());
+    });
+}
+
 void nonAttribute(const QString& name, QESAttribute& out)
 {
     const NonAttribute* entry = findNonAttribute(name);

@@ -32,6 +32,8 @@ KPBASEEXPORTCORE_EXPORT bool isCompound(const QString& name);
 
 /// True for the names of the coordinates and grid indices: "X", "Y", "Z", "i", "j".
 KPBASEEXPORTCORE_EXPORT bool isNonAttribute(const QString& name);
+/// True for a field that is one of these five by its type, and not an attribute that happens to have such a name.
+KPBASEEXPORTCORE_EXPORT bool isNonAttribute(const QESAttribute& field);
 /// Fills \a out with the standard field of one of these five; leaves it as it is for any other name.
 KPBASEEXPORTCORE_EXPORT void nonAttribute(const QString& name, QESAttribute& out);
 

@@ -81,6 +81,34 @@ private Q_SLOTS:
         QCOMPARE(sheet.selectedAttributeNames(), (std::vector<std::string>{"depth", "Facies:sand"}));
     }
 
+    void attributesNamedLikeCoordinates()
+    {
+        Sheet sheet;
+        int order = 0;
+        for (const char* name : {"X", "x", "i", "j", "y", "z"}) {
+            QESAttribute attribute = fieldOf(name, 0);
+            sheet.editor->getNonAttribute(attribute.name(), attribute);
+            // Only "X" and "i" are the coordinate and the index here.
+            if (order != 0 && order != 2)
+                attribute.typeId() = 0;
+            attribute.order() = order++;
+            sheet.editor->addAttribute(attribute);
+            sheet.editor->addField(attribute);
+        }
+        sheet.editor->activate();
+        QCOMPARE(sheet.selectedAttributeNames(), (std::vector<std::string>{"x", "j", "y", "z"}));
+    }
+
+    void withoutEditor()
+    {
+        struct Bare : QExportSheetAscii
+        {
+            QString optionSummary() const override { return {}; }
+        } sheet;
+        QCOMPARE(sheet.mode(), MatrixDataAsciiExporter::FieldBased);
+        QVERIFY(sheet.fieldInfoList().empty() && sheet.selectedAttributeNames().empty() && !sheet.isComplete());
+    }
+
     void extremeNumbers()
     {
         // What a file that was edited by hand may hold: no overflow, no overlap before the end of the numbers.
