@@ -191,15 +191,14 @@ void Wizard::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    QDialog::reject();
     event->accept();
 }
 
 void Wizard::reject()
 {
-    if (m_progress->isRunning())
-        m_progress->cancel();
-    else
-        QDialog::reject();
+    // Escape goes the way of the close button.
+    close();
 }
 
 void Wizard::set_current_sheet(AbstractSheet* sheet)

@@ -55,8 +55,9 @@ public:
     QPushButton* closeButton() const; ///< object name "closeButton"
 
 protected:
-    /// During a run the dialog stays open and the run is cancelled instead.
+    /// Ends the dialog, whose result is rejected. During a run it stays open and the run is cancelled instead.
     void closeEvent(QCloseEvent* event) override;
+    /// Closes the dialog.
     void reject() override;
     void set_current_sheet(AbstractSheet* sheet) override;
 

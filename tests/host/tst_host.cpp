@@ -72,6 +72,14 @@ private Q_SLOTS:
         QVERIFY(numbers.value(1, 0).isNull() && numbers.value(2, 0).isNull() && numbers.value(0, 1).isNull());
         QCOMPARE(numbers.doubleColumn(0).values[1], 2.5);
         QVERIFY(!numbers.doubleColumn(1).values);
+        // Columns without values, and one that is shorter than the first.
+        const DoubleMatrixData none(QStringLiteral("n"), nullptr);
+        QVERIFY(none.rowCount() == 0 && !none.doubleColumn(0).values && none.value(0, 0).isNull());
+        const auto values = [](Values list) { return std::make_shared<const Values>(std::move(list)); };
+        const DoubleMatrixData uneven(QStringLiteral("n"),
+                                      {{values({1, 2}), nullptr}, {nullptr, nullptr}, {values({3}), nullptr}});
+        QVERIFY(uneven.value(0, 1).isNull() && uneven.value(1, 2).isNull());
+        QCOMPARE(uneven.value(0, 2), QVariant(3.0));
 
         const VariantMatrixData cells(QStringLiteral("c"), MatrixData::Color,
                                       {QColor(1, 2, 3), QVariant(), QVariant(), QColor(Qt::red)}, 2);
@@ -186,8 +194,13 @@ private Q_SLOTS:
         QVERIFY(!wizard.get_progress()->isCancelled());
         wizard.get_progress()->progressFinished();
         QVERIFY(wizard.pages[0]->isEnabled());
+        QSignalSpy finished(&wizard, &QDialog::finished);
         QTest::mouseClick(wizard.closeButton(), Qt::LeftButton);
         QVERIFY(!wizard.isVisible());
+        wizard.show();
+        QTest::keyClick(&wizard, Qt::Key_Escape);
+        QVERIFY(!wizard.isVisible());
+        QCOMPARE(finished, (QList<QVariantList>{{QDialog::Rejected}, {QDialog::Rejected}}));
     }
 };
 
