@@ -27,18 +27,18 @@ class KPBASEEXPORT_EXPORT QExportAttributeWidget : public QWidget
 
 public:
     /// Bits of the attribute types, for setSelectableTypes().
-    static const int c_systemTypeBoolean = 1;
-    static const int c_systemTypeColor = 2;
-    static const int c_systemTypeDip = 4;
-    static const int c_systemTypeFlag = 8;
-    static const int c_systemTypeInteger = 16;
-    static const int c_systemTypePattern = 32;
-    static const int c_systemTypeReal = 64;
-    static const int c_systemTypeRealVector2 = 128;
-    static const int c_systemTypeRealVector3 = 256;
-    static const int c_systemTypeText = 512;
-    static const int c_systemTypeVertexDisplay = 1024;
-    static const int c_systemTypeAll = 2047;
+    static constexpr int c_systemTypeBoolean = 1;
+    static constexpr int c_systemTypeColor = 2;
+    static constexpr int c_systemTypeDip = 4;
+    static constexpr int c_systemTypeFlag = 8;
+    static constexpr int c_systemTypeInteger = 16;
+    static constexpr int c_systemTypePattern = 32;
+    static constexpr int c_systemTypeReal = 64;
+    static constexpr int c_systemTypeRealVector2 = 128;
+    static constexpr int c_systemTypeRealVector3 = 256;
+    static constexpr int c_systemTypeText = 512;
+    static constexpr int c_systemTypeVertexDisplay = 1024;
+    static constexpr int c_systemTypeAll = 2047;
 
     /// Which attributes the panel's title speaks of.
     enum AttributeLevel { UNSPECIFIED_LEVEL = 0, VERTEX_LEVEL = 1, FACE_LEVEL = 2, OBJECT_LEVEL = 3 };

@@ -3,10 +3,22 @@
 
 #include <QWidget>
 
-#include <algorithm>
-
 namespace kpBaseExport
 {
+
+namespace
+{
+
+/// The row of each key, the first one where a key occurs again.
+template <typename Key, typename Rows, typename KeyOf>
+void indexRows(QHash<Key, std::size_t>& index, const Rows& rows, KeyOf keyOf)
+{
+    index.reserve(static_cast<int>(rows.size()));
+    for (std::size_t row = rows.size(); row > 0; --row)
+        index.insert(keyOf(rows[row - 1]), row - 1);
+}
+
+} // namespace
 
 QObjectListModel::QObjectListModel(QWidget* parent, const QString& title)
     : QAbstractListModel(parent)
@@ -19,12 +31,15 @@ void QObjectListModel::addName(const QString& name, const int& id, const QString
     m_entries.push_back({name, checked});
     m_ids.push_back(id);
     m_types.push_back(type);
+    m_rowOfId.clear();
+    m_rowOfName.clear();
 }
 
 void QObjectListModel::addName(const QString& name, const QVariant& value, bool checked)
 {
     m_entries.push_back({name, checked});
     m_values.push_back(value);
+    m_rowOfName.clear();
 }
 
 void QObjectListModel::clear()
@@ -33,6 +48,8 @@ void QObjectListModel::clear()
     m_ids.clear();
     m_types.clear();
     m_values.clear();
+    m_rowOfId.clear();
+    m_rowOfName.clear();
 }
 
 void QObjectListModel::resetModel()
@@ -43,24 +60,32 @@ void QObjectListModel::resetModel()
 
 bool QObjectListModel::isNameInList(const QString& name)
 {
-    return std::any_of(m_entries.begin(), m_entries.end(), [&name](const Entry& entry) { return entry.name == name; });
+    return entryNamed(name) != nullptr;
+}
+
+QObjectListModel::Entry* QObjectListModel::entryNamed(const QString& name)
+{
+    if (m_rowOfName.isEmpty())
+        indexRows(m_rowOfName, m_entries, [](const Entry& entry) { return entry.name; });
+    const auto found = m_rowOfName.constFind(name);
+    return found == m_rowOfName.constEnd() ? nullptr : &m_entries[found.value()];
 }
 
 void QObjectListModel::setIdInListChecked(const int& id)
 {
     if (!fills(m_ids))
         return;
-    const auto found = std::find(m_ids.begin(), m_ids.end(), id);
-    if (found != m_ids.end())
-        m_entries[static_cast<std::size_t>(found - m_ids.begin())].checked = true;
+    if (m_rowOfId.isEmpty())
+        indexRows(m_rowOfId, m_ids, [](int each) { return each; });
+    const auto found = m_rowOfId.constFind(id);
+    if (found != m_rowOfId.constEnd())
+        m_entries[found.value()].checked = true;
 }
 
 void QObjectListModel::setNameInListChecked(const QString& name)
 {
-    const auto found =
-        std::find_if(m_entries.begin(), m_entries.end(), [&name](const Entry& entry) { return entry.name == name; });
-    if (found != m_entries.end())
-        found->checked = true;
+    if (Entry* entry = entryNamed(name))
+        entry->checked = true;
 }
 
 int QObjectListModel::getGeoId(int row) const

@@ -4,6 +4,7 @@
 #include "core/saver/kpBaseExportExport.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QVariant>
 
 #include <string>
@@ -71,12 +72,16 @@ private:
         return !column.empty() && column.size() == m_entries.size();
     }
     void setAllChecked(bool checked);
+    Entry* entryNamed(const QString& name);
 
     QString m_title;
     std::vector<Entry> m_entries;
     std::vector<int> m_ids;
     std::vector<QString> m_types;
     std::vector<QVariant> m_values;
+    // First row of each id and name; both are made when they are first asked for.
+    QHash<int, std::size_t> m_rowOfId;
+    QHash<QString, std::size_t> m_rowOfName;
 };
 
 } // namespace kpBaseExport

@@ -16,6 +16,9 @@ using namespace kpBaseExport;
 namespace
 {
 
+/// A host may bind the constants to references.
+const int* const typeBits[] = {&QExportAttributeWidget::c_systemTypeText, &QExportAttributeWidget::c_systemTypeAll};
+
 class AttributeSheet : public QExportAttributeSheet
 {
 public:
@@ -73,6 +76,29 @@ private Q_SLOTS:
         QCOMPARE(textOf(sheet).simplified(), QStringLiteral("Export process has been cancelled by the user! careful"));
         sheet.clearInfo();
         QCOMPARE(textOf(sheet), QString());
+    }
+
+    void listModelFindsRows()
+    {
+        // The first of several with the same id or name, also after the list has been filled anew.
+        QObjectListModel model(nullptr, QString());
+        for (int round = 0; round < 2; ++round) {
+            model.clear();
+            for (int row = 0; row < 1000; ++row)
+                model.addName(QStringLiteral("n%1").arg((row + round) % 500), (row + round) % 500, QString(), false);
+            model.setIdInListChecked(3);
+            model.setNameInListChecked(QStringLiteral("n4"));
+            model.setIdInListChecked(500);
+            QVERIFY(model.isNameInList(QStringLiteral("n499")) && !model.isNameInList(QStringLiteral("n500")));
+            model.resetModel();
+            QCOMPARE(model.selectedGeoIds(), (std::vector<int>{3, 4}));
+            for (const int id : {3, 4})
+                QVERIFY(model.data(model.index(id - round, 0), Qt::CheckStateRole).toInt() == Qt::Checked);
+            model.addName(QStringLiteral("late"), 1000, QString(), false);
+            model.setIdInListChecked(1000);
+            QVERIFY(model.isNameInList(QStringLiteral("late")));
+            QCOMPARE(model.selectedGeoIds().back(), 1000);
+        }
     }
 
     void listModel()
@@ -164,7 +190,7 @@ private Q_SLOTS:
             QTest::newRow(name) << QString::fromLatin1(supply) << unselectable << QString::fromLatin1(listed)
                                 << QString::fromLatin1(warning);
         };
-        const int text = QExportAttributeWidget::c_systemTypeText;
+        const int text = *typeBits[0];
         row("sorted whatever the case", "gamma=real Beta=TEXT alpha=Color", 0, "alpha Beta gamma");
         row("the later of two that differ in case", "depth=real Depth=real", 0, "Depth");
         row("unsupported, in the order supplied", "Name=text a=real Col=color odd=matrix",
