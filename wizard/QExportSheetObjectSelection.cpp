@@ -148,11 +148,13 @@ bool QExportSheetObjectSelection::isComplete() const
 
 QString QExportSheetObjectSelection::currentFileFormatKey()
 {
-    return m_ui->fileFormatComboBox->currentData(Qt::UserRole).toString();
+    return m_model ? m_ui->fileFormatComboBox->currentData(Qt::UserRole).toString() : QString();
 }
 
 AbstractSaver* QExportSheetObjectSelection::currentSaver()
 {
+    if (!m_wizard)
+        return nullptr;
     const std::string key = currentFileFormatKey().toStdString();
     for (const auto& saver : m_wizard->savers()) {
         if (saver->key() == key)

@@ -68,6 +68,11 @@ void QExportSheetSaveInfo::setErrorMessage(const QString& file, const QString& d
     m_errorDetails.append(detail);
 }
 
+void QExportSheetSaveInfo::setRunError(const QString& cause)
+{
+    m_runError = cause;
+}
+
 void QExportSheetSaveInfo::clearErrorList()
 {
     m_errorFiles.clear();
@@ -83,6 +88,7 @@ void QExportSheetSaveInfo::clearFileInfos()
 
 void QExportSheetSaveInfo::clearInfo()
 {
+    m_runError.clear();
     m_document->setHtml(QString());
 }
 
@@ -107,6 +113,8 @@ void QExportSheetSaveInfo::showInfoNoSuccess(bool cancelled)
         html = largeRed + QStringLiteral("Data has not been exported successfully! </font><br>");
         if (!m_errorMessage.isEmpty())
             html += blackTag() + m_errorMessage + QStringLiteral("</font>");
+        if (!m_runError.isEmpty())
+            html += blackTag() + m_runError.toHtmlEscaped() + QStringLiteral("</font><br>");
         for (int index = 0; index < m_errorFiles.size(); ++index) {
             html += redTag() + QStringLiteral("Failed </font>") + blackTag() + QStringLiteral("to export </font>")
                     + blueTag() + m_errorFiles[index].toHtmlEscaped() + QStringLiteral("</font><br>");

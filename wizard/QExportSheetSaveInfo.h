@@ -38,6 +38,8 @@ public:
     void setErrorMessage(const QString& text);
     /// Records a file that failed, and why (HTML; may be empty).
     void setErrorMessage(const QString& file, const QString& detail);
+    /// Why the run could not be carried through, in plain text; shown with the error text until clearInfo().
+    void setRunError(const QString& cause);
     /// Empties the list of failed files, not the error text.
     void clearErrorList();
     void clearFileInfos();
@@ -59,6 +61,7 @@ private:
     QTextEdit* m_view;
     QTextDocument* m_document;
     QString m_errorMessage;
+    QString m_runError;
     QStringList m_errorFiles;
     QStringList m_errorDetails;
     QString m_warnings;

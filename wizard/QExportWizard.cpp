@@ -256,22 +256,26 @@ AbstractSaver* QExportWizard::currentSaver() const
 
 void QExportWizard::setErrorMessage(const QString& text)
 {
-    m_report->setErrorMessage(text);
+    if (m_report)
+        m_report->setErrorMessage(text);
 }
 
 void QExportWizard::setErrorMessage(const QString& file, const QString& detail)
 {
-    m_report->setErrorMessage(file, detail);
+    if (m_report)
+        m_report->setErrorMessage(file, detail);
 }
 
 void QExportWizard::clearErrorList()
 {
-    m_report->clearErrorList();
+    if (m_report)
+        m_report->clearErrorList();
 }
 
 void QExportWizard::setWarnings(const QString& text)
 {
-    m_report->setWarnings(text);
+    if (m_report)
+        m_report->setWarnings(text);
 }
 
 void QExportWizard::setSaveMode()
@@ -288,13 +292,18 @@ void QExportWizard::setSaveModeComplete()
 
 void QExportWizard::showInfoSheet()
 {
-    m_report->setWarnings(m_currentSaver->warnings());
+    if (!m_report)
+        return;
+    if (m_currentSaver)
+        m_report->setWarnings(m_currentSaver->warnings());
     m_report->showInfo();
     Wizard::activate_next_sheet();
 }
 
 void QExportWizard::showInfoSheetNoSuccess(bool cancelled)
 {
+    if (!m_report)
+        return;
     m_report->showInfoNoSuccess(cancelled);
     Wizard::activate_next_sheet();
 }
@@ -311,7 +320,7 @@ void QExportWizard::slotSaveCancelled()
 
 void QExportWizard::onFileSelectionRequired()
 {
-    if (m_objectSelection->next() == m_fileSelection)
+    if (m_fileSelection && m_objectSelection->next() == m_fileSelection)
         m_fileSelection->doFileSelection();
 }
 

@@ -57,7 +57,8 @@ public:
     /// The saver of the format whose sheets are inserted; null until a format has been chosen.
     AbstractSaver* currentSaver() const;
 
-    /// For savers: what the report shows, as HTML.
+    /// For savers: what the report shows, as HTML but for the name of the file. Before startup() there is no report,
+    /// and these do nothing. A text outlives the run; the list of files does until clearErrorList().
     void setErrorMessage(const QString& text);
     void setErrorMessage(const QString& file, const QString& detail);
     void clearErrorList();
@@ -70,12 +71,14 @@ public:
     void saveCancelled();
 
 public Q_SLOTS:
-    /// Saves to \a path. \a userAlreadyAccepted: the user has agreed to replace the (first) file.
+    /// Saves to \a path. \a userAlreadyAccepted: the user has agreed to replace the (first) file. The run ends in the
+    /// report, also when the saver throws. Does nothing before startup().
     void slotSaveClicked(const QString& path, bool userAlreadyAccepted = false);
     void slotSaveCancelled();
     void onFileSelectionRequired();
 
 protected:
+    /// Lets the current sheet keep what it has to; Cancel and Escape lead here.
     void closeEvent(QCloseEvent* event) override;
     void populate_sheets() override;
     virtual void insertFileFormatDependentSheet();
@@ -92,9 +95,8 @@ private:
     void saveSelfNamed(const QString& path);
     void saveNameFirst(const QString& path, bool userAlreadyAccepted);
     void addUncheckedFiles(const QStringList& names, QExportAbstractSheet::InfoType type);
-    /// Runs a save and turns an exception into an entry of the report.
-    template <typename Save>
-    bool guarded(Save save);
+    /// Ends a run that could not be carried through in its report.
+    void endRun(const QString& cause);
 
     QExportSheetObjectSelection* m_objectSelection = nullptr;
     AdditionalListSheet* m_additionalListSheet = nullptr;

@@ -28,33 +28,37 @@ bool canCreate(const QString& fileName)
 
 } // namespace
 
-template <typename Save>
-bool QExportWizard::guarded(Save save)
-{
-    try {
-        return save();
-    } catch (const std::exception& error) {
-        m_report->setErrorMessage(QString::fromUtf8(error.what()).toHtmlEscaped() + QStringLiteral("<br>"));
-        return false;
-    }
-}
-
 void QExportWizard::slotSaveClicked(const QString& path, bool userAlreadyAccepted)
 {
+    if (!m_report)
+        return;
     const QString nativePath = QDir::toNativeSeparators(path);
     show_next_previous(false, tr("Next"));
     m_report->clearInfo();
     activate_sheet(m_report, true);
     m_report->setDirectory(QFileInfo(nativePath).absolutePath());
-    if (!m_currentSaver) {
-        m_report->setErrorMessage(tr("No saver is registered for the chosen format.") + QStringLiteral("<br>"));
-        m_report->showInfoNoSuccess(false);
-        return;
+    // Whatever a saver throws, and at whichever step, the run ends in the report.
+    try {
+        if (!m_currentSaver)
+            endRun(tr("No saver is registered for the chosen format."));
+        else if (m_currentSaver->newFilenameSystem())
+            saveSelfNamed(nativePath);
+        else
+            saveNameFirst(nativePath, userAlreadyAccepted);
+    } catch (const std::exception& error) {
+        endRun(QString::fromUtf8(error.what()));
+    } catch (...) {
+        endRun(tr("The saver failed without saying why."));
     }
-    if (m_currentSaver->newFilenameSystem())
-        saveSelfNamed(nativePath);
-    else
-        saveNameFirst(nativePath, userAlreadyAccepted);
+}
+
+void QExportWizard::endRun(const QString& cause)
+{
+    closeButton()->setText(tr("Close"));
+    m_report->setRunError(cause);
+    m_report->showInfoNoSuccess(false);
+    Wizard::activate_next_sheet();
+    get_progress()->progressFinished();
 }
 
 void QExportWizard::saveSelfNamed(const QString& path)
@@ -64,7 +68,7 @@ void QExportWizard::saveSelfNamed(const QString& path)
     kpBase::WizardProgress* progress = get_progress();
     m_currentSaver->set_wizard(this);
     progress->begin();
-    const bool saved = guarded([&] { return m_currentSaver->new_save(path.toStdString(), progress); });
+    const bool saved = m_currentSaver->new_save(path.toStdString(), progress);
     if (saved && !progress->isCancelled()) {
         for (const std::string& name : m_currentSaver->savedFilenames()) {
             m_report->addFileName(QString::fromStdString(name), QExportAbstractSheet::GEO_DATA,
@@ -110,7 +114,7 @@ void QExportWizard::saveNameFirst(const QString& path, bool userAlreadyAccepted)
     kpBase::WizardProgress* progress = get_progress();
     m_currentSaver->set_wizard(this);
     progress->begin();
-    const bool saved = guarded([&] { return m_currentSaver->save(accepted, progress); });
+    const bool saved = m_currentSaver->save(accepted, progress);
     if (saved && !progress->isCancelled()) {
         m_report->setWarnings(m_currentSaver->warnings());
         m_report->showInfo();

@@ -27,6 +27,17 @@ struct Plan
     bool succeed = true;
     bool goBack = false;
     std::function<void(kpBase::AbstractProgress&)> during;
+    QByteArray throwsIn; ///< the operation of the saver that throws
+    bool throwsNumber = false;
+
+    void reach(const char* operation) const
+    {
+        if (throwsIn != operation)
+            return;
+        if (throwsNumber)
+            throw 7;
+        throw std::runtime_error("out of <memory>");
+    }
 
     QString path;
     std::vector<QString> accepted;
@@ -45,17 +56,23 @@ public:
         m_formatDisplay = QString::fromLatin1(display);
         m_supportsAttributes = false;
     }
-    bool newFilenameSystem() override { return plan.selfNaming; }
+    bool newFilenameSystem() override
+    {
+        plan.reach("newFilenameSystem");
+        return plan.selfNaming;
+    }
     bool shouldGoBack() override { return plan.goBack; }
     void set_selection(const QString& path, const std::vector<int>&, const std::vector<std::string>&,
                        const std::vector<std::string>&) override
     {
+        plan.reach("set_selection");
         plan.path = path;
     }
     void generateFileNames(const QString&, const std::vector<int>&, const std::vector<std::string>&,
                            const std::vector<std::string>&, QStringList& geoAttribute, QStringList& geometry,
                            QStringList& attribute, QStringList& other) override
     {
+        plan.reach("generateFileNames");
         geoAttribute = plan.geoAttribute;
         geometry = plan.geometry;
         attribute = plan.attribute;
@@ -64,6 +81,7 @@ public:
     using AbstractSaver::generateFileNames;
     bool save(const std::vector<QString>& accepted, kpBase::AbstractProgress* progress) override
     {
+        plan.reach("save");
         ++plan.saves;
         plan.accepted = accepted;
         if (plan.during)
@@ -75,6 +93,7 @@ public:
     }
     bool new_save(const std::string& path, kpBase::AbstractProgress*) override
     {
+        plan.reach("new_save");
         m_savedFilenames = {path + ".1", path + ".2"};
         return plan.succeed;
     }
@@ -89,13 +108,22 @@ public:
     }
     using QExportAbstractOptionSheet::initialize;
     void initialize(const QString&) override { m_pageWidget = this; }
+    void deactivate() override { ++left; }
     QString optionSummary() const override { return {}; }
+
+    int left = 0;
 };
 
 class TestWizard : public WizardUnderTest
 {
 public:
     using WizardUnderTest::insertFileFormatDependentSheet;
+
+    std::vector<std::string> selectedAttributeNames() override
+    {
+        plan.reach("selectedAttributeNames");
+        return WizardUnderTest::selectedAttributeNames();
+    }
 
     /// Takes the page of a format in, as Next does.
     void useFormat(int format)
@@ -283,6 +311,71 @@ private Q_SLOTS:
         QCOMPARE(wizard->nextButton()->text(), QStringLiteral("Next"));
     }
 
+    void throwingSaver_data()
+    {
+        QTest::addColumn<bool>("selfNaming");
+        for (const char* operation :
+             {"newFilenameSystem", "selectedAttributeNames", "set_selection", "generateFileNames", "save"})
+            QTest::newRow(operation) << false;
+        QTest::newRow("new_save") << true;
+    }
+
+    void throwingSaver()
+    {
+        QFETCH(bool, selfNaming);
+        const auto wizard = wizardAtFormat(2);
+        wizard->show();
+        plan.geometry = QStringList{file("a.dat")};
+        plan.selfNaming = selfNaming;
+        plan.goBack = true;
+        plan.throwsIn = QTest::currentDataTag();
+        QVERIFY(wizard->save(file("a.dat"), true).contains(QStringLiteral("successfully! \nout of <memory>")));
+        plan.throwsNumber = true;
+        const QString report = wizard->save(file("a.dat"), true);
+        // Each run tells its own cause, and the dialog can be closed.
+        QVERIFY(report.contains(QStringLiteral("failed without saying why")));
+        QVERIFY(!report.contains(QStringLiteral("memory")));
+        QCOMPARE(wizard->closeButton()->text(), QStringLiteral("Close"));
+        QVERIFY(!wizard->get_progress()->isRunning());
+        click(*wizard, "closeButton");
+        QVERIFY(!wizard->isVisible());
+    }
+
+    void leavingTellsThePage()
+    {
+        const auto wizard = wizardAtFormat(3);
+        wizard->activate_next_sheet();
+        const auto* page = dynamic_cast<OptionSheet*>(wizard->current_sheet());
+        int left = page->left;
+        for (const bool escape : {true, false}) {
+            wizard->show();
+            if (escape)
+                QTest::keyClick(wizard.get(), Qt::Key_Escape);
+            else
+                click(*wizard, "closeButton");
+            QVERIFY(!wizard->isVisible());
+            QCOMPARE(page->left, ++left);
+        }
+    }
+
+    void beforeStartup()
+    {
+        TestWizard wizard;
+        wizard.setErrorMessage(QStringLiteral("a"));
+        wizard.setErrorMessage(QStringLiteral("a"), QStringLiteral("b"));
+        wizard.setWarnings(QStringLiteral("a"));
+        wizard.clearErrorList();
+        wizard.slotSaveClicked(file("a.dat"));
+        wizard.onFileSelectionRequired();
+        wizard.showInfoSheet();
+        wizard.showInfoSheetNoSuccess(true);
+        QVERIFY(wizard.selectedGeoNames().empty() && wizard.selectedAttributeNames().empty());
+        wizard.startup();
+        // Nor is there a saver before a format has been chosen.
+        wizard.showInfoSheet();
+        QVERIFY(wizard.save(file("a.dat")).contains(QStringLiteral("No saver is registered")));
+    }
+
     void failureAndCancel()
     {
         const QString path = file("a.dat");
@@ -292,9 +385,6 @@ private Q_SLOTS:
         const QString failed = wizard->save(path);
         QVERIFY(failed.contains(QStringLiteral("Data has not been exported successfully!")));
         QVERIFY(failed.contains(QStringLiteral("Failed to export <a>.dat\nfull disk")));
-
-        plan.during = [](kpBase::AbstractProgress&) { throw std::runtime_error("out of <memory>"); };
-        QVERIFY(wizard->save(path, true).contains(QStringLiteral("out of <memory>")));
 
         // The user presses Close during a long save.
         plan.succeed = true;
