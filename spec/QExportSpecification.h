@@ -99,6 +99,10 @@ protected:
     /// For hosts that keep settings of their own in format files; these do nothing.
     virtual void formatLoaded(const FormatFile& file);
     virtual void formatAboutToBeSaved(FormatFile& file);
+    /// A format file that could not be read or written, and why; does nothing.
+    virtual void formatFailed(const QString& path, const QString& cause);
+    /// Whether a layout may replace a file whose name the user has not typed in full; agrees.
+    virtual bool mayReplaceFormat(const QString& path);
 
     void addAttributeToSpec(int row, const QESAttribute& attribute);
     void deleteAttributeFromSpec(const QESAttribute& attribute);

@@ -24,11 +24,11 @@ bool endsWith(const QString& path, const char* suffix)
     return path.endsWith(QLatin1String(suffix), Qt::CaseSensitive);
 }
 
-std::unique_ptr<FormatFile> readFormat(const QString& path)
+std::unique_ptr<FormatFile> readFormat(const QString& path, QString& error)
 {
     if (endsWith(path, ".fmt"))
-        return std::unique_ptr<FormatFile>(FormatFile::readLandmark(path));
-    std::unique_ptr<FormatFile> file(FormatFile::read(path));
+        return std::unique_ptr<FormatFile>(FormatFile::readLandmark(path, &error));
+    std::unique_ptr<FormatFile> file(FormatFile::read(path, &error));
     if (!file && !endsWith(path, ".klf"))
         file.reset(FormatFile::readLandmark(path));
     return file;
@@ -39,6 +39,13 @@ std::unique_ptr<FormatFile> readFormat(const QString& path)
 void QExportSpecification::formatLoaded(const FormatFile&) {}
 
 void QExportSpecification::formatAboutToBeSaved(FormatFile&) {}
+
+void QExportSpecification::formatFailed(const QString&, const QString&) {}
+
+bool QExportSpecification::mayReplaceFormat(const QString&)
+{
+    return true;
+}
 
 QString QExportSpecification::getFormatFile(bool open)
 {
@@ -51,7 +58,8 @@ QString QExportSpecification::getFormatFile(bool open)
             ? QFileDialog::getOpenFileName(this, tr("Load Format File"), directory,
                                            tr("Format File (*.klf *.fmt);;KLX Format (*.klf);;Landmark Format (*.fmt);;"
                                               "All Files (*.*)"))
-            : QFileDialog::getSaveFileName(this, tr("Save Format File"), directory, tr("KLX Format (*.klf)"));
+            : QFileDialog::getSaveFileName(this, tr("Save Format File"), directory,
+                                           FormTexts::tr("KLX Format (*.klf)"));
     if (!path.isEmpty())
         settings.setValue(key, path.left(path.size() - QFileInfo(path).fileName().size()));
     return path;
@@ -62,9 +70,12 @@ void QExportSpecification::onLoadFormatClicked()
     const QString path = getFormatFile(true);
     if (path.isEmpty())
         return;
-    const std::unique_ptr<FormatFile> file = readFormat(path);
+    QString error;
+    const std::unique_ptr<FormatFile> file = readFormat(path, error);
     if (file)
         loadFormat(*file);
+    else
+        formatFailed(path, error);
 }
 
 void QExportSpecification::loadFormat(const FormatFile& file)
@@ -92,9 +103,15 @@ void QExportSpecification::onSaveFormatClicked()
     QString path = getFormatFile(false);
     if (path.isEmpty())
         return;
-    if (!endsWith(path, ".klf"))
+    if (!endsWith(path, ".klf")) {
         path += QStringLiteral(".klf");
-    savedFormat(path)->write(path);
+        // The dialog has asked about the name that was typed.
+        if (QFileInfo::exists(path) && !mayReplaceFormat(path))
+            return;
+    }
+    QString error;
+    if (!savedFormat(path)->write(path, &error))
+        formatFailed(path, error);
 }
 
 std::unique_ptr<FormatFile> QExportSpecification::savedFormat(const QString& path)

@@ -41,22 +41,24 @@ int wholeNumber(const QJsonValue& value, int line, const char* key)
     const double number = value.toDouble(std::nan(""));
     if (!value.isDouble() || number != std::floor(number) || number < std::numeric_limits<int>::min()
         || number > std::numeric_limits<int>::max())
-        throw FormatFileError(line, QStringLiteral("\"%1\" is no whole number").arg(QLatin1String(key)));
+        throw FormatFileError(line, QStringLiteral("\"%1\" is not a whole number").arg(QLatin1String(key)));
     return static_cast<int>(number);
 }
 
 FormatFile::Field fieldOf(const QJsonValue& value, int line)
 {
     if (!value.isObject())
-        throw FormatFileError(line, QStringLiteral("the field is no object { ... }"));
+        throw FormatFileError(line, QStringLiteral("the field is not an object { ... }"));
     QJsonObject object = value.toObject();
     impAttribute attribute;
+    if (!object.contains(QLatin1String("name")))
+        throw FormatFileError(line, QStringLiteral("the field has no \"name\""));
     for (const TextMember& member : textMembers) {
         const QJsonValue text = object.take(QLatin1String(member.key));
         if (text.isUndefined())
             continue;
         if (!text.isString())
-            throw FormatFileError(line, QStringLiteral("\"%1\" is no text").arg(QLatin1String(member.key)));
+            throw FormatFileError(line, QStringLiteral("\"%1\" is not a text").arg(QLatin1String(member.key)));
         attribute.*member.member = text.toString().toStdString();
     }
     for (const NumberMember& member : numberMembers) {
@@ -64,8 +66,6 @@ FormatFile::Field fieldOf(const QJsonValue& value, int line)
         if (!number.isUndefined())
             attribute.*member.member = wholeNumber(number, line, member.key);
     }
-    if (attribute.name.empty())
-        throw FormatFileError(line, QStringLiteral("the field has no \"name\""));
     FormatFile::Field field;
     field.setAttribute(attribute);
     field.unknown() = object;
@@ -79,7 +79,7 @@ QJsonObject parsedObject(const QByteArray& content)
     if (error.error != QJsonParseError::NoError)
         throw FormatFileError(content.left(error.offset).count('\n') + 1, error.errorString());
     if (!document.isObject())
-        throw FormatFileError(1, QStringLiteral("this is no JSON object { ... }"));
+        throw FormatFileError(1, QStringLiteral("this is not a JSON object { ... }"));
     return document.object();
 }
 
@@ -109,7 +109,7 @@ std::unique_ptr<FormatFile> parsedKlf(const QByteArray& content)
     file->name() = object.take(QStringLiteral("name")).toString();
     const QJsonValue fields = object.take(QStringLiteral("fields"));
     if (!fields.isArray())
-        throw FormatFileError(places.lineOf("fields"), QStringLiteral("\"fields\" is no list [ ... ]"));
+        throw FormatFileError(places.lineOf("fields"), QStringLiteral("\"fields\" is not a list [ ... ]"));
     const QJsonArray list = fields.toArray();
     for (int index = 0; index < list.size(); ++index) {
         FormatFile::Field field = fieldOf(list[index], places.lineOfField(index));
@@ -231,9 +231,12 @@ QByteArray FormatFile::toBytes() const
     return "{\n  " + members.join(",\n  ") + "\n}\n";
 }
 
-bool FormatFile::write(const QString& path) const
+bool FormatFile::write(const QString& path, QString* error) const
 {
     const QByteArray content = toBytes();
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    if (!written && error)
+        *error = file.errorString();
+    return written;
 }

@@ -59,7 +59,8 @@ public:
     void adoptUnknown(const FormatFile& earlier);
 
     /// Writes a .klf; an earlier file is replaced only when all of the new one is on the disk.
-    bool write(const QString& path) const;
+    /// \param error where not null, takes the cause when the file cannot be written
+    bool write(const QString& path, QString* error = nullptr) const;
     QByteArray toBytes() const;
 
 private:

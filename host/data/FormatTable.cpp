@@ -52,7 +52,7 @@ int numberIn(const QString& text, int most, int line, const char* column)
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     if (!isNumber || number < 0 || number > most)
-        throw FormatFileError(line, QStringLiteral("%1 \"%2\" is no whole number from 0 to %3")
+        throw FormatFileError(line, QStringLiteral("%1 \"%2\" is not a whole number from 0 to %3")
                                         .arg(QLatin1String(column), text.left(40))
                                         .arg(most));
     return number;

@@ -146,6 +146,14 @@ private Q_SLOTS:
         QCOMPARE(fields->type(), FormatFile::FieldBased);
     }
 
+    void namelessField()
+    {
+        const QByteArray content = layoutOf({attribute("", 1), attribute("a", 0)}).toBytes();
+        const Layout read(FormatFile::fromBytes(content));
+        QVERIFY(read);
+        QVERIFY(recordOf(*read, 0).name.empty() && recordOf(*read, 0).order == 1);
+    }
+
     void refused_data()
     {
         QTest::addColumn<bool>("isTable");
@@ -156,24 +164,25 @@ private Q_SLOTS:
         };
         row("empty", "", "line 1: ");
         row("no JSON", "X Y Z", "line 1: ");
-        row("a list", "[1]", "line 1: this is no JSON object");
+        row("a list", "[1]", "line 1: this is not a JSON object");
         row("another format", "{\n\"format\":\"x\"}", "line 2: \"format\" is not");
         const QByteArray start = "{\"format\":\"kp-layout\",\n";
         row("newer version", start + "\n\"version\":2}", "line 3: version 2 is not known");
         row("other type", start + "\"version\":1,\"type\":\"rows\"}", "line 2: \"type\" is neither");
-        row("no fields", start + "\"version\":1,\"type\":\"fields\"}", "line 1: \"fields\" is no list");
+        row("no fields", start + "\"version\":1,\"type\":\"fields\"}", "line 1: \"fields\" is not a list");
         const QByteArray head = start + "\"version\":1,\n\"type\":\"fields\",\n\"fields\":[\n{\"name\":\"A\"},\n";
-        row("field is a number", head + "[{\"a\":\"[\"}],\n7]}", "line 6: the field is no object");
+        row("field is a number", head + "[{\"a\":\"[\"}],\n7]}", "line 6: the field is not an object");
         row("no name", head + "{\"width\":1}]}", "line 6: the field has no");
         row("width is a text", head + "{\"name\":\"]}{\"},\n{\"name\":\"B\",\n\"width\":\"1\"}]}",
-            "line 7: \"width\" is no whole number");
-        row("order is broken", head + "{\"name\":\"B\",\"order\":1.5}]}", "line 6: \"order\" is no whole number");
-        row("start is too large", head + "{\"name\":\"B\",\"start\":1e300}]}", "line 6: \"start\" is no whole number");
-        row("name is a list", head + "{\"name\":[]}]}", "line 6: \"name\" is no text");
+            "line 7: \"width\" is not a whole number");
+        row("order is broken", head + "{\"name\":\"B\",\"order\":1.5}]}", "line 6: \"order\" is not a whole number");
+        row("start is too large", head + "{\"name\":\"B\",\"start\":1e300}]}",
+            "line 6: \"start\" is not a whole number");
+        row("name is a list", head + "{\"name\":[]}]}", "line 6: \"name\" is not a text");
         row("deep", QByteArray(100000, '['), "line 1: ");
         row("empty table", "# only this\n", "there is no field", true);
         row("too few", "X double 1 2 3\n\nY double 1", "line 3: 3 entries instead of", true);
-        row("no number", "X double a 2 3", "line 1: start \"a\" is no whole number", true);
+        row("no number", "X double a 2 3", "line 1: start \"a\" is not a whole number", true);
         row("negative", "X double 1 2 -3", "line 1: decimals \"-3\"", true);
         row("ends first", "X double 9 2 3", "line 1: the field ends before", true);
         row("type", "X float 1 2 3", "line 1: type \"float\" is none of", true);

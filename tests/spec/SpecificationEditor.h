@@ -101,10 +101,22 @@ public:
 
     QStringList missing;
     int refreshed = 0;
+    QStringList failures; ///< "FILE: CAUSE" of format files
+    QStringList asked;    ///< files about whose replacement the editor has asked
+    bool mayReplace = true;
 
 protected:
     void attributeMissing(const kpBaseExport::QESAttribute& attribute) override { missing.append(attribute.name()); }
     void refreshAttributes() override { ++refreshed; }
+    void formatFailed(const QString& path, const QString& cause) override
+    {
+        failures.append(QFileInfo(path).fileName() + QStringLiteral(": ") + cause);
+    }
+    bool mayReplaceFormat(const QString& path) override
+    {
+        asked.append(QFileInfo(path).fileName());
+        return mayReplace;
+    }
 };
 
 inline kpBaseExport::QESAttribute fieldOf(const char* name, int order, int start = 0, int end = 0)

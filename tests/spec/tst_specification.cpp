@@ -382,6 +382,11 @@ private Q_SLOTS:
             QCOMPARE(m_editor->fieldNames(), words("b"));
             QCOMPARE(m_editor->mode(), QExportSpecification::FieldBased);
         }
+        QCOMPARE(m_editor->failures.size(), 3);
+        QVERIFY2(m_editor->failures[0].startsWith(QStringLiteral("bad.klf: line 1: ")),
+                 qPrintable(m_editor->failures[0]));
+        QVERIFY2(m_editor->failures[1].startsWith(QStringLiteral("bad.fmt: line 1: ")),
+                 qPrintable(m_editor->failures[1]));
         load(write("spec.txt", table));
         QCOMPARE(m_editor->columns(), QStringLiteral("a 1-8"));
         QCOMPARE(m_editor->mode(), QExportSpecification::ColumnBased);
@@ -395,6 +400,30 @@ private Q_SLOTS:
         const std::unique_ptr<FormatFile> saved = m_editor->savedFormat(QString());
         QCOMPARE(saved->unknown().value(QStringLiteral("tool")).toString(), QStringLiteral("t"));
         QCOMPARE(saved->field(0).unknown().value(QStringLiteral("unit")).toString(), QStringLiteral("ft"));
+    }
+
+    void savingAsks()
+    {
+        enter("a", {fieldOf("a", 0)});
+        const auto saveAs = [this](const char* name) {
+            chooseInDialog(m_folder.filePath(QString::fromLatin1(name)));
+            QTest::mouseClick(m_editor->m_saveFormatButton, Qt::LeftButton);
+        };
+        const QString kept = writeFile(m_folder.filePath(QStringLiteral("keep.klf")), "kept");
+        m_editor->mayReplace = false;
+        saveAs("keep");
+        QCOMPARE(contentOf(kept), QByteArray("kept"));
+        m_editor->mayReplace = true;
+        saveAs("keep");
+        QVERIFY(contentOf(kept).contains("\"name\": \"a\""));
+        saveAs("other");
+        QCOMPARE(m_editor->asked, (QStringList{QStringLiteral("keep.klf"), QStringLiteral("keep.klf")}));
+        QVERIFY(m_editor->failures.isEmpty());
+        // A folder in the way.
+        QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("folder.klf")));
+        saveAs("folder");
+        QCOMPARE(m_editor->failures.size(), 1);
+        QVERIFY2(m_editor->failures[0].size() > 12, qPrintable(m_editor->failures[0]));
     }
 
     void directoryIsRemembered()
