@@ -7,6 +7,9 @@
 #include "spec/layout/FieldLayout.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
 
 #include <algorithm>
 
@@ -217,6 +220,19 @@ void AsciiSpecification::formatAboutToBeSaved(FormatFile& file)
     }
     if (settingsToSave)
         file.unknown().insert(QStringLiteral("settings"), settingsToSave());
+}
+
+void AsciiSpecification::formatFailed(const QString& path, const QString& cause)
+{
+    QMessageBox::warning(this, tr("Format File"),
+                         tr("%1 could not be read or written:\n%2").arg(QDir::toNativeSeparators(path), cause));
+}
+
+bool AsciiSpecification::mayReplaceFormat(const QString& path)
+{
+    return QMessageBox::question(this, tr("Save Format File"),
+                                 tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName()))
+           == QMessageBox::Yes;
 }
 
 } // namespace kpFormats

@@ -60,6 +60,10 @@ protected:
     void refreshAttributes() override;
     void formatLoaded(const FormatFile& file) override;
     void formatAboutToBeSaved(FormatFile& file) override;
+    /// Tells the user.
+    void formatFailed(const QString& path, const QString& cause) override;
+    /// Asks the user.
+    bool mayReplaceFormat(const QString& path) override;
 
 private:
     void addFilter();
