@@ -39,6 +39,22 @@ void QUnitDoubleSpinBox::setModelValue(double metres, bool notify)
     showModel(notify);
 }
 
+void QUnitDoubleSpinBox::setSingleStep(double metres)
+{
+    m_step = metres;
+}
+
+void QUnitDoubleSpinBox::stepBy(int steps)
+{
+    if (m_step == 0.0) {
+        QAutoRepeatDoubleSpinBox::stepBy(steps);
+        return;
+    }
+    interpretText();
+    setModelValue(m_model + steps * m_step, true);
+    selectAll();
+}
+
 double QUnitDoubleSpinBox::value() const
 {
     return m_model;

@@ -21,6 +21,9 @@ public:
     void setModelRange(double least, double most);
     /// Sets the length in metres; with \a notify false no valueChanged() goes out.
     void setModelValue(double metres, bool notify);
+    /// What the arrows add or take, in metres; one display unit until it is set.
+    void setSingleStep(double metres);
+    void stepBy(int steps) override;
     /// The length in metres. Exact for a value that was set and has not been edited since.
     double value() const;
 
@@ -31,6 +34,7 @@ private:
     double m_model = 0.0;
     double m_least = 0.0;
     double m_most = 99.99;
+    double m_step = 0.0; ///< 0: one display unit
     bool m_showing = false;
 };
 

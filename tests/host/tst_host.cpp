@@ -126,6 +126,11 @@ private Q_SLOTS:
         QCOMPARE(box.value(), 1.0);
         box.stepUp();
         QVERIFY(std::abs(box.value() - 4.28 * 0.3048) < 1e-12);
+        // A step that is set is one of the model, whatever unit is shown.
+        box.setModelValue(50.0, true);
+        box.setSingleStep(10.0);
+        box.stepUp();
+        QCOMPARE(box.value(), 60.0);
         box.setModelValue(5000.0, true);
         QCOMPARE(box.value(), 1000.0);
     }
