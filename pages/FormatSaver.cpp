@@ -7,6 +7,7 @@
 #include "export/ExportRun.h"
 #include "wizard/QExportWizard.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -18,6 +19,19 @@ namespace kpFormats
 
 namespace
 {
+
+/// The files beside a written one that belong to it.
+QString sidecarsHtml(const QString& path, const QStringList& extensions)
+{
+    const QFileInfo file(path);
+    QStringList names;
+    for (const QString& extension : extensions) {
+        const QString name = file.completeBaseName() + QLatin1Char('.') + extension;
+        if (name != file.fileName() && QFile::exists(file.dir().filePath(name)))
+            names.append(name.toHtmlEscaped());
+    }
+    return names.isEmpty() ? QString() : QStringLiteral(", with ") + names.join(QStringLiteral(", "));
+}
 
 QString verifiedHtml(const Verification& verification)
 {
@@ -106,12 +120,15 @@ bool FormatSaver::offersAttributes() const
 }
 
 void FormatSaver::generateFileNames(const QString&, const std::vector<int>&, const std::vector<std::string>&,
-                                    const std::vector<std::string>&, QStringList& geoAttributeFiles, QStringList&,
-                                    QStringList&)
+                                    const std::vector<std::string>&, QStringList& geoAttributeFiles,
+                                    QStringList& geometryFiles, QStringList&)
 {
+    const std::optional<QStringList>& chosen = m_prepared->selection().attributes;
+    const bool attributes = m_supportsAttributes && !(chosen && chosen->isEmpty());
+    QStringList& files = attributes ? geoAttributeFiles : geometryFiles;
     for (const PreparedExport::Output& output : m_prepared->outputs()) {
         if (output.wanted)
-            geoAttributeFiles.append(output.planned.path);
+            files.append(output.planned.path);
     }
 }
 
@@ -151,7 +168,7 @@ void FormatSaver::reportTo(const ExportReport& report)
                         .arg(QFileInfo(file.path).fileName().toHtmlEscaped())
                         .arg(file.rows)
                         .arg(file.bytes)
-                    + verifiedHtml(file.verification);
+                    + sidecarsHtml(file.path, m_format.sidecars()) + verifiedHtml(file.verification);
     }
     m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br><br>");
     m_warnings += report.findings.toHtml();
@@ -163,10 +180,9 @@ void FormatSaver::reportTo(const ExportReport& report)
     wizard->setWarnings(m_warnings);
     for (const FileOutcome& file : report.files()) {
         for (const FailedObject& object : file.failedObjects)
-            wizard->setErrorMessage(object.name.toHtmlEscaped(),
-                                    object.reason.toHtmlEscaped() + QStringLiteral("<br>"));
+            wizard->setErrorMessage(object.name, object.reason.toHtmlEscaped() + QStringLiteral("<br>"));
         if (!file.written())
-            wizard->setErrorMessage(file.path.toHtmlEscaped(), file.error.toHtmlEscaped());
+            wizard->setErrorMessage(file.path, file.error.toHtmlEscaped());
     }
 }
 
