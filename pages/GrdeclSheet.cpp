@@ -30,7 +30,10 @@ void GrdeclSheet::activate()
     const auto grids = std::count_if(m_binding.objects().begin(), m_binding.objects().end(),
                                      [](const ModelObject* object) { return object->cells != nullptr; });
     gridAccepted = grids == 1;
-    showMultipleGridWarning(!gridAccepted);
+    if (grids == 0)
+        showNoGridWarning(true);
+    else
+        showMultipleGridWarning(!gridAccepted);
 }
 
 } // namespace kpFormats

@@ -4,6 +4,8 @@
 #include "sheets/LiteralTextStyle.h"
 #include "ui_QExportSheetEclipse.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,6 +20,7 @@ void QExportSheetEclipse::initialize(const QString& key)
 {
     m_pageWidget = this;
     m_ui->setupUi(this);
+    m_multipleGrids = m_ui->m_multipleGridWarning->text();
     m_ui->m_multipleGridWarning->hide();
     m_ui->m_GRIDFormatCheckBox->setChecked(false);
     m_ui->m_EGRIDFormatCheckBox->setChecked(false);
@@ -36,8 +39,8 @@ void QExportSheetEclipse::initialize(const QString& key)
     formats->setMinimumHeight(formats->heightForWidth(formats->minimumSizeHint().width()));
     m_ui->m_units->enableElevationDepth(false);
     addAttributePanel(key);
-    setWindowTitle(QStringLiteral("File Export: Eclipse Grid Options"));
-    description(QStringLiteral("<b>Note:</b>"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetEclipse", "File Export: Eclipse Grid Options"));
+    description(QCoreApplication::translate("QExportSheetEclipse", "<b>Note:</b>"));
     for (QCheckBox* box : {m_ui->m_GRIDFormatCheckBox, m_ui->m_EGRIDFormatCheckBox, m_ui->m_FGRIDFormatCheckBox})
         connect(box, &QCheckBox::clicked, this, &QExportSheetEclipse::updateNav);
 }
@@ -65,6 +68,14 @@ bool QExportSheetEclipse::isComplete() const
 
 void QExportSheetEclipse::showMultipleGridWarning(bool show)
 {
+    m_ui->m_multipleGridWarning->setText(m_multipleGrids);
+    m_ui->m_multipleGridWarning->setVisible(show);
+}
+
+void QExportSheetEclipse::showNoGridWarning(bool show)
+{
+    m_ui->m_multipleGridWarning->setText(
+        QCoreApplication::translate("QExportSheetEclipse", "<font color=red>WARNING: no grid has been chosen</font>"));
     m_ui->m_multipleGridWarning->setVisible(show);
 }
 

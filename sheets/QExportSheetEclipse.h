@@ -30,6 +30,8 @@ public:
 
     /// Tells the user that only one grid can be exported at a time.
     void showMultipleGridWarning(bool show);
+    /// Tells the user, in the same place, that no grid has been chosen.
+    void showNoGridWarning(bool show);
 
     /// Keyword of the chosen variant: "GRDECL", "EGRID", "GRID" or "FGRID".
     std::string geometryFormat = "GRDECL";
@@ -43,6 +45,7 @@ protected Q_SLOTS:
 
 private:
     std::unique_ptr<Ui::QExportSheetEclipse> m_ui;
+    QString m_multipleGrids; ///< text of the warning in the form
 };
 
 } // namespace kpBaseExport
