@@ -98,6 +98,51 @@ private Q_SLOTS:
         QCOMPARE(m_editor->fault(), QString());
     }
 
+    void dragOutOfTheColumns()
+    {
+        // The list lies on the other page; a host may show it beside the columns.
+        enter("a b c", {fieldOf("a", 0, 1, 10), fieldOf("b", 1, 12, 18), fieldOf("c", 2, 21, 30)});
+        m_editor->setMode(QExportSpecification::ColumnBased);
+        m_editor->vboxLayout3->insertWidget(0, m_list);
+        m_list->show();
+        m_list->setDragDropMode(QAbstractItemView::DragDrop);
+        m_list->viewport()->setAcceptDrops(true);
+        QTest::qWait(0);
+        dragByMouse(m_columns, 1, m_list, QPoint(20, 20));
+        QCOMPARE(m_editor->lists(), QStringLiteral("a c | b"));
+        QCOMPARE(m_editor->columns(), QStringLiteral("a 1-10, c 21-30"));
+        QCOMPARE(m_editor->fault(), QString());
+        // And back in, to where it is dropped.
+        dragByMouse(m_list, 0, m_columns, middleOf(m_columns, 1));
+        QCOMPARE(m_editor->columns(), QStringLiteral("a 1-10, b 11-21, c 22-31"));
+        QCOMPARE(m_editor->fault(), QString());
+    }
+
+    void tablesWithoutEditor()
+    {
+        // Tables that a host has given no sheet take drags and leave everything as it is.
+        QWidget page;
+        QHBoxLayout layout(&page);
+        QESAttributeTableWidget list;
+        QESSpecificationTableWidget fields;
+        list.setSource(&fields);
+        fields.setSource(&list);
+        for (QTableWidget* table : {static_cast<QTableWidget*>(&list), static_cast<QTableWidget*>(&fields)}) {
+            table->setColumnCount(1);
+            table->setRowCount(1);
+            table->setItem(0, 0, new QTableWidgetItem(QStringLiteral("a")));
+            table->setDragDropMode(QAbstractItemView::DragDrop);
+            table->setSelectionBehavior(QAbstractItemView::SelectRows);
+            table->setSelectionMode(QAbstractItemView::SingleSelection);
+            layout.addWidget(table);
+        }
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        dragByMouse(&list, 0, &fields, QPoint(20, 60));
+        dragByMouse(&fields, 0, &list, QPoint(20, 60));
+        QVERIFY(list.rowCount() == 1 && fields.rowCount() == 1);
+    }
+
     void foreignData()
     {
         enter("a b c d", {fieldOf("c", 0), fieldOf("d", 1)});
