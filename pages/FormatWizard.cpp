@@ -4,10 +4,13 @@
 #include "export/AttributeNames.h"
 #include "export/ExportPlan.h"
 #include "pages/FormatSaver.h"
+#include "pages/ObjectSelectionSheet.h"
 #include "pages/PlanSheet.h"
 #include "wizard/QExportSheetSaveFile.h"
 
 #include <QScreen>
+
+#include <utility>
 
 namespace kpFormats
 {
@@ -90,13 +93,26 @@ void FormatWizard::activate_previous_sheet()
     // Back from the plan is another choice of the file.
     if (fromPlan)
         m_fileSheet->doFileSelection();
+    auto* objects = dynamic_cast<ObjectSelectionSheet*>(current_sheet());
+    if (!objects || m_presetKey.empty())
+        return;
+    // The preset has passed this page over, and nothing has filled it yet.
+    setGeoSelectionMode();
+    objects->takeOver(std::exchange(m_presetKey, {}), m_presetIds);
+}
+
+void FormatWizard::setFormatAndSelectedGeo(const std::string& key, const std::vector<int>& ids)
+{
+    m_presetKey = key;
+    m_presetIds = ids;
+    QExportWizard::setFormatAndSelectedGeo(key, ids);
 }
 
 void FormatWizard::showPlan(const QString& path, bool accepted)
 {
     FormatSaver* saver = formatSaver();
     if (!saver)
-        return;
+        return slotSaveClicked(path, accepted); // a saver of the host's own plans nothing
     m_path = path;
     m_accepted = accepted;
     saver->set_selection(path, selectedGeoIds(), selectedGeoNames(), selectedAttributeNames());

@@ -28,6 +28,7 @@ public:
 
     void activate_next_sheet() override;
     void activate_previous_sheet() override;
+    void setFormatAndSelectedGeo(const std::string& key, const std::vector<int>& ids) override;
     /// The attributes of the chosen objects, each once. All of ours are visible, so the flags change nothing.
     void availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool all, bool visible) override;
 
@@ -54,6 +55,8 @@ private:
     PlanSheet* m_planSheet = nullptr;
     QString m_path;
     bool m_accepted = false;
+    std::string m_presetKey; ///< of a preset whose object page has not been shown; empty for none
+    std::vector<int> m_presetIds;
 };
 
 } // namespace kpFormats

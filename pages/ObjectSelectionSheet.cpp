@@ -5,6 +5,7 @@
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
 
+#include <QComboBox>
 #include <QLayout>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -17,6 +18,8 @@ namespace kpFormats
 
 namespace
 {
+
+constexpr int miscellaneous = 1; // of the groups of types
 
 template <typename Function>
 void forEachLeaf(QTreeWidget& tree, Function function)
@@ -49,17 +52,15 @@ void ObjectSelectionSheet::initialize(const QString& key)
     findChild<QPushButton*>(QStringLiteral("pushButtonMatchModelSelection"))
         ->setToolTip(tr("Checks the objects that are selected in the program's window, and no others"));
     const QSignalBlocker blocker(tree);
-    // A type of this program beside those that every host has.
-    for (QTreeWidgetItem* group : tree->findItems(QStringLiteral("Miscellaneous"), Qt::MatchExactly)) {
-        auto* leaf = new QTreeWidgetItem(group, {typeName(ObjectType::CrossSections)});
-        leaf->setCheckState(0, Qt::Checked);
-    }
-    forEachLeaf(*tree, [](QTreeWidgetItem& leaf) {
-        for (const ObjectType type : allObjectTypes()) {
-            if (leaf.text(0) == typeName(type))
-                leaf.setData(0, Qt::UserRole, QString::fromStdString(typeKey(type)));
-        }
+    // The library's leaves stand in the order of our types. Their texts may be translated.
+    std::size_t place = 0;
+    forEachLeaf(*tree, [&place](QTreeWidgetItem& leaf) {
+        leaf.setData(0, Qt::UserRole, QString::fromStdString(typeKey(allObjectTypes().at(place++))));
     });
+    // A type of this program beside those that every host has.
+    auto* sections = new QTreeWidgetItem(tree->topLevelItem(miscellaneous), {typeName(ObjectType::CrossSections)});
+    sections->setData(0, Qt::UserRole, QString::fromStdString(typeKey(ObjectType::CrossSections)));
+    sections->setCheckState(0, Qt::Checked);
 }
 
 void ObjectSelectionSheet::fillObjectList(const std::set<std::string>& checkedTypes)
@@ -89,8 +90,22 @@ void ObjectSelectionSheet::updateObjectTypes()
 
 void ObjectSelectionSheet::matchModelSelection()
 {
+    const std::set<int> selected = m_selectedIds();
+    check({selected.begin(), selected.end()});
+}
+
+void ObjectSelectionSheet::takeOver(const std::string& key, const std::vector<int>& ids)
+{
+    auto* formats = findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"));
+    formats->setCurrentIndex(formats->findData(QString::fromStdString(key)));
+    startup();
+    check(ids);
+}
+
+void ObjectSelectionSheet::check(const std::vector<int>& ids)
+{
     m_model->deselectAll();
-    for (const int id : m_selectedIds())
+    for (const int id : ids)
         m_model->setIdInListChecked(id);
     m_model->resetModel();
     m_wizard->update_navigation();

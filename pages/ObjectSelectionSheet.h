@@ -22,6 +22,8 @@ public:
 
     using QExportSheetObjectSelection::initialize;
     void initialize(const QString& key) override;
+    /// Fills the page that a preset has passed over, with the format and the objects of the preset chosen.
+    void takeOver(const std::string& key, const std::vector<int>& ids);
 
 protected:
     void fillObjectList(const std::set<std::string>& checkedTypes) override;
@@ -31,6 +33,8 @@ protected Q_SLOTS:
     void matchModelSelection() override;
 
 private:
+    void check(const std::vector<int>& ids);
+
     const Model& m_objects;
     std::function<std::set<int>()> m_selectedIds;
 };

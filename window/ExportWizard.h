@@ -5,6 +5,8 @@
 
 #include "pages/FormatWizard.h"
 
+#include <QVariant>
+
 namespace refhost
 {
 
@@ -19,14 +21,23 @@ class ExportWizard : public FormatWizard
 public:
     ExportWizard(HostContext& context, QWidget* parent);
 
+    void startup() override;
+
 protected:
     void populate_sheets() override;
     void runBegins() override;
     void runReported() override;
+    /// Escape: asks first when something has been chosen and no run has ended yet.
+    void reject() override;
 
 private:
+    QVariantList choices() const;
+
     HostContext& m_context;
     ReportActions* m_reportActions = nullptr;
+    kpBase::AbstractSheet* m_firstShown = nullptr;
+    QVariantList m_choicesAtStart;
+    bool m_ranOnce = false; ///< the report tells what has been written
 };
 
 } // namespace refhost

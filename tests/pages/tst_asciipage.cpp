@@ -8,6 +8,7 @@
 #include "spec/QESSpecificationTableWidget.h"
 #include "tests/spec/MouseDrag.h"
 #include "tests/spec/SpecificationEditor.h"
+#include "tests/support/BoxAnswer.h"
 #include "tests/support/SaverRun.h"
 #include "tests/support/TestSettings.h"
 #include "tests/support/TextRows.h"
@@ -115,6 +116,7 @@ private Q_SLOTS:
     void narrowColumns();
     void tooFewDecimals();
     void lackingFields();
+    void formatFileTrouble();
     void remembered();
     void backAndNext();
     void gridIndices();
@@ -406,6 +408,33 @@ void AsciiPageTest::lackingFields()
             && contentOf(path("again.klf")).contains("\"name\": \"gone\""));
     QCOMPARE(again.value(QStringLiteral("settings")).toObject().value(QStringLiteral("separator")).toString(),
              QStringLiteral("semicolon"));
+}
+
+void AsciiPageTest::formatFileTrouble()
+{
+    Page page(*m_context, {add(points("kept", {1}, {2}, {3}))});
+    const auto saveAs = [&](const char* name) {
+        chooseInDialog(path(name));
+        page.click(page.editor->m_saveFormatButton);
+    };
+    writeFile(path("keep.klf"), "kept\n}");
+    {
+        const BoxAnswer no(QMessageBox::No);
+        saveAs("keep");
+        QCOMPARE(no.texts, QStringList{QStringLiteral("keep.klf already exists.\nDo you want to replace it?")});
+    }
+    QCOMPARE(contentOf(path("keep.klf")), QByteArray("kept\n}"));
+    {
+        const BoxAnswer seen(QMessageBox::Ok);
+        page.load(path("keep.klf"));
+        QCOMPARE(seen.texts.size(), 1);
+        QVERIFY2(seen.texts[0].contains(QStringLiteral("keep.klf"))
+                     && seen.texts[0].contains(QStringLiteral("line 1: ")),
+                 qPrintable(seen.texts[0]));
+    }
+    const BoxAnswer yes(QMessageBox::Yes);
+    saveAs("keep");
+    QVERIFY(contentOf(path("keep.klf")).contains("kp-layout"));
 }
 
 void AsciiPageTest::remembered()

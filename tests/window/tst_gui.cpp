@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
+#include "tests/core/TestFactories.h"
+#include "tests/support/BoxAnswer.h"
 #include "tests/support/FileContent.h"
 #include "tests/support/TestSettings.h"
+#include "tests/wizard/FileDialog.h"
 #include "window/ExportWizard.h"
 #include "window/MainWindow.h"
+#include "window/ObjectSelectionSheet.h"
 
 #include <QAction>
 #include <QApplication>
@@ -161,6 +165,9 @@ private Q_SLOTS:
     void ampersandIsShown();
     void cancelledInTheWizard();
     void droppedFile();
+    void escapeAsks();
+    void reportOfFiles();
+    void presetWithoutPage();
 
 private:
     QByteArray read(const QString& name) { return contentOf(m_folder.filePath(name)); }
@@ -360,7 +367,7 @@ void GuiTest::failureIsReported()
     if (!QFile::exists(QStringLiteral("/dev/full")))
         QSKIP("no /dev/full here");
     QString report;
-    const QString link = m_folder.filePath(QStringLiteral("full.csv"));
+    const QString link = m_folder.filePath(QStringLiteral("out & <in>.csv"));
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), link));
     // Through the wizard itself: Qt's file dialog asks about an existing file in its own way.
     ExportWizard wizard(*m_context, m_window.get());
@@ -372,6 +379,8 @@ void GuiTest::failureIsReported()
     QVERIFY2(report.contains(QStringLiteral("has not been exported"))
                  && report.contains(QStringLiteral("could not be written completely (make room")),
              qPrintable(report));
+    // Names are shown as they are.
+    QVERIFY2(report.contains(QStringLiteral("Failed to export ") + link), qPrintable(report));
 }
 
 void GuiTest::selectionInTheWindow()
@@ -483,6 +492,74 @@ void GuiTest::droppedFile()
     QCOMPARE(m_window->windowTitle(), QStringLiteral("lines.geojson and 1 more - kpexport"));
     QVERIFY(
         m_window->findChild<QLabel*>(QStringLiteral("objectCounts"))->text().endsWith(QStringLiteral(", 1 selected")));
+}
+
+void GuiTest::escapeAsks()
+{
+    ExportWizard wizard(*m_context, m_window.get());
+    const auto open = [&wizard] {
+        wizard.startup();
+        wizard.show();
+    };
+    open();
+    const BoxAnswer no(QMessageBox::No);
+    QTest::keyClick(&wizard, Qt::Key_Escape);
+    QVERIFY(!wizard.isVisible() && no.texts.isEmpty());
+    // Something was chosen, nothing written.
+    open();
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonDeselectAllObjects")), Qt::LeftButton);
+    QTest::keyClick(&wizard, Qt::Key_Escape);
+    QVERIFY(wizard.isVisible() && no.texts.size() == 1);
+    // Cancel says itself what it does.
+    QTest::mouseClick(wizard.closeButton(), Qt::LeftButton);
+    QVERIFY(!wizard.isVisible() && no.texts.size() == 1);
+}
+
+void GuiTest::reportOfFiles()
+{
+    const auto report = [this](const char* format, const char* name) {
+        ExportWizard wizard(*m_context, m_window.get());
+        wizard.setFormatAndSelectedGeo(format, {1});
+        wizard.startup();
+        wizard.slotSaveClicked(m_folder.filePath(QString::fromLatin1(name)), true);
+        return wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
+    };
+    // A format without attributes writes geometry alone, and each file is named once.
+    const QString drawing = report("dxf", "lines.dxf");
+    QVERIFY2(drawing.contains(QStringLiteral("Geometric Data")) && !drawing.contains(QStringLiteral("Attribute Data")),
+             qPrintable(drawing));
+    const QString shapes = report("shp", "lines.shp");
+    QVERIFY2(!shapes.contains(QStringLiteral("Other Files"))
+                 && shapes.contains(QStringLiteral("with lines.shx, lines.dbf")),
+             qPrintable(shapes));
+}
+
+/// Cancelling the choice of a file leads to the page that the preset has passed over.
+void GuiTest::presetWithoutPage()
+{
+    struct BareSaver : SilentSaver
+    {
+        BareSaver()
+            : SilentSaver("bare")
+        {
+            m_supportsAttributes = false;
+            m_supportedTypes.insert(typeKey(ObjectType::Polylines));
+        }
+    };
+    static TestSaverFactory bare("bare", [] { return new BareSaver; });
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.setFormatAndSelectedGeo("bare", {2});
+    wizard.startup();
+    wizard.show();
+    chooseInDialog(QString());
+    QTRY_VERIFY(dynamic_cast<ObjectSelectionSheet*>(wizard.current_sheet()));
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{2});
+    QCOMPARE(wizard.selectedGeoNames(), std::vector<std::string>{"lines 2"});
+    QCOMPARE(wizard.findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"))->currentText(), QStringLiteral("bare"));
+    QVERIFY(wizard.nextButton()->isEnabled() && wizard.nextButton()->text() == QLatin1String("Next"));
+    // From here on the user chooses.
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonSelectAllObjects")), Qt::LeftButton);
+    QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{1, 2}));
 }
 
 QTEST_MAIN(GuiTest)
