@@ -17,6 +17,38 @@ namespace kpBaseExport
 namespace
 {
 
+/// The texts below in the context of each form, for lupdate, which cannot see them there.
+[[maybe_unused]] constexpr const char* markedTexts[] = {
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Create"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Single file"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Multiple files"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Create Separate Files based on"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Set Type"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Per Object"),
+    QT_TRANSLATE_NOOP("QExportSheetGocad", "Prefix of the file names"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Create"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Single file"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Multiple files"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Create Separate Files based on"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Set Type"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Per Object"),
+    QT_TRANSLATE_NOOP("QExportSheetDxf", "Prefix of the file names"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Create"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Single file"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Multiple files"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Create Separate Files based on"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Set Type"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Per Object"),
+    QT_TRANSLATE_NOOP("QExportSheetAsciiFileSelection", "Prefix of the file names"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Create"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Single file"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Multiple files"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Create Separate Files based on"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Set Type"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Per Object"),
+    QT_TRANSLATE_NOOP("QExportSheet3DStress", "Prefix of the file names"),
+};
+
 template <typename Control>
 Control* named(Control* control, const char* name)
 {
@@ -48,6 +80,7 @@ void FileGroupingSheet::buildFileGrouping(const char* context, QGroupBox* fileGr
     auto* single = named(new QRadioButton(text("Single file"), fileGroup), "m_singleRadio");
     m_multipleRadio = named(new QRadioButton(text("Multiple files"), fileGroup), "m_multipleRadio");
     m_filePrefix = named(new QLineEdit(fileGroup), "m_filePrefix");
+    m_filePrefix->setAccessibleName(text("Prefix of the file names"));
     single->setChecked(true);
     auto* files = new QGridLayout(fileGroup);
     files->addWidget(fileLabel, 0, 0);
@@ -60,6 +93,7 @@ void FileGroupingSheet::buildFileGrouping(const char* context, QGroupBox* fileGr
     auto* useSets = named(new QRadioButton(text("Set Type"), fileNameGroup), "m_useSetsAsFilenames");
     m_fileSetComboBox = named(new QComboBox(fileNameGroup), "m_fileSetComboBox");
     m_useObjectAsFilenames = named(new QRadioButton(text("Per Object"), fileNameGroup), "m_useObjectAsFilenames");
+    m_fileSetComboBox->setAccessibleName(text("Set Type"));
     useSets->setChecked(true);
     auto* names = new QGridLayout(fileNameGroup);
     names->addWidget(nameLabel, 0, 0, 1, 2);

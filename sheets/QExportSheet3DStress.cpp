@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheet3DStress.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -17,7 +19,7 @@ QExportSheet3DStress::~QExportSheet3DStress() = default;
 void QExportSheet3DStress::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: 3DStress Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheet3DStress", "File Export: 3DStress Options"));
     buildFileGrouping("QExportSheet3DStress", m_ui->fileGroup, m_ui->m_fileNameGroup, nullptr, {});
     m_pageWidget = this;
 }

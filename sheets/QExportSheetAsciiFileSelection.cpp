@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetAsciiFileSelection.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -16,7 +18,7 @@ QExportSheetAsciiFileSelection::~QExportSheetAsciiFileSelection() = default;
 void QExportSheetAsciiFileSelection::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Ascii Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetAsciiFileSelection", "File Export: Ascii Options"));
     buildFileGrouping("QExportSheetAsciiFileSelection", m_ui->fileGroup, m_ui->m_fileNameGroup, nullptr,
                       {m_ui->m_writeHeaderCheck, m_ui->m_insertLinebreaksCheck, m_ui->m_exportSectionCoordinatesCheck});
     m_pageWidget = this;

@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetDxf.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -16,7 +18,7 @@ QExportSheetDxf::~QExportSheetDxf() = default;
 void QExportSheetDxf::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: DXF Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetDxf", "File Export: DXF Options"));
     buildFileGrouping("QExportSheetDxf", m_ui->fileGroup, m_ui->m_fileNameGroup, m_ui->m_export2DSectionCheck,
                       {m_ui->m_useSetsAsLayers, m_ui->m_layerSetComboBox, m_ui->m_useObjectTypesAsLayers,
                        m_ui->m_noLayers, m_ui->m_surface3DFaceCheck, m_ui->m_surfacePointsCheck,

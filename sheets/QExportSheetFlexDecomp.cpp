@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetFlexDecomp.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetFlexDecomp::~QExportSheetFlexDecomp() = default;
 void QExportSheetFlexDecomp::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: FlexDecomp Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetFlexDecomp", "File Export: FlexDecomp Options"));
     m_pageWidget = this;
     setHelpKey(QStringLiteral("KELVO_EXPORT_FLEXDECOMP_FORMAT"));
     m_ui->m_units->enableElevationDepth(false);

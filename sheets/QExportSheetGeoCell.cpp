@@ -3,6 +3,7 @@
 
 #include "ui_QExportSheetGeoCell.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QSettings>
@@ -25,8 +26,8 @@ void QExportSheetGeoCell::initialize(const QString& key)
     m_ui->m_noInputGridError->hide();
     m_ui->m_wrongInputGridError->hide();
     addAttributePanel(key);
-    setWindowTitle(QStringLiteral("File Export: GeoCellular Grid Options"));
-    description(QStringLiteral("<b>Note:</b>"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetGeoCell", "File Export: GeoCellular Grid Options"));
+    description(QCoreApplication::translate("QExportSheetGeoCell", "<b>Note:</b>"));
     connect(m_ui->m_browseButton, &QPushButton::clicked, this, &QExportSheetGeoCell::browse);
     connect(m_ui->m_gridPath, &QLineEdit::editingFinished, this, &QExportSheetGeoCell::checkInputPath);
 }
@@ -41,8 +42,9 @@ void QExportSheetGeoCell::browse()
     const QString key = QStringLiteral("grid_file");
     QSettings settings;
     settings.beginGroup(QStringLiteral("QExportSheetGeoCell"));
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Locate original grid file"),
-                                                      settings.value(key).toString(), gridFilter);
+    const QString path = QFileDialog::getOpenFileName(
+        this, QCoreApplication::translate("QExportSheetGeoCell", "Locate original grid file"),
+        settings.value(key).toString(), gridFilter);
     if (path.isEmpty())
         return;
     m_ui->m_gridPath->setText(path);
@@ -61,7 +63,8 @@ void QExportSheetGeoCell::checkInputPath()
 
 void QExportSheetGeoCell::showGridName(const QString& name)
 {
-    m_ui->m_gridName->setText(tr("Exporting grid:") + QLatin1Char(' ') + name);
+    m_ui->m_gridName->setText(QCoreApplication::translate("QExportSheetGeoCell", "Exporting grid:") + QLatin1Char(' ')
+                              + name);
 }
 
 void QExportSheetGeoCell::showMultipleGridWarning(bool show)

@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetGeoquest.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetGeoquest::~QExportSheetGeoquest() = default;
 void QExportSheetGeoquest::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Geoquest Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetGeoquest", "File Export: Geoquest Options"));
     m_pageWidget = this;
     m_ui->m_horizonNameCheck->setChecked(true);
 }

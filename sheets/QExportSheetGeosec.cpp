@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetGeosec.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -19,7 +21,7 @@ QExportSheetGeosec::~QExportSheetGeosec() = default;
 void QExportSheetGeosec::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Geosec Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetGeosec", "File Export: Geosec Options"));
     m_pageWidget = this;
     m_ui->m_horizonNameCheck->setChecked(true);
 }

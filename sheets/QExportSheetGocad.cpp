@@ -4,6 +4,7 @@
 #include "ui_QExportSheetGocad.h"
 #include "wizard/QExportAttributeWidget.h"
 
+#include <QCoreApplication>
 #include <QVBoxLayout>
 
 namespace kpBaseExport
@@ -19,7 +20,7 @@ QExportSheetGocad::~QExportSheetGocad() = default;
 void QExportSheetGocad::initialize(const QString& key)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: GoCAD Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetGocad", "File Export: GoCAD Options"));
     m_attributes = new QExportAttributeWidget(m_wizard, this);
     m_attributes->setUnselectableType(QExportAttributeWidget::c_systemTypeText);
     m_attributes->setUnselectableType(QExportAttributeWidget::c_systemTypeColor);

@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetLandmark.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetLandmark::~QExportSheetLandmark() = default;
 void QExportSheetLandmark::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: QExportSheetLandmark Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetLandmark", "File Export: QExportSheetLandmark Options"));
     m_pageWidget = this;
     m_ui->m_horizonNameCheck->setChecked(true);
 }

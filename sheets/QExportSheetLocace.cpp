@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetLocace.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetLocace::~QExportSheetLocace() = default;
 void QExportSheetLocace::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Locace Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetLocace", "File Export: Locace Options"));
     m_pageWidget = this;
     m_ui->m_units->enableElevationDepth(false);
     m_ui->m_writeSegmentHeadersCheck->setChecked(true);

@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetOff.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetOff::~QExportSheetOff() = default;
 void QExportSheetOff::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Geomview Off Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetOff", "File Export: Geomview Off Options"));
     m_pageWidget = this;
 }
 

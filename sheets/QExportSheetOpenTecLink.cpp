@@ -4,6 +4,7 @@
 #include "ui_QExportSheetOpenTecLink.h"
 #include "wizard/QObjectListModel.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QSortFilterProxyModel>
 
@@ -22,9 +23,10 @@ QExportSheetOpenTecLink::~QExportSheetOpenTecLink() = default;
 void QExportSheetOpenTecLink::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: OpenTecLink Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetOpenTecLink", "File Export: OpenTecLink Options"));
     m_pageWidget = this;
-    m_sections = new QObjectListModel(this, QStringLiteral("Section List: Name   "));
+    m_sections =
+        new QObjectListModel(this, QCoreApplication::translate("QExportSheetOpenTecLink", "Section List: Name   "));
     auto* sorted = new QSortFilterProxyModel(this);
     sorted->setSourceModel(m_sections);
     QTableView* view = m_ui->tableViewSections;

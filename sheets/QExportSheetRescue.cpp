@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetRescue.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -19,8 +21,8 @@ void QExportSheetRescue::initialize(const QString& key)
     m_ui->setupUi(this);
     m_ui->m_multipleGridWarning->hide();
     addAttributePanel(key);
-    setWindowTitle(QStringLiteral("File Export: Rescue Options"));
-    description(QStringLiteral("<b>Note:</b>"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetRescue", "File Export: Rescue Options"));
+    description(QCoreApplication::translate("QExportSheetRescue", "<b>Note:</b>"));
 }
 
 void QExportSheetRescue::deactivate() {}
@@ -32,7 +34,8 @@ bool QExportSheetRescue::isComplete() const
 
 void QExportSheetRescue::showGridName(const QString& name)
 {
-    m_ui->m_gridName->setText(tr("Exporting grid:") + QLatin1Char(' ') + name);
+    m_ui->m_gridName->setText(QCoreApplication::translate("QExportSheetRescue", "Exporting grid:") + QLatin1Char(' ')
+                              + name);
 }
 
 void QExportSheetRescue::showMultipleGridWarning(bool show)

@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetShp.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetShp::~QExportSheetShp() = default;
 void QExportSheetShp::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: SHP Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetShp", "File Export: SHP Options"));
     m_pageWidget = this;
     m_complete = true;
 }

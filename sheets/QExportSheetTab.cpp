@@ -3,6 +3,8 @@
 
 #include "ui_QExportSheetTab.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -18,7 +20,7 @@ QExportSheetTab::~QExportSheetTab() = default;
 void QExportSheetTab::initialize(const QString&)
 {
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: MapInfo TAB Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetTab", "File Export: MapInfo TAB Options"));
     m_pageWidget = this;
     m_complete = true;
 }

@@ -5,6 +5,8 @@
 #include "ui_QExportSpecSheetAscii.h"
 #include "wizard/QExportWizard.h"
 
+#include <QCoreApplication>
+
 namespace kpBaseExport
 {
 
@@ -22,7 +24,7 @@ void QExportSheetAscii::startup() {}
 
 void QExportSheetAscii::initialize(const QString&)
 {
-    setWindowTitle(QStringLiteral("File Export: ASCII Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSpecSheetAscii", "File Export: ASCII Options"));
     m_pageWidget = this;
     m_hasObjects = false;
 }

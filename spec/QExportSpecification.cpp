@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the editor of a layout holds, and how its maps and tables are kept the same.
 #include "spec/QExportSpecification.h"
+#include "spec/FormTexts.h"
 
 #include "host/data/FormatFile.h"
 
@@ -80,7 +81,7 @@ void QExportSpecification::clearAttribute()
     const QSignalBlocker blocker(m_attributeTable);
     m_attributeTable->clear();
     // Clearing takes the header's text, too.
-    m_attributeTable->setHorizontalHeaderLabels({tr("Attribute")});
+    m_attributeTable->setHorizontalHeaderLabels({FormTexts::tr("Attribute")});
     m_attributes.clear();
 }
 

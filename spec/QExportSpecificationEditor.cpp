@@ -3,6 +3,7 @@
 #include "spec/QExportSpecification.h"
 
 #include "host/data/FormatFile.h"
+#include "spec/FormTexts.h"
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
 #include "spec/QESSpinBoxColumnDelegate.h"
@@ -102,14 +103,16 @@ void QExportSpecification::buildTables()
     m_fieldTable->setSource(m_attributeTable);
     m_fieldTable->setItemDelegateForColumn(1, width);
     m_fieldTable->setItemDelegateForColumn(2, precision);
-    m_fieldTable->setHorizontalHeaderLabels({tr("Field"), tr("Width"), tr("Precision")});
+    m_fieldTable->setHorizontalHeaderLabels(
+        {FormTexts::tr("Field"), FormTexts::tr("Width"), FormTexts::tr("Precision")});
     m_columnTable->setSheet(this);
     m_columnTable->setSource(m_attributeTable);
     m_columnTable->ignoreColumns({1, 2});
     m_columnTable->setItemDelegateForColumn(1, column);
     m_columnTable->setItemDelegateForColumn(2, column);
     m_columnTable->setItemDelegateForColumn(3, precision);
-    m_columnTable->setHorizontalHeaderLabels({tr("Field"), tr("Start Column"), tr("End Column"), tr("Precision")});
+    m_columnTable->setHorizontalHeaderLabels({FormTexts::tr("Field"), FormTexts::tr("Start Column"),
+                                              FormTexts::tr("End Column"), FormTexts::tr("Precision")});
     for (QTableWidget* table : {static_cast<QTableWidget*>(m_fieldTable), static_cast<QTableWidget*>(m_columnTable)})
         table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     for (QTableWidget* table : {static_cast<QTableWidget*>(m_attributeTable), static_cast<QTableWidget*>(m_fieldTable),
@@ -147,16 +150,16 @@ void QExportSpecification::addShortcuts()
         button->setShortcut(keys);
         button->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
     };
-    name(m_toFieldButton, tr("Add to the layout"), QKeySequence(Qt::ALT | Qt::Key_Right));
-    name(m_toAttributeButton, tr("Take out of the layout"), QKeySequence(Qt::ALT | Qt::Key_Left));
-    m_loadFormatButton->setAccessibleName(tr("Load Format File"));
+    name(m_toFieldButton, FormTexts::tr("Add to the layout"), QKeySequence(Qt::ALT | Qt::Key_Right));
+    name(m_toAttributeButton, FormTexts::tr("Take out of the layout"), QKeySequence(Qt::ALT | Qt::Key_Left));
+    m_loadFormatButton->setAccessibleName(FormTexts::tr("Load Format File"));
     m_loadFormatButton->setShortcut(QKeySequence::Open);
-    m_saveFormatButton->setAccessibleName(tr("Save Format File"));
+    m_saveFormatButton->setAccessibleName(FormTexts::tr("Save Format File"));
     m_saveFormatButton->setShortcut(QKeySequence::Save);
-    m_attributeTable->setAccessibleName(tr("Attributes on offer"));
-    m_fieldTable->setAccessibleName(tr("Fields of the layout"));
-    m_columnTable->setAccessibleName(tr("Columns of the layout"));
-    m_nullEdit->setAccessibleName(tr("Null value"));
+    m_attributeTable->setAccessibleName(FormTexts::tr("Attributes on offer"));
+    m_fieldTable->setAccessibleName(FormTexts::tr("Fields of the layout"));
+    m_columnTable->setAccessibleName(FormTexts::tr("Columns of the layout"));
+    m_nullEdit->setAccessibleName(FormTexts::tr("Null value"));
     m_separatorLabel->setBuddy(m_separatorCombo);
 
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {

@@ -3,6 +3,7 @@
 #include "spec/QExportSpecification.h"
 
 #include "host/data/FormatFile.h"
+#include "spec/FormTexts.h"
 #include "spec/QESSpecificationTableWidget.h"
 
 #include <QFileDialog>
@@ -53,13 +54,12 @@ QString QExportSpecification::getFormatFile(bool open)
     settings.beginGroup(QStringLiteral("QExportSpecification"));
     const QString key = QStringLiteral("directory");
     const QString directory = settings.value(key).toString();
-    const QString path =
-        open
-            ? QFileDialog::getOpenFileName(this, tr("Load Format File"), directory,
-                                           tr("Format File (*.klf *.fmt);;KLX Format (*.klf);;Landmark Format (*.fmt);;"
-                                              "All Files (*.*)"))
-            : QFileDialog::getSaveFileName(this, tr("Save Format File"), directory,
-                                           FormTexts::tr("KLX Format (*.klf)"));
+    const QString path = open ? QFileDialog::getOpenFileName(
+                             this, FormTexts::tr("Load Format File"), directory,
+                             FormTexts::tr("Format File (*.klf *.fmt);;KLX Format (*.klf);;Landmark Format (*.fmt);;"
+                                           "All Files (*.*)"))
+                              : QFileDialog::getSaveFileName(this, FormTexts::tr("Save Format File"), directory,
+                                                             FormTexts::tr("KLX Format (*.klf)"));
     if (!path.isEmpty())
         settings.setValue(key, path.left(path.size() - QFileInfo(path).fileName().size()));
     return path;

@@ -3,6 +3,7 @@
 
 #include "wizard/QExportAttributeWidget.h"
 
+#include <QCoreApplication>
 #include <QVBoxLayout>
 
 namespace kpBaseExport
@@ -20,7 +21,7 @@ QExportAttributeSheet::QExportAttributeSheet()
 void QExportAttributeSheet::initialize(const QString& key)
 {
     m_panel->setWizard(m_wizard);
-    setWindowTitle(QStringLiteral("File Export: Attribute Export"));
+    setWindowTitle(QCoreApplication::translate("QExportAttributeSheet", "File Export: Attribute Export"));
     m_pageWidget = this;
     m_panel->initialize(key, QExportAttributeWidget::UNSPECIFIED_LEVEL);
 }

@@ -4,6 +4,7 @@
 #include "ui_QExportAttributeWidget.h"
 #include "wizard/QExportWizard.h"
 
+#include <QCoreApplication>
 #include <QMap>
 
 namespace kpBaseExport
@@ -11,6 +12,12 @@ namespace kpBaseExport
 
 namespace
 {
+
+/// The panel's own texts, translated among those of its form.
+struct FormTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(QExportAttributeWidget)
+};
 
 struct TypeBit
 {
@@ -81,7 +88,7 @@ void QExportAttributeWidget::activate()
     }
     if (!unsupported.isEmpty()) {
         m_ui->m_warningLabel->setText(
-            QStringLiteral("Unsupported Attributes for this Format: %1").arg(unsupported.join(QStringLiteral(", "))));
+            FormTexts::tr("Unsupported Attributes for this Format: %1").arg(unsupported.join(QStringLiteral(", "))));
         m_ui->warningBox->show();
     }
 }
@@ -143,12 +150,12 @@ void QExportAttributeWidget::setAttributeLevel(AttributeLevel level)
 {
     QString word;
     if (level == VERTEX_LEVEL)
-        word = QStringLiteral(" Vertex ");
+        word = FormTexts::tr(" Vertex ");
     else if (level == FACE_LEVEL)
-        word = QStringLiteral(" Face ");
+        word = FormTexts::tr(" Face ");
     else if (level == OBJECT_LEVEL)
-        word = QStringLiteral(" Object ");
-    m_ui->groupBox->setTitle(QStringLiteral("Export %1 Attributes").arg(word));
+        word = FormTexts::tr(" Object ");
+    m_ui->groupBox->setTitle(FormTexts::tr("Export %1 Attributes").arg(word));
 }
 
 void QExportAttributeWidget::onSelectAll()

@@ -6,6 +6,7 @@
 #include "wizard/QExportWizard.h"
 #include "wizard/QObjectListModel.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QSortFilterProxyModel>
 
@@ -15,29 +16,28 @@ namespace kpBaseExport
 namespace
 {
 
+/// The page's own texts, translated among those of its form.
+struct FormTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(QExportSheetObjectSelection)
+};
+
 struct TypeLeaf
 {
-    const char* group;
-    const char* name;
+    QString name;
     const char* icon; ///< null for none
 };
 
-constexpr TypeLeaf typeLeaves[] = {
-    {"Lines", "Pins", ":/2DKelvo/Resources/2DKelvo/iconobject_insertpin.png"},
-    {"Lines", "Polygons", ":/kpBaseQt/Resources/polygon.png"},
-    {"Lines", "Polylines", ":/2DKelvo/Resources/2DKelvo/iconobject_insertline.png"},
-    {"Lines", "Posts", ":/2DKelvo/Resources/2DKelvo/iconobject_insertpost.png"},
-    {"Lines", "Wells", ":/kpBaseQt/Resources/well.png"},
-    {"Miscellaneous", "3DKelvo Fracture Sets", nullptr},
-    {"Miscellaneous", "Images", ":/kpBaseQt/Resources/image.png"},
-    {"Miscellaneous", "Labels", ":/2DKelvo/Resources/2DKelvo/iconobject_inserttext.png"},
-    {"Miscellaneous", "Stratigraphy Column", nullptr},
-    {"Points", "Vertex Clouds", ":/2DKelvo/Resources/2DKelvo/iconobject_insertpoint.png"},
-    {"Surfaces", "Grid Surfaces", ":/kpBaseQt/Resources/gridSurface.png"},
-    {"Surfaces", "Mesh Surfaces", ":/kpBaseQt/Resources/trimesh.png"},
-    {"Volumes", "GeoCellular Volumes", ":/kpBaseQt/Resources/geocell_small.png"},
-    {"Volumes", "Tetra Volumes", nullptr},
-};
+void addGroup(QTreeWidget& tree, const QString& name, std::initializer_list<TypeLeaf> leaves)
+{
+    auto* group = new QTreeWidgetItem(&tree, {name});
+    for (const TypeLeaf& entry : leaves) {
+        auto* leaf = new QTreeWidgetItem(group, {entry.name});
+        if (entry.icon)
+            leaf->setIcon(0, QIcon(QString::fromLatin1(entry.icon)));
+        leaf->setCheckState(0, Qt::Checked);
+    }
+}
 
 // Measuring more rows than a user can see makes a long list slow.
 constexpr int rowsMeasuredForColumnWidth = 200;
@@ -72,7 +72,7 @@ void QExportSheetObjectSelection::initialize(const QString&)
 {
     m_pageWidget = this;
     m_ui->setupUi(this);
-    setWindowTitle(QStringLiteral("File Export: Format and Data Selection"));
+    setWindowTitle(FormTexts::tr("File Export: Format and Data Selection"));
     buildTypeTree();
 
     if (m_wizard) {
@@ -85,7 +85,7 @@ void QExportSheetObjectSelection::initialize(const QString&)
     connect(m_ui->selectAllButton, &QPushButton::pressed, this, &QExportSheetObjectSelection::selectAll);
     connect(m_ui->deselectAllButton, &QPushButton::pressed, this, &QExportSheetObjectSelection::deselectAll);
 
-    m_model = new QObjectListModel(this, QStringLiteral("Object List: Name   "));
+    m_model = new QObjectListModel(this, FormTexts::tr("Object List: Name   "));
     m_proxy = new QSortFilterProxyModel(this);
     m_proxy->setSourceModel(m_model);
     m_proxy->setSortCaseSensitivity(Qt::CaseInsensitive);
@@ -119,16 +119,25 @@ void QExportSheetObjectSelection::initialize(const QString&)
 void QExportSheetObjectSelection::buildTypeTree()
 {
     QTreeWidget* tree = m_ui->m_objectTree;
-    QTreeWidgetItem* group = nullptr;
-    for (const TypeLeaf& entry : typeLeaves) {
-        const QString groupName = tr(entry.group);
-        if (!group || group->text(0) != groupName)
-            group = new QTreeWidgetItem(tree, {groupName});
-        auto* leaf = new QTreeWidgetItem(group, {tr(entry.name)});
-        if (entry.icon)
-            leaf->setIcon(0, QIcon(QString::fromLatin1(entry.icon)));
-        leaf->setCheckState(0, Qt::Checked);
-    }
+    addGroup(*tree, FormTexts::tr("Lines"),
+             {{FormTexts::tr("Pins"), ":/2DKelvo/Resources/2DKelvo/iconobject_insertpin.png"},
+              {FormTexts::tr("Polygons"), ":/kpBaseQt/Resources/polygon.png"},
+              {FormTexts::tr("Polylines"), ":/2DKelvo/Resources/2DKelvo/iconobject_insertline.png"},
+              {FormTexts::tr("Posts"), ":/2DKelvo/Resources/2DKelvo/iconobject_insertpost.png"},
+              {FormTexts::tr("Wells"), ":/kpBaseQt/Resources/well.png"}});
+    addGroup(*tree, FormTexts::tr("Miscellaneous"),
+             {{FormTexts::tr("3DKelvo Fracture Sets"), nullptr},
+              {FormTexts::tr("Images"), ":/kpBaseQt/Resources/image.png"},
+              {FormTexts::tr("Labels"), ":/2DKelvo/Resources/2DKelvo/iconobject_inserttext.png"},
+              {FormTexts::tr("Stratigraphy Column"), nullptr}});
+    addGroup(*tree, FormTexts::tr("Points"),
+             {{FormTexts::tr("Vertex Clouds"), ":/2DKelvo/Resources/2DKelvo/iconobject_insertpoint.png"}});
+    addGroup(*tree, FormTexts::tr("Surfaces"),
+             {{FormTexts::tr("Grid Surfaces"), ":/kpBaseQt/Resources/gridSurface.png"},
+              {FormTexts::tr("Mesh Surfaces"), ":/kpBaseQt/Resources/trimesh.png"}});
+    addGroup(*tree, FormTexts::tr("Volumes"),
+             {{FormTexts::tr("GeoCellular Volumes"), ":/kpBaseQt/Resources/geocell_small.png"},
+              {FormTexts::tr("Tetra Volumes"), nullptr}});
     tree->expandAll();
 }
 

@@ -25,7 +25,7 @@ QExportSheetSaveFile::QExportSheetSaveFile(kpBase::Wizard* wizard, const QString
     , m_browser(new QTextBrowser(this))
 {
     m_pageWidget = this;
-    setWindowTitle(QStringLiteral("File Export: File Location Selection"));
+    setWindowTitle(tr("File Export: File Location Selection"));
     m_browser->setObjectName(QStringLiteral("instruction"));
     auto* layout = new QVBoxLayout;
     layout->addWidget(m_browser);
@@ -50,17 +50,15 @@ void QExportSheetSaveFile::setFiltersAndDefaultSuffix(const QString& formatName,
 
 void QExportSheetSaveFile::setFileMode()
 {
-    m_browser->setHtml(
-        htmlHead()
-        + QStringLiteral("<b>Select the file to export the data into from the shown file selection dialog.</b>")
-        + htmlTail());
+    m_browser->setHtml(htmlHead()
+                       + tr("<b>Select the file to export the data into from the shown file selection dialog.</b>")
+                       + htmlTail());
     m_fileMode = true;
 }
 
 void QExportSheetSaveFile::setDirectoryMode()
 {
-    m_browser->setHtml(htmlHead() + QStringLiteral("<b>Select the location to save files to.</b><br/><br/>")
-                       + htmlTail());
+    m_browser->setHtml(htmlHead() + tr("<b>Select the location to save files to.</b><br/><br/>") + htmlTail());
     m_fileMode = false;
 }
 
@@ -91,12 +89,11 @@ void QExportSheetSaveFile::doFileSelection()
         wizard->setSaveMode();
     loadSettings();
     const QString filter =
-        QStringLiteral("All %1 Files (%2)").arg(m_formatName, m_allExtensions) + QStringLiteral(";;All Files (*.*)");
+        tr("All %1 Files (%2)").arg(m_formatName, m_allExtensions) + QStringLiteral(";;") + tr("All Files (*.*)");
     const QString path =
-        m_fileMode
-            ? QFileDialog::getSaveFileName(this, QStringLiteral("File Export: File Selection"), m_directoryName, filter)
-            : QFileDialog::getExistingDirectory(this, QStringLiteral("File Export: Directory Selection"),
-                                                m_directoryName, QFileDialog::ShowDirsOnly);
+        m_fileMode ? QFileDialog::getSaveFileName(this, tr("File Export: File Selection"), m_directoryName, filter)
+                   : QFileDialog::getExistingDirectory(this, tr("File Export: Directory Selection"), m_directoryName,
+                                                       QFileDialog::ShowDirsOnly);
     if (wizard)
         wizard->setSaveModeComplete();
     if (path.isEmpty()) {

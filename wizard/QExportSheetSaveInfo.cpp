@@ -3,6 +3,7 @@
 
 #include "host/ui/Wizard.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -18,7 +19,7 @@ QExportSheetSaveInfo::QExportSheetSaveInfo(kpBase::Wizard* wizard, const QString
     , m_document(new QTextDocument(this))
 {
     m_pageWidget = this;
-    setWindowTitle(QStringLiteral("File Export: Options"));
+    setWindowTitle(QCoreApplication::translate("QExportSheetSaveInfo", "File Export: Options"));
     m_view->setObjectName(QStringLiteral("reportView"));
     m_view->setReadOnly(true);
     m_view->setDocument(m_document);

@@ -62,7 +62,7 @@ void QExportWizard::populate_sheets()
     connect(m_fileSelection, &QExportSheetSaveFile::saveClicked, this, &QExportWizard::slotSaveClicked);
     connect(m_fileSelection, &QExportSheetSaveFile::saveCancelled, this, &QExportWizard::slotSaveCancelled);
     m_report = new QExportSheetSaveInfo(this, QStringLiteral("info"));
-    setWindowTitle(QStringLiteral("Export Wizard"));
+    setWindowTitle(tr("Export Wizard"));
     add_sheet(m_objectSelection);
     add_sheet(m_fileSelection);
     add_sheet(m_report);

@@ -202,12 +202,12 @@ QVariant QObjectListModel::headerData(int section, Qt::Orientation orientation, 
         return m_title;
     if (section == 1) {
         if (!m_ids.empty())
-            return QStringLiteral("Id");
+            return tr("Id");
         if (!m_types.empty())
-            return QStringLiteral("Type");
-        return m_values.empty() ? QVariant() : QVariant(QStringLiteral("Age"));
+            return tr("Type");
+        return m_values.empty() ? QVariant() : QVariant(tr("Age"));
     }
-    return section == 2 && !m_types.empty() ? QVariant(QStringLiteral("Type")) : QVariant();
+    return section == 2 && !m_types.empty() ? QVariant(tr("Type")) : QVariant();
 }
 
 Qt::ItemFlags QObjectListModel::flags(const QModelIndex& index) const

@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The pages as they come up: what stands where, under which name, with which text and state; the way of the Tab key;
-// nothing hidden or cut off.
+// The pages as they come up: what their code makes of the forms, the way of the Tab key, names for readers of the
+// screen, texts that can be translated; nothing cut off.
 #include "tests/sheets/SheetsUnderTest.h"
 
 #include "core/saver/AttributeNamesSheet.h"
+#include "tests/core/TestFactories.h"
+#include "tests/support/FileContent.h"
 #include "tests/wizard/WizardUnderTest.h"
+#include "wizard/QExportAttributeSheet.h"
+
+#include <QAccessible>
+#include <QLibraryInfo>
+#include <QProcess>
+#include <QTranslator>
 
 #include <algorithm>
 #include <memory>
+#include <set>
 
 using namespace kpBaseExport;
 
@@ -19,62 +28,34 @@ bool isOneOf(const QWidget& widget, std::initializer_list<const char*> classes)
     return std::any_of(classes.begin(), classes.end(), [&](const char* name) { return widget.inherits(name); });
 }
 
-QString textOf(const QWidget& widget)
+/// What the code sets beyond the form: "+" checked, "-" disabled, "!" hidden.
+QString stateOf(const QWidget& page)
 {
-    for (const char* property : {"title", "value", "text"}) {
-        if (widget.property(property).isValid())
-            return widget.property(property).toString();
-    }
-    return {};
-}
-
-QString placeOf(const QWidget& widget)
-{
-    const auto* grid = qobject_cast<const QGridLayout*>(widget.parentWidget()->layout());
-    const int index = grid ? grid->indexOf(const_cast<QWidget*>(&widget)) : -1;
-    if (index < 0)
-        return {};
-    int row = 0;
-    int column = 0;
-    int rows = 0;
-    int columns = 0;
-    grid->getItemPosition(index, &row, &column, &rows, &columns);
-    const QString place = QStringLiteral(" @%1,%2").arg(row).arg(column);
-    return columns > 1 ? place + QStringLiteral("-%1").arg(column + columns - 1) : place;
-}
-
-/// One line per widget: name, class, text, state, place in the grid of its group.
-void describe(const QWidget& parent, int depth, QString& out)
-{
-    for (const QObject* each : parent.children()) {
-        const auto* widget = qobject_cast<const QWidget*>(each);
-        if (!widget)
+    QStringList states;
+    for (const QWidget* control : page.findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        const QWidget* parent = control->parentWidget();
+        if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || parent->inherits("QImportUnitSelector")
+            || parent->inherits("kpBaseExport::QExportAttributeWidget") || parent->inherits("QAbstractItemView"))
             continue;
-        out += QString(depth, QLatin1Char(' ')) + widget->objectName() + QLatin1Char(' ')
-               + QString::fromLatin1(widget->metaObject()->className());
-        QString text = textOf(*widget);
-        text.replace(QLatin1Char('\n'), QLatin1String("\\n")).replace(QLatin1Char('\t'), QLatin1String("\\t"));
-        if (!text.isEmpty())
-            out += QStringLiteral(" \"%1\"").arg(text);
-        if (const auto* button = qobject_cast<const QAbstractButton*>(widget); button && button->isChecked())
-            out += QStringLiteral(" on");
-        if (!widget->isEnabledTo(&parent))
-            out += QStringLiteral(" disabled");
-        if (widget->isHidden())
-            out += QStringLiteral(" hidden");
-        out += placeOf(*widget) + QLatin1Char('\n');
-        if (!isOneOf(*widget, {"QImportUnitSelector", "kpBaseExport::QExportAttributeWidget", "QComboBox",
-                               "QAbstractItemView", "QAbstractSpinBox", "QLineEdit"}))
-            describe(*widget, depth + 1, out);
+        QString state;
+        if (const auto* button = qobject_cast<const QAbstractButton*>(control); button && button->isChecked())
+            state += QLatin1Char('+');
+        if (!control->isEnabledTo(parent))
+            state += QLatin1Char('-');
+        if (control->isHidden() && name != QLatin1String("warningBox"))
+            state += QLatin1Char('!');
+        if (!state.isEmpty())
+            states.append(name + state);
     }
+    return states.join(QLatin1Char(' '));
 }
 
-/// Title, size, key of the help, the note beside the page, what it is able to do.
+/// Title, key of the help, the note beside the page, what it is able to do.
 QString headOf(const QWidget& page)
 {
     const auto& sheet = dynamic_cast<const QExportAbstractOptionSheet&>(page);
-    QStringList parts{page.windowTitle(), QStringLiteral("%1x%2").arg(page.width()).arg(page.height()), sheet.helpkey(),
-                      sheet.description()};
+    QStringList parts{page.windowTitle(), sheet.helpkey(), sheet.description()};
     parts.removeAll(QString());
     if (!sheet.isComplete())
         parts.append(QStringLiteral("incomplete"));
@@ -83,25 +64,48 @@ QString headOf(const QWidget& page)
     return parts.join(QStringLiteral(", "));
 }
 
-const QString files = QStringLiteral(R"(fileGroup QGroupBox
- fileLabel QLabel "Create" @0,0
- m_singleRadio QRadioButton "Single file" on @1,1
- m_multipleRadio QRadioButton "Multiple files" @2,1
- m_filePrefix QLineEdit @2,2
-m_fileNameGroup QGroupBox disabled
- fileNameLabel QLabel "Create Separate Files based on" @0,0-1
- m_useSetsAsFilenames QRadioButton "Set Type" on @1,1
- m_fileSetComboBox QComboBox @1,2
- m_useObjectAsFilenames QRadioButton "Per Object" @2,1
-)");
-
-/// The widget that holds everything else of some pages, and its content one level deeper.
-QString container(QString content)
+/// Marks what it translates with its context, and remembers it.
+class Marker : public QTranslator
 {
-    content.chop(1);
-    content.replace(QLatin1Char('\n'), QLatin1String("\n "));
-    return QStringLiteral("m_exportAttributesCheck QWidget\n ") + content + QLatin1Char('\n');
+public:
+    Marker() { QCoreApplication::installTranslator(this); }
+    ~Marker() override { QCoreApplication::removeTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        asked.insert({context, source});
+        return QLatin1String(context) + QLatin1Char('|') + QString::fromUtf8(source);
+    }
+    mutable std::set<std::pair<std::string, std::string>> asked;
+};
+
+/// The texts of a page that a user reads; those of the host's own widgets left out.
+QStringList textsOf(const QWidget& page)
+{
+    QStringList texts{page.windowTitle()};
+    for (const QWidget* widget : page.findChildren<QWidget*>()) {
+        if (widget->parentWidget()->inherits("QImportUnitSelector") || widget->inherits("QAbstractSpinBox")
+            || widget->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        for (const char* property : {"title", "text", "accessibleName", "toolTip"}) {
+            if (!widget->inherits("QLineEdit") || qstrcmp(property, "text") != 0)
+                texts.append(widget->property(property).toString());
+        }
+        if (const auto* tree = qobject_cast<const QTreeWidget*>(widget)) {
+            texts.append(tree->headerItem()->text(0));
+            for (QTreeWidgetItem* item : tree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive))
+                texts.append(item->text(0));
+        } else if (const auto* table = qobject_cast<const QTableView*>(widget); table && table->model()) {
+            for (int column = 0; column < table->model()->columnCount(); ++column)
+                texts.append(table->model()->headerData(column, Qt::Horizontal).toString());
+        }
+    }
+    texts.removeAll(QString());
+    return texts;
 }
+
+/// The attribute page as a host makes it.
+using AttributePage = Concrete<QExportAttributeSheet>;
 
 } // namespace
 
@@ -113,149 +117,63 @@ private Q_SLOTS:
     void form_data()
     {
         QTest::addColumn<QString>("head");
+        QTest::addColumn<QString>("state");
         QTest::addColumn<QString>("tabs");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* head, const QString& tabs, const QString& expected) {
-            QTest::newRow(name) << QString::fromLatin1(head) << tabs << expected;
+        const auto row = [](const char* name, const char* title, const char* state, const QString& tabs) {
+            QTest::newRow(name) << QString::fromLatin1(title) << QString::fromLatin1(state) << tabs;
         };
-        const QString panel = QStringLiteral("QExportAttributeWidget kpBaseExport::QExportAttributeWidget\n");
-        const QString panelTabs = QStringLiteral("m_attributeList m_selectAllButton m_deselectAllButton");
-        const QString restricted = QStringLiteral("m_units QRestrictedImportUnitSelector\n");
-        const QString units = QStringLiteral("unitsGroup QGroupBox\n m_units QImportUnitSelector\n");
-        const QString unitTabs = QStringLiteral("m_lengthUnit m_elevation m_depth");
-        const QString fileTabs = QStringLiteral(" m_singleRadio m_multipleRadio m_filePrefix m_useSetsAsFilenames "
-                                                "m_fileSetComboBox m_useObjectAsFilenames");
-
-        row("QExportSheetGocad", "File Export: GoCAD Options, 400x117",
-            panelTabs + fileTabs + QStringLiteral(" m_headerCheck"),
-            QStringLiteral("m_attrFrame QFrame\n ") + panel + files + QStringLiteral(R"(m_optionGroup QGroupBox
- headerChoiceLabel QLabel "Do not include header" @0,0
- m_headerCheck QCheckBox @0,1
-)"));
-        row("QExportSheetDxf", "File Export: DXF Options, 466x576",
-            unitTabs + QStringLiteral(" m_export3DCheck m_export2DMapCheck m_export2DSectionCheck") + fileTabs
+        const QString panel = QStringLiteral("m_attributeList m_selectAllButton m_deselectAllButton");
+        const QString units = QStringLiteral("m_lengthUnit m_elevation m_depth");
+        const QString files = QStringLiteral(" m_singleRadio m_multipleRadio m_filePrefix m_useSetsAsFilenames "
+                                             "m_fileSetComboBox m_useObjectAsFilenames");
+        const char* const oneFile = "m_fileNameGroup- m_singleRadio+ m_useSetsAsFilenames+";
+        row("QExportSheetGocad", "File Export: GoCAD Options", oneFile,
+            panel + files + QStringLiteral(" m_headerCheck"));
+        row("QExportSheetDxf", "File Export: DXF Options",
+            "m_export3DCheck+ m_fileNameGroup- m_singleRadio+ m_surface3DFaceCheck+ m_useSetsAsFilenames+ "
+            "m_useSetsAsLayers+",
+            units + QStringLiteral(" m_export3DCheck m_export2DMapCheck m_export2DSectionCheck") + files
                 + QStringLiteral(" m_useSetsAsLayers m_layerSetComboBox m_useObjectTypesAsLayers m_noLayers "
-                                 "m_surface3DFaceCheck m_surfacePointsCheck m_surfaceBoundaryCheck"),
-            container(units + QStringLiteral(R"x(exportTypeGroup QGroupBox
- exportTypeLabel QLabel "Export as" @0,0
- m_export3DCheck QRadioButton "3D (for loading into other Geology / GIS software)" on @1,1
- m_export2DMapCheck QRadioButton "2D Map (for loading into graphics and presentation software)" @2,1
- m_export2DSectionCheck QRadioButton "2D Section (for loading into graphics and presentation software)" @3,1
-)x") + files + QStringLiteral(R"(layerGroup QGroupBox
- layerLabel QLabel "Create Dxf Layers based on" @0,0-1
- m_useSetsAsLayers QRadioButton "Set Type" on @1,1
- m_layerSetComboBox QComboBox @1,2
- m_useObjectTypesAsLayers QRadioButton "Object Type" @2,1
- m_noLayers QRadioButton "No Layers" @3,1
-meshGroup QGroupBox
- meshLabel QLabel "Export meshes as" @0,0-1
- m_surface3DFaceCheck QCheckBox "3D faces" on @1,1-2
- m_surfacePointsCheck QCheckBox "Points" @2,1-2
- m_surfaceBoundaryCheck QCheckBox "Boundary lines" @3,1-2
-)")));
-        row("QExportSheetAsciiFileSelection", "File Export: Ascii Options, 453x271",
-            unitTabs + fileTabs
-                + QStringLiteral(" m_writeHeaderCheck m_insertLinebreaksCheck m_exportSectionCoordinatesCheck"),
-            container(units + files + QStringLiteral(R"(optionGroup QGroupBox
- meshLabel QLabel "Options" @0,0-1
- m_writeHeaderCheck QCheckBox "Write Header" on @1,1-2
- m_insertLinebreaksCheck QCheckBox "Insert Line Break between Objects" @2,1-2
- m_exportSectionCoordinatesCheck QCheckBox "Use Section Coordinates" @3,1-2
-)")));
-        row("QExportSheet3DStress", "File Export: 3DStress Options, 431x150, KELVO_EXPORT_3DSTRESS_FORMAT",
-            unitTabs + fileTabs, container(QStringLiteral("unitsGroup QGroupBox\n ") + restricted + files));
-
-        row("QExportSheetGeoCell",
-            "File Export: GeoCellular Grid Options, 545x181, <b>Note:</b>, incomplete, names attributes",
-            QStringLiteral("m_gridPath m_browseButton ") + panelTabs,
-            QStringLiteral(R"x(groupBox QGroupBox "Export Options for Geocellular Grids"
- m_gridName QLabel "Exporting grid:" @0,0
- label QLabel "Please enter the path to the original input grid:" @1,0
- m_gridPath QLineEdit @2,0
- m_browseButton QPushButton "Browse..." @2,1
- m_multipleGridWarning QLabel "WARNING: you can only export a single grid at a time" hidden @3,0
- m_noInputGridError QLabel "ERROR: failed to locate original grid file" hidden @4,0
- m_wrongInputGridError QLabel "ERROR: Wrong input grid format (cannot convert grid formats)" hidden @5,0
-)x") + panel);
-        row("QExportSheetEclipse",
-            "File Export: Eclipse Grid Options, 645x481, <b>Note:</b>, incomplete, names attributes",
+                                 "m_surface3DFaceCheck m_surfacePointsCheck m_surfaceBoundaryCheck"));
+        row("QExportSheetAsciiFileSelection", "File Export: Ascii Options",
+            "m_fileNameGroup- m_singleRadio+ m_useSetsAsFilenames+ m_writeHeaderCheck+",
+            units + files
+                + QStringLiteral(" m_writeHeaderCheck m_insertLinebreaksCheck m_exportSectionCoordinatesCheck"));
+        row("QExportSheet3DStress", "File Export: 3DStress Options, KELVO_EXPORT_3DSTRESS_FORMAT", oneFile,
+            units + files);
+        row("QExportSheetGeoCell", "File Export: GeoCellular Grid Options, <b>Note:</b>, incomplete, names attributes",
+            "m_multipleGridWarning! m_noInputGridError! m_wrongInputGridError!",
+            QStringLiteral("m_gridPath m_browseButton ") + panel);
+        row("QExportSheetEclipse", "File Export: Eclipse Grid Options, <b>Note:</b>, incomplete, names attributes",
+            "m_FEGRIDFormatCheckBox-! m_GRDECLFormatCheckBox+ m_multipleGridWarning!",
             QStringLiteral("m_GRDECLFormatCheckBox m_EGRIDFormatCheckBox m_GRIDFormatCheckBox m_FGRIDFormatCheckBox ")
-                + unitTabs + QLatin1Char(' ') + panelTabs,
-            QStringLiteral(
-                R"(groupBox QGroupBox "Export Options for Geocellular Grids in Eclipse Format"
- label QLabel "Model will be saved as an ASCII file (.DATA) with the geometry written to a separate file.\n)"
-                R"(Note:  Some grid information can be lost by selecting the EGRID or FEGRID option,\n)"
-                R"(however these options will result in a much more compact file.  The GRDECL, EGRID & FEGRID \n)"
-                R"(options require completely defined geometry."
- groupBox_2 QGroupBox "Select Output format for Geometry File"
-  label_5 QLabel "<font color=red><b>Recommended</b>.  Writes formatted file using Eclipse Keywords COORD &\n)"
-                R"( ZCORN.  Requires complete geometry.</font>"
-  m_GRDECLFormatCheckBox QCheckBox "GRDECL\tFormatted cornerpoint nodes from COORD & ZCORN" on
-  label_3 QLabel "<font color=red>Writes file in Eclipse Extensible Grid Format. Requires complete geometry.</font>"
-  m_EGRIDFormatCheckBox QCheckBox "EGRID \tUnformatted version of Eclipse Extensible Grid format."
-  m_FEGRIDFormatCheckBox QCheckBox "FEGRID\tFormatted version of Eclipse Extensible Grid format." disabled hidden
-  label_2 QLabel "<font color=red>Use when K-stacks are non-linear, i.e. from Petrel Pillar grid, )"
-                R"(or geometry is incomplete.</font>"
-  m_GRIDFormatCheckBox QCheckBox "GRID \tUnformatted nodes for each cell corner written explicitly."
-  m_FGRIDFormatCheckBox QCheckBox "FGRID \tFormatted version of GRID format."
-m_units QImportUnitSelector
-m_multipleGridWarning QLabel "<font color=red>WARNING: you can only export a single grid at a time</font>" hidden
-)") + panel);
-        row("QExportSheetRescue", "File Export: Rescue Options, 587x83, <b>Note:</b>, incomplete, names attributes",
-            panelTabs,
-            QStringLiteral(R"(groupBox QGroupBox "Export Options for Geocellular Volumes in Rescue Binary Format"
- m_gridName QLabel "Exporting grid:"
- m_multipleGridWarning QLabel "<font color=red>WARNING: It is only possible to export a single grid at a time</font>" )"
-                           R"(hidden
-)") + panel);
-
-        row("QExportSheetShp", "File Export: SHP Options, 564x242",
-            QStringLiteral("m_exportAttsCheck m_exportArcMapLyr"),
-            container(QStringLiteral("m_exportAttsCheck QCheckBox \"Export Object Attributes\"\n"
-                                     "m_exportArcMapLyr QCheckBox \"Export an ArcMap symbology .lyr file\"\n")));
-        row("QExportSheetTab", "File Export: MapInfo TAB Options, 564x242", QStringLiteral("m_exportAttsCheck"),
-            container(QStringLiteral("m_exportAttsCheck QCheckBox \"Export Object Attributes\"\n")));
-        row("QExportSheetZMap", "640x480", QString(), QString());
-        row("QExportSheetOpenTecLink", "File Export: OpenTecLink Options, 400x300",
-            QStringLiteral("tableViewSections pushButtonSelectAll pushButtonDeselectAll comboBoxXYSection"),
-            QStringLiteral(R"(groupBox QGroupBox "Export Options for OpenTecLink"
- tableViewSections QTableView @0,0-3
- pushButtonSelectAll QPushButton "Select All" @1,0
- pushButtonDeselectAll QPushButton "Deselect All" @1,1-2
- label QLabel "Take Trace Line from" @2,0-1
- comboBoxXYSection QComboBox @2,2-3
-)"));
-        const QString horizons = restricted + QStringLiteral("m_horizonNameCheck QCheckBox \"Use Horizon Names\" on\n");
-        const QString horizonTabs = unitTabs + QStringLiteral(" m_horizonNameCheck");
-        row("QExportSheetGeosec", "File Export: Geosec Options, 431x150, KELVO_EXPORT_GEOSEC_FORMAT", horizonTabs,
+                + units + QLatin1Char(' ') + panel);
+        row("QExportSheetRescue", "File Export: Rescue Options, <b>Note:</b>, incomplete, names attributes",
+            "m_multipleGridWarning!", panel);
+        row("QExportSheetShp", "File Export: SHP Options", "", QStringLiteral("m_exportAttsCheck m_exportArcMapLyr"));
+        row("QExportSheetTab", "File Export: MapInfo TAB Options", "", QStringLiteral("m_exportAttsCheck"));
+        row("QExportSheetZMap", "", "", QString());
+        row("QExportSheetOpenTecLink", "File Export: OpenTecLink Options", "",
+            QStringLiteral("tableViewSections pushButtonSelectAll pushButtonDeselectAll comboBoxXYSection"));
+        const QString horizons = units + QStringLiteral(" m_horizonNameCheck");
+        row("QExportSheetGeosec", "File Export: Geosec Options, KELVO_EXPORT_GEOSEC_FORMAT", "m_horizonNameCheck+",
             horizons);
-        row("QExportSheetLandmark", "File Export: QExportSheetLandmark Options, 431x150", horizonTabs, horizons);
-        row("QExportSheetGeoquest", "File Export: Geoquest Options, 431x150", horizonTabs, horizons);
-        row("QExportSheetFlexDecomp", "File Export: FlexDecomp Options, 431x150, KELVO_EXPORT_FLEXDECOMP_FORMAT",
-            unitTabs + QStringLiteral(" m_bUpSampleObjects m_sampleInterval"),
-            restricted + QStringLiteral(R"(sampleGroup QGroupBox
- m_bUpSampleObjects QCheckBox "Upsample Horizons"
- m_sampleInterval kpBase::QUnitDoubleSpinBox "50"
-)"));
-        row("QExportSheetLocace", "File Export: Locace Options, 431x150",
-            unitTabs + QStringLiteral(" m_writeSegmentHeadersCheck"),
-            restricted + QStringLiteral("m_writeSegmentHeadersCheck QCheckBox \"Write Full Segment Headers\" on\n"));
-        row("QExportSheetOff", "File Export: Geomview Off Options, 428x247", unitTabs + QStringLiteral(" m_filePrefix"),
-            QStringLiteral(R"(m_units QImportUnitSelector
-m_fileGroup QGroupBox
- fileLabel QLabel "Create" @0,0
- label QLabel "Multiple Files" @1,0
- m_filePrefix QLineEdit @1,1
-)"));
+        row("QExportSheetLandmark", "File Export: QExportSheetLandmark Options", "m_horizonNameCheck+", horizons);
+        row("QExportSheetGeoquest", "File Export: Geoquest Options", "m_horizonNameCheck+", horizons);
+        row("QExportSheetFlexDecomp", "File Export: FlexDecomp Options, KELVO_EXPORT_FLEXDECOMP_FORMAT", "",
+            units + QStringLiteral(" m_bUpSampleObjects m_sampleInterval"));
+        row("QExportSheetLocace", "File Export: Locace Options", "m_writeSegmentHeadersCheck+",
+            units + QStringLiteral(" m_writeSegmentHeadersCheck"));
+        row("QExportSheetOff", "File Export: Geomview Off Options", "", units + QStringLiteral(" m_filePrefix"));
     }
 
     void form()
     {
         const auto page = pageOfThisRow();
         QTEST(headOf(*page), "head");
-        QString text;
-        describe(*page, 0, text);
-        QTEST(text, "expected");
+        QStringList state = stateOf(*page).split(QLatin1Char(' '));
+        state.sort();
+        QTEST(state.join(QLatin1Char(' ')), "state");
         page->show();
         QTEST(tabOrder(*page), "tabs");
         auto& sheet = dynamic_cast<QExportAbstractOptionSheet&>(*page);
@@ -270,6 +188,43 @@ m_fileGroup QGroupBox
         }
         // A page that has been built but not entered is a page of its own, without neighbours.
         QVERIFY(!sheet.next() && !sheet.getSheetHandler());
+    }
+
+    void controlsHaveNames_data() { form_data(); }
+
+    /// A reader of the screen has something to say at each control that the Tab key reaches.
+    void controlsHaveNames()
+    {
+        const auto page = pageOfThisRow();
+        page->show();
+        for (QWidget* control : page->findChildren<QWidget*>()) {
+            if ((control->focusPolicy() & Qt::TabFocus) == 0 || control->objectName().isEmpty()
+                || control->objectName().startsWith(QLatin1String("qt_")))
+                continue;
+            QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(control);
+            QVERIFY2(reader && !reader->text(QAccessible::Name).isEmpty(), qPrintable(control->objectName()));
+        }
+    }
+
+    void textsAreTranslated()
+    {
+        const Marker marker;
+        std::vector<std::pair<QByteArray, std::unique_ptr<QWidget>>> pages;
+        for (const SheetUnderTest& each : allSheets()) {
+            if (qstrcmp(each.name, "QExportSheetZMap") != 0) // has no text
+                pages.emplace_back(each.name, built(each.make()));
+        }
+        pages.emplace_back("QExportAttributeSheet", built(new AttributePage));
+        const TestSheetFactory objects("QExportSheetObjectSelectionImpl", [] { return new OneObjectSheet; });
+        WizardUnderTest wizard;
+        wizard.startup();
+        for (const auto& page : pages)
+            checkContexts(*page.second, page.first);
+        checkContexts(*wizard.current_sheet()->pageWidget(), "QExportSheetObjectSelection");
+        QCOMPARE(wizard.windowTitle(), QStringLiteral("kpBaseExport::QExportWizard|Export Wizard"));
+        QVERIFY(marker.asked.count({"QExportSheetEclipse", "<b>Note:</b>"}) == 1);
+        marker.asked.insert({"QExportSheetGeoCell", "Locate original grid file"});
+        areExtracted(marker.asked);
     }
 
     void nothingIsCutOff_data() { form_data(); }
@@ -308,12 +263,59 @@ private:
     {
         for (const SheetUnderTest& each : allSheets()) {
             if (qstrcmp(each.name, QTest::currentDataTag()) == 0) {
-                kpBaseExport::QExportAbstractOptionSheet* sheet = each.make();
-                static_cast<QExportAbstractSheet*>(sheet)->initialize(QStringLiteral("key"));
-                return std::unique_ptr<QWidget>(dynamic_cast<QWidget*>(sheet));
+                return built(each.make());
             }
         }
         qFatal("no such sheet");
+    }
+
+    static std::unique_ptr<QWidget> built(QExportAbstractOptionSheet* sheet)
+    {
+        static_cast<QExportAbstractSheet*>(sheet)->initialize(QStringLiteral("key"));
+        return std::unique_ptr<QWidget>(dynamic_cast<QWidget*>(sheet));
+    }
+
+    /// Every text of a page has come through the translator, those of the page's own in the context of its form.
+    static void checkContexts(const QWidget& page, const QByteArray& form)
+    {
+        for (const QString& text : textsOf(page)) {
+            const QString context = text.section(QLatin1Char('|'), 0, 0);
+            const bool known = context == QLatin1String(form) || context == QLatin1String("QExportAttributeWidget")
+                               || context == QLatin1String("kpBaseExport::QObjectListModel");
+            // Names and keys of the test's objects are nobody's texts.
+            QVERIFY2(known || text.size() == 1, qPrintable(QLatin1String(form) + QStringLiteral(": ") + text));
+        }
+    }
+
+    /// Whether Qt's own tool finds the texts in the sources, where it is installed.
+    void areExtracted(const std::set<std::pair<std::string, std::string>>& asked)
+    {
+        QTemporaryDir folder;
+        const QString found = folder.filePath(QStringLiteral("found.ts"));
+        QProcess lupdate;
+        lupdate.setWorkingDirectory(QStringLiteral(KP_SOURCE_DIR));
+        lupdate.start(QStringLiteral("lupdate"),
+                      {QStringLiteral("-silent"), QStringLiteral("forms"), QStringLiteral("wizard"),
+                       QStringLiteral("sheets"), QStringLiteral("spec"), QStringLiteral("-extensions"),
+                       QStringLiteral("ui,h,cpp"), QStringLiteral("-I"), QStringLiteral("."), QStringLiteral("-ts"),
+                       found});
+        if (!lupdate.waitForFinished() || !QFile::exists(found))
+            QSKIP("no lupdate here");
+        std::set<std::pair<std::string, std::string>> texts;
+        std::string context;
+        QXmlStreamReader reader(contentOf(found));
+        while (!reader.atEnd()) {
+            if (!reader.readNextStartElement())
+                continue;
+            if (reader.name() == QLatin1String("name"))
+                context = reader.readElementText().toStdString();
+            else if (reader.name() == QLatin1String("source"))
+                QVERIFY(texts.insert({context, reader.readElementText().toStdString()}).second);
+        }
+        for (const auto& text : asked) {
+            const bool ours = text.first.rfind("QExport", 0) == 0 || text.first.rfind("kpBaseExport::", 0) == 0;
+            QVERIFY2(!ours || texts.count(text) == 1, (text.first + ": " + text.second).c_str());
+        }
     }
 };
 
