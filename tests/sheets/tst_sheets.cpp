@@ -241,6 +241,18 @@ private Q_SLOTS:
         QVERIFY(!child<QLabel>(sheet, "m_multipleGridWarning")->isHidden());
     }
 
+    void eclipseWarnings()
+    {
+        ShownPage<QExportSheetEclipse> sheet;
+        const auto* warning = child<QLabel>(sheet, "m_multipleGridWarning");
+        sheet.showNoGridWarning(true);
+        QVERIFY(warning->isVisible() && warning->text().contains(QStringLiteral("no grid has been chosen")));
+        sheet.showMultipleGridWarning(true);
+        QVERIFY(warning->isVisible() && warning->text().contains(QStringLiteral("only export a single grid")));
+        sheet.showMultipleGridWarning(false);
+        QVERIFY(!warning->isVisible());
+    }
+
     void inputGridFile()
     {
         const QString path = m_folder.filePath(QString::fromUtf8("сетка.grdecl"));

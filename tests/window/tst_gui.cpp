@@ -163,6 +163,7 @@ private Q_SLOTS:
     void selectionInTheWindow();
     void everyFormatHasItsPage();
     void ampersandIsShown();
+    void noGridChosen();
     void cancelledInTheWizard();
     void droppedFile();
     void escapeAsks();
@@ -463,6 +464,17 @@ void GuiTest::ampersandIsShown()
     QVERIFY(box->sizeHint() != key.sizeHint());
     twin.resize(box->size());
     QCOMPARE(box->grab().toImage(), twin.grab().toImage());
+}
+
+void GuiTest::noGridChosen()
+{
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.setFormatAndSelectedGeo("grdecl", {1}); // a line
+    wizard.startup();
+    wizard.show();
+    const auto* warning = wizard.findChild<QLabel*>(QStringLiteral("m_multipleGridWarning"));
+    QVERIFY(!wizard.nextButton()->isEnabled() && warning->isVisible());
+    QVERIFY2(warning->text().contains(QStringLiteral("no grid has been chosen")), qPrintable(warning->text()));
 }
 
 /// A dropped file adds its objects; what was hidden and selected stays so.
