@@ -26,7 +26,8 @@ struct FailedObject
 struct KPFORMATS_EXPORT FileOutcome
 {
     QString path;
-    QStringList objects; ///< names of those written
+    QStringList objects;  ///< names of those written
+    QStringList sidecars; ///< names of the files written beside it that belong to it
     std::vector<FailedObject> failedObjects;
     Verification verification;
     qint64 rows = 0;

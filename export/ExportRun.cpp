@@ -18,14 +18,6 @@ namespace kpFormats
 namespace
 {
 
-qint64 bytesOf(const QString& staged)
-{
-    qint64 bytes = 0;
-    for (const QFileInfo& file : QFileInfo(staged).absoluteDir().entryInfoList(QDir::Files | QDir::Hidden))
-        bytes += file.size();
-    return bytes;
-}
-
 /// Writes one file, without the objects that cannot be written.
 class FileRun
 {
@@ -83,10 +75,24 @@ private:
                               QStringLiteral("nothing of %1 has a place in the file").arg(objects.front()->name),
                               QStringLiteral("the notes say what was left out; choose another object or format"));
         const bool staged = path != QFileInfo(m_outcome.path).absoluteFilePath();
-        m_outcome.bytes = staged ? bytesOf(path) : 0;
+        if (staged)
+            measure(path);
         if (m_prepared.verify && staged && !progress.isCancelled())
             readBack(path);
         return true;
+    }
+
+    /// Looks at what stands in the staging folder.
+    void measure(const QString& path)
+    {
+        m_outcome.bytes = 0;
+        m_outcome.sidecars.clear();
+        const QFileInfo staged(path);
+        for (const QFileInfo& file : staged.absoluteDir().entryInfoList(QDir::Files | QDir::Hidden, QDir::Name)) {
+            m_outcome.bytes += file.size();
+            if (file.fileName() != staged.fileName())
+                m_outcome.sidecars.append(file.fileName());
+        }
     }
 
     void readBack(const QString& path)

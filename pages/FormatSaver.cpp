@@ -21,16 +21,9 @@ namespace
 {
 
 /// The files beside a written one that belong to it.
-QString sidecarsHtml(const QString& path, const QStringList& extensions)
+QString sidecarsHtml(const QStringList& names)
 {
-    const QFileInfo file(path);
-    QStringList names;
-    for (const QString& extension : extensions) {
-        const QString name = file.completeBaseName() + QLatin1Char('.') + extension;
-        if (name != file.fileName() && QFile::exists(file.dir().filePath(name)))
-            names.append(name.toHtmlEscaped());
-    }
-    return names.isEmpty() ? QString() : QStringLiteral(", with ") + names.join(QStringLiteral(", "));
+    return names.isEmpty() ? QString() : QStringLiteral(", with ") + names.join(QStringLiteral(", ")).toHtmlEscaped();
 }
 
 QString verifiedHtml(const Verification& verification)
@@ -168,7 +161,7 @@ void FormatSaver::reportTo(const ExportReport& report)
                         .arg(QFileInfo(file.path).fileName().toHtmlEscaped())
                         .arg(file.rows)
                         .arg(file.bytes)
-                    + sidecarsHtml(file.path, m_format.sidecars()) + verifiedHtml(file.verification);
+                    + sidecarsHtml(file.sidecars) + verifiedHtml(file.verification);
     }
     m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br><br>");
     m_warnings += report.findings.toHtml();

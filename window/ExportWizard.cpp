@@ -39,11 +39,12 @@ void ExportWizard::startup()
 {
     FormatWizard::startup();
     m_firstShown = current_sheet();
+    m_idsAtStart = selectedGeoIds();
     m_choicesAtStart = choices();
     m_ranOnce = false;
 }
 
-/// What the user can have changed on the page shown: the chosen objects, and the values of its controls.
+/// What the user can have changed on the page shown, the chosen objects aside: those may be very many.
 QVariantList ExportWizard::choices() const
 {
     QVariantList values;
@@ -51,7 +52,8 @@ QVariantList ExportWizard::choices() const
     if (!page)
         return values;
     for (const QWidget* control : page->findChildren<QWidget*>()) {
-        if (const auto* table = qobject_cast<const QTableView*>(control)) {
+        const auto* table = qobject_cast<const QTableView*>(control);
+        if (table && table->objectName() != QLatin1String("listViewObjects")) {
             const QAbstractItemModel* model = table->model();
             for (int row = 0; model && row < model->rowCount(); ++row) {
                 for (int column = 0; column < model->columnCount(); ++column)
@@ -67,7 +69,8 @@ QVariantList ExportWizard::choices() const
 
 void ExportWizard::reject()
 {
-    const bool changed = current_sheet() != m_firstShown || choices() != m_choicesAtStart;
+    const bool changed =
+        current_sheet() != m_firstShown || selectedGeoIds() != m_idsAtStart || choices() != m_choicesAtStart;
     if (changed && !m_ranOnce && !get_progress()->isRunning()
         && QMessageBox::question(this, windowTitle(), tr("Nothing has been exported yet.\nClose all the same?"),
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No)

@@ -36,6 +36,7 @@ private:
     HostContext& m_context;
     ReportActions* m_reportActions = nullptr;
     kpBase::AbstractSheet* m_firstShown = nullptr;
+    std::vector<int> m_idsAtStart;
     QVariantList m_choicesAtStart;
     bool m_ranOnce = false; ///< the report tells what has been written
 };
