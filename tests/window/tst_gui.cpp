@@ -7,7 +7,7 @@
 #include "tests/wizard/FileDialog.h"
 #include "window/ExportWizard.h"
 #include "window/MainWindow.h"
-#include "window/ObjectSelectionSheet.h"
+#include "pages/ObjectSelectionSheet.h"
 
 #include <QAction>
 #include <QApplication>
