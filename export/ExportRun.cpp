@@ -127,7 +127,9 @@ ExportReport runExport(PreparedExport& prepared, kpBase::AbstractProgress* progr
 {
     ExportReport report;
     report.findings = prepared.findings;
-    OutputTransaction transaction;
+    using Existing = OutputTransaction::Existing;
+    const ExportSelection& selection = prepared.selection();
+    OutputTransaction transaction(selection.overwrite ? Existing::Replace : Existing::Refuse);
     double total = 0;
     for (const PreparedExport::Output& output : prepared.outputs())
         total += output.wanted ? weightOf(output.planned.objects) : 0.0;
@@ -146,8 +148,17 @@ ExportReport runExport(PreparedExport& prepared, kpBase::AbstractProgress* progr
             return report;
         }
     }
+    WaitForOthers wait;
+    wait.goOn = [&share, &selection](const QString& holder) {
+        if (selection.waiting)
+            selection.waiting(holder);
+        return !share.isCancelled();
+    };
     try {
-        transaction.commit();
+        if (!transaction.commit(wait)) {
+            report.cancelled = true;
+            return report;
+        }
     } catch (const ExportError& error) {
         for (FileOutcome& outcome : report.files()) {
             if (outcome.written())

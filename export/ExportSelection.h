@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -19,6 +20,9 @@ struct ExportSelection
     std::optional<QStringList> attributes; ///< only these; all when not set
     QString path;                          ///< as the user gave it
     bool verify = false;                   ///< read each file again before it replaces an earlier one
+    bool overwrite = true;                 ///< losing earlier files of the same names has been agreed to
+    /// Told for whom the run waits: "process 12 (name)". May be empty.
+    std::function<void(const QString& holder)> waiting;
 
     bool wantsAttribute(const QString& name) const { return !attributes || attributes->contains(name); }
 };

@@ -2,6 +2,7 @@
 #include "export/FilePlan.h"
 
 #include "export/SafeNames.h"
+#include "export/TargetPath.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -14,7 +15,7 @@ QString withExtension(const QString& path, const QString& extension)
 {
     const QFileInfo info(path);
     // A device or a directory keeps its name.
-    if (!info.suffix().isEmpty() || extension.isEmpty() || (info.exists() && !info.isFile()))
+    if (!info.suffix().isEmpty() || extension.isEmpty() || info.isDir() || TargetPath(path).isStream())
         return path;
     return path + QLatin1Char('.') + extension;
 }

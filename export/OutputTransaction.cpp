@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "export/OutputTransaction.h"
 
+#include "export/DirectoryLocks.h"
 #include "export/ExportError.h"
 #include "export/StagingFolder.h"
+#include "export/TargetPath.h"
+#include "export/platform/SystemError.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <set>
 
 namespace kpFormats
 {
@@ -25,134 +21,89 @@ namespace kpFormats
 namespace
 {
 
-QByteArray native(const QString& path)
+QByteArray native(const QString& name)
 {
-    return QFile::encodeName(path);
+    return QFile::encodeName(name);
 }
 
-/// Makes the contents of a file or directory durable. \returns 0 or the error number
-int synchronise(const QString& path, int flags)
+[[noreturn]] void failToReplace(const QString& target, const QString& name, int error)
 {
-    const int descriptor = ::open(native(path).constData(), flags);
-    if (descriptor < 0)
-        return errno;
-    const int result = ::fsync(descriptor) == 0 ? 0 : errno;
-    return ::close(descriptor) == 0 ? result : errno;
+    const bool own = QFileInfo(target).fileName() == name;
+    const QString file = own ? QStringLiteral("the file") : name;
+    if (error == EEXIST)
+        throw ExportError(target, QStringLiteral("%1 has come to exist during the export").arg(file),
+                          QStringLiteral("export again if it may be replaced"));
+    throw ExportError(target, QStringLiteral("%1 could not be replaced: %2").arg(file, errorText(error)),
+                      writingCure(error));
 }
 
-/// Many files are made durable faster all together than one by one.
-constexpr std::size_t mostSingleSyncs = 64;
-
-bool synchroniseDisks(const QStringList& directories)
+/// \throws ExportError when the name is taken by something that a file must not replace
+void requireReplaceable(const Folder& folder, const QString& name, const QString& target)
 {
-    bool done = true;
-    for (const QString& directory : directories) {
-        const int descriptor = ::open(native(directory).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        done = descriptor >= 0 && ::syncfs(descriptor) == 0 && done;
-        if (descriptor >= 0)
-            ::close(descriptor);
+    const QByteArray entry = native(name);
+    const bool own = QFileInfo(target).fileName() == name;
+    const QString file = own ? QStringLiteral("this") : name;
+    switch (folder.kind(entry)) {
+    case Folder::Kind::Nothing:
+        return;
+    case Folder::Kind::File:
+        if (folder.isWritable(entry))
+            return;
+        throw ExportError(target, QStringLiteral("%1 is read-only").arg(own ? QStringLiteral("the file") : name),
+                          QStringLiteral("change its permissions or choose another name"));
+    case Folder::Kind::Folder:
+        throw ExportError(target, QStringLiteral("%1 is a directory").arg(file),
+                          QStringLiteral("remove it or choose another name"));
+    case Folder::Kind::Link:
+        throw ExportError(target, QStringLiteral("%1 is a symbolic link").arg(file),
+                          QStringLiteral("remove it, since the files of one export lie in one directory"));
+    case Folder::Kind::Other:
+        throw ExportError(target, QStringLiteral("%1 is a device or a pipe").arg(file),
+                          QStringLiteral("remove it or choose another name"));
     }
-    return done;
 }
 
-bool renameFile(const QString& from, const QString& to)
+[[noreturn]] void failToWait(const QString& target, const QString& holder)
 {
-    return ::rename(native(from).constData(), native(to).constData()) == 0;
-}
-
-bool isDevice(const QFileInfo& info)
-{
-    return info.exists() && !info.isFile() && !info.isDir();
-}
-
-QString errorText(int number)
-{
-    return QString::fromLocal8Bit(std::strerror(number));
-}
-
-[[noreturn]] void failToReplace(const QString& target, int error)
-{
-    throw ExportError(target, QStringLiteral("the file could not be replaced: %1").arg(errorText(error)),
-                      QStringLiteral("close it in other programs and check its permissions"));
-}
-
-/// Keeps a second run from moving files into the same directories at the same time, so that sidecars of two runs are
-/// never mixed.
-class DirectoryLocks
-{
-public:
-    explicit DirectoryLocks(const QStringList& directories)
-    {
-        for (const QString& directory : directories) {
-            const int descriptor = ::open(native(directory).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-            if (descriptor < 0)
-                continue;
-            ::flock(descriptor, LOCK_EX);
-            m_descriptors.push_back(descriptor);
-        }
-    }
-    ~DirectoryLocks()
-    {
-        for (const int descriptor : m_descriptors)
-            ::close(descriptor);
-    }
-    DirectoryLocks(const DirectoryLocks&) = delete;
-    DirectoryLocks& operator=(const DirectoryLocks&) = delete;
-
-private:
-    std::vector<int> m_descriptors;
-};
-
-/// The file that a link leads to.
-QFileInfo resolvedTarget(const QFileInfo& target)
-{
-    return QFileInfo(target.isSymLink() && target.exists() ? target.canonicalFilePath() : target.absoluteFilePath());
+    throw ExportError(target, QStringLiteral("%1 holds its directory locked and does not release it").arg(holder),
+                      QStringLiteral("wait for it or end it, and export again"));
 }
 
 } // namespace
 
-OutputTransaction::OutputTransaction() = default;
+OutputTransaction::OutputTransaction(Existing existing)
+    : m_existing(existing)
+{
+}
 
 OutputTransaction::~OutputTransaction() = default;
 
 void OutputTransaction::requireWritable(const QString& target)
 {
-    const QFileInfo info(target);
-    const QString given = info.absolutePath();
-    if (info.isDir())
-        throw ExportError(target, QStringLiteral("this is a directory"), QStringLiteral("give the name of a file"));
-    if (!QFileInfo(given).isDir())
-        throw ExportError(target, QStringLiteral("the directory %1 does not exist").arg(given),
-                          QStringLiteral("create it or choose another"));
-    const QFileInfo resolved = resolvedTarget(info);
-    if (isDevice(resolved))
-        return;
-    const QString directory = resolved.absolutePath();
-    if (!QFileInfo(directory).isWritable())
-        throw ExportError(target, QStringLiteral("the directory %1 cannot be written to").arg(directory),
-                          QStringLiteral("change its permissions or choose another"));
-    if (resolved.exists() && !resolved.isWritable())
-        throw ExportError(target, QStringLiteral("the file is read-only"),
-                          QStringLiteral("change its permissions or choose another name"));
+    TargetPath(target).requireWritable();
 }
 
 QString OutputTransaction::stage(const QString& target, const QStringList& sidecars)
 {
-    requireWritable(target);
-    const QFileInfo resolved = resolvedTarget(QFileInfo(target));
-    if (isDevice(resolved)) {
-        m_targets.push_back({target, resolved.filePath(), QString(), {}});
-        return resolved.filePath();
+    const TargetPath path(target);
+    path.requireWritable();
+    if (path.isStream()) {
+        m_targets.push_back({target, path.resolved(), nullptr, {}, {}});
+        return path.resolved();
     }
+    const QFileInfo resolved(path.resolved());
     const QString directory = resolved.absolutePath();
     std::unique_ptr<StagingFolder>& folder = m_folders[directory];
     if (!folder)
         folder = std::make_unique<StagingFolder>(directory, target);
-    m_targets.push_back({target, resolved.filePath(), folder->newRoom(), sidecars});
-    return m_targets.back().folder + QLatin1Char('/') + resolved.fileName();
+    for (const QString& extension : sidecars)
+        requireReplaceable(folder->parent(), resolved.completeBaseName() + QLatin1Char('.') + extension, target);
+    m_targets.push_back({target, resolved.filePath(), folder.get(), folder->newRoom(target), sidecars});
+    return folder->path() + QLatin1Char('/') + QString::fromLatin1(m_targets.back().room) + QLatin1Char('/')
+           + resolved.fileName();
 }
 
-std::vector<OutputTransaction::Target>::iterator OutputTransaction::find(const QString& target)
+std::vector<OutputTransaction::Target>::const_iterator OutputTransaction::find(const QString& target) const
 {
     return std::find_if(m_targets.begin(), m_targets.end(),
                         [&target](const Target& entry) { return entry.name == target; });
@@ -163,124 +114,138 @@ void OutputTransaction::drop(const QString& target)
     const auto found = find(target);
     if (found == m_targets.end())
         return;
-    if (!found->folder.isEmpty())
-        QDir(found->folder).removeRecursively();
+    if (found->folder)
+        found->folder->removeRoom(found->room);
     m_targets.erase(found);
 }
 
 QStringList OutputTransaction::waiting(const QString& target) const
 {
-    QStringList paths;
-    const auto found = const_cast<OutputTransaction*>(this)->find(target);
-    if (found == m_targets.end() || found->folder.isEmpty())
+    const auto found = find(target);
+    if (found == m_targets.end() || !found->folder)
         return {target};
+    QStringList paths;
     const QString directory = QFileInfo(found->resolved).absolutePath();
-    for (const QString& name : QDir(found->folder).entryList(QDir::Files | QDir::Hidden))
-        paths.append(directory + QLatin1Char('/') + name);
+    for (const QByteArray& name : found->folder->room(found->room).names())
+        paths.append(directory + QLatin1Char('/') + QFile::decodeName(name));
+    paths.sort();
     return paths;
 }
 
-std::vector<OutputTransaction::Move> OutputTransaction::moves() const
+void OutputTransaction::addMoves(const Target& target, Batch& batch) const
 {
-    std::vector<Move> moves;
-    for (const Target& target : m_targets) {
-        if (target.folder.isEmpty())
+    const QFileInfo resolved(target.resolved);
+    const Folder room = target.folder->room(target.room);
+    std::set<QByteArray> written;
+    for (const QByteArray& name : room.names()) {
+        const std::optional<FileIdentity> staged = room.identity(name);
+        if (!staged)
             continue;
-        const QFileInfo resolved(target.resolved);
-        const QDir directory(resolved.absolutePath());
-        QSet<QString> written;
-        for (const QString& name : QDir(target.folder).entryList(QDir::Files | QDir::Hidden)) {
-            written.insert(name);
-            moves.push_back({target.name, target.folder + QLatin1Char('/') + name, directory.filePath(name), {}});
+        written.insert(name);
+        batch.moves.push_back({target.room, name, staged, {}});
+        batch.targets.append(target.name);
+    }
+    if (written.empty())
+        throw ExportError(
+            target.name,
+            QStringLiteral("what was written is gone: %1 was removed during the run").arg(resolved.absolutePath()),
+            QStringLiteral("create the directory and export again"));
+    for (const QString& extension : target.sidecars) {
+        const QByteArray name = native(resolved.completeBaseName() + QLatin1Char('.') + extension);
+        if (written.count(name) != 0 || target.folder->parent().kind(name) == Folder::Kind::Nothing)
+            continue;
+        batch.moves.push_back({{}, name, {}, {}});
+        batch.targets.append(target.name);
+    }
+}
+
+std::vector<OutputTransaction::Batch> OutputTransaction::batches() const
+{
+    std::vector<Batch> batches;
+    for (const auto& folder : m_folders) {
+        Batch batch;
+        batch.folder = folder.second.get();
+        for (const Target& target : m_targets) {
+            if (target.folder == batch.folder)
+                addMoves(target, batch);
         }
-        if (written.isEmpty())
-            throw ExportError(
-                target.name,
-                QStringLiteral("what was written is gone: %1 was removed during the run").arg(resolved.absolutePath()),
-                QStringLiteral("create the directory and export again"));
-        for (const QString& extension : target.sidecars) {
-            const QString name = resolved.completeBaseName() + QLatin1Char('.') + extension;
-            if (!written.contains(name) && QFileInfo(directory.filePath(name)).isFile())
-                moves.push_back({target.name, {}, directory.filePath(name), {}});
+        if (!batch.moves.empty())
+            batches.push_back(batch);
+    }
+    return batches;
+}
+
+void OutputTransaction::look(Batch& batch) const
+{
+    const Folder& directory = batch.folder->parent();
+    for (std::size_t index = 0; index < batch.moves.size(); ++index) {
+        JournalMove& move = batch.moves[index];
+        const QString& target = batch.targets[static_cast<int>(index)];
+        const QString name = QFile::decodeName(move.name);
+        requireReplaceable(directory, name, target);
+        move.earlier = directory.identity(move.name);
+        if (!move.earlier)
+            continue;
+        if (m_existing == Existing::Refuse)
+            failToReplace(target, name, EEXIST);
+        if (!move.room.isEmpty())
+            batch.folder->room(move.room).copyAccess(move.name, directory, move.name);
+    }
+}
+
+void OutputTransaction::carryOut(std::vector<Batch>& batches)
+{
+    for (std::size_t index = 0; index < batches.size(); ++index) {
+        Batch& batch = batches[index];
+        int error = 0;
+        const int failed = batch.folder->carryOut(batch.moves, error);
+        if (failed < 0)
+            continue;
+        QStringList kept;
+        for (Batch& begun : batches) {
+            if (!begun.folder->takeBack(begun.moves))
+                kept.append(begun.folder->keptPath());
         }
+        const QString& target = batch.targets[failed];
+        if (kept.isEmpty())
+            failToReplace(target, QFile::decodeName(batch.moves[static_cast<std::size_t>(failed)].name), error);
+        throw ExportError(
+            target,
+            QStringLiteral("a file could not be replaced, and earlier ones not be brought back: %1")
+                .arg(errorText(error)),
+            QStringLiteral("the earlier files are in %1: move them back").arg(kept.join(QLatin1String(", "))));
     }
-    return moves;
+    for (const Batch& batch : batches)
+        batch.folder->finish();
 }
 
-void OutputTransaction::keepEarlier(Move& move, const QString& backupFolder)
+bool OutputTransaction::commit(const WaitForOthers& wait)
 {
-    struct stat earlier = {};
-    if (::stat(native(move.to).constData(), &earlier) != 0)
-        return;
-    if (S_ISDIR(earlier.st_mode))
-        failToReplace(move.target, EISDIR);
-    if (!move.from.isEmpty()) {
-        // The owner first: changing it clears bits of the mode. Only root may; elsewhere the file becomes the user's.
-        if (::chown(native(move.from).constData(), earlier.st_uid, earlier.st_gid) != 0)
-            errno = 0;
-        ::chmod(native(move.from).constData(), earlier.st_mode & 07777);
+    std::vector<Batch> pending = batches();
+    std::vector<const Folder*> directories;
+    for (const Batch& batch : pending)
+        directories.push_back(&batch.folder->parent());
+    const DirectoryLocks locks(directories, wait);
+    if (locks.outcome() == DirectoryLocks::Outcome::GivenUp)
+        return false;
+    if (locks.outcome() == DirectoryLocks::Outcome::TooLong)
+        failToWait(m_targets.front().name, locks.holder());
+    for (Batch& batch : pending)
+        look(batch);
+    for (const Batch& batch : pending) {
+        const int error = batch.folder->decide(batch.moves);
+        if (error == 0)
+            continue;
+        for (const Batch& decided : pending)
+            decided.folder->takeBack(decided.moves);
+        throw ExportError(batch.targets.front(),
+                          QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
+                          writingCure(error));
     }
-    const QString backup = backupFolder + QLatin1Char('/') + QFileInfo(move.to).fileName();
-    // A second name where the file system has them, so that the file is never absent.
-    if (::link(native(move.to).constData(), native(backup).constData()) != 0 && !renameFile(move.to, backup))
-        failToReplace(move.target, errno);
-    move.backup = backup;
-}
-
-void OutputTransaction::putIntoPlace(Move& move)
-{
-    const bool moved = move.from.isEmpty() ? ::unlink(native(move.to).constData()) == 0 || errno == ENOENT
-                                           : renameFile(move.from, move.to);
-    if (!moved)
-        failToReplace(move.target, errno);
-    move.done = true;
-}
-
-void OutputTransaction::bringBack(const std::vector<Move>& moves)
-{
-    for (const Move& move : moves) {
-        if (!move.backup.isEmpty())
-            renameFile(move.backup, move.to);
-        else if (move.done)
-            QFile::remove(move.to);
-    }
-}
-
-void OutputTransaction::commit()
-{
-    std::vector<Move> pending = moves();
-    QStringList directories;
-    for (const auto& folder : m_folders)
-        directories.append(folder.first);
-    const bool many = pending.size() > mostSingleSyncs;
-    if (many && !synchroniseDisks(directories))
-        throw ExportError(m_targets.front().name,
-                          QStringLiteral("the files could not be made durable: %1").arg(errorText(errno)),
-                          QStringLiteral("check the disk"));
-    for (const Move& move : pending) {
-        const int error = many || move.from.isEmpty() ? 0 : synchronise(move.from, O_RDONLY);
-        if (error != 0)
-            throw ExportError(move.target,
-                              QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
-                              QStringLiteral("check the disk"));
-    }
-    const DirectoryLocks locks(directories);
-    try {
-        for (Move& move : pending) {
-            StagingFolder& folder = *m_folders.at(QFileInfo(move.to).absolutePath());
-            if (QFileInfo::exists(move.to))
-                keepEarlier(move, folder.backupRoom());
-        }
-        for (Move& move : pending)
-            putIntoPlace(move);
-    } catch (const ExportError&) {
-        bringBack(pending);
-        throw;
-    }
-    for (const QString& directory : qAsConst(directories))
-        synchronise(directory, O_RDONLY | O_DIRECTORY);
+    carryOut(pending);
     m_targets.clear();
     m_folders.clear();
+    return true;
 }
 
 } // namespace kpFormats

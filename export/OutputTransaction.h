@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/CommitJournal.h"
+#include "export/WaitForOthers.h"
 #include "model/kpFormatsExport.h"
 
 #include <QString>
@@ -17,14 +19,19 @@ class StagingFolder;
 
 /// All-or-nothing output. Each target is written, sidecars included, in a folder of its own beside the target; commit()
 /// moves everything into place together. What has not been committed when the transaction ends is removed and the
-/// earlier files are as they were. A target that is a device is written directly.
+/// earlier files are as they were. A target that is a device or a pipe is written directly.
 ///
-/// A symbolic link is written through; a replaced file's permissions and, where allowed, owner stay. Folders that a
-/// killed run has left behind are removed by the next one in the same directory.
+/// A symbolic link is written through; a replaced file's permissions, access list, extended attributes and, where
+/// allowed, owner stay. What a killed run has left behind is finished or removed by the next one in the same directory.
 class KPFORMATS_EXPORT OutputTransaction
 {
 public:
-    OutputTransaction();
+    enum class Existing {
+        Replace, ///< whoever asks for the files has agreed to lose those of the same names
+        Refuse   ///< a file that is there, even one that has come during the run, is an error
+    };
+
+    explicit OutputTransaction(Existing existing = Existing::Replace);
     ~OutputTransaction();
     OutputTransaction(const OutputTransaction&) = delete;
     OutputTransaction& operator=(const OutputTransaction&) = delete;
@@ -40,32 +47,36 @@ public:
     void drop(const QString& target);
     /// The files, under their final names, that now wait to be moved for a target: itself and its sidecars.
     QStringList waiting(const QString& target) const;
-    /// \throws ExportError naming the file that could not be moved; then every earlier file is back.
-    void commit();
+    /// Waits while another run commits in the same directory.
+    /// \returns false when the wait was given up because the user has cancelled; every earlier file is as it was
+    /// \throws ExportError naming the file that could not be moved; then every earlier file is back, or the message says
+    /// where it is
+    bool commit(const WaitForOthers& wait = {});
 
 private:
     struct Target
     {
-        QString name;     ///< as given
-        QString resolved; ///< absolute, links followed
-        QString folder;   ///< where it is written; empty for a device
+        QString name;                    ///< as given
+        QString resolved;                ///< absolute, links followed
+        StagingFolder* folder = nullptr; ///< null for a device
+        QByteArray room;
         QStringList sidecars;
     };
-    struct Move
+    /// What a commit does in one directory.
+    struct Batch
     {
-        QString target; ///< as given, for messages
-        QString from;   ///< empty: the earlier file only goes
-        QString to;
-        QString backup; ///< the earlier file while the commit lasts; empty when there was none
-        bool done = false;
+        StagingFolder* folder = nullptr;
+        std::vector<JournalMove> moves;
+        QStringList targets; ///< as given, of each move, for messages
     };
 
-    std::vector<Target>::iterator find(const QString& target);
-    std::vector<Move> moves() const;
-    static void keepEarlier(Move& move, const QString& backupFolder);
-    static void putIntoPlace(Move& move);
-    static void bringBack(const std::vector<Move>& moves);
+    std::vector<Target>::const_iterator find(const QString& target) const;
+    std::vector<Batch> batches() const;
+    void addMoves(const Target& target, Batch& batch) const;
+    void look(Batch& batch) const;
+    static void carryOut(std::vector<Batch>& batches);
 
+    Existing m_existing;
     std::map<QString, std::unique_ptr<StagingFolder>> m_folders; ///< by directory
     std::vector<Target> m_targets;
 };

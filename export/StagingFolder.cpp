@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "export/StagingFolder.h"
 
+#include "export/AbandonedFolders.h"
 #include "export/ExportError.h"
+#include "export/JournalMoves.h"
+#include "export/platform/SystemError.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QSet>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace kpFormats
 {
@@ -23,119 +18,117 @@ namespace kpFormats
 namespace
 {
 
-const QString prefix = QStringLiteral(".kpexport-");
-const QString backups = QStringLiteral("earlier");
-
-/// An open descriptor that holds the folder's lock, or -1 when another run has it.
-/// \a evenWithout: also where the file system has no locks.
-int lockFolder(const QString& path, bool evenWithout)
-{
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return -1;
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || (evenWithout && errno != EWOULDBLOCK))
-        return descriptor;
-    ::close(descriptor);
-    return -1;
-}
-
-bool isSameFile(const QString& one, const QString& other)
-{
-    struct stat first = {};
-    struct stat second = {};
-    return ::stat(QFile::encodeName(one).constData(), &first) == 0
-           && ::stat(QFile::encodeName(other).constData(), &second) == 0 && first.st_dev == second.st_dev
-           && first.st_ino == second.st_ino;
-}
-
-/// A run was killed while it moved files into place, after all had been made durable. When some have been moved, the
-/// others follow; a file that somebody has replaced since stays.
-void finishCommit(const QDir& parent, const QDir& folder)
-{
-    const QDir earlier(folder.filePath(backups));
-    const QStringList kept = earlier.entryList(QDir::Files | QDir::Hidden);
-    const bool begun = std::any_of(kept.begin(), kept.end(), [&](const QString& name) {
-        return !isSameFile(earlier.filePath(name), parent.filePath(name));
-    });
-    if (!begun)
-        return;
-    for (const QFileInfo& room : folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (room.fileName() == backups)
-            continue;
-        const QDir waiting(room.filePath());
-        for (const QString& name : waiting.entryList(QDir::Files | QDir::Hidden)) {
-            const QString target = parent.filePath(name);
-            if (!QFile::exists(target) || isSameFile(earlier.filePath(name), target))
-                std::rename(QFile::encodeName(waiting.filePath(name)).constData(),
-                            QFile::encodeName(target).constData());
-        }
-    }
-}
+/// Many files are made durable faster all together than one by one.
+constexpr std::size_t mostSingleSyncs = 64;
 
 } // namespace
 
 StagingFolder::StagingFolder(const QString& directory, const QString& target)
+    : m_parent(directory)
 {
-    static int counter = 0;
-    removeAbandoned(directory);
-    const QDir parent(directory);
+    finishAbandoned(m_parent);
     // Another run may take the new folder for an abandoned one before it is locked; then it is gone, or going.
     constexpr int mostTries = 100;
-    for (int tries = 0; tries < mostTries && m_lock < 0; ++tries) {
-        const QString name =
-            QStringLiteral("%1%2-%3").arg(prefix).arg(QCoreApplication::applicationPid()).arg(++counter);
-        m_path = parent.filePath(name);
-        if (::mkdir(QFile::encodeName(m_path).constData(), 0777) == 0)
-            m_lock = lockFolder(m_path, true);
-        else if (errno != EEXIST)
-            break;
-        if (m_lock >= 0 && !parent.exists(name)) {
-            ::close(m_lock);
-            m_lock = -1;
-        }
+    bool made = false;
+    for (int tries = 0; m_parent.isOpen() && !made && tries < mostTries; ++tries)
+        made = make();
+    if (!made) {
+        const int error = errno;
+        throw ExportError(target, QStringLiteral("nothing can be created in %1: %2").arg(directory, errorText(error)),
+                          writingCure(error));
     }
-    if (m_lock < 0)
-        throw ExportError(target,
-                          QStringLiteral("nothing can be created in %1: %2")
-                              .arg(directory, QString::fromLocal8Bit(std::strerror(errno))),
-                          QStringLiteral("make room, change its permissions or choose another directory"));
+    m_path = QDir(directory).filePath(QString::fromLatin1(m_name));
+}
+
+bool StagingFolder::make()
+{
+    m_name = newStagingName();
+    if (m_parent.make(m_name) != 0)
+        return false;
+    m_folder = m_parent.child(m_name);
+    const int locked = m_folder.isOpen() && m_folder.isPrivate() ? m_folder.lock() : EWOULDBLOCK;
+    // Some file systems have no locks; then the folders of killed runs stay there.
+    if (locked == EWOULDBLOCK || !m_folder.isChildOf(m_parent, m_name))
+        return false;
+    const int error = journal().begin();
+    if (error == 0)
+        return true;
+    journal().remove();
+    m_parent.removeEmpty(m_name);
+    errno = error;
+    return false;
 }
 
 StagingFolder::~StagingFolder()
 {
-    QDir(m_path).removeRecursively();
-    if (m_lock >= 0)
-        ::close(m_lock);
+    if (m_kept || m_name.isEmpty())
+        return;
+    if (JournalMoves(m_parent, m_folder, JournalMoves::By::Writer).clear() && journal().remove() == 0)
+        m_parent.removeEmpty(m_name);
 }
 
-QString StagingFolder::newRoom()
+QByteArray StagingFolder::newRoom(const QString& target)
 {
-    const QString name = QString::number(++m_rooms);
-    QDir(m_path).mkdir(name);
-    return m_path + QLatin1Char('/') + name;
+    const QByteArray name = QByteArray::number(++m_rooms);
+    const int error = m_folder.make(name);
+    if (error != 0)
+        throw ExportError(target, QStringLiteral("nothing can be created in %1: %2").arg(m_path, errorText(error)),
+                          writingCure(error));
+    return name;
 }
 
-QString StagingFolder::backupRoom()
+int StagingFolder::decide(const std::vector<JournalMove>& moves)
 {
-    QDir(m_path).mkdir(backups);
-    return m_path + QLatin1Char('/') + backups;
-}
-
-void StagingFolder::removeAbandoned(const QString& directory)
-{
-    const QDir parent(directory);
-    const QStringList names =
-        parent.entryList({prefix + QLatin1Char('*')}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QString& name : names) {
-        QDir folder(parent.filePath(name));
-        const int lock = lockFolder(folder.path(), false);
-        if (lock < 0)
-            continue;
-        if (folder.exists(backups))
-            finishCommit(parent, folder);
-        folder.removeRecursively();
-        ::close(lock);
+    int error = 0;
+    if (moves.size() > mostSingleSyncs) {
+        error = m_folder.synchroniseDisk();
+    } else {
+        QSet<QByteArray> rooms;
+        for (const JournalMove& move : moves) {
+            const Folder folder = m_folder.child(move.room);
+            if (error == 0 && !move.room.isEmpty())
+                error = folder.synchronise(move.name);
+            if (error == 0 && !move.room.isEmpty() && !rooms.contains(move.room))
+                error = folder.synchronise();
+            rooms.insert(move.room);
+        }
     }
+    if (error == 0)
+        error = journal().decide(moves);
+    return error == 0 ? m_parent.synchronise() : error;
+}
+
+int StagingFolder::carryOut(const std::vector<JournalMove>& moves, int& error) const
+{
+    const int failed = JournalMoves(m_parent, m_folder, JournalMoves::By::Writer).forward(moves, error);
+    if (failed >= 0)
+        return failed;
+    error = m_parent.synchronise();
+    return error == 0 ? -1 : 0;
+}
+
+void StagingFolder::finish() const
+{
+    journal().finish();
+}
+
+bool StagingFolder::takeBack(const std::vector<JournalMove>& moves)
+{
+    using State = CommitJournal::State;
+    // A journal that cannot say so must not let the next run carry on.
+    if (journal().state() == State::Forward && journal().change(State::Forward, State::Back) != 0)
+        journal().remove();
+    if (JournalMoves(m_parent, m_folder, JournalMoves::By::Writer).back(moves))
+        return true;
+    m_kept = true;
+    if (journal().change(State::Back, State::Kept) != 0)
+        journal().remove();
+    return false;
+}
+
+QString StagingFolder::keptPath() const
+{
+    return m_path + QLatin1Char('/') + QLatin1String(JournalMoves::backupRoom());
 }
 
 } // namespace kpFormats
