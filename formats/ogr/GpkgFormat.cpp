@@ -3,6 +3,7 @@
 
 #include "export/ExportError.h"
 #include "formats/ogr/QgisStyle.h"
+#include "geo/CheckedWrites.h"
 #include "geo/GdalSession.h"
 
 #include <QFileInfo>
@@ -85,6 +86,9 @@ OgrTraits GpkgFormat::traits() const
     // The database keeps tables of its own under these, and its styles in the last.
     traits.reserved = QStringList{QStringLiteral("gpkg"), QStringLiteral("sqlite_"), QStringLiteral("rtree_"),
                                   QStringLiteral("layer_styles")};
+    // Nor does the driver take a name that begins with one of these.
+    for (const QChar sign : QStringLiteral("`~!@#$%^&*()+-={}|[]\\:\";'<>?,./"))
+        traits.reserved.append(sign);
     traits.mostFields = 1990; // SQLite has 2000 columns in a table
     traits.manyLayers = true;
     return traits;
@@ -109,7 +113,8 @@ void GpkgFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& optio
 void GpkgFormat::addStyle(const OgrOutput& output, Findings& findings) const
 {
     const QuietGdal quiet;
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(output.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(CheckedWrites::pathFor(output.path).toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
     OGRLayer* const table = dataset ? makeStyleTable(*dataset) : nullptr;
     bool written = table != nullptr;
     for (int index = 0; written && index < static_cast<int>(output.layers.size()); ++index) {

@@ -4,10 +4,12 @@
 #include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/PreparedExport.h"
+#include "export/platform/SystemError.h"
 #include "formats/ogr/OgrFeatures.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/OgrFormat.h"
 #include "formats/ogr/OgrVerification.h"
+#include "geo/CheckedWrites.h"
 #include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
 #include "model/ShareOfProgress.h"
@@ -101,6 +103,17 @@ void noteRefusals(const std::vector<OGRRefusal>& refusals, Findings& findings)
         else if (refusal.taken)
             findings.note(ogrFinding::changedByTheDriver, QString(), 1, refusal.message);
     }
+}
+
+/// \throws ExportError when something was not written, whether the driver has told of it or not
+void requireWritten(const QString& file, const CheckedWrites& checked)
+{
+    const std::optional<CheckedWrites::Failure> failure = checked.failure();
+    if (failure)
+        throw ExportError(file,
+                          QStringLiteral("the file could not be written completely: %1 of %2: %3")
+                              .arg(failure->action, failure->file, errorText(failure->error)),
+                          writingCure(failure->error));
 }
 
 /// What made the exporter give up.
@@ -211,7 +224,8 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
         layers.append(info);
     }
     LayersProgress share = layersProgress(progress, m_output.layers);
-    OGRExporter exporter(path, able.driver, &share);
+    const CheckedWrites checked(path);
+    OGRExporter exporter(CheckedWrites::pathFor(path), able.driver, &share);
     exporter.options(options);
     exporter.writeAttributes(m_settings.attributes);
     exporter.coordSystem(m_output.systems.target().isEmpty() ? m_format.noSystem() : m_output.systems.target());
@@ -222,13 +236,15 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
         features += source->made();
     }
     const QString fault = failure(exporter.refusals());
+    requireWritten(file().path, checked);
     if (share.isCancelled() && fault.isEmpty())
         return features;
     if (!written || !fault.isEmpty())
-        failIncomplete(file().path, fault);
+        failIncomplete(file().path, CheckedWrites::inOwnNames(fault));
     noteRefusals(exporter.refusals(), findings);
     if (m_settings.symbology)
         m_format.addStyle(m_output, findings);
+    requireWritten(file().path, checked);
     m_format.check(m_output, findings);
     return features;
 }

@@ -4,6 +4,7 @@
 #include "export/CommonSettings.h"
 #include "export/ExportError.h"
 #include "export/SafeNames.h"
+#include "export/TargetPath.h"
 #include "formats/ogr/OgrFile.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/QgisStyle.h"
@@ -25,12 +26,6 @@ namespace
 
 using kpBaseExport::OGRExporter;
 
-bool isDevice(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() && !info.isFile() && !info.isDir();
-}
-
 /// \a path with one of the extensions, in the case in which drivers write them.
 QString withOneOf(const QString& path, const QStringList& extensions)
 {
@@ -46,12 +41,12 @@ QString withOneOf(const QString& path, const QStringList& extensions)
 void failIncomplete(const QString& file, const QString& why)
 {
     throw ExportError(file, QStringLiteral("the file could not be written completely: %1").arg(why),
-                      QStringLiteral("make room on the disk or choose another"));
+                      QStringLiteral("check the disk, or choose another name or format"));
 }
 
 void refuseDevice(const QString& path, const OgrTraits& able)
 {
-    if (isDevice(path))
+    if (TargetPath(path).isStream())
         throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
                           QStringLiteral("give the name of a file"));
 }
@@ -93,7 +88,7 @@ std::vector<PlannedFile> OgrFormat::files(const ExportSelection& selection, cons
     const auto& settings = values.as<OgrExportSettings>();
     // Neither can be written to; the export says why.
     const bool folder = QFileInfo(selection.path).isDir();
-    if (isDevice(selection.path) || (folder && settings.grouping == FileGrouping::Single))
+    if (TargetPath(selection.path).isStream() || (folder && settings.grouping == FileGrouping::Single))
         return {{selection.path, selection.objects}};
     ExportSelection named = selection;
     if (!folder)

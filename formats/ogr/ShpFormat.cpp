@@ -130,6 +130,9 @@ OgrTraits ShpFormat::traits() const
 
 void ShpFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const
 {
+    if (QFileInfo(file.path).fileName().contains(QLatin1Char('\\')))
+        throw ExportError(file.path, QStringLiteral("a Shapefile cannot have a name with a backslash"),
+                          QStringLiteral("choose another name"));
     qint64 bytes = 0;
     for (const OgrLayer& layer : layers) {
         for (const ModelObject* object : layer.objects)
