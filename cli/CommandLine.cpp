@@ -4,6 +4,7 @@
 #include "cli/ExportCommand.h"
 #include "cli/InspectCommand.h"
 #include "cli/JobFile.h"
+#include "cli/Terminal.h"
 
 #include <cstdio>
 
@@ -30,22 +31,8 @@ constexpr char usage[] =
     "Exit code: 0 all written, 1 something could not be written, 2 wrong use, 3 nothing matched,\n"
     "4 cancelled, 5 --strict and something was lost.\n";
 
-} // namespace
-
-void printError(const QString& text)
+int runNamed(const QString& command, const QStringList& rest)
 {
-    std::fprintf(stderr, "kpexport: error: %s\n", text.toUtf8().constData());
-}
-
-void printLine(const QString& text)
-{
-    std::fprintf(stdout, "%s\n", text.toUtf8().constData());
-}
-
-int runCommand(const QStringList& arguments)
-{
-    const QString command = arguments.value(0);
-    const QStringList rest = arguments.mid(1);
     try {
         if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
             std::fputs(usage, stdout);
@@ -65,6 +52,14 @@ int runCommand(const QStringList& arguments)
         printError(QString::fromUtf8(error.what()));
         return NotAllWritten;
     }
+}
+
+} // namespace
+
+int runCommand(const QStringList& arguments)
+{
+    const int code = runNamed(arguments.value(0), arguments.mid(1));
+    return finishOutput() || code != AllWritten ? code : NotAllWritten;
 }
 
 } // namespace refhost

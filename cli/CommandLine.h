@@ -14,9 +14,4 @@ enum ExitCode { AllWritten = 0, NotAllWritten = 1, WrongUse = 2, NothingMatched 
 /// Runs formats, inspect, export, run, --version or --help. Never throws, never opens a dialog.
 int runCommand(const QStringList& arguments);
 
-/// Prints "kpexport: error: TEXT" on standard error.
-void printError(const QString& text);
-/// Prints a line on standard output.
-void printLine(const QString& text);
-
 } // namespace refhost

@@ -3,18 +3,19 @@
 #include "export/CommonFindings.h"
 
 #include "cli/CommandLine.h"
+#include "cli/ReportFile.h"
+#include "cli/Terminal.h"
 #include "cli/TerminalProgress.h"
 #include "export/EstimatedSize.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
+#include "export/TargetPath.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -98,24 +99,29 @@ bool checkRequest(const ExportRequest& request)
     return false;
 }
 
-bool writeReport(const QJsonObject& report, const ExportRequest& request)
+/// A path of the command line. One that begins with a colon would be taken for something inside the program.
+QString pathOf(const QString& argument)
 {
-    if (request.report.isEmpty())
-        return true;
-    QSaveFile file(request.report);
-    const QByteArray text = QJsonDocument(report).toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return true;
-    printError(QStringLiteral("%1: the report could not be written: %2 (check the directory)")
-                   .arg(request.report, file.errorString()));
-    return false;
+    return argument.startsWith(QLatin1Char(':')) ? QStringLiteral("./") + argument : argument;
+}
+
+/// The files of a run, and those that can belong to them.
+QStringList outputsOf(const PreparedExport& prepared)
+{
+    QStringList outputs;
+    for (const PreparedExport::Output& output : prepared.outputs()) {
+        const QFileInfo info(output.planned.path);
+        outputs.append(info.filePath());
+        for (const QString& extension : output.file ? output.file->sidecars() : QStringList())
+            outputs.append(info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('.')
+                           + extension);
+    }
+    return outputs;
 }
 
 QString verifiedText(const FileOutcome& file)
 {
-    if (file.verification.reader.isEmpty())
-        return {};
-    return QStringLiteral("\tverified by %1, worst coordinate error %2")
+    return QStringLiteral("verified by %1, worst coordinate error %2")
         .arg(file.verification.reader)
         .arg(file.verification.worstError, 0, 'g', 3);
 }
@@ -131,7 +137,7 @@ void printOutcomeErrors(const FileOutcome& file)
 void printFindings(const ExportReport& report, const char* before = "")
 {
     for (const QString& line : report.findings.lines())
-        std::fprintf(stderr, "kpexport: note: %s%s\n", before, line.toUtf8().constData());
+        printNote(QLatin1String(before) + line);
 }
 
 int codeOf(const ExportReport& report, const ExportRequest& request)
@@ -144,9 +150,10 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
 /// The first file that exists and may not be replaced; empty when there is none.
 QString protectedFile(const PreparedExport& prepared, const ExportRequest& request)
 {
-    const auto found =
-        std::find_if(prepared.outputs().begin(), prepared.outputs().end(),
-                     [](const PreparedExport::Output& output) { return QFileInfo(output.planned.path).isFile(); });
+    const auto found = std::find_if(
+        prepared.outputs().begin(), prepared.outputs().end(), [](const PreparedExport::Output& output) {
+            return QFileInfo(output.planned.path).isFile() && !TargetPath(output.planned.path).isStream();
+        });
     return request.overwrite || found == prepared.outputs().end() ? QString() : found->planned.path;
 }
 
@@ -164,19 +171,18 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
         printOutcomeErrors(outcome);
         if (!outcome.written())
             continue;
-        QString line = QStringLiteral("%1\t%2\t%3 vertices\tabout %4")
-                           .arg(output.path, output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"))
-                           .arg(output.vertices)
-                           .arg(sizeText(output.bytes));
+        QStringList fields{output.path, output.replaces ? QStringLiteral("overwrite") : QStringLiteral("new"),
+                           QStringLiteral("%1 vertices").arg(output.vertices),
+                           QStringLiteral("about %1").arg(sizeText(output.bytes))};
         if (!output.renamedFrom.isEmpty())
-            line += QStringLiteral("\trenamed from %1").arg(output.renamedFrom);
+            fields.append(QStringLiteral("renamed from %1").arg(output.renamedFrom));
         if (!output.sidecars.isEmpty())
-            line += QStringLiteral("\twith %1").arg(output.sidecars.join(QStringLiteral(", ")));
-        printLine(line);
+            fields.append(QStringLiteral("with %1").arg(output.sidecars.join(QStringLiteral(", "))));
+        printFields(fields);
     }
     if (!request.quiet) {
         printFindings(plan.foreseen, "the report will say: ");
-        std::fprintf(stderr, "kpexport: note: nothing was written; planned: %s\n", plan.summary().toUtf8().constData());
+        printNote(QStringLiteral("nothing was written; planned: %1").arg(plan.summary()));
     }
     return codeOf(plan.foreseen, request);
 }
@@ -190,9 +196,13 @@ int exitCode(const ExportReport& report, const ExportRequest& request)
     }
     for (const FileOutcome& file : report.files()) {
         printOutcomeErrors(file);
-        if (file.written() && !request.quiet)
-            printLine(QStringLiteral("%1\t%2 rows\t%3 bytes").arg(file.path).arg(file.rows).arg(file.bytes)
-                      + verifiedText(file));
+        if (!file.written() || request.quiet)
+            continue;
+        QStringList fields{file.path, QStringLiteral("%1 rows").arg(file.rows),
+                           QStringLiteral("%1 bytes").arg(file.bytes)};
+        if (!file.verification.reader.isEmpty())
+            fields.append(verifiedText(file));
+        printFields(fields);
     }
     if (!request.quiet)
         printFindings(report);
@@ -245,8 +255,21 @@ int runRequest(const ExportRequest& request)
     }
 
     selection.verify = request.verify;
+    selection.overwrite = request.overwrite;
+    QString told;
+    selection.waiting = [&told, &request](const QString& holder) {
+        if (!request.quiet && told != holder)
+            printNote(QStringLiteral("waiting for %1, which moves files into the same directory").arg(holder));
+        told = holder;
+    };
     PreparedExport prepared(*format, std::move(selection), std::move(settings));
     prepared.findings = before;
+    const ReportFile reportFile(request);
+    const QString noReport = reportFile.refusal(outputsOf(prepared));
+    if (!noReport.isEmpty()) {
+        printError(noReport);
+        return NotAllWritten;
+    }
     const QString existing = protectedFile(prepared, request);
     if (request.dryRun) {
         const ExportPlan plan = planOf(prepared);
@@ -255,7 +278,7 @@ int runRequest(const ExportRequest& request)
             printProtected(existing);
             code = NotAllWritten;
         }
-        return writeReport(plan.toJson(request.format), request) ? code : NotAllWritten;
+        return reportFile.write(plan.toJson(request.format)) ? code : NotAllWritten;
     }
     if (!existing.isEmpty()) {
         printProtected(existing);
@@ -263,7 +286,7 @@ int runRequest(const ExportRequest& request)
     }
     const ExportReport report = runExport(prepared, &progress);
     progress.progressFinished();
-    const bool reported = writeReport(report.toJson(request.format), request);
+    const bool reported = reportFile.write(report.toJson(request.format));
     const int code = exitCode(report, request);
     return code == AllWritten && !reported ? NotAllWritten : code;
 }
@@ -283,14 +306,15 @@ int exportCommand(const QStringList& arguments)
         return WrongUse;
     }
     ExportRequest request;
-    request.models = parser.positionalArguments();
+    for (const QString& model : parser.positionalArguments())
+        request.models.append(pathOf(model));
     request.format = parser.value(QStringLiteral("format"));
-    request.output = parser.value(QStringLiteral("output"));
+    request.output = pathOf(parser.value(QStringLiteral("output")));
     request.objects = parser.values(QStringLiteral("object"));
     request.types = parser.values(QStringLiteral("type"));
     request.attributes = parser.values(QStringLiteral("attribute"));
-    request.layout = parser.value(QStringLiteral("layout"));
-    request.report = parser.value(QStringLiteral("report"));
+    request.layout = pathOf(parser.value(QStringLiteral("layout")));
+    request.report = pathOf(parser.value(QStringLiteral("report")));
     request.strict = parser.isSet(QStringLiteral("strict"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));
     request.noAttributes = parser.isSet(QStringLiteral("no-attributes"));

@@ -29,6 +29,7 @@ struct ExportRequest
     bool verify = false; ///< read each file again before it replaces an earlier one
     bool dryRun = false; ///< only say what would be written
     QString report;
+    QString jobFile; ///< that described it; empty when it was the command line
 };
 
 } // namespace refhost

@@ -2,6 +2,7 @@
 #include "cli/InspectCommand.h"
 
 #include "cli/CommandLine.h"
+#include "cli/Terminal.h"
 #include "export/Format.h"
 #include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
@@ -94,7 +95,7 @@ QString range(const QJsonObject& object, const char* axis)
         .arg(extent[1].toDouble(), 0, 'f', 2);
 }
 
-QString textOf(const QJsonObject& object)
+QStringList fieldsOf(const QJsonObject& object)
 {
     QStringList attributes;
     for (const QJsonValue& value : object.value(QLatin1String("attributes")).toArray()) {
@@ -103,12 +104,13 @@ QString textOf(const QJsonObject& object)
                                                         attribute.value(QLatin1String("type")).toString()));
     }
     const QString crs = object.value(QLatin1String("crs")).toString();
-    return QStringLiteral("%1\t%2\t%3\t%4 vertices\t%5, %6, %7\t%8\t%9")
-        .arg(QString::number(object.value(QLatin1String("id")).toInt()), object.value(QLatin1String("name")).toString(),
-             object.value(QLatin1String("type")).toString(),
-             QString::number(object.value(QLatin1String("vertices")).toInt()), range(object, "x"), range(object, "y"),
-             range(object, "z"), crs.isEmpty() ? QStringLiteral("no coordinate system") : crs,
-             attributes.join(QStringLiteral(", ")));
+    return {QString::number(object.value(QLatin1String("id")).toInt()),
+            object.value(QLatin1String("name")).toString(),
+            object.value(QLatin1String("type")).toString(),
+            QStringLiteral("%1 vertices").arg(object.value(QLatin1String("vertices")).toInt()),
+            QStringLiteral("%1, %2, %3").arg(range(object, "x"), range(object, "y"), range(object, "z")),
+            crs.isEmpty() ? QStringLiteral("no coordinate system") : crs,
+            attributes.join(QStringLiteral(", "))};
 }
 
 bool parse(QCommandLineParser& parser, const QStringList& arguments)
@@ -143,10 +145,10 @@ int inspectCommand(const QStringList& arguments)
     for (const ModelObject& object : model.objects())
         objects.append(objectJson(object));
     if (parser.isSet(QStringLiteral("json"))) {
-        printLine(QString::fromUtf8(QJsonDocument(objects).toJson().trimmed()));
+        printJson(QJsonDocument(objects));
     } else {
         for (const QJsonValue& object : objects)
-            printLine(textOf(object.toObject()));
+            printFields(fieldsOf(object.toObject()));
     }
     return AllWritten;
 }
@@ -166,8 +168,7 @@ int formatsCommand(const QStringList& arguments)
             types.append(QString::fromStdString(typeKey(type)));
         QJsonArray settings;
         if (!parser.isSet(QStringLiteral("json")))
-            printLine(QStringLiteral("%1\t%2\t%3\t%4")
-                          .arg(info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))));
+            printFields({info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))});
         for (const Setting& setting : defaults.settings()) {
             static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
             const QString allowed = setting.kind == Setting::Choice ? setting.choiceKeys().join(QStringLiteral(", "))
@@ -178,12 +179,12 @@ int formatsCommand(const QStringList& arguments)
                                         {QStringLiteral("default"), defaults.get(setting)},
                                         {QStringLiteral("description"), setting.description}});
             if (!parser.isSet(QStringLiteral("json")))
-                printLine(QStringLiteral("    %1 = %2\t%3 (%4)")
-                              .arg(setting.key, defaults.get(setting), setting.description, allowed));
+                printFields({QStringLiteral("    %1 = %2").arg(setting.key, defaults.get(setting)),
+                             QStringLiteral("%1 (%2)").arg(setting.description, allowed)});
         }
         if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
-            printLine(
-                QStringLiteral("    --layout FILE\tfields, their order and columns, saved in the wizard (.klf, .fmt)"));
+            printFields({QStringLiteral("    --layout FILE"),
+                         QStringLiteral("fields, their order and columns, saved in the wizard (.klf, .fmt)")});
         all.append(QJsonObject{{QStringLiteral("key"), info.key},
                                {QStringLiteral("layout"), info.takesLayout},
                                {QStringLiteral("name"), info.displayName},
@@ -193,7 +194,7 @@ int formatsCommand(const QStringList& arguments)
                                {QStringLiteral("settings"), settings}});
     }
     if (parser.isSet(QStringLiteral("json")))
-        printLine(QString::fromUtf8(QJsonDocument(all).toJson().trimmed()));
+        printJson(QJsonDocument(all));
     return AllWritten;
 }
 

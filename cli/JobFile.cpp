@@ -3,6 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/ExportCommand.h"
+#include "cli/Terminal.h"
 
 #include <QDir>
 #include <QFile>
@@ -65,6 +66,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
 {
     const QDir folder = QFileInfo(path).absoluteDir();
     ExportRequest request;
+    request.jobFile = path;
     for (auto member = job.begin(); member != job.end(); ++member) {
         const QString key = member.key();
         const QJsonValue value = member.value();

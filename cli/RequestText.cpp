@@ -13,7 +13,7 @@ namespace
 /// \a text as one word of a POSIX shell.
 QString quoted(const QString& text)
 {
-    static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9_./:=,+@%-]+$"));
+    static const QRegularExpression plain(QStringLiteral("\\A[A-Za-z0-9_./:=,+@%-]+\\z"));
     if (plain.match(text).hasMatch())
         return text;
     QString inner = text;
@@ -26,8 +26,9 @@ QString quoted(const QString& text)
 QString commandLineOf(const ExportRequest& request)
 {
     QStringList words{QStringLiteral("kpexport"), QStringLiteral("export")};
+    // A name that begins like an option is one of a file in this directory.
     for (const QString& model : request.models)
-        words.append(quoted(model));
+        words.append(quoted(model.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + model : model));
     const auto option = [&words](const char* name, const QString& value) {
         if (!value.isEmpty())
             words << QLatin1String(name) << quoted(value);

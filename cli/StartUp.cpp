@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QTextCodec>
 
+#include <cstring>
+
 namespace refhost
 {
 
@@ -13,6 +15,18 @@ void nameApplication()
     QCoreApplication::setOrganizationName(QStringLiteral("kpexport"));
     QCoreApplication::setApplicationName(QStringLiteral("kpexport"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KP_VERSION));
+}
+
+int foreignArgument(int argc, const char* const* argv)
+{
+    const QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
+    for (int number = 1; number < argc; ++number) {
+        QTextCodec::ConverterState state;
+        codec->toUnicode(argv[number], static_cast<int>(std::strlen(argv[number])), &state);
+        if (state.invalidChars > 0 || state.remainingChars > 0)
+            return number;
+    }
+    return 0;
 }
 
 } // namespace refhost

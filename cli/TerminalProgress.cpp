@@ -19,14 +19,25 @@ void interrupt(int)
     interrupted = 1;
 }
 
+/// What asks the program to end. One that was started to outlive its terminal ignores the last.
+constexpr int endings[] = {SIGINT, SIGTERM, SIGHUP};
+
+void handleEndings(void (*handler)(int))
+{
+    for (const int signal : endings) {
+        struct sigaction earlier = {};
+        if (::sigaction(signal, nullptr, &earlier) == 0 && earlier.sa_handler != SIG_IGN)
+            std::signal(signal, handler);
+    }
+}
+
 } // namespace
 
 TerminalProgress::TerminalProgress(bool quiet)
     : m_shown(!quiet && ::isatty(STDERR_FILENO) == 1)
 {
     interrupted = 0;
-    std::signal(SIGINT, interrupt);
-    std::signal(SIGTERM, interrupt);
+    handleEndings(interrupt);
     // A file past the user's size limit is then a failed write like any other, instead of the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);
 }
@@ -34,8 +45,7 @@ TerminalProgress::TerminalProgress(bool quiet)
 TerminalProgress::~TerminalProgress()
 {
     progressFinished();
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    handleEndings(SIG_DFL);
 }
 
 void TerminalProgress::progressStarted(bool)

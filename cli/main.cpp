@@ -36,7 +36,7 @@ void* openModule(const std::string& file)
 int main(int argc, char** argv)
 {
     if (argc > 1 && std::strcmp(argv[1], "--version") == 0)
-        return std::puts("kpexport " KP_VERSION) < 0 ? 1 : 0;
+        return std::puts("kpexport " KP_VERSION) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
     // The commands do without Widgets; only the window loads them.
     const bool window = argc < 2 || std::strcmp(argv[1], "--model") == 0;
     const char* const entry = window ? "kpexportWindow" : "kpexportCommands";

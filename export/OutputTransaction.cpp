@@ -31,8 +31,8 @@ QByteArray native(const QString& name)
     const bool own = QFileInfo(target).fileName() == name;
     const QString file = own ? QStringLiteral("the file") : name;
     if (error == EEXIST)
-        throw ExportError(target, QStringLiteral("%1 has come to exist during the export").arg(file),
-                          QStringLiteral("export again if it may be replaced"));
+        throw ExportError(target, QStringLiteral("%1 exists already").arg(file),
+                          QStringLiteral("choose another name, or export with --overwrite if it may be replaced"));
     throw ExportError(target, QStringLiteral("%1 could not be replaced: %2").arg(file, errorText(error)),
                       writingCure(error));
 }
@@ -83,6 +83,13 @@ void OutputTransaction::requireWritable(const QString& target)
     TargetPath(target).requireWritable();
 }
 
+void OutputTransaction::requireFree(const Folder& directory, const QString& name, const QString& target) const
+{
+    requireReplaceable(directory, name, target);
+    if (m_existing == Existing::Refuse && directory.kind(native(name)) != Folder::Kind::Nothing)
+        failToReplace(target, name, EEXIST);
+}
+
 QString OutputTransaction::stage(const QString& target, const QStringList& sidecars)
 {
     const TargetPath path(target);
@@ -96,8 +103,9 @@ QString OutputTransaction::stage(const QString& target, const QStringList& sidec
     std::unique_ptr<StagingFolder>& folder = m_folders[directory];
     if (!folder)
         folder = std::make_unique<StagingFolder>(directory, target);
+    requireFree(folder->parent(), resolved.fileName(), target);
     for (const QString& extension : sidecars)
-        requireReplaceable(folder->parent(), resolved.completeBaseName() + QLatin1Char('.') + extension, target);
+        requireFree(folder->parent(), resolved.completeBaseName() + QLatin1Char('.') + extension, target);
     m_targets.push_back({target, resolved.filePath(), folder.get(), folder->newRoom(target), sidecars});
     return folder->path() + QLatin1Char('/') + QString::fromLatin1(m_targets.back().room) + QLatin1Char('/')
            + resolved.fileName();
@@ -182,13 +190,9 @@ void OutputTransaction::look(Batch& batch) const
         JournalMove& move = batch.moves[index];
         const QString& target = batch.targets[static_cast<int>(index)];
         const QString name = QFile::decodeName(move.name);
-        requireReplaceable(directory, name, target);
+        requireFree(directory, name, target);
         move.earlier = directory.identity(move.name);
-        if (!move.earlier)
-            continue;
-        if (m_existing == Existing::Refuse)
-            failToReplace(target, name, EEXIST);
-        if (!move.room.isEmpty())
+        if (move.earlier && !move.room.isEmpty())
             batch.folder->room(move.room).copyAccess(move.name, directory, move.name);
     }
 }

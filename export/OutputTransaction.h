@@ -74,6 +74,7 @@ private:
     std::vector<Batch> batches() const;
     void addMoves(const Target& target, Batch& batch) const;
     void look(Batch& batch) const;
+    void requireFree(const Folder& directory, const QString& name, const QString& target) const;
     static void carryOut(std::vector<Batch>& batches);
 
     Existing m_existing;
