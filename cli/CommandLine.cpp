@@ -24,6 +24,8 @@ constexpr char usage[] =
     "           [--object NAME|GLOB]... [--type TYPE]... [--attribute NAME]... | --no-attributes\n"
     "           [--layout FILE.klf] [--set KEY=VALUE]... [--overwrite | --no-overwrite] [--strict]\n"
     "           [--verify] [--dry-run] [--report FILE.json] [--quiet]\n"
+    "  with --allow-network files may name places in the network, with --allow-outside models\n"
+    "  may name files outside their own folder; both also with inspect and run\n"
     "  kpexport run JOB.json               an export described in a file\n"
     "  kpexport --version | --help\n"
     "\n"

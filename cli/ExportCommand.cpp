@@ -4,6 +4,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/ReportFile.h"
+#include "cli/StartUp.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalProgress.h"
 #include "export/EstimatedSize.h"
@@ -215,6 +216,7 @@ int runRequest(const ExportRequest& request)
 {
     if (!checkRequest(request))
         return WrongUse;
+    limitLoading(request.allowNetwork, request.allowOutside);
     const std::unique_ptr<const Format> format = findFormat(request.format);
     if (!format)
         return WrongUse;
@@ -299,7 +301,8 @@ int exportCommand(const QStringList& arguments)
     };
     for (const char* name : {"format", "output", "object", "type", "attribute", "layout", "set", "report"})
         value(name);
-    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run", "no-attributes"})
+    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run", "no-attributes",
+                             "allow-network", "allow-outside"})
         parser.addOption({QString::fromLatin1(name), QString()});
     if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)) {
         printError(parser.errorText() + QStringLiteral(" (see kpexport --help)"));
@@ -320,6 +323,8 @@ int exportCommand(const QStringList& arguments)
     request.noAttributes = parser.isSet(QStringLiteral("no-attributes"));
     request.verify = parser.isSet(QStringLiteral("verify"));
     request.dryRun = parser.isSet(QStringLiteral("dry-run"));
+    request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
+    request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
     request.overwrite = parser.isSet(QStringLiteral("overwrite"));
     if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite"))) {
         printError(QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));

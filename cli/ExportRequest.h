@@ -26,8 +26,10 @@ struct ExportRequest
     bool overwrite = false;
     bool strict = false;
     bool quiet = false;
-    bool verify = false; ///< read each file again before it replaces an earlier one
-    bool dryRun = false; ///< only say what would be written
+    bool allowNetwork = false; ///< files may name places in the network
+    bool allowOutside = false; ///< models may name files outside their folder
+    bool verify = false;       ///< read each file again before it replaces an earlier one
+    bool dryRun = false;       ///< only say what would be written
     QString report;
     QString jobFile; ///< that described it; empty when it was the command line
 };

@@ -2,6 +2,7 @@
 #include "cli/InspectCommand.h"
 
 #include "cli/CommandLine.h"
+#include "cli/StartUp.h"
 #include "cli/Terminal.h"
 #include "export/Format.h"
 #include "geo/CoordinateSystems.h"
@@ -126,9 +127,11 @@ bool parse(QCommandLineParser& parser, const QStringList& arguments)
 int inspectCommand(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("json"), QString()});
+    for (const char* name : {"json", "allow-network", "allow-outside"})
+        parser.addOption({QString::fromLatin1(name), QString()});
     if (!parse(parser, arguments))
         return WrongUse;
+    limitLoading(parser.isSet(QStringLiteral("allow-network")), parser.isSet(QStringLiteral("allow-outside")));
     if (parser.positionalArguments().isEmpty()) {
         printError(QStringLiteral("inspect: no file is named (give one or more)"));
         return WrongUse;

@@ -5,6 +5,7 @@
 #include "cli/ExportCommand.h"
 #include "cli/Terminal.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -138,12 +139,20 @@ ExportRequest readJobFile(const QString& path)
 
 int jobCommand(const QStringList& arguments)
 {
-    if (arguments.size() != 1) {
+    QCommandLineParser parser;
+    for (const char* name : {"allow-network", "allow-outside"})
+        parser.addOption({QString::fromLatin1(name), QString()});
+    if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)
+        || parser.positionalArguments().size() != 1) {
         printError(QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
         return WrongUse;
     }
     try {
-        return runRequest(readJobFile(arguments.first()));
+        ExportRequest request = readJobFile(parser.positionalArguments().first());
+        // A file cannot allow itself more.
+        request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
+        request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
+        return runRequest(request);
     } catch (const std::invalid_argument& error) {
         printError(QString::fromUtf8(error.what()));
         return WrongUse;

@@ -54,6 +54,8 @@ QString commandLineOf(const ExportRequest& request)
     flag("--strict", request.strict);
     flag("--verify", request.verify);
     flag("--dry-run", request.dryRun);
+    flag("--allow-network", request.allowNetwork);
+    flag("--allow-outside", request.allowOutside);
     option("--report", request.report);
     flag("--quiet", request.quiet);
     return words.join(QLatin1Char(' '));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/StartUp.h"
 
+#include "geo/LoadLimits.h"
+
 #include <QCoreApplication>
 #include <QTextCodec>
 
@@ -9,12 +11,22 @@
 namespace refhost
 {
 
+using namespace kpFormats;
+
 void nameApplication()
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     QCoreApplication::setOrganizationName(QStringLiteral("kpexport"));
     QCoreApplication::setApplicationName(QStringLiteral("kpexport"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KP_VERSION));
+}
+
+void limitLoading(bool allowNetwork, bool allowOutside)
+{
+    if (!allowNetwork)
+        forbidNetwork();
+    if (!allowOutside)
+        forbidOutside();
 }
 
 int foreignArgument(int argc, const char* const* argv)

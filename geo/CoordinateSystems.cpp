@@ -2,6 +2,7 @@
 #include "geo/CoordinateSystems.h"
 
 #include "geo/GdalSession.h"
+#include "geo/LoadLimits.h"
 
 #include <ogr_spatialref.h>
 
@@ -36,8 +37,11 @@ QString wktOf(const OGRSpatialReference* reference)
 QString wktOf(const QString& text)
 {
     const QuietGdal quiet;
+    // Nor the name of a file: the text may be a stranger's.
+    const char* const limits[] = {
+        "ALLOW_FILE_ACCESS=NO", isNetworkForbidden() ? "ALLOW_NETWORK_ACCESS=NO" : "ALLOW_NETWORK_ACCESS=YES", nullptr};
     OGRSpatialReference reference;
-    if (text.isEmpty() || reference.SetFromUserInput(text.toUtf8().constData()) != OGRERR_NONE)
+    if (text.isEmpty() || reference.SetFromUserInput(text.toUtf8().constData(), limits) != OGRERR_NONE)
         return {};
     return wktOf(&reference);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "readers/ModelFile.h"
 
+#include "geo/LoadLimits.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 #include "readers/SectionReader.h"
@@ -75,7 +76,14 @@ private:
         throw LoadError(m_modelFile, QStringLiteral("object %1: %2").arg(m_number).arg(cause), cure);
     }
 
-    QString absolute(const QString& name) const { return QFileInfo(m_modelFile).absoluteDir().filePath(name); }
+    QString absolute(const QString& name) const
+    {
+        const QString path = QFileInfo(m_modelFile).absoluteDir().filePath(name);
+        if (isForbiddenOutside(m_modelFile, path))
+            fail(QStringLiteral("%1 lies outside the model's folder").arg(name),
+                 QStringLiteral("move it there, or add --allow-outside"));
+        return path;
+    }
 
     void read(const QString& key, const QJsonValue& value, LoadOptions& options) const
     {

@@ -1,12 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "readers/OpenDataset.h"
 
+#include "geo/LoadLimits.h"
 #include "readers/LoadError.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace kpFormats
 {
+
+namespace
+{
+
+/// \throws LoadError when the file leads into the network, which is off
+void requireOnDisk(const QString& path)
+{
+    constexpr qint64 mostText = 16 * 1024 * 1024;
+    QFile file(path);
+    if (!isNetworkForbidden() || !file.open(QIODevice::ReadOnly) || !file.peek(64).contains("VRTData"))
+        return;
+    const QString source = networkSourceIn(file.read(mostText));
+    if (!source.isEmpty())
+        throw LoadError(path, QStringLiteral("it takes data from %1, and access to the network is off").arg(source),
+                        QStringLiteral("add --allow-network if you trust the file"));
+}
+
+} // namespace
 
 GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char* const* options)
 {
@@ -19,6 +39,7 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
         throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check its permissions"));
     if (info.size() == 0)
         throw LoadError(path, QStringLiteral("the file is empty"), QStringLiteral("export it again from its source"));
+    requireOnDisk(path);
     registerGdalDrivers();
     GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8().constData(),
                                                    flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, options));

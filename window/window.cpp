@@ -8,5 +8,7 @@
 extern "C" Q_DECL_EXPORT int kpexportWindow(int argc, char** argv)
 {
     refhost::nameApplication();
+    // The user sees in the window what a model loads, but not whom it calls.
+    refhost::limitLoading(false, true);
     return refhost::runGui(argc, argv);
 }

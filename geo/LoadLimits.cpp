@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "geo/LoadLimits.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <cpl_conv.h>
+#include <cpl_http.h>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+bool networkForbidden = false;
+bool outsideForbidden = false;
+
+CPLHTTPResult* refuse(const char* url, CSLConstList, GDALProgressFunc, void*, CPLHTTPFetchWriteFunc, void*, void*)
+{
+    // GDAL frees both.
+    auto* const result = static_cast<CPLHTTPResult*>(CPLCalloc(1, sizeof(CPLHTTPResult)));
+    result->nStatus = 1;
+    result->pszErrBuf = CPLStrdup(CPLSPrintf("%s: access to the network is off", url));
+    CPLError(CE_Failure, CPLE_HttpResponse, "%s", result->pszErrBuf);
+    return result;
+}
+
+/// The path without links where it exists.
+QString place(const QString& path)
+{
+    const QFileInfo info(path);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
+}
+
+} // namespace
+
+void forbidNetwork()
+{
+    networkForbidden = true;
+    // Read when PROJ is first used.
+    qputenv("PROJ_NETWORK", "OFF");
+    // The only name that GDAL's file systems in the network open then.
+    CPLSetConfigOption("CPL_VSIL_CURL_ALLOWED_FILENAME", "/none");
+    CPLHTTPSetFetchCallback(refuse, nullptr);
+    // These connect, or start a program, by themselves.
+    const char* const drivers = "PostgreSQL,PostGISRaster,MySQL,MSSQLSpatial,ODBC,OCI,HANA,MongoDBv3,OGR_OGDI,DODS,"
+                                "Rasdaman,JPIPKAK,WMS,WMTS,WCS,OGCAPI,EEDA,EEDAI,DAAS,PLMOSAIC,PLSCENES,NGW,WFS,OAPIF,"
+                                "CSW,Elasticsearch,Carto,AmigoCloud,GPSBabel,HTTP";
+    CPLSetConfigOption("GDAL_SKIP", drivers);
+}
+
+bool isNetworkForbidden()
+{
+    return networkForbidden;
+}
+
+QString networkSourceIn(const QByteArray& vrt)
+{
+    static const QRegularExpression source(
+        QStringLiteral("<(?:SourceFilename|SourceDataset|SrcDataSource)[^>]*>\\s*"
+                       "([^<]*(?:://|/vsi(?:curl|s3|gs|az|adls|oss|swift|hdfs|webhdfs))[^<]*)<"),
+        QRegularExpression::CaseInsensitiveOption);
+    return source.match(QString::fromUtf8(vrt)).captured(1).trimmed();
+}
+
+void forbidOutside()
+{
+    outsideForbidden = true;
+}
+
+bool isForbiddenOutside(const QString& modelFile, const QString& file)
+{
+    if (!outsideForbidden)
+        return false;
+    const QString folder = QFileInfo(modelFile).absoluteDir().canonicalPath();
+    return !place(file).startsWith(folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'));
+}
+
+} // namespace kpFormats

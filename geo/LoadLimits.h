@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/kpFormatsExport.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace kpFormats
+{
+
+// What files from strangers may not ask for. The limits hold in the whole process from the call on; a program that
+// embeds the library and sets none has what GDAL's own configuration says.
+
+/// Keeps GDAL and PROJ from reaching the network, whatever a file, an indirection in it or the name of a coordinate
+/// system asks for. To be called before either is used.
+KPFORMATS_EXPORT void forbidNetwork();
+KPFORMATS_EXPORT bool isNetworkForbidden();
+/// The first place in the network from which a virtual raster or layer (.vrt) takes data; empty when there is none.
+KPFORMATS_EXPORT QString networkSourceIn(const QByteArray& vrt);
+
+/// Keeps model files from naming files outside their own folder.
+KPFORMATS_EXPORT void forbidOutside();
+/// Whether a model file may not name that file.
+KPFORMATS_EXPORT bool isForbiddenOutside(const QString& modelFile, const QString& file);
+
+} // namespace kpFormats

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+// What the program does with files and names from strangers, and with places that are not what they seem.
+#include "tests/support/ProgramTest.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <csignal>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// A port of this machine that tells whether anybody has called.
+class Listener
+{
+public:
+    Listener()
+        : m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        m_listens = ::bind(m_socket, reinterpret_cast<sockaddr*>(&address), size) == 0 && ::listen(m_socket, 8) == 0
+                    && ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
+        m_port = ntohs(address.sin_port);
+    }
+    ~Listener() { ::close(m_socket); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    bool listens() const { return m_listens; }
+    QByteArray url() const { return "http://127.0.0.1:" + QByteArray::number(m_port) + "/x"; }
+    bool wasCalled() const
+    {
+        const int call = ::accept(m_socket, nullptr, nullptr);
+        if (call >= 0)
+            ::close(call);
+        return call >= 0;
+    }
+
+private:
+    int m_socket;
+    bool m_listens = false;
+    int m_port = 0;
+};
+
+/// Whether the program says, before it ends, that it waits for another.
+bool waits(QProcess& process)
+{
+    QByteArray said;
+    while (!said.contains("waiting for process") && process.waitForReadyRead(60000))
+        said += process.readAllStandardError();
+    return said.contains("waiting for process");
+}
+
+} // namespace
+
+class HostileTest : public ProgramTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void reports_data();
+    void reports();
+    void network_data();
+    void network();
+    void outside();
+    void controlCharacters();
+    void fullOutput_data();
+    void fullOutput();
+    void closedPipe();
+    void foreignName();
+    void streamsKeepTheirNames();
+    void oneOfMany();
+    void hangUp();
+
+private:
+    QStringList command(const QStringList& more = {}) const
+    {
+        return QStringList{QStringLiteral("export"), QStringLiteral("p.csv"),    QStringLiteral("--format"),
+                           QStringLiteral("ascii"),  QStringLiteral("--output"), QStringLiteral("o.txt")}
+               + more;
+    }
+    QString listing() const
+    {
+        return QDir(path(""))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name)
+            .join(QLatin1Char(' '));
+    }
+    Result runShell(const QString& script)
+    {
+        QProcess process;
+        process.setWorkingDirectory(path(""));
+        process.start(QStringLiteral("sh"), {QStringLiteral("-c"), script, QStringLiteral(KP_PROGRAM)});
+        process.waitForFinished(60000);
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    }
+};
+
+void HostileTest::init()
+{
+    emptyFolder();
+    write("p.csv", "X,Y,Z\n1,2,3\n2,3,4\n");
+}
+
+void HostileTest::reports_data()
+{
+    QTest::addColumn<QString>("report");
+    QTest::addColumn<QString>("refusal");
+    const auto row = [](const char* report, const char* refusal) {
+        QTest::newRow(report) << QString::fromLatin1(report) << QString::fromLatin1(refusal);
+    };
+    row("p.csv", "this is a file that the export reads (choose another name)");
+    row("sub/../o.txt", "this is a file that the export writes (choose another name)");
+    row("hard.csv", "this is a file that the export reads (choose another name)");
+    row("notes.json", "the file exists already and is not a report (add --overwrite to replace it)");
+    row("sub", "this is a directory (choose another name)");
+    row("pipe", "this is a device or a pipe (choose another name)");
+    row("/dev/null", "this is a device or a pipe (choose another name)");
+    row("none/r.json", "the directory %1/none does not exist (create it or choose another)");
+    row("new.json", "");
+    row("earlier.json", "");
+}
+
+void HostileTest::reports()
+{
+    QFETCH(QString, report);
+    QFETCH(QString, refusal);
+    write("notes.json", "{\"mine\": 1}");
+    write("earlier.json", R"({"format": "shp", "files": [], "findings": []})");
+    QDir(path("")).mkdir(QStringLiteral("sub"));
+    QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    QCOMPARE(::link(QFile::encodeName(path("p.csv")).constData(), QFile::encodeName(path("hard.csv")).constData()), 0);
+    const QString before = listing();
+    const Result result = run(command({QStringLiteral("--report"), report}));
+    if (refusal.isEmpty()) {
+        QVERIFY2(result.code == 0, qPrintable(result.error));
+        const QJsonObject written = QJsonDocument::fromJson(read(qPrintable(report))).object();
+        QCOMPARE(written.value(QStringLiteral("format")).toString(), QStringLiteral("ascii"));
+        return;
+    }
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.error,
+             QStringLiteral("kpexport: error: %1: the report cannot go there: %2\n")
+                 .arg(report, refusal.contains(QLatin1String("%1")) ? refusal.arg(m_folder->path()) : refusal));
+    QCOMPARE(listing(), before);
+}
+
+void HostileTest::network_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("crs") << QStringLiteral("m.kpmodel")
+                         << QByteArray(R"({"version":1,"objects":[{"file":"p.csv","crs":"URL"}]})");
+    QTest::newRow("grid")
+        << QStringLiteral("g.vrt")
+        << QByteArray("<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Byte\" band=\"1\">"
+                      "<SimpleSource><SourceFilename>/vsicurl/URL</SourceFilename><SourceBand>1</SourceBand>"
+                      "</SimpleSource></VRTRasterBand></VRTDataset>");
+    QTest::newRow("layer")
+        << QStringLiteral("l.vrt.xml")
+        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>/vsicurl/URL</SrcDataSource>"
+                      "</OGRVRTLayer></OGRVRTDataSource>");
+    // Where the look at the text does not find it, GDAL itself is kept from it.
+    QTest::newRow("hidden")
+        << QStringLiteral("h.vrt.xml")
+        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>&#47;vsicurl&#47;URL&#46;json"
+                      "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>")
+               .replace("URL", "http:&#47;&#47;HOST");
+}
+
+void HostileTest::network()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    const Listener listener;
+    QVERIFY(listener.listens());
+    const QByteArray url = listener.url();
+    write(name, content.replace("URL", url).replace("HOST", url.mid(7)));
+    const Result result = run({QStringLiteral("inspect"), name});
+    QCOMPARE(result.code, 1);
+    QVERIFY2(!listener.wasCalled(), qPrintable(result.error));
+    // The same file does call when that has been allowed.
+    qputenv("GDAL_HTTP_TIMEOUT", "1");
+    run({QStringLiteral("inspect"), name, QStringLiteral("--allow-network")});
+    qunsetenv("GDAL_HTTP_TIMEOUT");
+    QVERIFY(listener.wasCalled());
+}
+
+void HostileTest::outside()
+{
+    QDir(path("")).mkdir(QStringLiteral("sub"));
+    QVERIFY(QFile::link(path("p.csv"), path("sub/link.csv")));
+    for (const QByteArray& file : {QByteArray("../p.csv"), path("p.csv").toUtf8(), QByteArray("link.csv")}) {
+        write("sub/m.kpmodel", R"({"version":1,"objects":[{"file":")" + file + "\"}]}");
+        const QStringList arguments{QStringLiteral("inspect"), QStringLiteral("sub/m.kpmodel")};
+        QCOMPARE(run(arguments).error,
+                 QStringLiteral("kpexport: error: sub/m.kpmodel: object 1: %1 lies outside the model's folder "
+                                "(move it there, or add --allow-outside)\n")
+                     .arg(QString::fromUtf8(file)));
+        QCOMPARE(run(arguments + QStringList{QStringLiteral("--allow-outside")}).code, 0);
+    }
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"sub/../p.csv"}]})");
+    QCOMPARE(run({QStringLiteral("inspect"), QStringLiteral("m.kpmodel")}).code, 0);
+}
+
+void HostileTest::controlCharacters()
+{
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"p.csv","name":"a\u001b[31m\tb\nc\u202ed\u009be"}]})");
+    const QString shown = QStringLiteral("a\\x1b[31m\\x09b\\x0ac\\u202ed\\x9be");
+    const Result plain = run({QStringLiteral("inspect"), QStringLiteral("m.kpmodel")});
+    QCOMPARE(plain.out.section(QLatin1Char('\t'), 1, 1), shown);
+    QCOMPARE(plain.out.count(QLatin1Char('\n')), 1);
+    const Result json = run({QStringLiteral("inspect"), QStringLiteral("--json"), QStringLiteral("m.kpmodel")});
+    QCOMPARE(QJsonDocument::fromJson(json.out.toUtf8()).array().first()[QLatin1String("name")].toString(),
+             QString::fromUtf8("a\x1b[31m\tb\nc\u202e"
+                               "d\u009b"
+                               "e"));
+    QVERIFY(!json.out.contains(QChar(0x9b)) && !json.out.contains(QChar(0x202e)));
+    // Errors name the object too.
+    const Result error = run({QStringLiteral("export"), QStringLiteral("m.kpmodel"), QStringLiteral("--format"),
+                              QStringLiteral("kml"), QStringLiteral("--output"), QStringLiteral("o.kml")});
+    QVERIFY2(error.code == 1 && error.error.contains(shown) && !error.error.contains(QChar(0x1b)),
+             qPrintable(error.error));
+}
+
+void HostileTest::fullOutput_data()
+{
+    QTest::addColumn<QString>("arguments");
+    for (const char* arguments : {"inspect p.csv", "inspect p.csv --json", "formats", "formats --json", "--help",
+                                  "--version", "export p.csv --format ascii --output o.txt"})
+        QTest::newRow(arguments) << QString::fromLatin1(arguments);
+}
+
+void HostileTest::fullOutput()
+{
+    QFETCH(QString, arguments);
+    const Result result = runShell(QStringLiteral("\"$0\" %1 > /dev/full").arg(arguments));
+    QCOMPARE(result.code, 1);
+}
+
+void HostileTest::closedPipe()
+{
+    const Result result = runShell(QStringLiteral("{ sleep 0.2; \"$0\" formats; echo $? >&2; } | true"));
+    QCOMPARE(result.error, QStringLiteral("0\n"));
+}
+
+void HostileTest::foreignName()
+{
+    const QString before = listing();
+    const Result result =
+        runShell(QStringLiteral("\"$0\" export p.csv --format ascii --output \"$(printf 'o\\377.txt')\""));
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.error, QStringLiteral("kpexport: error: argument 6 is not UTF-8 (give the file another name)\n"));
+    QCOMPARE(listing(), before);
+}
+
+void HostileTest::streamsKeepTheirNames()
+{
+    const Result result =
+        runShell(QStringLiteral("\"$0\" export p.csv --format ascii --quiet --output /dev/stdout > r.txt && "
+                                "\"$0\" export p.csv --format ascii --quiet --output /dev/null && "
+                                "\"$0\" export p.csv --format shp --quiet --output /dev/stdout > s.txt"));
+    QCOMPARE(
+        result.error,
+        QStringLiteral("kpexport: error: /dev/stdout: a device cannot hold a Shapefile (give the name of a file)\n"));
+    QVERIFY2(read("r.txt").startsWith("X,Y,Z\n1.000,2.000,3.000\n"), read("r.txt"));
+    QCOMPARE(listing(), QStringLiteral("p.csv r.txt s.txt"));
+    QCOMPARE(QDir(QStringLiteral("/dev"))
+                 .entryList({QStringLiteral("null.*"), QStringLiteral("stdout.*")}, QDir::System | QDir::Files),
+             QStringList());
+}
+
+void HostileTest::oneOfMany()
+{
+    // All of them see that the file is not there; one of them makes it.
+    constexpr int runs = 6;
+    const int lock = ::open(QFile::encodeName(path("")).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    QCOMPARE(::flock(lock, LOCK_EX), 0);
+    std::vector<std::unique_ptr<QProcess>> processes;
+    for (int number = 0; number < runs; ++number) {
+        processes.push_back(std::make_unique<QProcess>());
+        processes.back()->setWorkingDirectory(path(""));
+        processes.back()->setReadChannel(QProcess::StandardError);
+        processes.back()->start(QStringLiteral(KP_PROGRAM), command());
+    }
+    // Each says for whom it waits once it has written its file.
+    for (const auto& process : processes)
+        QVERIFY(waits(*process));
+    ::close(lock);
+    int written = 0;
+    for (const auto& process : processes) {
+        QVERIFY(process->waitForFinished(60000));
+        const QByteArray error = process->readAllStandardError();
+        written += process->exitCode() == 0 ? 1 : 0;
+        QVERIFY2(process->exitCode() == 0 || error.contains("the file exists already"), error);
+    }
+    QCOMPARE(written, 1);
+    QCOMPARE(listing(), QStringLiteral("o.txt p.csv"));
+}
+
+void HostileTest::hangUp()
+{
+    // As with the other requests to end: nothing is left behind.
+    const int lock = ::open(QFile::encodeName(path("")).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    QCOMPARE(::flock(lock, LOCK_EX), 0);
+    QProcess process;
+    process.setWorkingDirectory(path(""));
+    process.setReadChannel(QProcess::StandardError);
+    process.start(QStringLiteral(KP_PROGRAM), command());
+    QVERIFY(waits(process));
+    ::kill(static_cast<pid_t>(process.processId()), SIGHUP);
+    QVERIFY(process.waitForFinished(60000));
+    ::close(lock);
+    QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 4);
+    QCOMPARE(listing(), QStringLiteral("p.csv"));
+}
+
+QTEST_GUILESS_MAIN(HostileTest)
+#include "tst_hostile.moc"
