@@ -29,34 +29,32 @@ StagingFolder::StagingFolder(const QString& directory, const QString& target)
     finishAbandoned(m_parent);
     // Another run may take the new folder for an abandoned one before it is locked; then it is gone, or going.
     constexpr int mostTries = 100;
-    bool made = false;
-    for (int tries = 0; m_parent.isOpen() && !made && tries < mostTries; ++tries)
-        made = make();
-    if (!made) {
-        const int error = errno;
+    int error = m_parent.isOpen() ? EAGAIN : errno;
+    for (int tries = 0; error == EAGAIN && tries < mostTries; ++tries)
+        error = make();
+    if (error != 0)
         throw ExportError(target, QStringLiteral("nothing can be created in %1: %2").arg(directory, errorText(error)),
                           writingCure(error));
-    }
     m_path = QDir(directory).filePath(QString::fromLatin1(m_name));
 }
 
-bool StagingFolder::make()
+int StagingFolder::make()
 {
     m_name = newStagingName();
-    if (m_parent.make(m_name) != 0)
-        return false;
+    const int making = m_parent.make(m_name);
+    if (making != 0)
+        return making == EEXIST ? EAGAIN : making;
     m_folder = m_parent.child(m_name);
-    const int locked = m_folder.isOpen() && m_folder.isPrivate() ? m_folder.lock() : EWOULDBLOCK;
-    // Some file systems have no locks; then the folders of killed runs stay there.
+    const int locked = m_folder.isOpen() ? m_folder.lock() : EWOULDBLOCK;
+    // Some file systems have no locks or no permissions; then the folders of killed runs stay there.
     if (locked == EWOULDBLOCK || !m_folder.isChildOf(m_parent, m_name))
-        return false;
+        return EAGAIN;
     const int error = journal().begin();
-    if (error == 0)
-        return true;
-    journal().remove();
-    m_parent.removeEmpty(m_name);
-    errno = error;
-    return false;
+    if (error != 0) {
+        journal().remove();
+        m_parent.removeEmpty(m_name);
+    }
+    return error;
 }
 
 StagingFolder::~StagingFolder()

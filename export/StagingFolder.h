@@ -49,7 +49,8 @@ public:
 
 private:
     CommitJournal journal() const { return CommitJournal(m_folder, m_name); }
-    bool make();
+    /// \returns 0, EAGAIN when another name is to be tried, or the error number
+    int make();
 
     QString m_path;
     QByteArray m_name;

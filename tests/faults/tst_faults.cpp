@@ -366,7 +366,7 @@ void FaultsTest::hostileObjectNames()
         writeFile(m_models.filePath(QStringLiteral("hostile.kpmodel")), QJsonDocument(content).toJson());
     const Snapshot outside = snapshot(m_models.path());
     for (const char* grouping : {"object", "set", "single"}) {
-        const QStringList plain = command(model, output(inner));
+        const QStringList plain = command(model, output(inner)) << QStringLiteral("--allow-outside");
         Result result =
             run(plain + QStringList{QStringLiteral("--set"), QStringLiteral("grouping=") + QLatin1String(grouping)});
         // A format without this setting says so; it has one way only.
