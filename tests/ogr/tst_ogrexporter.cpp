@@ -115,6 +115,8 @@ private Q_SLOTS:
     void failures();
     void refusedColumn();
     void refusalsAreListed();
+    void goesOnAfterARefusal();
+    void failureOnClosing();
     void spatialReference();
 
 private:
@@ -380,6 +382,39 @@ void OgrExporterTest::refusalsAreListed()
     QCOMPARE(exporter.refusals().front().subject, QStringLiteral("2"));
     QVERIFY(exporter.refusals().front().taken);
     QCOMPARE(geometryTexts(path("t.shp")).join(QLatin1Char('|')), QStringLiteral("none|POINT (1 2)"));
+}
+
+void OgrExporterTest::goesOnAfterARefusal()
+{
+    // The second feature repeats the number of the first, which the database does not take.
+    const OGRLayerInfo layer =
+        layerOf({feature(wkbPoint, {OGRPoint(1, 2)}, {1}), feature(wkbPoint, {OGRPoint(3, 4)}, {1}),
+                 feature(wkbPoint, {OGRPoint(5, 6)}, {2})},
+                {OGRAttributeInfo(QStringLiteral("fid"), OFTInteger, 0)});
+    for (const bool stop : {false, true}) {
+        OGRExporterOptions options = recordingOptions();
+        options.stopAtRefusal = stop;
+        OGRExporter exporter(path("n.gpkg"), QStringLiteral("GPKG"), nullptr);
+        exporter.options(options);
+        exporter.writeAttributes(true);
+        QCOMPARE(exporter.write(QVector<OGRLayerInfo>{layer}), !stop);
+        QCOMPARE(exporter.refusals().size(), std::size_t(1));
+        QCOMPARE(exporter.refusals().front().subject, QStringLiteral("2"));
+        QVERIFY(!exporter.refusals().front().taken);
+        QCOMPARE(geometryTexts(path("n.gpkg")).join(QLatin1Char('|')),
+                 stop ? QStringLiteral("POINT (1 2)") : QStringLiteral("POINT (1 2)|POINT (5 6)"));
+    }
+}
+
+void OgrExporterTest::failureOnClosing()
+{
+    // This driver writes nothing before it is closed.
+    OGRExporter exporter(path("missing/k.kml"), QStringLiteral("LIBKML"), nullptr);
+    exporter.options(recordingOptions());
+    QVERIFY(!exporter.write(QVector<OGRLayerInfo>{onePoint()}));
+    QCOMPARE(exporter.refusals().size(), std::size_t(1));
+    QCOMPARE(exporter.refusals().front().kind, OGRRefusal::Closing);
+    QVERIFY(!exporter.refusals().front().taken);
 }
 
 void OgrExporterTest::spatialReference()
