@@ -235,8 +235,8 @@ void verify(benchmark::State& state, const ModelObject& object)
     format.write(file, file.path, selection, report, nullptr);
     for (auto step : state) {
         const Verification seen = format.verify(file, file.path, selection);
-        if (!seen.fault.isEmpty())
-            state.SkipWithError(qPrintable(seen.fault));
+        if (!seen.fault().isEmpty())
+            state.SkipWithError(qPrintable(seen.fault()));
     }
 }
 

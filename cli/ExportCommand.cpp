@@ -122,9 +122,8 @@ QStringList outputsOf(const PreparedExport& prepared)
 
 QString verifiedText(const FileOutcome& file)
 {
-    return QStringLiteral("verified by %1, worst coordinate error %2")
-        .arg(file.verification.reader)
-        .arg(file.verification.worstError, 0, 'g', 3);
+    return QStringLiteral("verified by %1: %2; %3")
+        .arg(file.verification->reader(), file.verification->comparedText(), file.verification->worstText());
 }
 
 void printOutcomeErrors(const FileOutcome& file)
@@ -201,7 +200,7 @@ int exitCode(const ExportReport& report, const ExportRequest& request)
             continue;
         QStringList fields{file.path, QStringLiteral("%1 rows").arg(file.rows),
                            QStringLiteral("%1 bytes").arg(file.bytes)};
-        if (!file.verification.reader.isEmpty())
+        if (file.verification)
             fields.append(verifiedText(file));
         printFields(fields);
     }

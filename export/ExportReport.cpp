@@ -34,12 +34,8 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
         const QJsonArray failed = file.failedJson();
         if (!failed.isEmpty())
             entry.insert(QStringLiteral("failedObjects"), failed);
-        if (!file.verification.reader.isEmpty())
-            entry.insert(QStringLiteral("verification"),
-                         QJsonObject{{QStringLiteral("reader"), file.verification.reader},
-                                     {QStringLiteral("count"), file.verification.count},
-                                     {QStringLiteral("worstError"), file.verification.worstError},
-                                     {QStringLiteral("fault"), file.verification.fault}});
+        if (file.verification)
+            entry.insert(QStringLiteral("verification"), file.verification->toJson());
         files.append(entry);
     }
     return {{QStringLiteral("format"), formatKey},

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace kpFormats
@@ -29,7 +30,7 @@ struct KPFORMATS_EXPORT FileOutcome
     QStringList objects;  ///< names of those written
     QStringList sidecars; ///< names of the files written beside it that belong to it
     std::vector<FailedObject> failedObjects;
-    Verification verification;
+    std::optional<Verification> verification; ///< when the file was read again
     qint64 rows = 0;
     qint64 bytes = 0;
     QString error; ///< cause and cure; empty when the file was written

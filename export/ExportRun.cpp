@@ -77,8 +77,8 @@ private:
         const bool staged = path != QFileInfo(m_outcome.path).absoluteFilePath();
         if (staged)
             measure(path);
-        if (m_prepared.verify && staged && !progress.isCancelled())
-            readBack(path);
+        if (m_prepared.verify && !progress.isCancelled())
+            readBack(path, staged);
         return true;
     }
 
@@ -95,17 +95,19 @@ private:
         }
     }
 
-    void readBack(const QString& path)
+    void readBack(const QString& path, bool staged)
     {
+        if (!staged) {
+            m_findings.note(finding::notVerified, QString(), 1, QStringLiteral("a device cannot be read again"));
+            return;
+        }
         m_outcome.verification = m_output.file->verify(path);
-        const Verification& found = m_outcome.verification;
-        if (found.reader.isEmpty())
-            m_findings.note(finding::notVerified, QString(), 1,
-                            QStringLiteral("%1 has no second reader").arg(m_prepared.format().info().displayName));
-        else if (!found.fault.isEmpty())
-            throw ExportError(m_outcome.path,
-                              QStringLiteral("read again by %1 it differs: %2").arg(found.reader, found.fault),
-                              QStringLiteral("report this; an earlier file is as it was"));
+        const QString fault = m_outcome.verification->fault();
+        if (!fault.isEmpty())
+            throw ExportError(
+                m_outcome.path,
+                QStringLiteral("read again by %1 it differs: %2").arg(m_outcome.verification->reader(), fault),
+                QStringLiteral("report this; an earlier file is as it was"));
     }
 
     void giveUp(const QString& reason)

@@ -14,9 +14,4 @@ PreparedFile::PreparedFile(PlannedFile file, const ExportSelection& selection)
 
 PreparedFile::~PreparedFile() = default;
 
-Verification PreparedFile::verify(const QString&) const
-{
-    return {};
-}
-
 } // namespace kpFormats

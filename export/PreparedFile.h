@@ -41,7 +41,7 @@ public:
     /// \throws ObjectError when one object cannot be written but the others can; ExportError, std::exception
     virtual qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) = 0;
     /// Reads the file at \a path by another route than write() and compares it with the source.
-    virtual Verification verify(const QString& path) const;
+    virtual Verification verify(const QString& path) const = 0;
 
 private:
     PlannedFile m_file;

@@ -60,4 +60,16 @@ QString crsName(const QString& wkt)
     return name;
 }
 
+QString crsUnit(const QString& wkt)
+{
+    const QuietGdal quiet;
+    OGRSpatialReference reference;
+    if (wkt.isEmpty() || reference.SetFromUserInput(wkt.toUtf8().constData()) != OGRERR_NONE)
+        return {};
+    if (reference.IsGeographic())
+        return QStringLiteral("degrees");
+    const char* name = nullptr;
+    return reference.GetLinearUnits(&name) == 1.0 ? QStringLiteral("m") : QString::fromUtf8(name);
+}
+
 } // namespace kpFormats

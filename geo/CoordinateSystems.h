@@ -16,5 +16,7 @@ KPFORMATS_EXPORT QString wktOf(const QString& text);
 KPFORMATS_EXPORT QString wktOf(const OGRSpatialReference* reference);
 /// A short name such as "GDA94 / MGA zone 50 (EPSG:28350)"; empty for empty WKT.
 KPFORMATS_EXPORT QString crsName(const QString& wkt);
+/// The unit of positions in a system given as WKT, "degrees", "m" or its name there; empty when there is none.
+KPFORMATS_EXPORT QString crsUnit(const QString& wkt);
 
 } // namespace kpFormats

@@ -26,13 +26,13 @@ QString sidecarsHtml(const QStringList& names)
     return names.isEmpty() ? QString() : QStringLiteral(", with ") + names.join(QStringLiteral(", ")).toHtmlEscaped();
 }
 
-QString verifiedHtml(const Verification& verification)
+QString verifiedHtml(const FileOutcome& file)
 {
-    if (verification.reader.isEmpty())
+    if (!file.verification)
         return {};
-    return QStringLiteral("; read again by %1, worst coordinate error %2")
-        .arg(verification.reader.toHtmlEscaped())
-        .arg(verification.worstError, 0, 'g', 3);
+    return QStringLiteral("; read again by %1: %2; %3")
+        .arg(file.verification->reader().toHtmlEscaped(), file.verification->comparedText().toHtmlEscaped(),
+             file.verification->worstText().toHtmlEscaped());
 }
 
 bool sameSettings(const Format& format, const SettingsValue& one, const SettingsValue& other)
@@ -161,7 +161,7 @@ void FormatSaver::reportTo(const ExportReport& report)
                         .arg(QFileInfo(file.path).fileName().toHtmlEscaped())
                         .arg(file.rows)
                         .arg(file.bytes)
-                    + sidecarsHtml(file.sidecars) + verifiedHtml(file.verification);
+                    + sidecarsHtml(file.sidecars) + verifiedHtml(file);
     }
     m_warnings = rows.isEmpty() ? QString() : QStringLiteral("<b>Written:</b>") + rows + QStringLiteral("<br><br>");
     m_warnings += report.findings.toHtml();

@@ -10,8 +10,8 @@
 namespace kpFormats
 {
 
-/// Reads a table of vertices line by line and compares rows, coordinates and real attributes with the objects, within
-/// half of the last decimal written. A row whose texts hold the separator is read from its ends inwards.
+/// Reads a table of vertices line by line and compares its header, every coordinate, number, text and missing value with
+/// the objects, numbers within half of the last decimal written.
 /// \a table as it was given to the writer, columns included.
 KPFORMATS_EXPORT Verification verifyAscii(const PlannedFile& file, const QString& path, const AsciiTable& table,
                                           const AsciiExportSettings& settings);

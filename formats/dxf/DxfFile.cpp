@@ -6,7 +6,7 @@
 #include "formats/dxf/DxfDrawing.h"
 #include "formats/dxf/DxfEntityWriter.h"
 #include "formats/dxf/DxfLosses.h"
-#include "formats/dxf/DxfReadBack.h"
+#include "formats/dxf/DxfVerification.h"
 #include "geo/CoordinateSystems.h"
 
 #include <utility>
@@ -68,12 +68,7 @@ qint64 DxfFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 
 Verification DxfFile::verify(const QString& path) const
 {
-    DxfReadBack readBack(path);
-    ProgressTicker ticker(nullptr, 1);
-    Findings ignored;
-    DxfDrawing drawing(readBack, m_settings, m_undrawable, ticker, ignored);
-    drawing.draw(file().objects);
-    return readBack.result();
+    return verifyDxf(file().objects, path, m_settings);
 }
 
 } // namespace kpFormats

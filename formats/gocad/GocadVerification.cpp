@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadVerification.h"
 
+#include "export/NumberColumns.h"
+#include "export/SafeNames.h"
 #include "formats/gocad/GocadWriter.h"
 #include "model/SurfaceMesh.h"
 #include "readers/GocadFile.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kpFormats
@@ -13,121 +16,208 @@ namespace kpFormats
 namespace
 {
 
-/// What is expected of an object: its vertices in the order of the file, and how many connections.
+using Segments = std::vector<std::array<int, 2>>;
+
+/// The vertices of an object in the order of the file, and the segments between them.
 struct Expected
 {
     std::vector<int> vertices;
-    qint64 connections = 0;
+    Segments segments;
 };
 
-Expected expectedLines(const ModelObject& object)
+bool sameNumber(const Numbers& numbers, int a, int b)
 {
-    Expected expected;
-    for (const Part& part : object.parts) {
-        int count = part.count;
-        const auto same = [&](const Numbers& numbers) {
-            return (*numbers)[static_cast<std::size_t>(part.first)]
-                   == (*numbers)[static_cast<std::size_t>(part.first + count - 1)];
-        };
-        const bool repeated = part.closed && count > 2 && same(object.x) && same(object.y) && same(object.z);
-        count -= repeated ? 1 : 0;
-        int known = 0;
-        for (int index = 0; index < count; ++index) {
-            const bool here = hasPosition(object, part.first + index);
-            if (!here)
-                continue;
-            ++known;
-            expected.vertices.push_back(part.first + index);
-            if (index > 0 && hasPosition(object, part.first + index - 1))
-                ++expected.connections;
+    return (*numbers)[static_cast<std::size_t>(a)] == (*numbers)[static_cast<std::size_t>(b)];
+}
+
+/// A ring leads back to its first vertex with a segment, and a vertex without a position interrupts a line.
+void expectLine(const ModelObject& object, const Part& part, Expected& expected)
+{
+    const int last = part.first + part.count - 1;
+    const bool repeated = part.closed && part.count > 2 && sameNumber(object.x, part.first, last)
+                          && sameNumber(object.y, part.first, last) && sameNumber(object.z, part.first, last);
+    const int count = part.count - (repeated ? 1 : 0);
+    const auto first = static_cast<int>(expected.vertices.size());
+    int before = -1;
+    for (int vertex = part.first; vertex < part.first + count; ++vertex) {
+        if (!hasPosition(object, vertex)) {
+            before = -1;
+            continue;
         }
-        if (part.closed && known > 2 && hasPosition(object, part.first) && hasPosition(object, part.first + count - 1))
-            ++expected.connections;
+        const auto number = static_cast<int>(expected.vertices.size());
+        if (before >= 0)
+            expected.segments.push_back({before, number});
+        before = number;
+        expected.vertices.push_back(vertex);
     }
-    return expected;
+    const auto known = static_cast<int>(expected.vertices.size()) - first;
+    if (part.closed && known > 2 && before >= 0 && hasPosition(object, part.first))
+        expected.segments.push_back({before, first});
 }
 
 Expected expectedOf(const ModelObject& object, GocadKind kind)
 {
-    if (kind == GocadKind::PLine)
-        return expectedLines(object);
     Expected expected;
+    if (kind == GocadKind::PLine) {
+        for (const Part& part : object.parts)
+            expectLine(object, part, expected);
+        return expected;
+    }
     for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
         if (hasPosition(object, vertex))
             expected.vertices.push_back(vertex);
     }
-    if (kind == GocadKind::TSurf)
-        expected.connections = SurfaceMesh(object).triangleCount();
     return expected;
 }
 
-bool sameValue(double read, double noData, double expected)
-{
-    return std::isfinite(expected) ? read == expected : read == noData;
-}
-
-class Comparison
+class ObjectCheck
 {
 public:
-    Comparison(const ExportSelection& selection, const GocadExportSettings& settings)
-        : m_selection(selection)
+    ObjectCheck(const ModelObject& object, const GocadObject& read, const GocadExportSettings& settings,
+                Verification& result)
+        : m_object(object)
+        , m_read(read)
         , m_settings(settings)
+        , m_result(result)
+        , m_kind(gocadKindOf(object, settings))
+        , m_expected(expectedOf(object, m_kind))
     {
     }
 
-    /// \returns what does not agree, in words; empty when everything does
-    QString compare(const ModelObject& object, const GocadObject& read, Verification& verification)
+    void compare(const ExportSelection& selection)
     {
-        const GocadKind kind = gocadKindOf(object, m_settings);
-        static const QString kinds[] = {QStringLiteral("VSet"), QStringLiteral("PLine"), QStringLiteral("TSurf")};
-        if (read.type != kinds[static_cast<int>(kind)])
-            return QStringLiteral("it is a %1").arg(read.type);
-        const Expected expected = expectedOf(object, kind);
-        if (read.x.size() != expected.vertices.size())
-            return QStringLiteral("it has %1 vertices instead of %2").arg(read.x.size()).arg(expected.vertices.size());
-        const std::size_t connections = kind == GocadKind::PLine ? read.segments.size() : read.triangles.size();
-        if (static_cast<qint64>(connections) != expected.connections)
-            return QStringLiteral("it has %1 segments or triangles instead of %2")
-                .arg(connections)
-                .arg(expected.connections);
-        verification.count += static_cast<qint64>(read.x.size());
-        comparePositions(object, read, expected, verification);
-        return compareProperties(object, read, expected);
+        compareHead();
+        if (!m_result.compareCount(m_object.name, QStringLiteral("vertices"),
+                                   static_cast<qint64>(m_expected.vertices.size()),
+                                   static_cast<qint64>(m_read.x.size())))
+            return;
+        comparePositions();
+        compareConnections();
+        Findings told;
+        compareProperties(numberColumns(m_object, selection, told));
     }
 
 private:
-    void comparePositions(const ModelObject& object, const GocadObject& read, const Expected& expected,
-                          Verification& verification) const
+    void compareHead()
     {
-        const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-        const double up = read.zIsDepth ? -1.0 : 1.0;
-        for (std::size_t index = 0; index < expected.vertices.size(); ++index) {
-            const auto vertex = static_cast<std::size_t>(expected.vertices[index]);
-            const double dx = read.x[index] / factor - (*object.x)[vertex];
-            const double dy = read.y[index] / factor - (*object.y)[vertex];
-            const double dz = up * read.z[index] / factor - (*object.z)[vertex];
-            verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
+        static const QString kinds[] = {QStringLiteral("VSet"), QStringLiteral("PLine"), QStringLiteral("TSurf")};
+        m_result.compareSame(QStringLiteral("kind"), m_object.name, kinds[static_cast<int>(m_kind)], m_read.type);
+        m_result.compareSame(QStringLiteral("unit"), m_object.name,
+                             writtenUnit(m_object.lengthUnit, m_settings.lengthUnit), m_read.unit);
+        const bool depth = !m_settings.zIsElevation;
+        if (m_read.zIsDepth != depth)
+            m_result.fail(QStringLiteral("%1: its heights count %2")
+                              .arg(m_object.name, depth ? QStringLiteral("up") : QStringLiteral("down")));
+        if (!m_settings.header)
+            return;
+        m_result.compareSame(QStringLiteral("name"), m_object.name, gocadObjectName(m_object.name), m_read.name);
+        if (m_object.color.isValid())
+            compareColour(m_read.color.simplified().split(QLatin1Char(' ')));
+    }
+
+    void compareColour(const QStringList& read)
+    {
+        m_result.alsoCompared(QStringLiteral("colour"));
+        const double wanted[] = {m_object.color.redF(), m_object.color.greenF(), m_object.color.blueF()};
+        for (int channel = 0; channel < 3; ++channel) {
+            if (!(std::abs(read.value(channel).toDouble() - wanted[channel]) < 1e-5) || read.size() < 3)
+                m_result.fail(QStringLiteral("%1: its colour is %2 instead of %3")
+                                  .arg(m_object.name, read.join(QLatin1Char(' ')), m_object.color.name()));
         }
     }
 
-    QString compareProperties(const ModelObject& object, const GocadObject& read, const Expected& expected) const
+    QString where(std::size_t index) const
     {
-        Findings ignored;
-        const std::vector<NumberColumn> columns = numberColumns(object, m_selection, ignored);
-        if (columns.size() != read.values.size())
-            return QStringLiteral("it has %1 properties instead of %2").arg(read.values.size()).arg(columns.size());
-        for (std::size_t column = 0; column < columns.size(); ++column) {
-            for (std::size_t index = 0; index < expected.vertices.size(); ++index) {
-                if (!sameValue(read.values[column][index], read.noDataValues.at(column),
-                               columns[column].at(expected.vertices[index])))
-                    return QStringLiteral("vertex %1 has another %2").arg(index + 1).arg(columns[column].name());
-            }
-        }
-        return {};
+        return QStringLiteral("%1, vertex %2").arg(m_object.name).arg(m_expected.vertices[index] + 1);
     }
 
-    const ExportSelection& m_selection;
+    void comparePositions()
+    {
+        const double factor = unitFactor(m_object.lengthUnit, m_settings.lengthUnit);
+        const double up = m_settings.zIsElevation ? factor : -factor;
+        for (std::size_t index = 0; index < m_expected.vertices.size(); ++index) {
+            const auto vertex = static_cast<std::size_t>(m_expected.vertices[index]);
+            m_result.comparePosition(
+                {(*m_object.x)[vertex] * factor, (*m_object.y)[vertex] * factor, (*m_object.z)[vertex] * up},
+                {m_read.x[index], m_read.y[index], m_read.z[index]}, [&] { return where(index); });
+        }
+    }
+
+    template <std::size_t corners>
+    void compareLists(const char* what, const std::vector<std::array<int, corners>>& expected,
+                      const std::vector<std::array<int, corners>>& read)
+    {
+        const QString name = QLatin1String(what);
+        if (!m_result.compareCount(m_object.name, name, static_cast<qint64>(expected.size()),
+                                   static_cast<qint64>(read.size())))
+            return;
+        const auto different = std::mismatch(expected.begin(), expected.end(), read.begin()).first;
+        if (different != expected.end())
+            m_result.fail(QStringLiteral("%1: number %2 of its %3 joins other vertices")
+                              .arg(m_object.name)
+                              .arg(different - expected.begin() + 1)
+                              .arg(name));
+        if (!expected.empty())
+            m_result.alsoCompared(name);
+    }
+
+    void compareConnections()
+    {
+        compareLists("segments", m_expected.segments, m_read.segments);
+        std::vector<std::array<int, 3>> triangles;
+        if (m_kind == GocadKind::TSurf) {
+            SurfaceMesh(m_object).eachTriangle([&triangles](int a, int b, int c) {
+                triangles.push_back({a, b, c});
+                return true;
+            });
+        }
+        compareLists("triangles", triangles, m_read.triangles);
+    }
+
+    void compareProperties(const std::vector<NumberColumn>& columns)
+    {
+        if (!m_result.compareCount(m_object.name, QStringLiteral("properties"), static_cast<qint64>(columns.size()),
+                                   static_cast<qint64>(m_read.values.size())))
+            return;
+        UniqueNames names;
+        QStringList wanted;
+        for (const NumberColumn& column : columns)
+            wanted.append(names.take(gocadWord(column.name())));
+        if (!columns.empty())
+            m_result.compareSame(QStringLiteral("names of properties"), m_object.name, wanted.join(QLatin1Char(' ')),
+                                 m_read.properties.join(QLatin1Char(' ')));
+        for (std::size_t property = 0; property < columns.size(); ++property) {
+            const auto number = static_cast<int>(property);
+            const QString unit =
+                columns[property].unit().isEmpty() ? QStringLiteral("none") : gocadWord(columns[property].unit());
+            m_result.compareSame(QStringLiteral("units of properties"), m_object.name, unit,
+                                 m_read.units.value(number));
+            compareProperty(columns[property], property);
+        }
+    }
+
+    void compareProperty(const NumberColumn& column, std::size_t property)
+    {
+        if (m_read.noDataValues.size() <= property)
+            return m_result.fail(
+                QStringLiteral("%1: nothing says what is missing of %2").arg(m_object.name, column.name()));
+        for (std::size_t index = 0; index < m_expected.vertices.size(); ++index) {
+            const auto place = [&] { return QStringLiteral("%1, %2").arg(where(index), column.name()); };
+            const double wanted = column.at(m_expected.vertices[index]);
+            const double read = m_read.values[property][index];
+            if (std::isfinite(wanted))
+                m_result.compareValue(wanted, read, 0.0, place);
+            else
+                m_result.compareMissing(read == m_read.noDataValues[property], QString::number(read), place);
+        }
+    }
+
+    const ModelObject& m_object;
+    const GocadObject& m_read;
     const GocadExportSettings& m_settings;
+    Verification& m_result;
+    GocadKind m_kind;
+    Expected m_expected;
 };
 
 } // namespace
@@ -135,31 +225,27 @@ private:
 Verification verifyGocad(const std::vector<const ModelObject*>& objects, const QString& path,
                          const ExportSelection& selection, const GocadExportSettings& settings)
 {
-    Verification verification;
-    verification.reader = QStringLiteral("the program's GOCAD reader");
-    std::vector<const ModelObject*> written;
-    for (const ModelObject* object : objects) {
-        if (hasAnyPosition(*object))
-            written.push_back(object);
-    }
+    Verification result(
+        QStringLiteral("the program's GOCAD reader"),
+        Allowance::ofDecimals(settings.decimals, writtenUnit(objects.front()->lengthUnit, settings.lengthUnit)));
+    std::vector<const ModelObject*> expected;
+    std::copy_if(objects.begin(), objects.end(), std::back_inserter(expected),
+                 [](const ModelObject* object) { return hasAnyPosition(*object); });
+    QStringList others;
+    std::vector<GocadObject> read;
     try {
-        QStringList others;
-        const std::vector<GocadObject> found = readGocadObjects(path, others);
-        if (found.size() != written.size() || !others.isEmpty()) {
-            verification.fault =
-                QStringLiteral("it holds %1 objects instead of %2").arg(found.size()).arg(written.size());
-            return verification;
-        }
-        Comparison comparison(selection, settings);
-        for (std::size_t index = 0; index < found.size() && verification.fault.isEmpty(); ++index) {
-            const QString fault = comparison.compare(*written[index], found[index], verification);
-            if (!fault.isEmpty())
-                verification.fault = written[index]->name + QStringLiteral(": ") + fault;
-        }
+        read = readGocadObjects(path, others);
     } catch (const std::exception& error) {
-        verification.fault = QString::fromUtf8(error.what());
+        result.fail(QString::fromUtf8(error.what()));
+        return result;
     }
-    return verification;
+    result.compareCount(QStringLiteral("file"), QStringLiteral("objects of other kinds"), 0, others.size());
+    if (!result.compareCount(QStringLiteral("file"), QStringLiteral("objects"), static_cast<qint64>(expected.size()),
+                             static_cast<qint64>(read.size())))
+        return result;
+    for (std::size_t index = 0; index < read.size() && result.good(); ++index)
+        ObjectCheck(*expected[index], read[index], settings, result).compare(selection);
+    return result;
 }
 
 } // namespace kpFormats

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlDocumentWriter.h"
 
+#include "formats/kml/KmlDecimals.h"
 #include "writers/StreamNumber.h"
 
 namespace kpFormats
@@ -11,9 +12,6 @@ namespace
 
 using AltitudeMode = KmlExportSettings::AltitudeMode;
 
-// A millionth of a degree is a tenth of a metre; nine decimals keep a tenth of a millimetre.
-constexpr int degreeDecimals = 9;
-constexpr int heightDecimals = 3;
 constexpr std::size_t blockSize = 128 * 1024;
 
 std::string colourText(const char* alpha, const QColor& colour)
@@ -241,12 +239,12 @@ void KmlDocumentWriter::positions(const PositionBlock& block)
 
 void KmlDocumentWriter::appendPosition(double longitude, double latitude, double height)
 {
-    kpBaseExport::appendStreamFixed(m_block, longitude, degreeDecimals);
+    kpBaseExport::appendStreamFixed(m_block, longitude, kmlDegreeDecimals);
     m_block += ',';
-    kpBaseExport::appendStreamFixed(m_block, latitude, degreeDecimals);
+    kpBaseExport::appendStreamFixed(m_block, latitude, kmlDegreeDecimals);
     if (m_mode != AltitudeMode::Clamp) {
         m_block += ',';
-        kpBaseExport::appendStreamFixed(m_block, height, heightDecimals);
+        kpBaseExport::appendStreamFixed(m_block, height, kmlHeightDecimals);
     }
     m_block += '\n';
 }
@@ -259,7 +257,7 @@ void KmlDocumentWriter::overlay(const QString& name, const QString& description,
     m_block += "<Icon><href>" + xmlEscaped(picture) + "</href></Icon>\n<LatLonBox>";
     const auto edge = [this](const char* element, double degrees) {
         m_block += std::string("<") + element + ">";
-        kpBaseExport::appendStreamFixed(m_block, degrees, degreeDecimals);
+        kpBaseExport::appendStreamFixed(m_block, degrees, kmlDegreeDecimals);
         m_block += std::string("</") + element + ">";
     };
     edge("north", box.north);

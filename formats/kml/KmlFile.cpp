@@ -6,7 +6,7 @@
 #include "formats/kml/KmlDocumentWriter.h"
 #include "formats/kml/KmlDrawing.h"
 #include "formats/kml/KmlLosses.h"
-#include "formats/kml/KmlReadBack.h"
+#include "formats/kml/KmlVerification.h"
 #include "formats/kml/KmzArchive.h"
 #include "geo/CoordinateSystems.h"
 
@@ -198,18 +198,8 @@ qint64 KmlFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 
 Verification KmlFile::verify(const QString& path) const
 {
-    KmlReadBack readBack(path, m_archive);
-    ProgressTicker ticker(nullptr, 1);
-    Findings ignored;
-    int kept = 0;
-    const auto keep = [&](const QImage& image) {
-        const QString name = pictureName(path, m_archive, ++kept);
-        readBack.checkPicture(name, image);
-        return reference(name);
-    };
-    KmlDrawing drawing(readBack, m_settings, m_undrawable, keep, ticker, ignored);
-    drawing.draw(file().objects, selection());
-    return readBack.result();
+    return verifyKml(file().objects, path, m_archive, selection(), m_settings,
+                     [&](int number) { return pictureName(path, m_archive, number); });
 }
 
 } // namespace kpFormats

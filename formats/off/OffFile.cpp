@@ -5,9 +5,9 @@
 #include "export/BlockWriter.h"
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
+#include "formats/off/OffVerification.h"
 #include "model/ProgressTicker.h"
 #include "model/SurfaceMesh.h"
-#include "readers/OffReader.h"
 #include "writers/FixedNumber.h"
 
 #include <cmath>
@@ -119,47 +119,7 @@ qint64 OffFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 
 Verification OffFile::verify(const QString& path) const
 {
-    Verification verification;
-    verification.reader = QStringLiteral("the program's OFF reader");
-    const ModelObject& object = *file().objects.front();
-    const SurfaceMesh mesh(object);
-    Model model;
-    try {
-        readOff(model, path, LoadOptions());
-    } catch (const std::exception& error) {
-        verification.fault = QString::fromUtf8(error.what());
-        return verification;
-    }
-    const ModelObject& read = model.objects().front();
-    verification.count = static_cast<qint64>(read.triangles.size());
-    if (read.vertexCount() != mesh.vertexCount() || verification.count != mesh.triangleCount()) {
-        verification.fault = QStringLiteral("it has %1 vertices and %2 triangles instead of %3 and %4")
-                                 .arg(read.vertexCount())
-                                 .arg(verification.count)
-                                 .arg(mesh.vertexCount())
-                                 .arg(mesh.triangleCount());
-        return verification;
-    }
-    const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    const double up = m_settings.zIsElevation ? 1.0 : -1.0;
-    std::size_t next = 0;
-    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
-        if (!hasPosition(object, vertex))
-            continue;
-        const auto index = static_cast<std::size_t>(vertex);
-        const double dx = (*read.x)[next] / factor - (*object.x)[index];
-        const double dy = (*read.y)[next] / factor - (*object.y)[index];
-        const double dz = up * (*read.z)[next] / factor - (*object.z)[index];
-        verification.differs(std::sqrt(dx * dx + dy * dy + dz * dz));
-        ++next;
-    }
-    next = 0;
-    mesh.eachTriangle([&](int a, int b, int c) {
-        if (read.triangles[next++] != std::array<int, 3>{a, b, c})
-            verification.fault = QStringLiteral("triangle %1 has other corners").arg(next);
-        return verification.fault.isEmpty();
-    });
-    return verification;
+    return verifyOff(*file().objects.front(), path, m_settings);
 }
 
 } // namespace kpFormats

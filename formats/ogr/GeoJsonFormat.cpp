@@ -3,6 +3,7 @@
 #include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
+#include "formats/ogr/GeoJsonDecimals.h"
 #include "geo/CoordinateSystems.h"
 
 #include <QFile>
@@ -17,9 +18,6 @@ namespace kpFormats
 namespace
 {
 
-// A tenth of a millimetre.
-constexpr int degreeDecimals = 9;
-constexpr int lengthDecimals = 4;
 // Fewer than these move positions by more than about a millimetre.
 constexpr int fewDegreeDecimals = 8;
 constexpr int fewLengthDecimals = 3;
@@ -122,8 +120,8 @@ void GeoJsonFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& op
     options.explicitNulls = true;
     const bool degrees = isGeographic(output.systems.target());
     const int decimals = output.settings.decimals >= 0 ? output.settings.decimals
-                         : degrees                     ? degreeDecimals
-                                                       : lengthDecimals;
+                         : degrees                     ? geoJsonDegreeDecimals
+                                                       : geoJsonLengthDecimals;
     options.layerOptions.append(output.settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
     options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals));
     // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.

@@ -252,8 +252,8 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 Verification OgrFile::verify(const QString& path) const
 {
     registerGdalDrivers();
-    OgrSystems ways = m_output.systems;
-    return verifyOgrFile(path, m_format.traits().driver, m_output.layers, ways);
+    return verifyOgrFile(path,
+                         {m_output.layers, m_output.tables, m_output.systems, m_format.traits(), m_settings});
 }
 
 } // namespace kpFormats

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrVerification.h"
 
+#include "formats/ogr/GeoJsonDecimals.h"
+#include "formats/ogr/OgrAttributeVerification.h"
+#include "formats/ogr/OgrGeometryVerification.h"
+#include "formats/ogr/OgrSystemVerification.h"
+#include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
-
-#include <ogrsf_frmts.h>
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
+#include <limits>
 
 namespace kpFormats
 {
@@ -15,253 +18,176 @@ namespace kpFormats
 namespace
 {
 
-// Positions are taken back in blocks: PROJ is quick only with many at a time.
-constexpr std::size_t blockSize = 65536;
-
-/// A line or ring, or a point, that should be in the file: vertices of an object.
-using Run = std::vector<std::size_t>;
-using Curves = std::vector<const OGRSimpleCurve*>;
-
-void addCurves(const OGRGeometry& geometry, Curves& curves)
+bool isGeoJson(const OgrFileExpectation& file)
 {
-    switch (wkbFlatten(geometry.getGeometryType())) {
-    case wkbLineString:
-        curves.push_back(geometry.toLineString());
-        break;
-    case wkbPolygon:
-        for (const OGRLinearRing* ring : *geometry.toPolygon())
-            curves.push_back(ring);
-        break;
-    case wkbMultiLineString:
-    case wkbMultiPolygon:
-        for (const OGRGeometry* part : *geometry.toGeometryCollection())
-            addCurves(*part, curves);
-        break;
-    default:
-        break;
-    }
+    return file.traits.driver == QLatin1String("GeoJSON");
 }
 
-/// Calls \a look with the runs of each feature that an object should have made, until it returns false.
-void forEachFeature(const OgrLayer& layer, const ModelObject& object,
-                    const std::function<bool(const std::vector<Run>&)>& look)
+bool isMapInfo(const OgrFileExpectation& file)
 {
-    const auto placed = [&object](std::size_t vertex) {
-        return std::isfinite((*object.x)[vertex]) && std::isfinite((*object.y)[vertex]);
-    };
-    const auto node = [&](std::size_t vertex) {
-        return placed(vertex) && (!object.grid || !std::isnan((*object.z)[vertex]));
-    };
-    std::vector<Run> runs(1);
-    bool more = true;
-    if (layer.shape == OgrShape::Points) {
-        for (std::size_t vertex = 0; more && vertex < object.x->size(); ++vertex) {
-            runs.front().assign(1, vertex);
-            more = !node(vertex) || look(runs);
-        }
-    } else if (asCells(layer, object) && object.grid) {
-        const auto columns = static_cast<std::size_t>(object.grid->columns);
-        for (std::size_t corner = 0; more && corner + columns + 1 < object.x->size(); ++corner) {
-            Run& cell = runs.front();
-            cell = {corner, corner + 1, corner + columns + 1, corner + columns};
-            const bool there = corner % columns + 1 < columns && std::all_of(cell.begin(), cell.end(), node);
-            more = !there || look(runs);
-        }
-    } else if (asCells(layer, object)) {
-        for (std::size_t index = 0; more && index < object.triangles.size(); ++index) {
-            runs.front().assign(object.triangles[index].begin(), object.triangles[index].end());
-            more = look(runs);
-        }
-    } else {
-        runs.clear();
-        for (const Part& part : partsOf(object)) {
-            Run run;
-            for (int index = 0; index < part.count; ++index) {
-                if (placed(static_cast<std::size_t>(part.first + index)))
-                    run.push_back(static_cast<std::size_t>(part.first + index));
+    return file.traits.driver == QLatin1String("MapInfo File");
+}
+
+/// A step of the whole numbers that a MapInfo table has for positions, over the extent of all of them.
+double mapInfoAllowance(OgrFileExpectation& file)
+{
+    constexpr double steps = 2e9;
+    double least[2] = {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+    double most[2] = {std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+    for (const OgrLayer& layer : file.layers) {
+        for (const ModelObject* object : layer.objects) {
+            const OgrExpectedPlaces places(*object, file.systems);
+            for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
+                for (std::size_t axis = 0; places.has(vertex) && axis < 2; ++axis) {
+                    least[axis] = std::min(least[axis], places.at(vertex)[axis]);
+                    most[axis] = std::max(most[axis], places.at(vertex)[axis]);
+                }
             }
-            if (run.size() >= (layer.shape == OgrShape::Lines ? 2u : 3u))
-                runs.push_back(run);
         }
-        if (!runs.empty())
-            look(runs);
     }
+    double widest = 0;
+    for (const int axis : {0, 1})
+        widest = std::max({widest, 1.02 * (most[axis] - least[axis]), most[axis] - least[axis] + 2.0});
+    return widest / steps;
+}
+
+/// The driver takes a last decimal behind five zeros or nines for noise and rounds it off.
+Allowance geoJsonAllowance(int decimals, const QString& unit)
+{
+    constexpr int noiseDecimals = 6;
+    return decimals < noiseDecimals ? Allowance::ofDecimals(decimals, unit)
+                                    : Allowance(std::pow(10.0, 1 - decimals), unit);
+}
+
+Verification emptyVerification(OgrFileExpectation& file)
+{
+    const ModelObject& first = *file.layers.front().objects.front();
+    const QString named = crsUnit(file.systems.target());
+    const QString unit = named.isEmpty() ? first.lengthUnit : named;
+    const QString reader = QStringLiteral("GDAL driver %1").arg(file.traits.driver);
+    const Allowance heights(0.0, file.systems.isOnGlobe() ? QStringLiteral("m") : first.lengthUnit);
+    if (isMapInfo(file))
+        return Verification(reader, {mapInfoAllowance(file), unit}, heights);
+    if (!isGeoJson(file))
+        return Verification(reader, {0.0, unit}, heights);
+    const int usual = unit == QLatin1String("degrees") ? geoJsonDegreeDecimals : geoJsonLengthDecimals;
+    const int decimals = file.settings.decimals >= 0 ? file.settings.decimals : usual;
+    // Under RFC 7946 the driver keeps millimetres of heights, whatever is asked of it.
+    constexpr int globeHeightDecimals = 3;
+    return Verification(reader, geoJsonAllowance(decimals, unit),
+                        geoJsonAllowance(file.settings.rfc7946 ? globeHeightDecimals : decimals, heights.unit));
 }
 
 class LayerCheck
 {
 public:
-    LayerCheck(OGRLayer& layer, OgrSystems& systems, Verification& result)
+    LayerCheck(OGRLayer& layer, OgrFileExpectation& file, std::size_t index, Verification& result)
         : m_layer(layer)
-        , m_systems(systems)
+        , m_file(file)
+        , m_expected(file.layers[index])
         , m_result(result)
+        , m_attributes(m_expected, file.tables[index], file.traits, result)
+        , m_geometry({!file.traits.sizedTexts, isGeoJson(file) && file.settings.rfc7946}, result)
+        , m_hasZ(m_expected.hasZ && file.traits.heights)
+        , m_styled(isMapInfo(file) && file.settings.symbology && file.settings.attributes && file.settings.color)
     {
     }
 
-    void compare(const OgrLayer& source)
+    void compare()
     {
+        m_attributes.compareFields(*m_layer.GetLayerDefn());
         m_layer.ResetReading();
-        for (const ModelObject* object : source.objects) {
-            m_object = object;
-            forEachFeature(source, *object, [this](const std::vector<Run>& runs) {
-                const OGRFeatureUniquePtr feature(m_layer.GetNextFeature());
-                if (!feature) {
-                    fault(QStringLiteral("features of %1 are missing").arg(m_object->name));
-                    return false;
-                }
-                ++m_result.count;
-                look(*feature, runs);
-                return true;
+        for (const ModelObject* object : m_expected.objects) {
+            const OgrExpectedPlaces places(*object, m_file.systems);
+            m_attributes.start(places);
+            forEachExpectedFeature(m_expected, places, [this, &places](const OgrExpectedFeature& feature) {
+                compareFeature(feature, places);
+                return m_result.good();
             });
-            flush();
+            compareSystemAt(places);
         }
-        if (OGRFeatureUniquePtr(m_layer.GetNextFeature()))
-            fault(QStringLiteral("layer %1 has features too many").arg(QString::fromUtf8(m_layer.GetName())));
+        if (m_result.good() && OGRFeatureUniquePtr(m_layer.GetNextFeature()))
+            m_result.fail(QStringLiteral("layer %1: it has more features than the model")
+                              .arg(QString::fromUtf8(m_layer.GetName())));
+        if (m_result.good())
+            m_attributes.compareTypes(*m_layer.GetLayerDefn());
     }
 
 private:
-    struct Piece
+    void compareFeature(const OgrExpectedFeature& feature, const OgrExpectedPlaces& places)
     {
-        std::size_t first;
-        Run vertices;
-    };
-
-    void fault(const QString& text)
-    {
-        if (m_result.fault.isEmpty())
-            m_result.fault = text;
-    }
-
-    void look(const OGRFeature& feature, const std::vector<Run>& runs)
-    {
-        const OGRGeometry* geometry = feature.GetGeometryRef();
-        if (!geometry) {
-            fault(QStringLiteral("a feature of %1 has no geometry").arg(m_object->name));
+        const OGRFeatureUniquePtr read(m_layer.GetNextFeature());
+        if (!read) {
+            m_result.fail(QStringLiteral("%1: feature %2 is missing").arg(places.object().name).arg(feature.number));
             return;
         }
-        m_flat = geometry->Is3D() == 0;
-        if (wkbFlatten(geometry->getGeometryType()) == wkbPoint) {
-            const OGRPoint* point = geometry->toPoint();
-            m_pieces.push_back({m_x.size(), runs.front()});
-            add(point->getX(), point->getY(), point->getZ());
-        } else {
-            Curves curves;
-            addCurves(*geometry, curves);
-            if (curves.size() != runs.size()) {
-                fault(QStringLiteral("%1 has %2 parts instead of %3")
-                          .arg(m_object->name)
-                          .arg(curves.size())
-                          .arg(runs.size()));
-                return;
-            }
-            for (std::size_t index = 0; index < runs.size(); ++index)
-                addRun(*matching(curves, index, runs[index].size()), runs[index]);
-        }
-        if (m_x.size() > blockSize)
-            flush();
-    }
-
-    /// The part of that number, or another of the size where drivers sort rings.
-    static const OGRSimpleCurve* matching(Curves& curves, std::size_t index, std::size_t size)
-    {
-        const auto fits = [size](const OGRSimpleCurve* curve) {
-            const auto count = static_cast<std::size_t>(curve->getNumPoints());
-            return count == size || count == size + 1;
-        };
-        for (std::size_t other = index; other < curves.size(); ++other) {
-            if (fits(curves[other])) {
-                std::swap(curves[index], curves[other]);
-                break;
-            }
-        }
-        return curves[index];
-    }
-
-    void addRun(const OGRSimpleCurve& curve, const Run& run)
-    {
-        const auto count = static_cast<std::size_t>(curve.getNumPoints());
-        if (count != run.size() && count != run.size() + 1) {
-            fault(QStringLiteral("a part of %1 has %2 vertices instead of %3")
-                      .arg(m_object->name)
-                      .arg(count)
-                      .arg(run.size()));
+        m_geometry.compare(read->GetGeometryRef(), feature, places, m_hasZ);
+        m_attributes.compare(*read, feature);
+        if (!m_styled || !places.object().color.isValid())
             return;
-        }
-        m_pieces.push_back({m_x.size(), run});
-        // A ring that was closed in the file ends with its first vertex.
-        if (count > run.size())
-            m_pieces.back().vertices.push_back(run.front());
-        for (int index = 0; index < curve.getNumPoints(); ++index)
-            add(curve.getX(index), curve.getY(index), curve.getZ(index));
+        m_result.alsoCompared(QStringLiteral("colours"));
+        const QString style = QString::fromUtf8(read->GetStyleString());
+        if (!style.contains(places.object().color.name(), Qt::CaseInsensitive))
+            m_result.fail(QStringLiteral("%1, feature %2: its colour is not %3 but that of %4")
+                              .arg(places.object().name)
+                              .arg(feature.number)
+                              .arg(places.object().color.name(), style));
     }
 
-    void add(double x, double y, double z)
+    /// Once, where the first object is that has a place.
+    void compareSystemAt(const OgrExpectedPlaces& places)
     {
-        m_x.push_back(x);
-        m_y.push_back(y);
-        m_z.push_back(z / m_systems.heightFactor(*m_object));
-    }
-
-    double distance(std::size_t read, std::size_t vertex) const
-    {
-        const double z = (*m_object->z)[vertex];
-        const double dz = m_flat || !std::isfinite(z) ? 0.0 : m_z[read] - z;
-        return std::hypot(m_x[read] - (*m_object->x)[vertex], m_y[read] - (*m_object->y)[vertex], dz);
-    }
-
-    void flush()
-    {
-        if (const CoordinateTransform* back = m_x.empty() ? nullptr : m_systems.back(*m_object)) {
-            if (back->transform(m_x, m_y, m_z) > 0)
-                fault(QStringLiteral("positions of %1 have no way back").arg(m_object->name));
+        for (std::size_t vertex = 0; !m_systemCompared && vertex < places.object().x->size(); ++vertex) {
+            if (!places.has(vertex))
+                continue;
+            m_systemCompared = true;
+            compareOgrSystem(m_layer.GetSpatialRef(), m_file.systems.target(), m_file.traits, places.at(vertex),
+                             m_result);
         }
-        for (const Piece& piece : m_pieces) {
-            double forwards = 0;
-            double backwards = 0;
-            const std::size_t count = piece.vertices.size();
-            for (std::size_t index = 0; index < count; ++index) {
-                forwards = std::max(forwards, distance(piece.first + index, piece.vertices[index]));
-                backwards = std::max(backwards, distance(piece.first + index, piece.vertices[count - 1 - index]));
-            }
-            m_result.worstError = std::max(m_result.worstError, std::min(forwards, backwards));
-        }
-        m_pieces.clear();
-        m_x.clear();
-        m_y.clear();
-        m_z.clear();
     }
 
     OGRLayer& m_layer;
-    OgrSystems& m_systems;
+    OgrFileExpectation& m_file;
+    const OgrLayer& m_expected;
     Verification& m_result;
-    const ModelObject* m_object = nullptr;
-    bool m_flat = false;
-    std::vector<Piece> m_pieces;
-    std::vector<double> m_x;
-    std::vector<double> m_y;
-    std::vector<double> m_z;
+    OgrAttributeVerification m_attributes;
+    OgrGeometryVerification m_geometry;
+    bool m_hasZ;
+    bool m_styled;
+    bool m_systemCompared = false;
 };
+
+/// Those that hold objects.
+std::vector<OGRLayer*> objectLayers(GDALDataset& dataset)
+{
+    std::vector<OGRLayer*> layers;
+    for (OGRLayer* layer : dataset.GetLayers()) {
+        if (QLatin1String(layer->GetName()) != QLatin1String("layer_styles"))
+            layers.push_back(layer);
+    }
+    return layers;
+}
 
 } // namespace
 
-Verification verifyOgrFile(const QString& path, const QString& driver, const std::vector<OgrLayer>& layers,
-                           OgrSystems& systems)
+Verification verifyOgrFile(const QString& path, OgrFileExpectation expected)
 {
-    Verification result;
-    result.reader = QStringLiteral("GDAL driver %1").arg(driver);
     const QuietGdal quiet;
-    const GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    Verification result = emptyVerification(expected);
+    // Text that looks like a date is text.
+    const char* const options[] = {isGeoJson(expected) ? "DATE_AS_STRING=YES" : nullptr, nullptr};
+    const GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options));
     if (!dataset) {
-        result.fault = QStringLiteral("it cannot be opened: %1").arg(QuietGdal::lastMessage());
+        result.fail(QStringLiteral("it cannot be opened: %1").arg(QuietGdal::lastMessage()));
         return result;
     }
-    if (dataset->GetLayerCount() < static_cast<int>(layers.size())) {
-        result.fault =
-            QStringLiteral("it has %1 layers instead of %2").arg(dataset->GetLayerCount()).arg(layers.size());
+    const std::vector<OGRLayer*> layers = objectLayers(*dataset);
+    if (!result.compareCount(QStringLiteral("file"), QStringLiteral("layers"),
+                             static_cast<qint64>(expected.layers.size()), static_cast<qint64>(layers.size())))
         return result;
-    }
-    for (std::size_t index = 0; index < layers.size(); ++index)
-        LayerCheck(*dataset->GetLayer(static_cast<int>(index)), systems, result).compare(layers[index]);
+    for (std::size_t index = 0; index < layers.size() && result.good(); ++index)
+        LayerCheck(*layers[index], expected, index, result).compare();
     return result;
 }
 

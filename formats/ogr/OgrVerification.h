@@ -4,13 +4,24 @@
 #include "export/Verification.h"
 #include "formats/ogr/OgrLayers.h"
 #include "formats/ogr/OgrSystems.h"
+#include "formats/ogr/OgrTable.h"
 
 namespace kpFormats
 {
 
-/// Opens a vector file with GDAL and compares every position, taken back to its object's own system, with the model.
-/// Rings may run the other way round.
-Verification verifyOgrFile(const QString& path, const QString& driver, const std::vector<OgrLayer>& layers,
-                           OgrSystems& systems);
+/// What a vector file must hold.
+struct OgrFileExpectation
+{
+    std::vector<OgrLayer> layers;
+    std::vector<OgrTable> tables; ///< one per layer
+    OgrSystems systems;
+    OgrTraits traits;
+    OgrExportSettings settings;
+};
+
+/// Opens a vector file with GDAL and compares it with the model: layers, coordinate system, fields, and of each feature
+/// its parts, rings, positions and values. Positions are expected where the model's own are in the file's system.
+/// Not compared: which rings are holes in Shapefiles and MapInfo tables, where readers find that by position.
+Verification verifyOgrFile(const QString& path, OgrFileExpectation expected);
 
 } // namespace kpFormats

@@ -5,9 +5,9 @@
 
 #include "core/GeoObject.h"
 #include "export/ExportError.h"
+#include "formats/opentec/OpenTecVerification.h"
 #include "formats/opentec/SectionNames.h"
 #include "host/data/DoubleMatrixData.h"
-#include "readers/OpenTecReader.h"
 #include "writers/MatrixDataOpenTecLinkExporter.h"
 
 #include <algorithm>
@@ -90,24 +90,6 @@ DoubleMatrixData::Values scaled(const Numbers& numbers, double factor)
     for (double& value : values)
         value *= factor;
     return std::make_shared<const std::vector<double>>(std::move(values));
-}
-
-/// Compares two lists of numbers; one that is longer differs without end.
-template <std::size_t count>
-void compare(const std::vector<std::array<double, count>>& read,
-             const std::array<DoubleMatrixData::Values, count>& columns, Verification& result)
-{
-    for (std::size_t column = 0; column < count; ++column) {
-        if (columns[column]->size() != read.size())
-            return result.differs(HUGE_VAL);
-        for (std::size_t row = 0; row < read.size(); ++row)
-            result.differs(read[row][column] - (*columns[column])[row]);
-    }
-}
-
-DoubleMatrixData::Values negated(const DoubleMatrixData::Values& values)
-{
-    return scaled(values, -1.0);
 }
 
 void requireNames(const PlannedFile& file, const ExportSelection& selection, const OpenTecExportSettings& settings)
@@ -197,38 +179,7 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
 
 Verification OpenTecFile::verify(const QString& path) const
 {
-    Verification result;
-    result.reader = QStringLiteral("OpenTecLink reader");
-    try {
-        const ModelObject& object = *m_section;
-        const ModelObject& trace = *m_trace;
-        const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-        const double traceFactor = unitFactor(trace.lengthUnit, m_settings.lengthUnit);
-        const OpenTecSection read = readOpenTec(path);
-        const std::vector<SectionSegment>& segments = object.section->segments;
-        if ((!segments.empty() && read.name != oneLine(object.name)) || read.segments.size() != segments.size()) {
-            result.fault = QStringLiteral("section %1 with %2 lines was read as %3 with %4")
-                               .arg(object.name, QString::number(segments.size()), read.name,
-                                    QString::number(read.segments.size()));
-            return result;
-        }
-        compare<2>(read.trace, {scaled(trace.x, traceFactor), scaled(trace.y, traceFactor)}, result);
-        for (std::size_t index = 0; index < segments.size(); ++index) {
-            const SectionColumns columns = columnsOf(object.section, segments[index], factor);
-            const OpenTecSection::Segment& line = read.segments[index];
-            if (line.name != oneLine(segments[index].name) || line.color != segments[index].color.name()
-                || line.type != typeName(segments[index].type))
-                result.fault = QStringLiteral("line %1 was read as %2").arg(segments[index].name, line.name);
-            compare<3>(line.points, {columns.distance, columns.across, negated(columns.z)}, result);
-            result.count += static_cast<qint64>(line.points.size());
-        }
-        // Half of the last decimal, and what a double of seven digits cannot tell apart.
-        if (!(result.worstError <= 0.5 * std::pow(10.0, -m_settings.decimals) + 1e-8))
-            result.fault = QStringLiteral("a number is %1 off").arg(result.worstError);
-    } catch (const std::exception& error) {
-        result.fault = QString::fromUtf8(error.what());
-    }
-    return result;
+    return verifyOpenTec(*m_section, *m_trace, path, m_settings);
 }
 
 } // namespace kpFormats

@@ -5,10 +5,9 @@
 
 #include "export/BlockWriter.h"
 #include "export/ExportError.h"
+#include "formats/zmap/ZMapVerification.h"
 #include "geo/CoordinateSystems.h"
-#include "geo/GdalSession.h"
 #include "model/ProgressTicker.h"
-#include "readers/OpenDataset.h"
 #include "writers/FixedNumber.h"
 
 #include <cmath>
@@ -144,49 +143,6 @@ void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, c
         findings.note(zmapFinding::gridWithoutAnyValue, object.name, 1, QStringLiteral("every node is the null value"));
 }
 
-/// Compares the band, line by line, with the grid.
-void compareValues(GDALDataset& dataset, const ZMapGrid& grid, Verification& verification)
-{
-    GDALRasterBand* band = dataset.GetRasterBand(1);
-    const double noData = band->GetNoDataValue();
-    std::vector<double> line(static_cast<std::size_t>(grid.columns()));
-    for (int row = 0; row < grid.rows(); ++row) {
-        if (band->RasterIO(GF_Read, 0, row, grid.columns(), 1, line.data(), grid.columns(), 1, GDT_Float64, 0, 0,
-                           nullptr)
-            != CE_None) {
-            verification.fault = QStringLiteral("row %1 cannot be read: %2").arg(row + 1).arg(QuietGdal::lastMessage());
-            return;
-        }
-        for (int column = 0; column < grid.columns(); ++column) {
-            const double read = line[static_cast<std::size_t>(column)];
-            const double expected = grid.value(column, row);
-            if (std::isfinite(expected) != (read != noData)) {
-                verification.fault = QStringLiteral("row %1, column %2 is %3").arg(row + 1).arg(column + 1).arg(read);
-                return;
-            }
-            if (std::isfinite(expected))
-                verification.differs((read - expected) / grid.valueFactor());
-            ++verification.count;
-        }
-    }
-}
-
-/// Compares where GDAL has the outermost nodes.
-void comparePlaces(GDALDataset& dataset, const ZMapGrid& grid, Verification& verification)
-{
-    double transform[6];
-    if (dataset.GetGeoTransform(transform) != CE_None) {
-        verification.fault = QStringLiteral("it has no position");
-        return;
-    }
-    const double west = transform[0] + 0.5 * transform[1];
-    const double east = west + (grid.columns() - 1) * transform[1];
-    const double north = transform[3] + 0.5 * transform[5];
-    const double south = north + (grid.rows() - 1) * transform[5];
-    for (const double error : {west - grid.west(), east - grid.east(), north - grid.north(), south - grid.south()})
-        verification.differs(error / grid.lengthFactor());
-}
-
 } // namespace
 
 ZMapFile::ZMapFile(PlannedFile planned, const ExportSelection& selected, ZMapExportSettings settings,
@@ -212,30 +168,7 @@ qint64 ZMapFile::write(const QString& path, Findings&, kpBase::AbstractProgress*
 
 Verification ZMapFile::verify(const QString& path) const
 {
-    Verification verification;
-    verification.reader = QStringLiteral("GDAL driver ZMap");
-    try {
-        const QuietGdal quiet;
-        const GdalOption option("ZMAP_PIXEL_IS_POINT",
-                                m_settings.registration == Registration::Nodes ? "TRUE" : "FALSE");
-        const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
-        const QString driver = QString::fromLatin1(dataset->GetDriver()->GetDescription());
-        if (driver != QLatin1String("ZMap"))
-            verification.fault = QStringLiteral("GDAL takes it for %1").arg(driver);
-        else if (dataset->GetRasterXSize() != m_grid.columns() || dataset->GetRasterYSize() != m_grid.rows())
-            verification.fault = QStringLiteral("it has %1 x %2 nodes instead of %3 x %4")
-                                     .arg(dataset->GetRasterXSize())
-                                     .arg(dataset->GetRasterYSize())
-                                     .arg(m_grid.columns())
-                                     .arg(m_grid.rows());
-        else
-            comparePlaces(*dataset, m_grid, verification);
-        if (verification.fault.isEmpty())
-            compareValues(*dataset, m_grid, verification);
-    } catch (const std::exception& error) {
-        verification.fault = QString::fromUtf8(error.what());
-    }
-    return verification;
+    return verifyZMap(*file().objects.front(), path, m_settings);
 }
 
 } // namespace kpFormats

@@ -33,9 +33,6 @@ public:
         return m_attribute ? m_attribute->at(node) * m_valueFactor
                            : (*m_object.z)[static_cast<std::size_t>(node)] * m_valueFactor;
     }
-    /// What a value in the file is divided by to be one of the model.
-    double valueFactor() const { return m_valueFactor; }
-    double lengthFactor() const { return m_factor; }
 
 private:
     const ModelObject& m_object;

@@ -48,9 +48,16 @@ public:
     }
     Verification verify(const QString& path) const override
     {
-        Verification found{QStringLiteral("line count"), contentOf(path).count('\n'), 0.0, m_fault};
-        if (found.count != static_cast<qint64>(file().objects.size()))
-            found.fault = QStringLiteral("another number of lines");
+        Verification found(QStringLiteral("line reader"), {0.0, QStringLiteral("m")});
+        const QList<QByteArray> lines = contentOf(path).split('\n');
+        found.compareCount(QStringLiteral("file"), QStringLiteral("lines"),
+                           static_cast<qint64>(file().objects.size()), lines.size() - 1);
+        const bool compared = m_fault != QLatin1String("compares nothing");
+        for (const ModelObject* object : compared ? file().objects : std::vector<const ModelObject*>())
+            found.compareText(object->name, QString::fromUtf8(lines.value(static_cast<int>(found.texts()))),
+                              [] { return QStringLiteral("name"); });
+        if (compared && !m_fault.isEmpty())
+            found.fail(m_fault);
         return found;
     }
 
@@ -217,14 +224,19 @@ void RunTest::verification()
 {
     m_selection.verify = true;
     QVERIFY(run({&m_one}));
-    QCOMPARE(outcome().verification.count, qint64(1));
+    QCOMPARE(outcome().verification->comparedText(), QStringLiteral("1 text"));
     QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
 
     // What does not agree never replaces an earlier file.
     m_settings.as<NameSettings>().fault = QStringLiteral("a line differs");
     QVERIFY(!run({&m_two}));
     QCOMPARE(contentOf(path("out.nam")), QByteArray("one\n"));
-    QVERIFY(outcome().error.contains(QStringLiteral("read again by line count it differs: a line differs")));
+    QVERIFY(outcome().error.contains(QStringLiteral("read again by line reader it differs: a line differs")));
+
+    // What has compared nothing has verified nothing.
+    m_settings.as<NameSettings>().fault = QStringLiteral("compares nothing");
+    QVERIFY(!run({&m_two}));
+    QVERIFY(outcome().error.contains(QStringLiteral("nothing in it could be compared")));
 }
 
 void RunTest::plan()

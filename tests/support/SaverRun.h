@@ -126,8 +126,8 @@ struct SaverRun
         if (!written)
             return QStringLiteral("not written: ") + error();
         for (const Verification& one : readBack) {
-            if (!one.fault.isEmpty())
-                return one.fault;
+            if (!one.fault().isEmpty())
+                return one.fault();
         }
         return {};
     }

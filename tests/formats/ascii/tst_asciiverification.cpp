@@ -49,21 +49,25 @@ void AsciiVerificationTest::everyForm()
     const SaverRun run("ascii", {top()}, path("t.csv"), settings);
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.rows(), qint64(3));
-    QCOMPARE(run.readBack.front().count, qint64(3));
+    QCOMPARE(run.readBack.front().positions(), qint64(3));
     const int decimals = run.values.get(QStringLiteral("decimals")).toInt();
-    QVERIFY(run.readBack.front().worstError <= 0.5 * std::pow(10.0, -decimals) + 1e-9);
+    QVERIFY(run.readBack.front().worst().difference <= 0.5 * std::pow(10.0, -decimals) + 1e-9);
 }
 
 void AsciiVerificationTest::wrongCharacters_data()
 {
-    textRows({"right", "wrong", "fault"},
-             {{"6789012.346", "6789012.347", "row 1 of Top has \"6789012.347\" for x, which is 6789012.3456"},
-              {"-12.500", "12.500", "row 3 of Top has \"12.500\" for z, which is -12.5"},
-              {"7.000", "7,000", "row 3 of Top has"},
-              {"2.500\t0.001\t99999", "2.500\t0.001\t0.000", "row 2 of Top has \"0.000\" for z"},
-              {"99999\t99999\t", "99999\t0.000\t", "row 2 of Top has \"0.000\" for grade"},
-              {"3.000\t10000000.000\t-12.500\t7.000\tshale\n", "", "Top ends at row 2 of 3"},
-              {"shale\n", "shale\n1\t2\t3\t4\tx\n", "there are more lines than vertices"}});
+    textRows(
+        {"right", "wrong", "fault"},
+        {{"6789012.346", "6789012.347", "Top, row 1, x: 6789012.347 was read instead of 6789012.3456"},
+         {"-12.500", "12.500", "Top, row 3, z: 12.5 was read instead of -12.5"},
+         {"7.000", "7,000", "Top, row 3, grade: \"7,000\" was read instead of 7"},
+         {"2.500\t0.001\t99999", "2.500\t0.001\t0.000", "Top, row 2, z: \"0.000\" was read instead of a missing value"},
+         {"99999\t99999\t", "99999\t0.000\t", "Top, row 2, grade: \"0.000\" was read instead of a missing value"},
+         {"3.000\t10000000.000\t-12.500\t7.000\tshale\n", "", "Top: it ends at row 2 of 3"},
+         {"a,b;c", "a,b,c", "Top, row 1, rock: \"a,b,c\" was read instead of \"a,b;c\""},
+         {"99999\t99999\t\n", "99999\t99999\tsand\n", "Top, row 2, rock: \"sand\" was read instead of a missing value"},
+         {"grade", "ore", "file, header"},
+         {"shale\n", "shale\n1\t2\t3\t4\tx\n", "there are more lines than vertices"}});
 }
 
 void AsciiVerificationTest::wrongCharacters()
@@ -73,7 +77,7 @@ void AsciiVerificationTest::wrongCharacters()
     QFETCH(QString, fault);
     const SaverRun run("ascii", {top()}, path("t.csv"), "separator=tab");
     QCOMPARE(run.fault(), QString());
-    const QString found = run.damaged(right.toUtf8(), wrong.toUtf8()).fault;
+    const QString found = run.damaged(right.toUtf8(), wrong.toUtf8()).fault();
     QVERIFY2(found.contains(fault), qPrintable(found));
 }
 

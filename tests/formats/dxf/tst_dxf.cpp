@@ -405,8 +405,8 @@ void DxfTest::sampleModel()
     const SaverRun run("dxf", loaded(sample("sample.kpmodel")), path("sample.dxf"),
                        QStringLiteral("boundaries=true;layers=type;dimension=") + dimension);
     QCOMPARE(run.fault(), QString());
-    QCOMPARE(run.readBack.front().count, run.rows());
-    QVERIFY(run.readBack.front().worstError < 0.0001);
+    QVERIFY(run.readBack.front().positions() >= run.rows());
+    QVERIFY(run.readBack.front().worst().difference < 0.0001);
     if (dimension == QLatin1String("3d"))
         // 39681 cells of the terrain, 1200 triangles of the mesh.
         KP_VALIDATE("dxf.py", QStringLiteral("--expect"), QStringLiteral("3DFACE=40881"), path("sample.dxf"));

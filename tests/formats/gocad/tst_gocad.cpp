@@ -62,7 +62,7 @@ void GocadTest::points()
     QCOMPARE(run.rows(), 2);
     QCOMPARE(run.findings(), QStringLiteral("attribute that is no number left out: 1, renamed: 3, "
                                             "vertex without a position left out: 1, value equal to the null value: 2"));
-    QVERIFY(run.readBack[0].worstError > 0.0 && run.readBack[0].worstError < 0.005);
+    QVERIFY(run.readBack[0].worst().difference > 0.0 && run.readBack[0].worst().difference < 0.005);
 }
 
 void GocadTest::lines()
@@ -129,7 +129,7 @@ void GocadTest::gridWithHoles()
     QVERIFY(run.again("gridsAs=points"));
     QCOMPARE(run.files[0].path, path("g.vs"));
     QCOMPARE(run.bytes().count("VRTX "), 5);
-    QCOMPARE(run.readBack[0].count, 5);
+    QCOMPARE(run.readBack[0].positions(), 5);
 }
 
 void GocadTest::names()
@@ -184,7 +184,7 @@ void GocadTest::faultThereAndBack()
         return text.mid(text.indexOf("TFACE")).trimmed();
     };
     QCOMPARE(body(run.bytes()), body(contentOf(fault)));
-    QCOMPARE(run.readBack[0].count, 44);
+    QCOMPARE(run.readBack[0].positions(), 44);
 }
 
 void GocadTest::sampleThereAndBack()
@@ -196,12 +196,12 @@ void GocadTest::sampleThereAndBack()
     }
     SaverRun run("gocad", taken, path("all"));
     QCOMPARE(run.fault(), QString());
-    QCOMPARE(run.readBack[0].count, run.rows());
-    QVERIFY(run.readBack[0].worstError < 1e-4);
+    QCOMPARE(run.readBack[0].positions(), run.rows());
+    QVERIFY(run.readBack[0].worst().difference < 1e-4);
     // A single wrong digit is noticed.
     const QByteArray text = run.bytes();
     const QByteArray tail = text.mid(text.lastIndexOf("VRTX 7 "));
-    QVERIFY(run.damaged(tail, "VRTX 7 9" + tail.mid(8)).worstError > 1.0);
+    QVERIFY(!run.damaged(tail, "VRTX 7 9" + tail.mid(8)).fault().isEmpty());
 }
 
 void GocadTest::failures()

@@ -155,7 +155,7 @@ void OpenTecTest::readerRefuses()
     const ModelObject object = section(QStringLiteral("A"), {segment(QStringLiteral("H"), {0, 5}, {-150, 0})});
     const SaverRun run("opentec", {object}, path("a.otl"));
     QCOMPARE(run.fault(), QString());
-    const QString found = run.damaged(from.toUtf8(), to.toUtf8()).fault;
+    const QString found = run.damaged(from.toUtf8(), to.toUtf8()).fault();
     QVERIFY2(found.contains(message), qPrintable(found));
 }
 
@@ -264,7 +264,7 @@ void OpenTecTest::sectionsOfModelFile()
     const SaverRun run("opentec", sections, path());
     QCOMPARE(run.fault() + run.findings(), QString());
     QCOMPARE(listing(), QStringLiteral("Section A.otl Section B.otl"));
-    QVERIFY(run.readBack.front().worstError <= 0.005);
+    QVERIFY(run.readBack.front().worst().difference <= 0.005);
 }
 
 void OpenTecTest::wrongSections_data()
