@@ -8,6 +8,8 @@
 
 #include <QByteArray>
 
+#include <cmath>
+
 namespace kpFormats
 {
 
@@ -20,6 +22,18 @@ bool saysNothing(const OGRSpatialReference& reference)
     const QString name = QString::fromUtf8(reference.GetName());
     return reference.IsEmpty() || name == QLatin1String("Undefined geographic SRS")
            || name.startsWith(QLatin1String("Undefined Cartesian SRS")) || name == QLatin1String("Nonearth");
+}
+
+QString unitOfMetres(double metres)
+{
+    const auto is = [metres](double known) { return std::abs(metres - known) < 1e-8 * known; };
+    if (is(1.0))
+        return QStringLiteral("m");
+    if (is(0.3048))
+        return QStringLiteral("ft");
+    if (is(1200.0 / 3937.0))
+        return QStringLiteral("ftUS");
+    return is(1000.0) ? QStringLiteral("km") : QString();
 }
 
 } // namespace
@@ -44,6 +58,21 @@ QString wktOf(const QString& text)
     if (text.isEmpty() || reference.SetFromUserInput(text.toUtf8().constData(), limits) != OGRERR_NONE)
         return {};
     return wktOf(&reference);
+}
+
+SystemUnits unitsOf(const QString& wkt)
+{
+    const QuietGdal quiet;
+    OGRSpatialReference reference;
+    SystemUnits units;
+    if (wkt.isEmpty() || reference.SetFromUserInput(wkt.toUtf8().constData()) != OGRERR_NONE)
+        return units;
+    units.degrees = reference.IsGeographic() != 0;
+    if (!units.degrees)
+        units.horizontal = unitOfMetres(reference.GetLinearUnits());
+    if (reference.IsCompound())
+        units.vertical = unitOfMetres(reference.GetTargetLinearUnits("VERT_CS"));
+    return units;
 }
 
 QString crsName(const QString& wkt)

@@ -14,6 +14,10 @@ namespace kpFormats
 
 enum class AttributeKind { Real, Integer, Text, Boolean, Color };
 
+/// What the texts of a column stand for. Dates and times are ISO 8601: "2024-02-29", "13:45:00",
+/// "2024-02-29T13:45:00Z".
+enum class TextMeaning { Plain, Date, Time, DateTime };
+
 /// One value per vertex (or per grid node or cell). Real numbers lie in one shared block; other kinds are variants.
 struct AttributeColumn
 {
@@ -23,6 +27,7 @@ struct AttributeColumn
     kpBase::DoubleMatrixData::Values numbers;  ///< kind Real: one number per vertex
     kpBase::DoubleMatrixData::Missing missing; ///< kind Real: 1 = missing; null when none is
     QVector<QVariant> values;                  ///< other kinds: one value per vertex, null variant = missing
+    TextMeaning meaning = TextMeaning::Plain;  ///< kind Text
 };
 
 /// One value of the whole object.
@@ -31,7 +36,8 @@ struct ObjectAttribute
     QString name;
     AttributeKind kind = AttributeKind::Text;
     QString unit;
-    QVariant value; ///< null = missing
+    QVariant value;                           ///< null = missing
+    TextMeaning meaning = TextMeaning::Plain; ///< kind Text
 };
 
 } // namespace kpFormats

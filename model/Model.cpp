@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "model/Model.h"
 
+#include "model/ObjectCheck.h"
+
+#include <stdexcept>
 #include <utility>
 
 namespace kpFormats
@@ -8,10 +11,19 @@ namespace kpFormats
 
 int Model::add(ModelObject object)
 {
+    const QString fault = faultOf(object);
+    if (!fault.isEmpty())
+        throw std::invalid_argument(QStringLiteral("object %1: %2").arg(object.name, fault).toStdString());
     object.id = static_cast<int>(m_objects.size()) + 1;
     m_index.emplace(object.id, m_objects.size());
     m_objects.push_back(std::move(object));
     return m_objects.back().id;
+}
+
+std::vector<ModelObject> Model::take()
+{
+    m_index.clear();
+    return std::exchange(m_objects, {});
 }
 
 const std::vector<ModelObject>& Model::objects() const

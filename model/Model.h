@@ -16,7 +16,10 @@ class KPFORMATS_EXPORT Model
 public:
     /// Takes the object and gives it the next free id.
     /// \returns the id
+    /// \throws std::invalid_argument when the object is not sound: everything that works on a model relies on it
     int add(ModelObject object);
+    /// Gives its objects away; the model is empty then.
+    std::vector<ModelObject> take();
 
     const std::vector<ModelObject>& objects() const;
     /// The object with that id, or null. Valid until the next add().

@@ -52,7 +52,8 @@ struct CellGrid
     std::vector<AttributeColumn> cellAttributes;
 };
 
-/// One object of the model. Coordinates are elevations (z up) in the model's length unit.
+/// One object of the model. Heights are elevations (z up) in its length unit; x and y are in the unit of its coordinate
+/// system, which is the same length unit unless the system counts in degrees.
 /// Blocks of numbers are shared, never copied, when an object is handed to a writer.
 struct ModelObject
 {
@@ -67,8 +68,8 @@ struct ModelObject
 
     Numbers x; ///< one per vertex; never null in a loaded object
     Numbers y;
-    Numbers z;        ///< 0 where the source is flat; NaN marks a node without value
-    bool hasZ = true; ///< false when the source has no third dimension
+    Numbers z;        ///< 0 where the source is flat; NaN marks a vertex or a node without a height
+    bool hasZ = true; ///< false when no vertex of the source has a height
 
     std::vector<Part> parts;                     ///< empty for plain points
     std::vector<std::array<int, 3>> triangles;   ///< mesh surfaces: vertex indices

@@ -8,7 +8,7 @@ namespace kpFormats
 {
 
 /// What is wrong with the object itself, in words: blocks of different lengths, parts, triangles or cells that point
-/// outside. Empty when it is sound. Every writer relies on what this finds sound.
+/// outside. Empty when it is sound. Model::add() takes nothing else.
 KPFORMATS_EXPORT QString faultOf(const ModelObject& object);
 
 } // namespace kpFormats

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "readers/DeckWords.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace kpFormats
@@ -40,12 +43,38 @@ std::string_view withoutComment(std::string_view line)
 
 } // namespace
 
+DeckWords::DeckWords(const QString& path)
+    : m_path(path)
+{
+    m_levels.push_back({std::make_unique<TextScanner>(path), {}, 0});
+}
+
+void DeckWords::include(const QString& name)
+{
+    constexpr std::size_t mostLevels = 16;
+    const QFileInfo file(QFileInfo(m_path).absoluteDir().filePath(name));
+    const QString cure = QStringLiteral("check the name, relative to the folder of the deck");
+    if (m_levels.size() >= mostLevels)
+        scanner().fail(QStringLiteral("files include each other more than %1 levels deep").arg(mostLevels), cure);
+    // A pipe or a terminal would wait for ever.
+    if (!file.isFile())
+        scanner().fail(QStringLiteral("the file \"%1\" to include is not there").arg(name), cure);
+    m_levels.push_back({std::make_unique<TextScanner>(file.filePath()), {}, 0});
+}
+
+void DeckWords::skipLine()
+{
+    if (nextLine())
+        m_levels.back().position = m_levels.back().line.size();
+}
+
 bool DeckWords::nextLine()
 {
-    if (!m_scanner.nextLine())
+    Level& level = m_levels.back();
+    if (!level.scanner->nextLine())
         return false;
-    m_line = withoutComment(m_scanner.line());
-    m_position = 0;
+    level.line = withoutComment(level.scanner->line());
+    level.position = 0;
     return true;
 }
 
@@ -57,28 +86,34 @@ bool DeckWords::next(std::string_view& word)
         return true;
     }
     constexpr std::string_view blanks = " \t\r\f\v";
-    std::size_t first = m_line.find_first_not_of(blanks, m_position);
+    std::size_t first = m_levels.back().line.find_first_not_of(blanks, m_levels.back().position);
     while (first == std::string_view::npos) {
-        if (!nextLine())
-            return false;
-        first = m_line.find_first_not_of(blanks);
+        if (!nextLine()) {
+            if (m_levels.size() == 1)
+                return false;
+            m_levels.pop_back();
+            first = m_levels.back().line.find_first_not_of(blanks, m_levels.back().position);
+            continue;
+        }
+        first = m_levels.back().line.find_first_not_of(blanks);
     }
+    const std::string_view line = m_levels.back().line;
     std::size_t end = first + 1;
-    const char begin = m_line[first];
+    const char begin = line[first];
     if (begin == '/') {
-        m_position = m_line.size();
+        m_levels.back().position = line.size();
     } else {
         if (begin == '\'' || begin == '"') {
-            end = m_line.find(begin, end);
+            end = line.find(begin, end);
             if (end == std::string_view::npos)
-                m_scanner.fail(QStringLiteral("a text in quotes does not end"), QStringLiteral("close the quotes"));
+                scanner().fail(QStringLiteral("a text in quotes does not end"), QStringLiteral("close the quotes"));
             ++end;
         } else {
-            end = std::min(m_line.find_first_of(" \t\r\f\v/", end), m_line.size());
+            end = std::min(line.find_first_of(" \t\r\f\v/", end), line.size());
         }
-        m_position = end;
+        m_levels.back().position = end;
     }
-    m_word = m_line.substr(first, end - first);
+    m_word = line.substr(first, end - first);
     m_isKeyword = first == 0 && looksLikeKeyword(m_word);
     word = m_word;
     return true;

@@ -4,6 +4,9 @@
 #include "model/kpFormatsExport.h"
 #include "readers/TextScanner.h"
 
+#include <memory>
+#include <vector>
+
 namespace kpFormats
 {
 
@@ -12,10 +15,7 @@ namespace kpFormats
 class KPFORMATS_EXPORT DeckWords
 {
 public:
-    explicit DeckWords(const QString& path)
-        : m_scanner(path)
-    {
-    }
+    explicit DeckWords(const QString& path);
 
     /// The next word, "/" as one of its own, a text with its quotes. Valid until the next call.
     /// \returns false at the end of the file
@@ -24,16 +24,27 @@ public:
     void putBack() { m_again = true; }
     /// True when the latest word stands in the first column and looks like a keyword.
     bool isKeyword() const { return m_isKeyword; }
-    TextScanner& scanner() { return m_scanner; }
-    const TextScanner& scanner() const { return m_scanner; }
+    /// Passes over what is left of the line and over the next one.
+    void skipLine();
+    /// Goes on in another file, relative to the deck's folder, and comes back at its end. \throws LoadError
+    void include(const QString& name);
+    TextScanner& scanner() { return *m_levels.back().scanner; }
+    const TextScanner& scanner() const { return *m_levels.back().scanner; }
 
 private:
+    /// A file that is being read, the deck first.
+    struct Level
+    {
+        std::unique_ptr<TextScanner> scanner;
+        std::string_view line;
+        std::size_t position = 0;
+    };
+
     bool nextLine();
 
-    TextScanner m_scanner;
-    std::string_view m_line;
+    QString m_path;
+    std::vector<Level> m_levels;
     std::string_view m_word;
-    std::size_t m_position = 0;
     bool m_isKeyword = false;
     bool m_again = false;
 };

@@ -90,8 +90,11 @@ private:
         while (m_scanner.nextLine()) {
             if (!m_scanner.nextWord(word) || word.front() == '#')
                 continue;
-            if (word == "END")
+            if (word == "END") {
+                checkLine();
+                nameNumbers();
                 return;
+            }
             readLine(word);
         }
         m_scanner.failAtEnd(QStringLiteral("the object %1 has no END").arg(m_objects.back().name));
@@ -105,11 +108,13 @@ private:
         else if (keyword == "ATOM" || keyword == "PATOM")
             readAtom(object);
         else if (keyword == "TRGL")
-            object.triangles.push_back(readCorners<3>());
+            object.triangles.push_back(readCorners<3>("TSurf"));
         else if (keyword == "SEG")
-            object.segments.push_back(readCorners<2>());
+            object.segments.push_back(readCorners<2>("PLine"));
         else if (keyword == "ILINE")
             object.lineStarts.push_back(static_cast<int>(object.x.size()));
+        else if (keyword == "BSTONE" || keyword == "BORDER")
+            ++object.borders;
         else if (keyword == "HEADER" || keyword == "HEADER{")
             readHeader(object);
         else if (keyword == "PROPERTY_CLASS_HEADER")
@@ -125,16 +130,24 @@ private:
                 m_scanner.fail(QStringLiteral("PROPERTIES stands behind vertices"),
                                QStringLiteral("put it before the first vertex"));
             object.properties = wordsOf(m_scanner.rest());
-            object.values.resize(static_cast<std::size_t>(object.properties.size()));
+            object.values.assign(static_cast<std::size_t>(object.properties.size()), {});
             m_sizes.assign(static_cast<std::size_t>(object.properties.size()), 1);
         } else if (keyword == "ESIZES") {
             std::string_view word;
-            for (std::size_t property = 0; property < m_sizes.size() && m_scanner.nextWord(word); ++property)
-                m_sizes[property] = sizeOf(word);
+            if (!object.x.empty())
+                m_scanner.fail(QStringLiteral("ESIZES stands behind vertices"),
+                               QStringLiteral("put it before the first vertex"));
+            std::size_t numbers = 0;
+            for (std::size_t property = 0; property < m_sizes.size(); ++property) {
+                if (m_scanner.nextWord(word))
+                    m_sizes[property] = sizeOf(word);
+                numbers += static_cast<std::size_t>(m_sizes[property]);
+            }
+            object.values.assign(numbers, {});
         } else if (keyword == "NO_DATA_VALUES") {
             std::string_view word;
             object.noDataValues.clear();
-            while (object.noDataValues.size() < object.values.size() && m_scanner.nextWord(word))
+            while (object.noDataValues.size() < m_sizes.size() && m_scanner.nextWord(word))
                 object.noDataValues.push_back(m_scanner.number(word));
         } else if (keyword == "UNITS") {
             object.units = wordsOf(m_scanner.rest());
@@ -148,7 +161,8 @@ private:
     qint64 sizeOf(std::string_view word) const
     {
         const qint64 size = m_scanner.integer(word);
-        if (size < 1)
+        constexpr qint64 mostNumbers = 1000;
+        if (size < 1 || size > mostNumbers)
             m_scanner.fail(QStringLiteral("a property has %1 numbers").arg(size), QStringLiteral("correct ESIZES"));
         return size;
     }
@@ -211,17 +225,9 @@ private:
         m_indices[newVertex(object)] = static_cast<int>(object.x.size());
         for (std::vector<double>* axis : {&object.x, &object.y, &object.z})
             axis->push_back(m_scanner.number(need("a coordinate")));
-        for (std::size_t property = 0; property < object.values.size(); ++property) {
-            if (!withProperties) {
-                object.values[property].push_back(std::numeric_limits<double>::quiet_NaN());
-                continue;
-            }
-            for (qint64 element = 0; element < m_sizes[property]; ++element) {
-                const double value = m_scanner.number(need("a property's value"));
-                if (element == 0)
-                    object.values[property].push_back(value);
-            }
-        }
+        for (std::vector<double>& numbers : object.values)
+            numbers.push_back(withProperties ? m_scanner.number(need("a property's value"))
+                                             : std::numeric_limits<double>::quiet_NaN());
     }
 
     void readAtom(GocadObject& object)
@@ -246,9 +252,45 @@ private:
         return found->second;
     }
 
-    template <std::size_t count>
-    std::array<int, count> readCorners()
+    /// A line's vertices that belong to no run would be lost, and with them what points at them.
+    void checkLine() const
     {
+        const GocadObject& object = m_objects.back();
+        if (object.type == QLatin1String("PLine") && !object.x.empty() && object.lineStarts.empty()
+            && object.segments.empty())
+            m_scanner.fail(QStringLiteral("the line %1 has vertices but neither ILINE nor SEG").arg(object.name),
+                           QStringLiteral("put ILINE before its first vertex"));
+    }
+
+    /// Gives each number of a property its own name, unit and value of "no data".
+    void nameNumbers()
+    {
+        GocadObject& object = m_objects.back();
+        QStringList names;
+        QStringList units;
+        std::vector<double> noData;
+        for (std::size_t property = 0; property < m_sizes.size(); ++property) {
+            for (qint64 number = 1; number <= m_sizes[property]; ++number) {
+                const QString name = object.properties[static_cast<int>(property)];
+                names.append(m_sizes[property] == 1 ? name : QStringLiteral("%1_%2").arg(name).arg(number));
+                units.append(object.units.value(static_cast<int>(property)));
+                if (property < object.noDataValues.size())
+                    noData.push_back(object.noDataValues[property]);
+            }
+        }
+        object.properties = names;
+        if (!object.units.isEmpty())
+            object.units = units;
+        object.noDataValues = noData;
+    }
+
+    /// Vertices of what only an object of type \a owner has.
+    template <std::size_t count>
+    std::array<int, count> readCorners(const char* owner)
+    {
+        if (m_objects.back().type != QLatin1String(owner))
+            m_scanner.fail(QStringLiteral("a %1 has no such line").arg(m_objects.back().type),
+                           QStringLiteral("remove the line, or begin the object as %1").arg(QLatin1String(owner)));
         std::array<int, count> corners{};
         for (int& corner : corners)
             corner = indexOf(m_scanner.integer(need("a vertex number")));

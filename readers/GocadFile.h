@@ -24,16 +24,17 @@ struct GocadObject
     std::vector<double> y;
     std::vector<double> z; ///< as written, whichever way is up
     QStringList properties;
-    QStringList units;                       ///< one per property
-    std::vector<double> noDataValues;        ///< one per property
-    std::vector<std::vector<double>> values; ///< one column per property
-    std::vector<int> lineStarts;             ///< index of the first vertex of each ILINE
+    QStringList units;                ///< one per property
+    std::vector<double> noDataValues; ///< one per property
+    std::vector<std::vector<double>>
+        values;                  ///< one column per property; "name_1", "name_2" where it has several numbers
+    std::vector<int> lineStarts; ///< index of the first vertex of each ILINE
     std::vector<std::array<int, 2>> segments;
     std::vector<std::array<int, 3>> triangles;
+    int borders = 0; ///< border stones and border lines, which are passed over
 };
 
-/// Reads the vertex sets, lines and triangulated surfaces of a GOCAD ASCII file. Properties of one number each are
-/// kept, others passed over. ATOM shares another vertex's position.
+/// Reads the vertex sets, lines and triangulated surfaces of a GOCAD ASCII file. ATOM shares another vertex's position.
 /// The format: http://www.t-surf.com/products/developmentkit_ascii.html and
 /// http://paulbourke.net/dataformats/gocad/gocad.pdf
 /// \a others receives the types of objects that were passed over. \throws LoadError naming the line

@@ -108,7 +108,9 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
     if (objects.empty())
         throw LoadError(path, QStringLiteral("there is no vertex set, line or surface in it"),
                         QStringLiteral("check the file"));
+    int borders = 0;
     for (GocadObject& source : objects) {
+        borders += source.borders;
         const bool line = source.type == QLatin1String("PLine");
         const ObjectType type =
             line ? ObjectType::Polylines
@@ -116,9 +118,9 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
         QString name = options.name.isEmpty() ? source.name : options.name;
         if (name.isEmpty())
             name = QFileInfo(path).completeBaseName();
-        ModelObject object = newObject(model, path, options, type, name, QFileInfo(path).completeBaseName());
+        ModelObject object = newObject(path, options, type, name, QFileInfo(path).completeBaseName());
         const QColor color = colorOf(source.color);
-        if (options.color.isEmpty() && color.isValid())
+        if (options.color.isEmpty())
             object.color = color;
         if (source.zIsDepth)
             std::transform(source.z.begin(), source.z.end(), source.z.begin(), [](double depth) { return -depth; });
@@ -140,10 +142,16 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
         model.add(std::move(object));
     }
     LoadNotes notes;
+    if (borders > 0)
+        notes.append(QStringLiteral("%1: %2 marks of borders (BSTONE, BORDER) were left out; borders are those of the "
+                                    "triangles")
+                         .arg(path)
+                         .arg(borders));
     if (!others.isEmpty()) {
+        const int count = others.size();
         others.removeDuplicates();
-        notes.append(QStringLiteral("%1: objects of other types were left out: %2")
-                         .arg(path, others.join(QStringLiteral(", "))));
+        notes.append(QStringLiteral("%1: %2 objects of other types were left out: %3")
+                         .arg(path, QString::number(count), others.join(QStringLiteral(", "))));
     }
     return notes;
 }

@@ -59,9 +59,12 @@ private:
     std::vector<double> readNumbers(const QString& keyword, qint64 count);
     void readActive();
     void readOther(const QString& keyword);
+    void readInclude();
+    void readOrientation();
     void skipRecord();
     void needDimensions(const QString& keyword) const;
     void moveToMap();
+    void turnDown();
     void addVertices(ModelObject& object) const;
 
     DeckWords m_words;
@@ -70,7 +73,10 @@ private:
     std::vector<double> m_mapAxes;
     QString m_mapUnit;
     QString m_gridUnit;
-    bool m_onMap = false; ///< GRIDUNIT says that positions are on the map already
+    QString m_deckUnit;
+    bool m_upwards = false;    ///< GDORIENT says that z is elevation
+    bool m_decreasing = false; ///< ... that an axis runs backwards
+    bool m_onMap = false;      ///< GRIDUNIT says that positions are on the map already
     QStringList m_passedOver;
 };
 
@@ -78,6 +84,9 @@ void GrdeclFile::read()
 {
     std::string_view word;
     while (m_words.next(word)) {
+        // What follows the grid and its properties in a deck says nothing of them.
+        if (m_words.isKeyword() && (word == "SUMMARY" || word == "SCHEDULE"))
+            break;
         // What is no keyword is left of a keyword that was passed over.
         if (m_words.isKeyword())
             readKeyword(QString::fromLatin1(word.data(), static_cast<int>(word.size())));
@@ -206,14 +215,46 @@ void GrdeclFile::skipRecord()
     }
 }
 
+void GrdeclFile::readInclude()
+{
+    std::string_view word;
+    if (!m_words.next(word) || word == "/")
+        at().fail(QStringLiteral("INCLUDE names no file"), QStringLiteral("write INCLUDE, then 'FILE' /"));
+    while (word.size() > 1 && (word.front() == '\'' || word.front() == '"')) {
+        word.remove_prefix(1);
+        word.remove_suffix(1);
+    }
+    const QString name = QString::fromUtf8(word.data(), static_cast<int>(word.size()));
+    skipRecord();
+    m_words.include(name);
+}
+
+void GrdeclFile::readOrientation()
+{
+    std::string_view word;
+    while (m_words.next(word) && word != "/") {
+        m_upwards = m_upwards || word == "UP";
+        m_decreasing = m_decreasing || word == "DEC";
+    }
+}
+
 void GrdeclFile::readOther(const QString& keyword)
 {
-    // These have words that look like keywords.
-    static const QStringList wordy{QStringLiteral("GDORIENT"), QStringLiteral("INCLUDE"), QStringLiteral("TITLE")};
-    if (wordy.contains(keyword)) {
-        skipRecord();
-        if (keyword == QLatin1String("INCLUDE"))
-            m_passedOver.append(keyword);
+    if (keyword == QLatin1String("TITLE")) {
+        m_words.skipLine();
+        return;
+    }
+    if (keyword == QLatin1String("INCLUDE")) {
+        readInclude();
+        return;
+    }
+    if (keyword == QLatin1String("GDORIENT")) {
+        readOrientation();
+        return;
+    }
+    // The unit of a whole deck.
+    if (keyword == QLatin1String("METRIC") || keyword == QLatin1String("FIELD")) {
+        m_deckUnit = keyword == QLatin1String("METRIC") ? QStringLiteral("m") : QStringLiteral("ft");
         return;
     }
     const qint64 most = cells();
@@ -255,6 +296,14 @@ void GrdeclFile::moveToMap()
         m_grid.coord[index] = originX + x * xAxis[0] + y * yAxis[0];
         m_grid.coord[index + 1] = originY + x * xAxis[1] + y * yAxis[1];
     }
+}
+
+void GrdeclFile::turnDown()
+{
+    for (std::size_t index = 2; index < m_grid.coord.size(); index += 3)
+        m_grid.coord[index] = -m_grid.coord[index];
+    for (double& depth : m_grid.zcorn)
+        depth = -depth;
 }
 
 /// Where the pillar has that depth.
@@ -299,8 +348,12 @@ void GrdeclFile::addVertices(ModelObject& object) const
 
 void GrdeclFile::addTo(Model& model, const LoadOptions& options)
 {
+    if (m_gridUnit.isEmpty())
+        m_gridUnit = m_deckUnit;
     moveToMap();
-    ModelObject object = newObject(model, m_path, options, ObjectType::GeoCellularVolumes,
+    if (m_upwards)
+        turnDown();
+    ModelObject object = newObject(m_path, options, ObjectType::GeoCellularVolumes,
                                    options.name.isEmpty() ? QFileInfo(m_path).completeBaseName() : options.name,
                                    QStringLiteral("Cell grids"));
     if (!m_gridUnit.isEmpty())
@@ -312,15 +365,24 @@ void GrdeclFile::addTo(Model& model, const LoadOptions& options)
 
 LoadNotes GrdeclFile::notes() const
 {
+    LoadNotes notes;
+    if (m_upwards)
+        notes.append(QStringLiteral("%1: its z counts upwards, as GDORIENT says").arg(m_path));
+    if (m_decreasing)
+        notes.append(
+            QStringLiteral("%1: GDORIENT says that an axis of the grid runs backwards; cells keep their order and "
+                           "places")
+                .arg(m_path));
     QStringList names = m_passedOver;
     names.removeDuplicates();
     if (names.isEmpty())
-        return {};
+        return notes;
     constexpr int mostNames = 12;
     const QString more =
         names.size() > mostNames ? QStringLiteral(" and %1 more").arg(names.size() - mostNames) : QString();
-    return {QStringLiteral("%1: keywords that are no property of the cells were passed over: %2%3")
-                .arg(m_path, names.mid(0, mostNames).join(QStringLiteral(", ")), more)};
+    notes.append(QStringLiteral("%1: keywords that are no property of the cells were passed over: %2%3")
+                     .arg(m_path, names.mid(0, mostNames).join(QStringLiteral(", ")), more));
+    return notes;
 }
 
 } // namespace

@@ -8,12 +8,10 @@
 namespace kpFormats
 {
 
-/// Reads the first band of a raster as a grid surface. Nodes lie at the centres of the pixels, row 0 in the south; a
-/// pixel without data becomes a node whose z is NaN.
+/// Reads a band of a raster as a grid surface, the others as attributes of its nodes, with the scale and offset that the
+/// file gives them. Nodes lie at the centres of the pixels, row 0 in the south; a pixel without data becomes a node whose
+/// z is NaN. LoadOptions::layer names one data set of a file that holds several.
 /// \throws LoadError
 KPFORMATS_EXPORT LoadNotes readGrid(Model& model, const QString& path, const LoadOptions& options);
-
-/// True for a file that begins as a ZMap+ grid does, whatever its extension.
-KPFORMATS_EXPORT bool isZMapGrid(const QString& path);
 
 } // namespace kpFormats

@@ -2,7 +2,7 @@
 #include "readers/MeshBuilder.h"
 
 #include "geo/CoordinateSystems.h"
-#include "readers/VectorReader.h"
+#include "readers/PolygonTriangles.h"
 
 #include <limits>
 
@@ -22,21 +22,22 @@ void MeshBuilder::readVertex(TextScanner& scanner)
     }
 }
 
-void MeshBuilder::addPolygon(const std::vector<int>& corners)
+void MeshBuilder::addPolygon(const std::vector<int>& corners, const TextScanner& scanner)
 {
-    for (std::size_t corner = 2; corner < corners.size(); ++corner)
-        triangles.push_back({corners[0], corners[corner - 1], corners[corner]});
+    if (corners.size() > 2 && !appendTriangles(corners, x, y, z, triangles))
+        scanner.fail(QStringLiteral("a face of %1 corners is not convex").arg(corners.size()),
+                     QStringLiteral("split it into triangles at its source"));
 }
 
-ModelObject newObject(const Model& model, const QString& path, const LoadOptions& options, ObjectType type,
-                      const QString& name, const QString& set)
+ModelObject newObject(const QString& path, const LoadOptions& options, ObjectType type, const QString& name,
+                      const QString& set)
 {
     ModelObject object;
     object.type = options.type.value_or(type);
     object.name = name;
     object.set = options.set.isEmpty() ? set : options.set;
-    object.color =
-        options.color.isEmpty() ? paletteColor(static_cast<int>(model.objects().size())) : QColor(options.color);
+    // Without a colour of its own it gets one of the palette, by its place in the whole model, from the loader.
+    object.color = QColor(options.color);
     object.crs = options.crs.isEmpty() ? QString() : wktOf(options.crs);
     object.lengthUnit = options.lengthUnit;
     object.source = path;

@@ -23,13 +23,13 @@ struct KPFORMATS_EXPORT MeshBuilder
     int vertexCount() const { return static_cast<int>(x.size()); }
     /// The next three words of the line as a vertex. \throws LoadError
     void readVertex(TextScanner& scanner);
-    /// A polygon as a fan of triangles.
-    void addPolygon(const std::vector<int>& corners);
+    /// A polygon as triangles that cover it once. \throws LoadError naming the scanner's line
+    void addPolygon(const std::vector<int>& corners, const TextScanner& scanner);
 };
 
 /// An object as the options ask for, without its geometry.
-KPFORMATS_EXPORT ModelObject newObject(const Model& model, const QString& path, const LoadOptions& options,
-                                       ObjectType type, const QString& name, const QString& set);
+KPFORMATS_EXPORT ModelObject newObject(const QString& path, const LoadOptions& options, ObjectType type,
+                                       const QString& name, const QString& set);
 /// Moves the coordinates into the object.
 KPFORMATS_EXPORT void setCoordinates(ModelObject& object, std::vector<double> x, std::vector<double> y,
                                      std::vector<double> z);

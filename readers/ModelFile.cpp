@@ -5,6 +5,7 @@
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 #include "readers/SectionReader.h"
+#include "readers/TableColumn.h"
 
 #include <QColor>
 #include <QDir>
@@ -40,6 +41,8 @@ constexpr TextKey textKeys[] = {
     {"y", &LoadOptions::y},
     {"z", &LoadOptions::z},
     {"survey", &LoadOptions::survey},
+    {"dip", &LoadOptions::dip},
+    {"encoding", &LoadOptions::encoding},
 };
 
 class Entry
@@ -67,6 +70,8 @@ public:
             read(member.key(), member.value(), options);
         if (!options.survey.isEmpty())
             options.survey = absolute(options.survey);
+        for (QString& log : options.logs)
+            log = absolute(log);
         return options;
     }
 
@@ -85,16 +90,46 @@ private:
         return path;
     }
 
+    /// The keys whose values are no texts. \returns whether it is one of them
+    bool readOther(const QString& key, const QJsonValue& value, LoadOptions& options) const
+    {
+        if (key == QLatin1String("maxDepth")) {
+            if (!value.isDouble())
+                fail(QStringLiteral("\"maxDepth\" is not a number"), QStringLiteral("give a depth"));
+            options.maxDepth = value.toDouble();
+        } else if (key == QLatin1String("band")) {
+            options.band = value.toInt(0);
+            if (options.band < 1)
+                fail(QStringLiteral("\"band\" is not the number of a band"), QStringLiteral("write 1, 2, ..."));
+        } else if (key == QLatin1String("logs")) {
+            const QJsonArray files = value.isString() ? QJsonArray{value} : value.toArray();
+            for (const QJsonValue& file : files)
+                options.logs.append(file.toString());
+            if (options.logs.isEmpty() || options.logs.contains(QString()))
+                fail(QStringLiteral("\"logs\" does not name files"), QStringLiteral("write [\"assay.csv\", ...]"));
+        } else if (key == QLatin1String("columnTypes")) {
+            const QJsonObject types = value.toObject();
+            for (auto type = types.begin(); type != types.end(); ++type) {
+                if (!columnTypeNames().contains(type.value().toString()))
+                    fail(QStringLiteral("\"columnTypes\" gives %1 a type that is not known").arg(type.key()),
+                         QStringLiteral("types: %1").arg(columnTypeNames().join(QStringLiteral(", "))));
+                options.columnTypes.insert(type.key(), type.value().toString());
+            }
+            if (types.isEmpty())
+                fail(QStringLiteral("\"columnTypes\" does not name columns"),
+                     QStringLiteral("write {\"COLUMN\": \"text\", ...}"));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
     void read(const QString& key, const QJsonValue& value, LoadOptions& options) const
     {
         if (key == QLatin1String("file"))
             return;
-        if (key == QLatin1String("maxDepth")) {
-            if (!value.isDouble())
-                fail(QStringLiteral("\"maxDepth\" is no number"), QStringLiteral("give a depth"));
-            options.maxDepth = value.toDouble();
+        if (readOther(key, value, options))
             return;
-        }
         if (!value.isString())
             fail(QStringLiteral("\"%1\" is no text").arg(key), QStringLiteral("put its value in quotes"));
         const QString text = value.toString();
@@ -104,6 +139,9 @@ private:
                 fail(QStringLiteral("\"%1\" is no type").arg(text), QStringLiteral("types: %1").arg(knownTypes()));
             return;
         }
+        if (key == QLatin1String("dip") && text != QLatin1String("down") && text != QLatin1String("up"))
+            fail(QStringLiteral("\"%1\" is not a way for dips to count").arg(text),
+                 QStringLiteral("write \"down\" or \"up\""));
         if (key == QLatin1String("color") && !QColor(text).isValid())
             fail(QStringLiteral("\"%1\" is no colour").arg(text), QStringLiteral("write it as #rrggbb"));
         static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
@@ -117,7 +155,8 @@ private:
                 return;
             }
         }
-        QStringList keys{QStringLiteral("file"), QStringLiteral("type"), QStringLiteral("maxDepth")};
+        QStringList keys{QStringLiteral("file"), QStringLiteral("type"), QStringLiteral("maxDepth"),
+                         QStringLiteral("band"), QStringLiteral("logs"), QStringLiteral("columnTypes")};
         for (const TextKey& known : textKeys)
             keys.append(QString::fromLatin1(known.key));
         fail(QStringLiteral("\"%1\" is not known").arg(key),

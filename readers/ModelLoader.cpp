@@ -2,47 +2,97 @@
 #include "readers/ModelLoader.h"
 
 #include "geo/CoordinateSystems.h"
+#include "geo/GdalSession.h"
+#include "readers/FileKind.h"
 #include "readers/GocadReader.h"
 #include "readers/GrdeclReader.h"
 #include "readers/GridReader.h"
 #include "readers/LoadError.h"
 #include "readers/ModelFile.h"
 #include "readers/ObjReader.h"
+#include "readers/ObjectUnits.h"
 #include "readers/OffReader.h"
+#include "readers/OpenDataset.h"
+#include "readers/TableReader.h"
 #include "readers/VectorReader.h"
 #include "readers/WellReader.h"
+#include "readers/ZMapReader.h"
 
-#include <QFileInfo>
+#include <new>
+#include <stdexcept>
 
 namespace kpFormats
 {
 
+namespace
+{
+
+bool isRaster(const QString& path)
+{
+    const QuietGdal quiet;
+    const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER | GDAL_OF_VECTOR);
+    return dataset->GetRasterCount() > 0 || (dataset->GetLayerCount() == 0 && dataset->GetMetadata("SUBDATASETS"));
+}
+
+LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
+{
+    if (!options.survey.isEmpty() || !options.logs.isEmpty())
+        return readWells(model, path, options);
+    switch (fileKindOf(path)) {
+    case FileKind::Grid:
+        return readGrid(model, path, options);
+    case FileKind::ZMap:
+        return readZMap(model, path, options);
+    case FileKind::Off:
+        return readOff(model, path, options);
+    case FileKind::Obj:
+        return readObj(model, path, options);
+    case FileKind::Grdecl:
+        return readGrdecl(model, path, options);
+    case FileKind::Gocad:
+        return readGocad(model, path, options);
+    case FileKind::Table:
+        return readTable(model, path, options);
+    case FileKind::Other:
+        break;
+    }
+    try {
+        return isRaster(path) ? readGrid(model, path, options) : readVectors(model, path, options);
+    } catch (const LoadError&) {
+        // Points of text go by any name.
+        if (!isPointTable(path, options))
+            throw;
+    }
+    return readTable(model, path, options);
+}
+
+} // namespace
+
 LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options)
 {
-    static const QStringList rasters{QStringLiteral("tif"),  QStringLiteral("tiff"), QStringLiteral("asc"),
-                                     QStringLiteral("grd"),  QStringLiteral("img"),  QStringLiteral("vrt"),
-                                     QStringLiteral("zmap"), QStringLiteral("dem")};
-    static const QStringList gocad{QStringLiteral("ts"), QStringLiteral("pl"), QStringLiteral("vs"),
-                                   QStringLiteral("gp"), QStringLiteral("gocad")};
     if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
-        throw LoadError(path, QStringLiteral("\"%1\" is no coordinate system that is known").arg(options.crs),
+        throw LoadError(path, QStringLiteral("\"%1\" is not a coordinate system that is known").arg(options.crs),
                         QStringLiteral("give one like EPSG:28350"));
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == QLatin1String("kpmodel"))
+    if (path.endsWith(QLatin1String(".kpmodel"), Qt::CaseInsensitive))
         return readModelFile(model, path);
-    if (!options.survey.isEmpty())
-        return readWells(model, path, options);
-    if (rasters.contains(suffix) || (suffix == QLatin1String("dat") && isZMapGrid(path)))
-        return readGrid(model, path, options);
-    if (suffix == QLatin1String("off"))
-        return readOff(model, path, options);
-    if (suffix == QLatin1String("obj"))
-        return readObj(model, path, options);
-    if (suffix == QLatin1String("grdecl"))
-        return readGrdecl(model, path, options);
-    if (gocad.contains(suffix))
-        return readGocad(model, path, options);
-    return readVectors(model, path, options);
+    try {
+        // Nothing of a file that fails comes into the model.
+        Model loaded;
+        LoadNotes notes = readAny(loaded, path, options);
+        ObjectUnits units;
+        for (ModelObject& object : loaded.take()) {
+            units.settle(object);
+            if (!object.color.isValid())
+                object.color = paletteColor(static_cast<int>(model.objects().size()));
+            model.add(std::move(object));
+        }
+        return notes + units.notes();
+    } catch (const std::bad_alloc&) {
+        throw LoadError(path, QStringLiteral("it does not fit into memory"),
+                        QStringLiteral("split it, or close other programs"));
+    } catch (const std::invalid_argument& fault) {
+        throw LoadError(path, QString::fromUtf8(fault.what()), QStringLiteral("repair it at its source"));
+    }
 }
 
 } // namespace kpFormats

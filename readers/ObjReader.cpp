@@ -79,7 +79,7 @@ LoadNotes readObj(Model& model, const QString& path, const LoadOptions& options)
                 corners.push_back(vertexOf(scanner, word, mesh.vertexCount()));
             if (corners.size() < 3)
                 scanner.fail(QStringLiteral("a face needs three corners or more"), QStringLiteral("correct the line"));
-            mesh.addPolygon(corners);
+            mesh.addPolygon(corners, scanner);
             auto& triangles = groups.back().triangles;
             triangles.insert(triangles.end(), mesh.triangles.begin(), mesh.triangles.end());
             mesh.triangles.clear();
@@ -101,7 +101,7 @@ LoadNotes readObj(Model& model, const QString& path, const LoadOptions& options)
         any = true;
         const QString name = group.name.isEmpty() ? QFileInfo(path).completeBaseName() : group.name;
         addGroup(model,
-                 newObject(model, path, options, ObjectType::MeshSurfaces, options.name.isEmpty() ? name : options.name,
+                 newObject(path, options, ObjectType::MeshSurfaces, options.name.isEmpty() ? name : options.name,
                            QStringLiteral("Meshes")),
                  group, mesh, numbers);
     }

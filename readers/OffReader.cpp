@@ -106,7 +106,7 @@ LoadNotes readOff(Model& model, const QString& path, const LoadOptions& options)
             scanner.failAtEnd(QStringLiteral("it has %1 of %2 faces").arg(face).arg(counts.faces));
         readFace(scanner, mesh, corners);
         thin += corners.size() < 3 ? 1 : 0;
-        mesh.addPolygon(corners);
+        mesh.addPolygon(corners, scanner);
     }
     LoadNotes notes;
     if (thin > 0)
@@ -117,7 +117,7 @@ LoadNotes readOff(Model& model, const QString& path, const LoadOptions& options)
                          .arg(scanner.lineNumber()));
 
     ModelObject object =
-        newObject(model, path, options, ObjectType::MeshSurfaces,
+        newObject(path, options, ObjectType::MeshSurfaces,
                   options.name.isEmpty() ? QFileInfo(path).completeBaseName() : options.name, QStringLiteral("Meshes"));
     setCoordinates(object, std::move(mesh.x), std::move(mesh.y), std::move(mesh.z));
     object.triangles = std::move(mesh.triangles);

@@ -31,18 +31,23 @@ void requireOnDisk(const QString& path)
 GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char* const* options)
 {
     const QFileInfo info(path);
-    if (!info.exists())
-        throw LoadError(path, QStringLiteral("there is no such file"), QStringLiteral("check the path"));
-    if (info.isDir())
-        throw LoadError(path, QStringLiteral("this is a directory"), QStringLiteral("name a file in it"));
-    if (!info.isReadable())
-        throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check its permissions"));
-    if (info.size() == 0)
-        throw LoadError(path, QStringLiteral("the file is empty"), QStringLiteral("export it again from its source"));
+    // GDAL's own file systems have other ways than the machine's.
+    if (!path.startsWith(QLatin1String("/vsi"))) {
+        if (!info.exists())
+            throw LoadError(path, QStringLiteral("there is no such file"), QStringLiteral("check the path"));
+        if (!info.isReadable())
+            throw LoadError(path, QStringLiteral("the file cannot be read"), QStringLiteral("check its permissions"));
+        if (info.isFile() && info.size() == 0)
+            throw LoadError(path, QStringLiteral("the file is empty"),
+                            QStringLiteral("export it again from its source"));
+    }
     requireOnDisk(path);
     registerGdalDrivers();
     GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8().constData(),
                                                    flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, options));
+    if (!dataset && info.isDir())
+        throw LoadError(path, QStringLiteral("this is a directory that GDAL does not know as a data set"),
+                        QStringLiteral("name a file in it"));
     if (!dataset) {
         throw LoadError(path, QStringLiteral("the file could not be opened: %1").arg(QuietGdal::lastMessage()),
                         QStringLiteral("give a file in a format that GDAL reads"));

@@ -2,7 +2,9 @@
 // Meshes, GOCAD objects and cell grids read into the model: the forms that the formats allow, and files that lie.
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
+#include "tests/support/FileContent.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -30,6 +32,9 @@ private Q_SLOTS:
     void gocad();
     void grdecl();
     void grdeclOnTheMap();
+    void deck();
+    void concaveFaces_data();
+    void concaveFaces();
     void hostile_data();
     void hostile();
 
@@ -125,11 +130,16 @@ void ModelReadersTest::gocad()
     QCOMPARE(surface.triangles[1], (std::array<int, 3>{1, 3, 2}));
     QCOMPARE(surface.vertexAttributes[0].name, QStringLiteral("Cu ppm"));
     QCOMPARE(int((*surface.vertexAttributes[0].missing)[1]), 1);
+    QCOMPARE(surface.vertexAttributes[1].name, QStringLiteral("vec_1"));
     QCOMPARE(surface.vertexAttributes[1].numbers->at(3), 0.0);
+    QCOMPARE(surface.vertexAttributes[2].name, QStringLiteral("vec_2"));
+    QCOMPARE(surface.vertexAttributes[2].unit, QStringLiteral("m"));
+    QCOMPARE(*surface.vertexAttributes[2].numbers, (std::vector<double>{1, 3, 5, 1}));
     QCOMPARE(model.objects()[1].parts.size(), std::size_t(2));
     QCOMPARE(model.objects()[1].parts[1].count, 3);
-    QCOMPARE(notes.size(), 1);
-    QVERIFY(notes.front().contains(QStringLiteral("Voxet")));
+    QCOMPARE(notes.size(), 2);
+    QVERIFY(notes[0].contains(QStringLiteral("2 marks of borders")));
+    QVERIFY(notes[1].contains(QStringLiteral("1 objects of other types were left out: Voxet")));
 }
 
 void ModelReadersTest::grdecl()
@@ -169,6 +179,61 @@ void ModelReadersTest::grdeclOnTheMap()
     const Model there = load(QStringLiteral("t.grdecl"), axes + "GRIDUNIT\n'FEET' 'MAP' /\n" + smallGrid);
     QCOMPARE(there.objects().front().x->at(1), 5.0);
     QCOMPARE(there.objects().front().lengthUnit, QStringLiteral("ft"));
+}
+
+void ModelReadersTest::deck()
+{
+    // A deck: a title that looks like keywords, its unit, the grid in another file, z upwards, what is no grid behind it.
+    QDir(m_folder.path()).mkdir(QStringLiteral("inc"));
+    writeFile(m_folder.filePath(QStringLiteral("inc/grid.inc")), QByteArray(smallGrid) + "PORO\n0.25 /");
+    LoadNotes notes;
+    const Model model = load(QStringLiteral("M.DATA"),
+                             "RUNSPEC\nTITLE\nCOORD OF A MODEL\nFIELD\nDIMENS\n 1 1 1 /\nGRID\n"
+                             "GDORIENT\n INC INC INC UP LEFT /\nINCLUDE\n 'inc/grid.inc' /\nSCHEDULE\nCOORD\n",
+                             &notes);
+    const ModelObject& grid = model.objects().front();
+    QCOMPARE(grid.lengthUnit, QStringLiteral("ft"));
+    QCOMPARE(grid.cells->zcorn.front(), -10.0);
+    QCOMPARE(grid.cells->cellAttributes.front().numbers->front(), 0.25);
+    QVERIFY2(notes.join(QString()).contains(QStringLiteral("its z counts upwards")), qPrintable(notes.join(QString())));
+    QVERIFY_EXCEPTION_THROWN(load(QStringLiteral("m.data"), "INCLUDE\n 'nothing.inc' /\n"), LoadError);
+    QVERIFY_EXCEPTION_THROWN(load(QStringLiteral("m.data"), "INCLUDE\n 'm.data' /\n"), LoadError);
+}
+
+void ModelReadersTest::concaveFaces_data()
+{
+    QTest::addColumn<QByteArray>("corners");
+    QTest::addColumn<double>("area");
+    QTest::newRow("a dent") << QByteArray("0 0 0\n10 0 0\n10 9 0\n5 3 0\n0 9 0\n") << 60.0;
+    QTest::newRow("a dent, from below") << QByteArray("0 9 0\n5 3 0\n10 9 0\n10 0 0\n0 0 0\n") << 60.0;
+    QTest::newRow("upright") << QByteArray("7 0 0\n7 10 0\n7 10 9\n7 5 3\n7 0 9\n") << 60.0;
+    QTest::newRow("corners on a line") << QByteArray("0 0 0\n5 0 0\n10 0 0\n10 9 0\n5 3 0\n0 9 0\n") << 60.0;
+    QTest::newRow("convex") << QByteArray("0 0 0\n10 0 0\n10 6 0\n0 6 0\n") << 60.0;
+}
+
+void ModelReadersTest::concaveFaces()
+{
+    QFETCH(QByteArray, corners);
+    QFETCH(double, area);
+    const int count = corners.count('\n');
+    QByteArray text = "OFF\n" + QByteArray::number(count) + " 1 0\n" + corners + QByteArray::number(count);
+    for (int corner = 0; corner < count; ++corner)
+        text += ' ' + QByteArray::number(corner);
+    const Model model = load(QStringLiteral("c.off"), text);
+    const ModelObject& mesh = model.objects().front();
+    QCOMPARE(static_cast<int>(mesh.triangles.size()), count - 2);
+    double found = 0;
+    for (const auto& triangle : mesh.triangles) {
+        const auto at = [&](const Numbers& axis, int corner) {
+            return (*axis)[static_cast<std::size_t>(triangle[static_cast<std::size_t>(corner)])];
+        };
+        const auto side = [&](const Numbers& axis, int corner) { return at(axis, corner) - at(axis, 0); };
+        const double nx = side(mesh.y, 1) * side(mesh.z, 2) - side(mesh.z, 1) * side(mesh.y, 2);
+        const double ny = side(mesh.z, 1) * side(mesh.x, 2) - side(mesh.x, 1) * side(mesh.z, 2);
+        const double nz = side(mesh.x, 1) * side(mesh.y, 2) - side(mesh.y, 1) * side(mesh.x, 2);
+        found += std::sqrt(nx * nx + ny * ny + nz * nz) / 2;
+    }
+    QCOMPARE(found, area);
 }
 
 void ModelReadersTest::hostile_data()
@@ -213,7 +278,12 @@ void ModelReadersTest::hostile_data()
         "line 3: a property's value is missing");
     row("gocad, size of a property lies", "a.ts",
         "GOCAD VSet 1\nPROPERTIES a\nESIZES 999999999999\nPVRTX 1 0 0 0 1\nEND\n",
-        "line 4: a property's value is missing");
+        "line 3: a property has 999999999999 numbers");
+    row("gocad, triangles of a line", "a.pl",
+        "GOCAD PLine 1\nVRTX 1 0 0 0\nVRTX 2 1 0 0\nVRTX 3 0 1 0\nTRGL 1 2 3\nEND\n",
+        "line 5: a PLine has no such line");
+    row("gocad, a line without runs", "a.pl", "GOCAD PLine 1\nHEADER {name:x}\nVRTX 1 0 0 0\nVRTX 2 1 0 0\nEND\n",
+        "line 5: the line x has vertices but neither ILINE nor SEG");
     row("gocad, only a volume", "a.ts", "GOCAD Voxet 1\nEND\n", "there is no vertex set, line or surface");
     row("grdecl, nothing", "a.grdecl", "NOECHO\n", "there is no corner-point grid");
     row("grdecl, size lies", "a.grdecl", "SPECGRID\n 100000 100000 100000 1 F /\n",

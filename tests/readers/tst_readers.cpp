@@ -155,7 +155,7 @@ void ReadersTest::wellPath()
     Model model;
     const LoadNotes notes =
         loadInto(model, write("collar.csv", "BHID,XCOLLAR,YCOLLAR,ZCOLLAR\nW1,10,20,30\nW2,1,2,3\n"), options);
-    QCOMPARE(notes.size(), 1);
+    QCOMPARE(notes.size(), 2);
     const ModelObject& well = model.objects().front();
     QCOMPARE(well.vertexCount(), 2);
     QVERIFY(std::abs(well.x->back() - 110.0) < 1e-9);

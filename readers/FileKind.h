@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/kpFormatsExport.h"
+
+#include <QString>
+
+namespace kpFormats
+{
+
+/// Which reader takes a file. Other: GDAL decides.
+enum class FileKind { Grid, ZMap, Off, Obj, Grdecl, Gocad, Table, Other };
+
+/// By what the file begins with, else by the ending of its name.
+KPFORMATS_EXPORT FileKind fileKindOf(const QString& path);
+
+} // namespace kpFormats

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+// Geometries and rasters of every kind that GDAL gives: kept, changed and told, or left out and told.
+#include "geo/GdalSession.h"
+#include "model/Model.h"
+#include "readers/LoadError.h"
+#include "readers/ModelLoader.h"
+#include "tests/support/FileContent.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cmath>
+#include <stdexcept>
+
+using namespace kpFormats;
+
+class GeometriesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unsoundObject();
+    void heights();
+    void kinds();
+    void fields();
+    void drawing();
+    void gmlLeavesNothing();
+    void scaledBands();
+    void zmap_data();
+    void zmap();
+    void gridOfPoints();
+
+private:
+    QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+void GeometriesTest::unsoundObject()
+{
+    ModelObject object;
+    object.name = QStringLiteral("bad");
+    object.x = object.y = object.z = std::make_shared<const std::vector<double>>(3, 0.0);
+    object.triangles.push_back({0, 1, 3});
+    Model model;
+    QVERIFY_EXCEPTION_THROWN(model.add(object), std::invalid_argument);
+    QVERIFY(model.objects().empty());
+}
+
+void GeometriesTest::heights()
+{
+    Model model;
+    const LoadNotes notes = loadInto(model, writeFile(path("p.geojson"),
+                                                      R"({"type":"FeatureCollection","features":[
+{"type":"Feature","properties":{"a":1},"geometry":{"type":"Point","coordinates":[1,2]}},
+{"type":"Feature","properties":{"a":2},"geometry":{"type":"Point","coordinates":[1,2,3]}},
+{"type":"Feature","properties":{"a":3},"geometry":null}]})"));
+    const ModelObject& cloud = model.objects().front();
+    QVERIFY(cloud.hasZ && std::isnan(cloud.z->front()) && cloud.z->back() == 3.0);
+    QCOMPARE(notes.size(), 2);
+    QVERIFY(notes[0].contains(QStringLiteral("1 of layer p had no geometry")));
+    QVERIFY(notes[1].contains(QStringLiteral("1 of layer p are points without a height")));
+}
+
+void GeometriesTest::kinds()
+{
+    const char* const shapes[] = {"CIRCULARSTRING(0 0,1 1,2 0)",
+                                  "CURVEPOLYGON(CIRCULARSTRING(0 0,2 0,0 0))",
+                                  "TIN Z(((0 0 0,1 0 0,0 1 0,0 0 0)),((1 0 0,1 1 1,0 1 0,1 0 0)))",
+                                  "POLYHEDRALSURFACE Z(((0 0 0,1 0 0,1 1 0,0 1 0,0 0 0)))",
+                                  "GEOMETRYCOLLECTION(POINT(5 5),LINESTRING(0 0,1 1))",
+                                  "LINESTRING M(0 0 7,1 1 8)",
+                                  "TRIANGLE((0 0,1 0,0 1,0 0))"};
+    QByteArray text = "WKT,n\n";
+    int number = 0;
+    for (const char* shape : shapes)
+        text += '"' + QByteArray(shape) + "\"," + QByteArray::number(++number) + '\n';
+    Model model;
+    const LoadNotes notes = loadInto(model, writeFile(path("k.csv"), text));
+    QStringList found;
+    for (const ModelObject& object : model.objects())
+        found.append(QStringLiteral("%1 %2/%3")
+                         .arg(QString::fromStdString(typeKey(object.type)))
+                         .arg(object.vertexCount())
+                         .arg(object.triangles.size()));
+    QCOMPARE(
+        found.join(QStringLiteral(", ")),
+        QStringLiteral("polyline 46/0, polygon 91/0, mesh_surface 4/2, mesh_surface 4/2, polyline 2/0, polyline 2/0, "
+                       "mesh_surface 3/1, vertex_cloud 1/0"));
+    const QString said = notes.join(QLatin1Char('\n'));
+    for (const char* part : {"2 of layer k had curves", "1 of layer k had measures", "1 of layer k were collections",
+                             "3 of layer k were surfaces"})
+        QVERIFY2(said.contains(QLatin1String(part)), qPrintable(said));
+}
+
+void GeometriesTest::fields()
+{
+    Model model;
+    const LoadNotes notes =
+        loadInto(model, writeFile(path("f.geojson"),
+                                  R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":
+{"id":9007199254740993,"day":"2024/02/29","at":"2024-02-29T13:45:10Z","list":[1,2]},
+"geometry":{"type":"Point","coordinates":[1,2]}}]})"));
+    QStringList found;
+    for (const AttributeColumn& column : model.objects().front().vertexAttributes)
+        found.append(QStringLiteral("%1 %2 %3")
+                         .arg(column.name, column.values.front().toString())
+                         .arg(static_cast<int>(column.meaning)));
+    QCOMPARE(found.join(QStringLiteral(", ")),
+             QStringLiteral("id 9007199254740993 0, day 2024-02-29 1, at 2024-02-29T13:45:10Z 3, list [ 1, 2 ] 0"));
+    QCOMPARE(notes.size(), 1);
+}
+
+void GeometriesTest::drawing()
+{
+    const QByteArray face = "0\n3DFACE\n100\nAcDbEntity\n8\nTop\n100\nAcDbFace\n";
+    Model model;
+    const LoadNotes notes = loadInto(
+        model,
+        writeFile(path("d.dxf"),
+                  "0\nSECTION\n2\nENTITIES\n" + face
+                      + "10\n0\n20\n0\n30\n1\n11\n1\n21\n0\n31\n1\n12\n1\n22\n1\n32\n1\n13\n0\n23\n1\n33\n1\n" + face
+                      + "10\n1\n20\n0\n30\n1\n11\n2\n21\n0\n31\n1\n12\n1\n22\n1\n32\n1\n13\n1\n23\n1\n33\n1\n"
+                        "0\nENDSEC\n0\nEOF\n"));
+    QCOMPARE(model.objects().size(), std::size_t(1));
+    QCOMPARE(model.objects().front().name, QStringLiteral("Top"));
+    QCOMPARE(model.objects().front().vertexCount(), 5);
+    QCOMPARE(model.objects().front().triangles.size(), std::size_t(3));
+    QVERIFY(notes.value(0).contains(QStringLiteral("2 of layer entities were faces")));
+}
+
+void GeometriesTest::gmlLeavesNothing()
+{
+    QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("gml")));
+    Model model;
+    loadInto(
+        model,
+        writeFile(
+            path("gml/a.gml"),
+            R"(<?xml version="1.0"?><ogr:FeatureCollection xmlns:ogr="http://ogr.maptools.org/" xmlns:gml="http://www.opengis.net/gml">
+<gml:featureMember><ogr:p fid="p.0"><ogr:geometryProperty><gml:Point><gml:coordinates>1,2</gml:coordinates></gml:Point></ogr:geometryProperty><ogr:a>x</ogr:a></ogr:p></gml:featureMember></ogr:FeatureCollection>)"));
+    QCOMPARE(model.objects().size(), std::size_t(1));
+    QCOMPARE(QDir(path("gml")).entryList(QDir::Files), QStringList{QStringLiteral("a.gml")});
+}
+
+void GeometriesTest::scaledBands()
+{
+    registerGdalDrivers();
+    const QByteArray name = path("s.tif").toUtf8();
+    {
+        GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GTiff");
+        const GDALDatasetUniquePtr dataset(driver->Create(name.constData(), 2, 1, 2, GDT_Float64, nullptr));
+        double heights[] = {10, 1.5e30};
+        double classes[] = {7, -1};
+        GDALRasterBand* first = dataset->GetRasterBand(1);
+        QCOMPARE(first->RasterIO(GF_Write, 0, 0, 2, 1, heights, 2, 1, GDT_Float64, 0, 0), CE_None);
+        QCOMPARE(dataset->GetRasterBand(2)->RasterIO(GF_Write, 0, 0, 2, 1, classes, 2, 1, GDT_Float64, 0, 0), CE_None);
+        dataset->GetRasterBand(2)->SetDescription("class");
+        dataset->GetRasterBand(2)->SetNoDataValue(-1);
+        first->SetScale(0.5);
+        first->SetOffset(100);
+        first->SetUnitType("ft");
+    }
+    Model model;
+    const LoadNotes notes = loadInto(model, path("s.tif"));
+    const ModelObject& grid = model.objects().front();
+    QCOMPARE(grid.z->front(), 105.0);
+    QVERIFY(std::isnan(grid.z->back()));
+    QCOMPARE(grid.lengthUnit, QStringLiteral("ft"));
+    QCOMPARE(grid.vertexAttributes.size(), std::size_t(1));
+    QCOMPARE(grid.vertexAttributes[0].name, QStringLiteral("class"));
+    QCOMPARE(*grid.vertexAttributes[0].missing, (std::vector<unsigned char>{0, 1}));
+    const QString said = notes.join(QLatin1Char('\n'));
+    for (const char* part : {"band 1 was scaled by 0.5 and moved by 100", "1 values of 1e30 and beyond", "band 1 of 2"})
+        QVERIFY2(said.contains(QLatin1String(part)), qPrintable(said));
+    LoadOptions options;
+    options.band = 2;
+    loadInto(model, path("s.tif"), options);
+    QCOMPARE(model.objects().back().z->front(), 7.0);
+    options.band = 3;
+    QVERIFY_EXCEPTION_THROWN(loadInto(model, path("s.tif"), options), LoadError);
+}
+
+void GeometriesTest::zmap_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+    QTest::addColumn<QString>("expected"); // from the south-west, row by row, or the message
+    const auto row = [](const char* title, const QByteArray& nodes, const char* expected) {
+        QTest::newRow(title) << nodes << QString::fromLatin1(expected);
+    };
+    row("plain", "@\n   1.5   2.5   3.5\n   4.5   5.5   6.5\n", "3.5 6.5 2.5 5.5 1.5 4.5");
+    row("a line of remarks", "@\n+ Grid data starts after this line\n1.5 -999.0000 3.5\n4.5 5.5 6.5\n",
+        "3.5 6.5 nan 5.5 1.5 4.5");
+    row("full fields", "@\n-999.0-999.0-999.0\n-111.5-222.5-333.5\n", "nan -333.5 nan -222.5 nan -111.5");
+    row("cut short", "@\n1 2 3\n4 5\n", "it has 5 of 6 nodes");
+    row("a word", "@\n1 2 x\n", "line 6: \"1 2 x\" is no number");
+    row("no end of the head", "", "the head of the grid is not complete");
+}
+
+void GeometriesTest::zmap()
+{
+    QFETCH(QByteArray, nodes);
+    QFETCH(QString, expected);
+    Model model;
+    QString found;
+    try {
+        loadInto(model, writeFile(path("g.dat"), "! made by hand\n@grid HEADER  , GRID , 3\n6, -999.0, , 1, 1\n"
+                                                 "3, 2, 100.0, 110.0, 200.0, 240.0\n"
+                                                     + nodes));
+        const ModelObject& grid = model.objects().front();
+        QStringList values;
+        for (const double z : *grid.z)
+            values.append(QString::number(z));
+        found = values.join(QLatin1Char(' '));
+        QCOMPARE(grid.x->back(), 110.0);
+        QCOMPARE(grid.y->back(), 240.0);
+    } catch (const LoadError& error) {
+        found = QString::fromUtf8(error.what());
+    }
+    QVERIFY2(found.contains(expected), qPrintable(found));
+}
+
+void GeometriesTest::gridOfPoints()
+{
+    // Points on a regular grid in text are a grid; the same in another order are points.
+    Model model;
+    loadInto(model, writeFile(path("g.xyz"), "0 0 1\n1 0 2\n0 1 3\n1 1 4\n"));
+    QVERIFY(model.objects().front().grid);
+    QCOMPARE(*model.objects().front().z, (std::vector<double>{1, 2, 3, 4}));
+    loadInto(model, writeFile(path("p.xyz"), "0 0 1\n7 3 2\n2 9 3\n"));
+    QVERIFY(!model.objects().back().grid);
+    QCOMPARE(model.objects().back().vertexCount(), 3);
+}
+
+QTEST_GUILESS_MAIN(GeometriesTest)
+#include "tst_geometries.moc"
