@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 namespace refhost
 {
@@ -60,6 +61,12 @@ QJsonArray extentOf(const Numbers& numbers)
     return least > most ? QJsonArray() : QJsonArray{least, most};
 }
 
+int withoutHeight(const ModelObject& object)
+{
+    return static_cast<int>(
+        std::count_if(object.z->begin(), object.z->end(), [](double z) { return !std::isfinite(z); }));
+}
+
 QJsonObject objectJson(const ModelObject& object)
 {
     QJsonArray attributes;
@@ -76,6 +83,7 @@ QJsonObject objectJson(const ModelObject& object)
             {QStringLiteral("type"), QString::fromStdString(typeKey(object.type))},
             {QStringLiteral("set"), object.set},
             {QStringLiteral("vertices"), object.vertexCount()},
+            {QStringLiteral("withoutHeight"), object.hasZ ? withoutHeight(object) : object.vertexCount()},
             {QStringLiteral("parts"), static_cast<int>(object.parts.size())},
             {QStringLiteral("attributes"), attributes},
             {QStringLiteral("x"), extentOf(object.x)},
@@ -105,11 +113,14 @@ QStringList fieldsOf(const QJsonObject& object)
                                                         attribute.value(QLatin1String("type")).toString()));
     }
     const QString crs = object.value(QLatin1String("crs")).toString();
+    const int flat = object.value(QLatin1String("withoutHeight")).toInt();
+    const bool some = !object.value(QLatin1String("z")).toArray().isEmpty() && flat > 0;
+    const QString heights = range(object, "z") + (some ? QStringLiteral(" (%1 without)").arg(flat) : QString());
     return {QString::number(object.value(QLatin1String("id")).toInt()),
             object.value(QLatin1String("name")).toString(),
             object.value(QLatin1String("type")).toString(),
             QStringLiteral("%1 vertices").arg(object.value(QLatin1String("vertices")).toInt()),
-            QStringLiteral("%1, %2, %3").arg(range(object, "x"), range(object, "y"), range(object, "z")),
+            QStringLiteral("%1, %2, %3").arg(range(object, "x"), range(object, "y"), heights),
             crs.isEmpty() ? QStringLiteral("no coordinate system") : crs,
             attributes.join(QStringLiteral(", "))};
 }
@@ -137,13 +148,17 @@ int inspectCommand(const QStringList& arguments)
         return WrongUse;
     }
     Model model;
+    LoadNotes notes;
     try {
         for (const QString& path : parser.positionalArguments())
-            loadInto(model, path);
+            notes += loadInto(model, path);
     } catch (const LoadError& error) {
         printError(QString::fromUtf8(error.what()));
         return NotAllWritten;
     }
+    // On standard error, so that the lines and the JSON hold objects only.
+    for (const QString& note : qAsConst(notes))
+        std::fprintf(stderr, "kpexport: note: %s\n", qPrintable(note));
     QJsonArray objects;
     for (const ModelObject& object : model.objects())
         objects.append(objectJson(object));
