@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -48,8 +49,11 @@ bool TextScanner::fill()
     m_buffer.erase(0, m_next);
     m_next = 0;
     const std::size_t before = m_buffer.size();
-    m_buffer.resize(before + static_cast<std::size_t>(blockSize));
-    const qint64 count = m_file.read(m_buffer.data() + before, blockSize);
+    // No more than the file holds: most are far smaller than a block. A device has no size.
+    const qint64 left = m_file.size() - m_file.pos();
+    const qint64 wanted = m_file.isSequential() || left <= 0 ? blockSize : std::min(blockSize, left + 1);
+    m_buffer.resize(before + static_cast<std::size_t>(wanted));
+    const qint64 count = m_file.read(m_buffer.data() + before, wanted);
     if (count < 0)
         fail(QStringLiteral("reading failed: %1").arg(m_file.errorString()),
              QStringLiteral("copy the file again from its source"));

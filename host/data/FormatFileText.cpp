@@ -81,9 +81,14 @@ QByteArray formatFileContent(const QString& path)
     QFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
         throw FormatFileError(QStringLiteral("the file cannot be opened"));
-    // A device has no size; what it gives is cut off behind the limit.
-    const QByteArray content = file.read(largestFile + 1);
-    if (content.size() > largestFile)
-        throw FormatFileError(QStringLiteral("the file is larger than a layout can be (32 MB)"));
+    // A device has no size; what it gives is cut off behind the limit. Block by block: QFile::read() takes memory for
+    // all that it is asked for.
+    constexpr qint64 block = 1 << 16;
+    QByteArray content;
+    for (QByteArray part = file.read(block); !part.isEmpty(); part = file.read(block)) {
+        content += part;
+        if (content.size() > largestFile)
+            throw FormatFileError(QStringLiteral("the file is larger than a layout can be (32 MB)"));
+    }
     return content;
 }
