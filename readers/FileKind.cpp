@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "readers/FileKind.h"
 
+#include "readers/IrapReader.h"
 #include "readers/ZMapReader.h"
 
 #include <QFile>
@@ -39,16 +40,19 @@ QByteArray beginningOf(const QString& path)
 FileKind fileKindOf(const QString& path)
 {
     static const QHash<QString, FileKind> endings{
-        {QStringLiteral("tif"), FileKind::Grid},      {QStringLiteral("tiff"), FileKind::Grid},
-        {QStringLiteral("off"), FileKind::Off},       {QStringLiteral("obj"), FileKind::Obj},
-        {QStringLiteral("grdecl"), FileKind::Grdecl}, {QStringLiteral("data"), FileKind::Grdecl},
-        {QStringLiteral("ts"), FileKind::Gocad},      {QStringLiteral("pl"), FileKind::Gocad},
-        {QStringLiteral("vs"), FileKind::Gocad},      {QStringLiteral("gp"), FileKind::Gocad},
-        {QStringLiteral("gocad"), FileKind::Gocad},   {QStringLiteral("csv"), FileKind::Table},
-        {QStringLiteral("tsv"), FileKind::Table},     {QStringLiteral("txt"), FileKind::Table},
-        {QStringLiteral("dat"), FileKind::Table},     {QStringLiteral("prn"), FileKind::Table}};
+        {QStringLiteral("tif"), FileKind::Grid},         {QStringLiteral("tiff"), FileKind::Grid},
+        {QStringLiteral("off"), FileKind::Off},          {QStringLiteral("obj"), FileKind::Obj},
+        {QStringLiteral("grdecl"), FileKind::Grdecl},    {QStringLiteral("data"), FileKind::Grdecl},
+        {QStringLiteral("ts"), FileKind::Gocad},         {QStringLiteral("pl"), FileKind::Gocad},
+        {QStringLiteral("vs"), FileKind::Gocad},         {QStringLiteral("gp"), FileKind::Gocad},
+        {QStringLiteral("gocad"), FileKind::Gocad},      {QStringLiteral("stl"), FileKind::Stl},
+        {QStringLiteral("pol"), FileKind::IrapPolygons}, {QStringLiteral("csv"), FileKind::Table},
+        {QStringLiteral("tsv"), FileKind::Table},        {QStringLiteral("txt"), FileKind::Table},
+        {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table}};
     if (isZMapGrid(path))
         return FileKind::ZMap;
+    if (isIrapGrid(path))
+        return FileKind::IrapGrid;
     const QByteArray begin = beginningOf(path);
     if (begin.startsWith("GOCAD "))
         return FileKind::Gocad;

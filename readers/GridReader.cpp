@@ -109,7 +109,7 @@ private:
             // A value of single precision stands beside a "no data" text of more digits.
             if (hasNoData && (value == noData || static_cast<float>(value) == static_cast<float>(noData)))
                 value = std::numeric_limits<double>::quiet_NaN();
-            else if (scaled)
+            else if (scaled && std::abs(value) < beyondHeights)
                 value = value * scale + offset;
         }
         if (scaled)
@@ -133,7 +133,7 @@ private:
         std::vector<unsigned char> missing(values.size(), 0);
         bool any = false;
         for (std::size_t node = 0; node < values.size(); ++node) {
-            if (!std::isfinite(values[node])) {
+            if (!(std::abs(values[node]) < beyondHeights)) {
                 values[node] = 0.0;
                 missing[node] = 1;
                 any = true;

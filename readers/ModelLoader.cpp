@@ -7,16 +7,20 @@
 #include "readers/GocadReader.h"
 #include "readers/GrdeclReader.h"
 #include "readers/GridReader.h"
+#include "readers/IrapReader.h"
 #include "readers/LoadError.h"
 #include "readers/ModelFile.h"
 #include "readers/ObjReader.h"
 #include "readers/ObjectUnits.h"
 #include "readers/OffReader.h"
 #include "readers/OpenDataset.h"
+#include "readers/StlReader.h"
 #include "readers/TableReader.h"
 #include "readers/VectorReader.h"
 #include "readers/WellReader.h"
 #include "readers/ZMapReader.h"
+
+#include <QFileInfo>
 
 #include <new>
 #include <stdexcept>
@@ -51,6 +55,12 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readGrdecl(model, path, options);
     case FileKind::Gocad:
         return readGocad(model, path, options);
+    case FileKind::IrapGrid:
+        return readIrapGrid(model, path, options);
+    case FileKind::IrapPolygons:
+        return readIrapPolygons(model, path, options);
+    case FileKind::Stl:
+        return readStl(model, path, options);
     case FileKind::Table:
         return readTable(model, path, options);
     case FileKind::Other:
@@ -75,6 +85,8 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
                         QStringLiteral("give one like EPSG:28350"));
     if (path.endsWith(QLatin1String(".kpmodel"), Qt::CaseInsensitive))
         return readModelFile(model, path);
+    if (!path.startsWith(QLatin1String("/vsi")) && !QFileInfo::exists(path))
+        throw LoadError(path, QStringLiteral("there is no such file"), QStringLiteral("check the path"));
     try {
         // Nothing of a file that fails comes into the model.
         Model loaded;

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cpl_string.h>
+
 namespace kpFormats
 {
 
@@ -43,8 +45,13 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
     }
     requireOnDisk(path);
     registerGdalDrivers();
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8().constData(),
-                                                   flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, options));
+    // Else GML's driver leaves a description of its own beside the file.
+    CPLStringList open;
+    for (const char* const* option = options; option && *option; ++option)
+        open.AddString(*option);
+    open.SetNameValue("WRITE_GFS", "NO");
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(
+        path.toUtf8().constData(), flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, open.List()));
     if (!dataset && info.isDir())
         throw LoadError(path, QStringLiteral("this is a directory that GDAL does not know as a data set"),
                         QStringLiteral("name a file in it"));

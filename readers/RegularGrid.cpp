@@ -38,12 +38,10 @@ void placeNodes(RegularGrid& grid)
 
 LoadNotes addGrid(Model& model, const QString& path, const LoadOptions& options, RegularGrid grid)
 {
-    // Beyond anything that is measured; programs mark nodes without a value so.
-    constexpr double beyondHeights = 1e30;
     LoadNotes notes;
     int beyond = 0;
     for (double& z : grid.z) {
-        if (std::abs(z) >= beyondHeights * 0.999) {
+        if (std::abs(z) >= beyondHeights) {
             z = std::numeric_limits<double>::quiet_NaN();
             ++beyond;
         }

@@ -7,6 +7,9 @@
 namespace kpFormats
 {
 
+/// Beyond anything that is measured; programs mark nodes without a value so.
+constexpr double beyondHeights = 0.999e30;
+
 /// A grid surface while its file is read. Row 0 is the one at the origin.
 struct RegularGrid
 {

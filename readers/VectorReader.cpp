@@ -20,8 +20,8 @@ QColor paletteColor(int index)
 LoadNotes readVectors(Model& model, const QString& path, const LoadOptions& options)
 {
     const QuietGdal quiet;
-    // Else GML's driver leaves a description of its own beside the file. WKT in delimited text has numbers beside it.
-    static const char* const open[] = {"WRITE_GFS=NO", "AUTODETECT_TYPE=YES", "EMPTY_STRING_AS_NULL=YES", nullptr};
+    // For geometries in delimited text, which have numbers beside them.
+    static const char* const open[] = {"AUTODETECT_TYPE=YES", "EMPTY_STRING_AS_NULL=YES", nullptr};
     const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_VECTOR, open);
     LoadNotes notes;
     QStringList layers;

@@ -8,8 +8,8 @@ cd "$(dirname "$0")/../.."
 seconds=${1:?how many seconds for each target}
 shift
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(FuzzDelimited FuzzGocad FuzzGrdecl FuzzJob FuzzLas FuzzLayout FuzzModel FuzzObj FuzzOff
-    FuzzOpenTec FuzzTable FuzzZMap)
+[ ${#targets[@]} -gt 0 ] || targets=(FuzzDelimited FuzzGocad FuzzGrdecl FuzzIrap FuzzJob FuzzLas FuzzLayout FuzzModel FuzzObj FuzzOff
+    FuzzOpenTec FuzzStl FuzzTable FuzzZMap)
 mkdir -p build/fuzz/findings
 export QT_QPA_PLATFORM=offscreen LSAN_OPTIONS=suppressions=tests/lsan.supp:print_suppressions=0
 for target in "${targets[@]}"; do

@@ -7,6 +7,7 @@
 #include "tests/support/FileContent.h"
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void zmap_data();
     void zmap();
     void gridOfPoints();
+    void irap();
+    void stl();
 
 private:
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -86,7 +89,7 @@ void GeometriesTest::kinds()
                          .arg(object.triangles.size()));
     QCOMPARE(
         found.join(QStringLiteral(", ")),
-        QStringLiteral("polyline 46/0, polygon 91/0, mesh_surface 4/2, mesh_surface 4/2, polyline 2/0, polyline 2/0, "
+        QStringLiteral("polyline 46/0, polygon 92/0, mesh_surface 4/2, mesh_surface 4/2, polyline 2/0, polyline 2/0, "
                        "mesh_surface 3/1, vertex_cloud 1/0"));
     const QString said = notes.join(QLatin1Char('\n'));
     for (const char* part : {"2 of layer k had curves", "1 of layer k had measures", "1 of layer k were collections",
@@ -231,6 +234,59 @@ void GeometriesTest::gridOfPoints()
     loadInto(model, writeFile(path("p.xyz"), "0 0 1\n7 3 2\n2 9 3\n"));
     QVERIFY(!model.objects().back().grid);
     QCOMPARE(model.objects().back().vertexCount(), 3);
+}
+
+void GeometriesTest::irap()
+{
+    // Turned by a quarter: columns run north, rows west.
+    Model model;
+    loadInto(model, writeFile(path("g.irap"), "-996 2 10 5\n100 120 200 205\n3 90 100 200\n0 0 0 0 0 0 0\n"
+                                              "1 2 9999900.0\n4 5 6\n"));
+    const ModelObject& grid = model.objects().front();
+    QCOMPARE(grid.grid->columns, 3);
+    QVERIFY(std::isnan(grid.z->at(2)) && grid.z->at(5) == 6.0);
+    QVERIFY(std::abs(grid.x->at(1) - 100) < 1e-9 && std::abs(grid.y->at(1) - 210) < 1e-9);
+    QVERIFY(std::abs(grid.x->at(3) - 95) < 1e-9 && std::abs(grid.y->at(3) - 200) < 1e-9);
+    QVERIFY_EXCEPTION_THROWN(
+        loadInto(model, writeFile(path("bad.irap"), "-996 2 10 5\n1 2 3 4\n3 0 1 3\n0 0 0 0 0 0 0\n1\n")), LoadError);
+    const QString sample = QStringLiteral(KP_SOURCE_DIR "/../shared/data/inputs/ib_test_horizon2.gri");
+    if (QFile::exists(sample)) {
+        loadInto(model, sample);
+        QCOMPARE(model.objects().back().grid->columns, 126);
+        QCOMPARE(model.objects().back().vertexCount(), 12600);
+        QCOMPARE(model.objects().back().z->front(), 1741.1072998046875);
+        QCOMPARE(model.objects().back().grid->rotation, -10.0);
+    }
+    Model lines;
+    loadInto(lines,
+             writeFile(path("l.pol"), "0 0 1\n1 0 1\n1 1 1\n0 0 1\n999.0 999.0 999.0\n5 5 2\n6 6 2\n999 999 999\n"));
+    QCOMPARE(lines.objects().size(), std::size_t(2));
+    QCOMPARE(lines.objects()[0].type, ObjectType::Polygons);
+    QCOMPARE(lines.objects()[1].type, ObjectType::Polylines);
+    QVERIFY_EXCEPTION_THROWN(loadInto(lines, writeFile(path("bad.pol"), "0 0\n")), LoadError);
+}
+
+void GeometriesTest::stl()
+{
+    const QByteArray facets = "solid s\n facet normal 0 0 1\n outer loop\n vertex 0 0 0\n vertex 1 0 0\n vertex 1 1 2\n"
+                              " endloop\n endfacet\n facet normal 0 0 1\n outer loop\n vertex 0 0 0\n vertex 1 1 2\n"
+                              " vertex 0 1 0\n endloop\n endfacet\nendsolid\n";
+    Model model;
+    loadInto(model, writeFile(path("s.stl"), facets));
+    QCOMPARE(model.objects().front().vertexCount(), 4);
+    QCOMPARE(model.objects().front().triangles[1], (std::array<int, 3>{0, 2, 3}));
+    QVERIFY_EXCEPTION_THROWN(loadInto(model, writeFile(path("c.stl"), facets.left(80))), LoadError);
+    // Binary: one facet, and one that falls together.
+    QByteArray binary(84, '\0');
+    binary[80] = 2;
+    const float corners[2][9] = {{0, 0, 0, 1, 0, 0, 0, 1, 7}, {3, 3, 3, 3, 3, 3, 4, 4, 4}};
+    for (const auto& corner : corners)
+        binary += QByteArray(12, '\0') + QByteArray(reinterpret_cast<const char*>(corner), sizeof corner)
+                  + QByteArray(2, '\0');
+    const LoadNotes notes = loadInto(model, writeFile(path("b.stl"), binary));
+    QCOMPARE(model.objects().back().triangles.size(), std::size_t(1));
+    QCOMPARE(model.objects().back().z->at(2), 7.0);
+    QVERIFY(notes.value(0).contains(QStringLiteral("1 facets without an area were left out")));
 }
 
 QTEST_GUILESS_MAIN(GeometriesTest)
