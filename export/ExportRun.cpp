@@ -102,6 +102,11 @@ private:
             return;
         }
         m_outcome.verification = m_output.file->verify(path);
+        if (!m_outcome.verification) {
+            m_findings.note(finding::notVerified, QString(), 1,
+                            QStringLiteral("%1 has no second reader").arg(m_prepared.format().info().displayName));
+            return;
+        }
         const QString fault = m_outcome.verification->fault();
         if (!fault.isEmpty())
             throw ExportError(

@@ -14,4 +14,9 @@ PreparedFile::PreparedFile(PlannedFile file, const ExportSelection& selection)
 
 PreparedFile::~PreparedFile() = default;
 
+std::optional<Verification> PreparedFile::verify(const QString&) const
+{
+    return std::nullopt;
+}
+
 } // namespace kpFormats

@@ -57,7 +57,7 @@ qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::Abstrac
     return rows;
 }
 
-Verification AsciiFile::verify(const QString& path) const
+std::optional<Verification> AsciiFile::verify(const QString& path) const
 {
     return verifyAscii(file(), path, m_table, m_settings);
 }

@@ -66,7 +66,7 @@ qint64 DxfFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     return entities;
 }
 
-Verification DxfFile::verify(const QString& path) const
+std::optional<Verification> DxfFile::verify(const QString& path) const
 {
     return verifyDxf(file().objects, path, m_settings);
 }

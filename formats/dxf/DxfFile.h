@@ -17,7 +17,7 @@ public:
     DxfFile(PlannedFile file, const ExportSelection& selection, DxfExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     DxfExportSettings m_settings;

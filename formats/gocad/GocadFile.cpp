@@ -51,7 +51,7 @@ qint64 GocadFile::write(const QString& path, Findings& findings, kpBase::Abstrac
     return rows;
 }
 
-Verification GocadFile::verify(const QString& path) const
+std::optional<Verification> GocadFile::verify(const QString& path) const
 {
     return verifyGocad(file().objects, path, selection(), m_settings);
 }

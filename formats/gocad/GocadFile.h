@@ -16,7 +16,7 @@ public:
     GocadFile(PlannedFile file, const ExportSelection& selection, GocadExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     /// An object that goes into the file, with its properties.

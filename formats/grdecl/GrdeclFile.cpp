@@ -7,7 +7,6 @@
 #include "formats/grdecl/GrdeclVerification.h"
 #include "formats/grdecl/GrdeclWriter.h"
 
-
 namespace kpFormats
 {
 
@@ -57,7 +56,7 @@ qint64 GrdeclFile::write(const QString& path, Findings& findings, kpBase::Abstra
     return static_cast<qint64>(object.cells->columns) * object.cells->rows * object.cells->layers;
 }
 
-Verification GrdeclFile::verify(const QString& path) const
+std::optional<Verification> GrdeclFile::verify(const QString& path) const
 {
     return verifyGrdecl(*file().objects.front(), path, selection(), m_settings, m_unit);
 }

@@ -16,7 +16,7 @@ public:
     GrdeclFile(PlannedFile file, const ExportSelection& selection, GrdeclExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     GrdeclExportSettings m_settings;

@@ -196,7 +196,7 @@ qint64 KmlFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     return features;
 }
 
-Verification KmlFile::verify(const QString& path) const
+std::optional<Verification> KmlFile::verify(const QString& path) const
 {
     return verifyKml(file().objects, path, m_archive, selection(), m_settings,
                      [&](int number) { return pictureName(path, m_archive, number); });

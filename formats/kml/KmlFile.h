@@ -23,7 +23,7 @@ public:
 
     QStringList sidecars() const override;
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     void requireSystems() const;

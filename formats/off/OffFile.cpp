@@ -117,7 +117,7 @@ qint64 OffFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     return mesh.triangleCount();
 }
 
-Verification OffFile::verify(const QString& path) const
+std::optional<Verification> OffFile::verify(const QString& path) const
 {
     return verifyOff(*file().objects.front(), path, m_settings);
 }

@@ -15,7 +15,7 @@ public:
     OffFile(PlannedFile file, const ExportSelection& selection, OffExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     OffExportSettings m_settings;

@@ -249,11 +249,10 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     return features;
 }
 
-Verification OgrFile::verify(const QString& path) const
+std::optional<Verification> OgrFile::verify(const QString& path) const
 {
     registerGdalDrivers();
-    return verifyOgrFile(path,
-                         {m_output.layers, m_output.tables, m_output.systems, m_format.traits(), m_settings});
+    return verifyOgrFile(path, {m_output.layers, m_output.tables, m_output.systems, m_format.traits(), m_settings});
 }
 
 } // namespace kpFormats

@@ -19,7 +19,7 @@ public:
 
     QStringList sidecars() const override;
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     OgrOutput newOutput(Findings& findings) const;

@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr int headerSize = 100;
+constexpr qint64 mostText = 1 << 16;
 
 /// Places in a .shp are counted in words of 16 bits, by 31 bits of a number.
 constexpr qint64 largestFile = Q_INT64_C(1) << 32;
@@ -41,10 +42,11 @@ QByteArray head(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.read(headerSize) : QByteArray();
 }
 
+/// The text of a .prj or .cpg; a link may lead to a device that never ends.
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.read(mostText) : QByteArray();
 }
 
 /// The size that the header of a .shp or .shx tells, in bytes; counted there in words of 16 bits.

@@ -177,7 +177,7 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
     return points > 0 ? points : trace.vertexCount();
 }
 
-Verification OpenTecFile::verify(const QString& path) const
+std::optional<Verification> OpenTecFile::verify(const QString& path) const
 {
     return verifyOpenTec(*m_section, *m_trace, path, m_settings);
 }

@@ -15,7 +15,7 @@ public:
     OpenTecFile(PlannedFile file, const ExportSelection& selection, OpenTecExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     OpenTecExportSettings m_settings;

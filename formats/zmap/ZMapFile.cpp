@@ -166,7 +166,7 @@ qint64 ZMapFile::write(const QString& path, Findings&, kpBase::AbstractProgress*
     return object.vertexCount();
 }
 
-Verification ZMapFile::verify(const QString& path) const
+std::optional<Verification> ZMapFile::verify(const QString& path) const
 {
     return verifyZMap(*file().objects.front(), path, m_settings);
 }

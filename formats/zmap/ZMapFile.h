@@ -24,7 +24,7 @@ public:
     ZMapFile(PlannedFile file, const ExportSelection& selection, ZMapExportSettings settings, Findings& findings);
 
     qint64 write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress) override;
-    Verification verify(const QString& path) const override;
+    std::optional<Verification> verify(const QString& path) const override;
 
 private:
     ZMapExportSettings m_settings;

@@ -46,12 +46,12 @@ public:
                   QByteArray::number(static_cast<int>(file().objects.size())));
         return static_cast<qint64>(file().objects.size());
     }
-    Verification verify(const QString& path) const override
+    std::optional<Verification> verify(const QString& path) const override
     {
         Verification found(QStringLiteral("line reader"), {0.0, QStringLiteral("m")});
         const QList<QByteArray> lines = contentOf(path).split('\n');
-        found.compareCount(QStringLiteral("file"), QStringLiteral("lines"),
-                           static_cast<qint64>(file().objects.size()), lines.size() - 1);
+        found.compareCount(QStringLiteral("file"), QStringLiteral("lines"), static_cast<qint64>(file().objects.size()),
+                           lines.size() - 1);
         const bool compared = m_fault != QLatin1String("compares nothing");
         for (const ModelObject* object : compared ? file().objects : std::vector<const ModelObject*>())
             found.compareText(object->name, QString::fromUtf8(lines.value(static_cast<int>(found.texts()))),

@@ -82,7 +82,7 @@ struct SaverRun
 
     Verification verify(std::size_t file = 0) const
     {
-        return prepared->outputs().at(file).file->verify(files.at(file).path);
+        return prepared->outputs().at(file).file->verify(files.at(file).path).value();
     }
     /// Puts another text in the place of one that stands in the file once. \returns what reading it again finds then
     Verification damaged(const QByteArray& right, const QByteArray& wrong, std::size_t file = 0) const
