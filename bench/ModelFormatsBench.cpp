@@ -224,19 +224,20 @@ void grdeclFprintf(benchmark::State& state)
     }
 }
 
-template <typename Format>
+template <typename AFormat>
 void verify(benchmark::State& state, const ModelObject& object)
 {
-    Format format;
+    const AFormat format;
     ExportSelection selection;
     selection.objects = {&object};
-    const PlannedFile file{outputPath(), {&object}};
-    ExportReport report;
-    format.write(file, file.path, selection, report, nullptr);
+    const PlannedFile planned{outputPath(), {&object}};
+    Findings findings;
+    const auto file = format.prepare(planned, selection, format.defaults(), findings);
+    file->write(planned.path, findings, nullptr);
     for (auto step : state) {
-        const Verification seen = format.verify(file, file.path, selection);
-        if (!seen.fault().isEmpty())
-            state.SkipWithError(qPrintable(seen.fault()));
+        const std::optional<Verification> seen = file->verify(planned.path);
+        if (!seen || !seen->good())
+            state.SkipWithError("the file differs");
     }
 }
 

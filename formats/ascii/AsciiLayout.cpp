@@ -88,7 +88,8 @@ QESAttribute editorField(const OfferedField& field, int decimals)
 void setDecimals(AsciiLayout& layout, int decimals)
 {
     for (QESAttribute& field : layout.fields) {
-        if (field.type() != QLatin1String("double"))
+        // Those of a file written by hand may have no type, and are real if they are numbers at all.
+        if (field.type() == QLatin1String("int") || field.type() == QLatin1String("string"))
             continue;
         // fieldsFor() moves what stands behind it.
         const int more = decimals - field.precision();

@@ -28,7 +28,8 @@ bool isMapInfo(const OgrFileExpectation& file)
     return file.traits.driver == QLatin1String("MapInfo File");
 }
 
-/// A step of the whole numbers that a MapInfo table has for positions, over the extent of all of them.
+/// Half a step of the whole numbers that a MapInfo table has for positions, over the extent of all of them, and half of
+/// the last decimal to which the driver rounds what it reads: that nearest to a step.
 double mapInfoAllowance(OgrFileExpectation& file)
 {
     constexpr double steps = 2e9;
@@ -45,10 +46,12 @@ double mapInfoAllowance(OgrFileExpectation& file)
             }
         }
     }
-    double widest = 0;
-    for (const int axis : {0, 1})
-        widest = std::max({widest, 1.02 * (most[axis] - least[axis]), most[axis] - least[axis] + 2.0});
-    return widest / steps;
+    double allowed = 0;
+    for (const int axis : {0, 1}) {
+        const double step = std::max(1.02 * (most[axis] - least[axis]), most[axis] - least[axis] + 2.0) / steps;
+        allowed = std::max(allowed, 0.5 * step + 0.5 * std::pow(10.0, -std::round(std::log10(1.0 / step))));
+    }
+    return allowed;
 }
 
 /// The driver takes a last decimal behind five zeros or nines for noise and rounds it off.

@@ -108,7 +108,7 @@ void LayoutCommandTest::wrong_data()
     };
     row("a.klf", "{\n\n\"format\": }", "", "a.klf: line 3: ");
     row("a.klf", klf("fields", "{\"name\":\"X\"},\n{\"name\":\"Y\",\"width\":\"w\"}"), "",
-        "a.klf: line 4: \"width\" is no whole number");
+        "a.klf: line 4: \"width\" is not a whole number");
     row("a.klf", klf("columns", "{\"name\":\"X\",\"start\":1,\"end\":2000000000}"), "",
         "a.klf: field \"X\": columns 1 to 2000000000");
     row("a.klf", klf("columns", "{\"name\":\"X\",\"precision\":-1}"), "", "a.klf: field \"X\": precision -1");

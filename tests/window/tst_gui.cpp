@@ -542,7 +542,7 @@ void GuiTest::reportOfFiles()
              qPrintable(drawing));
     const QString shapes = report("shp", "lines.shp");
     QVERIFY2(!shapes.contains(QStringLiteral("Other Files"))
-                 && shapes.contains(QStringLiteral("with lines.shx, lines.dbf")),
+                 && shapes.contains(QStringLiteral("with lines.cpg, lines.dbf, lines.prj, lines.shx")),
              qPrintable(shapes));
 }
 

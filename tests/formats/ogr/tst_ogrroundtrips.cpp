@@ -42,7 +42,10 @@ QVariant valueOf(const ModelObject& object, const QString& name, int vertex)
 QString difference(const QVariant& value, const OGRFeature& feature, int field, bool nulls, bool shp)
 {
     const bool there = feature.IsFieldSetAndNotNull(field) != 0;
-    const QString read = QString::fromUtf8(feature.GetFieldAsString(field));
+    QString read = QString::fromUtf8(feature.GetFieldAsString(field));
+    // The driver takes dates for such and shows them in a form of its own.
+    if (feature.GetFieldDefnRef(field)->GetType() == OFTDate)
+        read.replace(QLatin1Char('/'), QLatin1Char('-'));
     const QString text = value.toString();
     bool same = there;
     if (value.isNull() || (value.type() == QVariant::String && text.isEmpty())) {
