@@ -150,8 +150,8 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
 /// The first file that exists and may not be replaced; empty when there is none.
 QString protectedFile(const PreparedExport& prepared, const ExportRequest& request)
 {
-    const auto found = std::find_if(
-        prepared.outputs().begin(), prepared.outputs().end(), [](const PreparedExport::Output& output) {
+    const auto found =
+        std::find_if(prepared.outputs().begin(), prepared.outputs().end(), [](const PreparedExport::Output& output) {
             return QFileInfo(output.planned.path).isFile() && !TargetPath(output.planned.path).isStream();
         });
     return request.overwrite || found == prepared.outputs().end() ? QString() : found->planned.path;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program's window and its export, driven as a user would: keys, mouse, the real dialogs.
+#include "pages/ObjectSelectionSheet.h"
 #include "tests/core/TestFactories.h"
 #include "tests/support/BoxAnswer.h"
 #include "tests/support/FileContent.h"
@@ -7,7 +8,6 @@
 #include "tests/wizard/FileDialog.h"
 #include "window/ExportWizard.h"
 #include "window/MainWindow.h"
-#include "pages/ObjectSelectionSheet.h"
 
 #include <QAction>
 #include <QApplication>
