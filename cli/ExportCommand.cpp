@@ -31,7 +31,7 @@ bool matchesAny(const ModelObject& object, const QStringList& patterns)
     return std::any_of(patterns.begin(), patterns.end(), [&object](const QString& pattern) {
         if (object.name == pattern || pattern == QStringLiteral("id:%1").arg(object.id))
             return true;
-        // A glob spans "/" in a name, which is no path.
+        // A glob spans "/" in a name, which is not a path.
         QString text = QRegularExpression::escape(pattern);
         text.replace(QLatin1String("\\*"), QLatin1String(".*")).replace(QLatin1String("\\?"), QLatin1String("."));
         return QRegularExpression(QRegularExpression::anchoredPattern(text),
@@ -332,7 +332,7 @@ int exportCommand(const QStringList& arguments)
     for (const QString& setting : parser.values(QStringLiteral("set"))) {
         const int equals = setting.indexOf(QLatin1Char('='));
         if (equals < 1) {
-            printError(QStringLiteral("--set %1: this is no setting (write KEY=VALUE)").arg(setting));
+            printError(QStringLiteral("--set %1: this is not a setting (write KEY=VALUE)").arg(setting));
             return WrongUse;
         }
         request.settings.append({setting.left(equals), setting.mid(equals + 1)});

@@ -35,19 +35,19 @@ QStringList textList(const QString& path, const QString& key, const QJsonValue& 
         return {value.toString()};
     for (const QJsonValue& entry : value.toArray()) {
         if (!entry.isString())
-            fail(path, QStringLiteral("\"%1\" holds something that is no text").arg(key),
+            fail(path, QStringLiteral("\"%1\" holds something other than text").arg(key),
                  QStringLiteral("give a list of texts"));
         list.append(entry.toString());
     }
     if (list.isEmpty())
-        fail(path, QStringLiteral("\"%1\" is no list of texts").arg(key), QStringLiteral("give a list of texts"));
+        fail(path, QStringLiteral("\"%1\" is not a list of texts").arg(key), QStringLiteral("give a list of texts"));
     return list;
 }
 
 QString text(const QString& path, const QString& key, const QJsonValue& value)
 {
     if (!value.isString())
-        fail(path, QStringLiteral("\"%1\" is no text").arg(key), QStringLiteral("put its value in quotes"));
+        fail(path, QStringLiteral("\"%1\" is not text").arg(key), QStringLiteral("put its value in quotes"));
     return value.toString();
 }
 

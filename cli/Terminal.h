@@ -25,7 +25,7 @@ void printFields(const QStringList& fields);
 /// Prints JSON on standard output.
 void printJson(const QJsonDocument& document);
 /// Writes what is left of standard output. False, after an error message, when it could not be written; a reader that
-/// has closed its end of a pipe is no failure.
+/// has closed its end of a pipe is not a failure.
 bool finishOutput();
 
 } // namespace refhost

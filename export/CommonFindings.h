@@ -34,9 +34,9 @@ inline constexpr FindingKind shortRing("ring of fewer than three points left out
 inline constexpr FindingKind ringClosed("ring closed", "an open ring was closed", "%1 open rings were closed");
 inline constexpr FindingKind missingAttribute("missing attribute", "an attribute is missing",
                                               "%1 attributes are missing");
-inline constexpr FindingKind attributeNotNumeric("attribute that is no number left out",
-                                                 "an attribute was left out because it is no number",
-                                                 "%1 attributes were left out because they are no numbers");
+inline constexpr FindingKind attributeNotNumeric("attribute that is not a number left out",
+                                                 "an attribute was left out because it is not a number",
+                                                 "%1 attributes were left out because they are not numbers");
 inline constexpr FindingKind attributesLeftOut("the format has no attributes; left out",
                                                "an attribute was left out because the format has none",
                                                "%1 attributes were left out because the format has none");

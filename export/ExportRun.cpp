@@ -68,7 +68,7 @@ private:
             m_prepared.leaveOut(m_output, *error.object(), error.reason());
             return false;
         }
-        // An empty file is no success.
+        // An empty file is not a success.
         const std::vector<const ModelObject*>& objects = file.file().objects;
         if (m_outcome.rows == 0 && !objects.empty() && !progress.isCancelled())
             throw ExportError(m_outcome.path,

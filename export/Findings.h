@@ -19,7 +19,7 @@ namespace kpFormats
 class KPFORMATS_EXPORT Findings
 {
 public:
-    /// Adds to the finding of that kind and object; the first example stays. A count of 0 is no finding.
+    /// Adds to the finding of that kind and object; the first example stays. A count of 0 is not a finding.
     void note(const FindingKind& kind, const QString& object, qint64 count, const QString& example,
               const QString& value = QString());
     void add(const Findings& other);

@@ -57,7 +57,7 @@ public:
         judge(allowed, m_worst, expected, read, [&] { return unlike(where(), shown(expected), shown(read)); });
     }
     void countPosition() { ++m_positions; }
-    /// A number that is no place; \a allowed is in its own unit.
+    /// A number that is not a place; \a allowed is in its own unit.
     template <typename Where>
     void compareValue(double expected, double read, double allowed, Where where)
     {

@@ -20,7 +20,7 @@ OGRSpatialReference referenceOf(const QString& wkt)
 {
     OGRSpatialReference reference;
     if (reference.SetFromUserInput(wkt.toUtf8().constData()) != OGRERR_NONE)
-        throw std::runtime_error("this is no coordinate system that is known");
+        throw std::runtime_error("this is not a known coordinate system");
     reference.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     return reference;
 }

@@ -81,7 +81,7 @@ void FormatSaver::set_selection(const QString& path, const std::vector<int>& geo
         QStringList chosen;
         for (const std::string& name : attributeNames)
             chosen.append(QString::fromStdString(name));
-        // All of them is no choice: an object that lacks some of the others' has lost nothing.
+        // All of them is not a choice: an object that lacks some of the others' has lost nothing.
         const QStringList all = kpFormats::attributeNames(selection.objects);
         const QSet<QString> wanted(chosen.begin(), chosen.end());
         if (all.isEmpty()

@@ -15,7 +15,7 @@ struct DeckValues
 {
     std::vector<double> numbers; ///< NaN where a default was asked for
     bool whole = true;           ///< every number is written without a decimal point
-    bool complete = true;        ///< false: there were more than was expected, or words that are no numbers
+    bool complete = true;        ///< false: there were more than was expected, or words that are not numbers
 };
 
 /// Reads the record of a keyword up to its "/" or the next keyword. No memory is taken for more than \a most numbers.

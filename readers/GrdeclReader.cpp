@@ -31,7 +31,7 @@ QString unitOf(const TextScanner& scanner, std::string_view word)
         return QStringLiteral("m");
     if (word.substr(0, 3) == "FEE")
         return QStringLiteral("ft");
-    scanner.fail(QStringLiteral("%1 is no unit that is known").arg(quoted(word)), QStringLiteral("METRES or FEET"));
+    scanner.fail(QStringLiteral("%1 is not a known unit").arg(quoted(word)), QStringLiteral("METRES or FEET"));
 }
 
 class GrdeclFile
@@ -87,7 +87,7 @@ void GrdeclFile::read()
         // What follows the grid and its properties in a deck says nothing of them.
         if (m_words.isKeyword() && (word == "SUMMARY" || word == "SCHEDULE"))
             break;
-        // What is no keyword is left of a keyword that was passed over.
+        // What is not a keyword is left of a keyword that was passed over.
         if (m_words.isKeyword())
             readKeyword(QString::fromLatin1(word.data(), static_cast<int>(word.size())));
     }
@@ -380,7 +380,7 @@ LoadNotes GrdeclFile::notes() const
     constexpr int mostNames = 12;
     const QString more =
         names.size() > mostNames ? QStringLiteral(" and %1 more").arg(names.size() - mostNames) : QString();
-    notes.append(QStringLiteral("%1: keywords that are no property of the cells were passed over: %2%3")
+    notes.append(QStringLiteral("%1: keywords that are not properties of the cells were passed over: %2%3")
                      .arg(m_path, names.mid(0, mostNames).join(QStringLiteral(", ")), more));
     return notes;
 }

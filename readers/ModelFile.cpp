@@ -90,7 +90,7 @@ private:
         return path;
     }
 
-    /// The keys whose values are no texts. \returns whether it is one of them
+    /// The keys whose values are not texts. \returns whether it is one of them
     bool readOther(const QString& key, const QJsonValue& value, LoadOptions& options) const
     {
         if (key == QLatin1String("maxDepth")) {
@@ -131,23 +131,23 @@ private:
         if (readOther(key, value, options))
             return;
         if (!value.isString())
-            fail(QStringLiteral("\"%1\" is no text").arg(key), QStringLiteral("put its value in quotes"));
+            fail(QStringLiteral("\"%1\" is not text").arg(key), QStringLiteral("put its value in quotes"));
         const QString text = value.toString();
         if (key == QLatin1String("type")) {
             options.type = typeFromKey(text.toStdString());
             if (!options.type)
-                fail(QStringLiteral("\"%1\" is no type").arg(text), QStringLiteral("types: %1").arg(knownTypes()));
+                fail(QStringLiteral("\"%1\" is not a type").arg(text), QStringLiteral("types: %1").arg(knownTypes()));
             return;
         }
         if (key == QLatin1String("dip") && text != QLatin1String("down") && text != QLatin1String("up"))
             fail(QStringLiteral("\"%1\" is not a way for dips to count").arg(text),
                  QStringLiteral("write \"down\" or \"up\""));
         if (key == QLatin1String("color") && !QColor(text).isValid())
-            fail(QStringLiteral("\"%1\" is no colour").arg(text), QStringLiteral("write it as #rrggbb"));
+            fail(QStringLiteral("\"%1\" is not a colour").arg(text), QStringLiteral("write it as #rrggbb"));
         static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
                                        QStringLiteral("km")};
         if (key == QLatin1String("lengthUnit") && !units.contains(text))
-            fail(QStringLiteral("\"%1\" is no length unit").arg(text),
+            fail(QStringLiteral("\"%1\" is not a length unit").arg(text),
                  QStringLiteral("units: %1").arg(units.join(QStringLiteral(", "))));
         for (const TextKey& known : textKeys) {
             if (key == QLatin1String(known.key)) {
@@ -202,7 +202,7 @@ LoadNotes readModelFile(Model& model, const QString& path)
 {
     const QJsonObject root = readJson(path);
     if (root.value(QLatin1String("version")).toInt() != 1)
-        throw LoadError(path, QStringLiteral("this is no model file of version 1"),
+        throw LoadError(path, QStringLiteral("this is not a model file of version 1"),
                         QStringLiteral("add \"version\": 1"));
     const QJsonArray objects = root.value(QLatin1String("objects")).toArray();
     if (objects.isEmpty())
@@ -221,7 +221,7 @@ LoadNotes readModelFile(Model& model, const QString& path)
     }
     const QJsonValue sections = root.value(QLatin1String("sections"));
     if (!sections.isUndefined() && !sections.isArray())
-        throw LoadError(path, QStringLiteral("\"sections\" is no list"),
+        throw LoadError(path, QStringLiteral("\"sections\" is not a list"),
                         QStringLiteral("put the sections in brackets"));
     notes += readSections(model, path, sections.toArray());
     return notes;

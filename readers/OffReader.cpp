@@ -34,7 +34,7 @@ int readCount(TextScanner& scanner, std::string_view word, const char* what)
 {
     const qint64 count = scanner.integer(word);
     if (count < 0 || count > std::numeric_limits<int>::max())
-        scanner.fail(QStringLiteral("%1 %2 are no possible number").arg(count).arg(QLatin1String(what)),
+        scanner.fail(QStringLiteral("%1 %2 are not possible").arg(count).arg(QLatin1String(what)),
                      QStringLiteral("correct the counts"));
     return static_cast<int>(count);
 }

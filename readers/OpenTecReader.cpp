@@ -57,7 +57,7 @@ public:
             bool isNumber = false;
             values[index] = words[static_cast<int>(index)].toDouble(&isNumber);
             if (!isNumber || !std::isfinite(values[index]))
-                fail(QStringLiteral("\"%1\" is no number").arg(QString::fromUtf8(words[static_cast<int>(index)])));
+                fail(QStringLiteral("\"%1\" is not a number").arg(QString::fromUtf8(words[static_cast<int>(index)])));
         }
         return values;
     }

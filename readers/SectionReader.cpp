@@ -74,10 +74,10 @@ public:
         section.set = m_entry.contains(QLatin1String("set")) ? text("set") : QStringLiteral("Sections");
         section.color = m_entry.contains(QLatin1String("color")) ? QColor(text("color")) : QColor(0xc0, 0x20, 0x20);
         if (!section.color.isValid())
-            fail(QStringLiteral("\"%1\" is no colour").arg(text("color")), QStringLiteral("write it as #rrggbb"));
+            fail(QStringLiteral("\"%1\" is not a colour").arg(text("color")), QStringLiteral("write it as #rrggbb"));
         section.crs = wktOf(text("crs"));
         if (!text("crs").isEmpty() && section.crs.isEmpty())
-            fail(QStringLiteral("\"%1\" is no coordinate system that is known").arg(text("crs")),
+            fail(QStringLiteral("\"%1\" is not a known coordinate system").arg(text("crs")),
                  QStringLiteral("give one like EPSG:28350"));
         section.source = m_modelFile;
         section.hasZ = false;
@@ -96,7 +96,7 @@ private:
     {
         const QJsonValue value = m_entry.value(QLatin1String(key));
         if (!value.isUndefined() && !value.isString())
-            fail(QStringLiteral("\"%1\" is no text").arg(QLatin1String(key)),
+            fail(QStringLiteral("\"%1\" is not text").arg(QLatin1String(key)),
                  QStringLiteral("put its value in quotes"));
         return value.toString();
     }
@@ -109,7 +109,7 @@ private:
         for (const QJsonValue& value : m_entry.value(QLatin1String("trace")).toArray()) {
             const QJsonArray point = value.toArray();
             if (point.size() != 2 || !point[0].isDouble() || !point[1].isDouble())
-                fail(QStringLiteral("point %1 of the trace is no pair of numbers").arg(x.size() + 1), cure);
+                fail(QStringLiteral("point %1 of the trace is not a pair of numbers").arg(x.size() + 1), cure);
             x.push_back(point[0].toDouble());
             y.push_back(point[1].toDouble());
         }

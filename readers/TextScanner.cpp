@@ -70,7 +70,7 @@ bool TextScanner::nextLine()
         m_atEnd = !fill();
         if (m_buffer.size() > longestLine + static_cast<std::size_t>(blockSize))
             fail(QStringLiteral("the line does not end"),
-                 QStringLiteral("this is no text file; give it its proper extension"));
+                 QStringLiteral("this is not a text file; give it its proper extension"));
         end = m_buffer.find('\n', m_next + searched);
     }
     if (end == std::string::npos) {
@@ -131,7 +131,7 @@ double TextScanner::number(std::string_view word) const
         fail(QStringLiteral("%1 is beyond what a number can hold").arg(quoted(word)),
              QStringLiteral("correct it at its source"));
     if (read.ec != std::errc() || read.ptr != end || !std::isfinite(value))
-        fail(QStringLiteral("%1 is no number").arg(quoted(word)), QStringLiteral("correct it at its source"));
+        fail(QStringLiteral("%1 is not a number").arg(quoted(word)), QStringLiteral("correct it at its source"));
     return value;
 }
 
@@ -144,7 +144,7 @@ qint64 TextScanner::integer(std::string_view word) const
     const char* const end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, value);
     if (read.ec != std::errc() || read.ptr != end)
-        fail(QStringLiteral("%1 is no whole number").arg(quoted(word)), QStringLiteral("correct it at its source"));
+        fail(QStringLiteral("%1 is not a whole number").arg(quoted(word)), QStringLiteral("correct it at its source"));
     return value;
 }
 

@@ -31,9 +31,9 @@ public:
     std::string_view rest() const;
     qint64 lineNumber() const { return m_lineNumber; }
 
-    /// \throws LoadError when the word is no finite number. A "D" is read as an exponent's "e".
+    /// \throws LoadError when the word is not a finite number. A "D" is read as an exponent's "e".
     double number(std::string_view word) const;
-    /// \throws LoadError when the word is no whole number
+    /// \throws LoadError when the word is not a whole number
     qint64 integer(std::string_view word) const;
     /// \throws LoadError "FILE: line N: CAUSE (CURE)"
     [[noreturn]] void fail(const QString& cause, const QString& cure) const;

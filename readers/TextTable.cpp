@@ -18,7 +18,7 @@ namespace kpFormats
 namespace
 {
 
-// A table wider than this is no table of attributes.
+// A table wider than this is not a table of attributes.
 constexpr int mostColumns = 10000;
 constexpr std::size_t longestLine = 4 * 1024 * 1024;
 

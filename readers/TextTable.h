@@ -19,7 +19,7 @@ namespace kpFormats
 class KPFORMATS_EXPORT TextTable
 {
 public:
-    /// \a encoding as for toUtf8(). \throws LoadError when the file cannot be read or is no table
+    /// \a encoding as for toUtf8(). \throws LoadError when the file cannot be read or is not a table
     TextTable(const QString& path, const QString& encoding);
 
     const QString& path() const { return m_path; }

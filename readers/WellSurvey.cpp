@@ -105,7 +105,8 @@ WellSurvey::WellSurvey(const LoadOptions& options)
                            .arg(options.survey)
                            .arg(incomplete)
                            .arg(firstIncomplete));
-    if (beyond > 0)
+    // A depth that the model file gives is the user's own choice.
+    if (beyond > 0 && options.maxDepth == LoadOptions().maxDepth)
         m_notes.append(QStringLiteral("%1: %2 stations deeper than %3 are end marks and were left out")
                            .arg(options.survey)
                            .arg(beyond)

@@ -117,7 +117,7 @@ void QESSpecificationTableWidget::startDrag(Qt::DropActions)
 
 void QESSpecificationTableWidget::moveCells(int from, int to)
 {
-    // Cells that are empty for a moment are no edits.
+    // Cells that are empty for a moment are not edits.
     const QSignalBlocker blocker(this);
     const int step = from < to ? 1 : -1;
     for (int column = 0; column < columnCount(); ++column) {

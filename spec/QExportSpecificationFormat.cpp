@@ -16,7 +16,7 @@ namespace kpBaseExport
 namespace
 {
 
-// Type codes of the fields that are no attributes.
+// Type codes of the fields that are not attributes.
 constexpr int firstNonAttribute = -5;
 constexpr int lastNonAttribute = -1;
 

@@ -225,7 +225,7 @@ private:
         return QString::number(0.0, 'f', isNumber ? m_table.fields[index].precision : 0);
     }
 
-    /// The characters of a field that is no number with decimals.
+    /// The characters of a field that is not a number with decimals.
     QString wantedText(const Expected& field) const
     {
         if (field.columns > 0)

@@ -147,9 +147,9 @@ void DxfDrawing::takePen(const ModelObject& object)
 
 void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
 {
-    m_findings.note(
-        finding::positionLeftOut, object.name, reader.leftOut(),
-        QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(reader.firstLeftOut()));
+    m_findings.note(finding::positionLeftOut, object.name, reader.leftOut(),
+                    QStringLiteral("vertex %1 is not a number or has no place in the coordinate system")
+                        .arg(reader.firstLeftOut()));
 }
 
 void DxfDrawing::drawObject(const ModelObject& object)
@@ -257,7 +257,7 @@ void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
     }
     m_findings.note(
         finding::positionLeftOut, object.name, leftOut,
-        QStringLiteral("vertex %1 is no number or has no place in the coordinate system").arg(firstLeftOut));
+        QStringLiteral("vertex %1 is not a number or has no place in the coordinate system").arg(firstLeftOut));
 }
 
 /// The path, or the collar where there is no more, and the name at the collar.

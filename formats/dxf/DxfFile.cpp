@@ -19,8 +19,7 @@ DxfFile::DxfFile(PlannedFile planned, const ExportSelection& selected, DxfExport
     , m_settings(std::move(settings))
 {
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
-        throw ExportError(file().path,
-                          QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
+        throw ExportError(file().path, QStringLiteral("\"%1\" is not a known coordinate system").arg(m_settings.crs),
                           QStringLiteral("set crs to one like EPSG:28350"));
     OutputRules rules(wktOf(m_settings.crs), m_settings.lengthUnit);
     noteMixture(file().objects, m_settings, findings);

@@ -82,8 +82,7 @@ void KmlFile::requireSystems() const
 {
     const QString cure = QStringLiteral("name it in the setting crs, such as EPSG:28350, or leave out what has none");
     if (!m_settings.crs.isEmpty() && wktOf(m_settings.crs).isEmpty())
-        throw ExportError(file().path,
-                          QStringLiteral("\"%1\" is no coordinate system that is known").arg(m_settings.crs),
+        throw ExportError(file().path, QStringLiteral("\"%1\" is not a known coordinate system").arg(m_settings.crs),
                           QStringLiteral("set crs to one like EPSG:28350"));
     int without = 0;
     QString first;

@@ -119,7 +119,7 @@ QString OgrFormat::chosenSystem(const PlannedFile& file, const ExportSelection& 
         const QString wkt = wktOf(settings.crs);
         if (wkt.isEmpty())
             throw ExportError(file.path,
-                              QStringLiteral("crs: \"%1\" is no coordinate system that is known").arg(settings.crs),
+                              QStringLiteral("crs: \"%1\" is not a known coordinate system").arg(settings.crs),
                               QStringLiteral("give EPSG:n or WKT"));
         return wkt;
     }

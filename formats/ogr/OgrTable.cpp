@@ -87,7 +87,7 @@ private:
     QHash<QString, int> m_index;
 };
 
-/// Adds what is no attribute: the object's name before the attributes, its colour after them.
+/// Adds what is not an attribute: the object's name before the attributes, its colour after them.
 void addOwnColumns(std::vector<OgrColumn>& columns, const OgrLayer& layer, const OgrExportSettings& settings,
                    const OgrTraits& traits)
 {

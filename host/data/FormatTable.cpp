@@ -22,7 +22,7 @@ struct TypeCode
     const char* name;
     int code;
 };
-// The fields that are no attributes.
+// The fields that are not attributes.
 constexpr TypeCode typeCodes[] = {{"X", -6}, {"Y", -2}, {"Z", -3}, {"i", -4}, {"j", -5}};
 
 /// The entries of a line: words, or texts in quotes in which "" is one quote.

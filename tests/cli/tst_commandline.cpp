@@ -184,7 +184,7 @@ void CommandLineTest::dryRun_data()
         "the surface mesh has no triangle");
     row("grid without nodes", "forced.kpmodel --object grid --format zmap --output o.dat", 1, "the grid grid is empty");
     row("no way to the system", "points.csv --format dxf --set crs=EPSG:nowhere --output o.dxf", 1,
-        "is no coordinate system that is known");
+        "is not a known coordinate system");
     row("a file that exists", "points.csv --format ascii --output points.csv", 1,
         "the file exists already (add --overwrite");
     row("no directory", "points.csv --format shp --output gone/o.shp", 1, "gone does not exist (create it");

@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(saver.build_sheets(nullptr), made);
         delete made.first();
 
-        // A page that cannot be made, or is none of options, is no page, whatever its factory throws.
+        // A page that cannot be made, or is none of options, is not a page, whatever its factory throws.
         struct OtherSheet : QExportAbstractSheet
         {
             OtherSheet()

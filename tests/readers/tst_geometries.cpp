@@ -197,7 +197,7 @@ void GeometriesTest::zmap_data()
         "3.5 6.5 nan 5.5 1.5 4.5");
     row("full fields", "@\n-999.0-999.0-999.0\n-111.5-222.5-333.5\n", "nan -333.5 nan -222.5 nan -111.5");
     row("cut short", "@\n1 2 3\n4 5\n", "it has 5 of 6 nodes");
-    row("a word", "@\n1 2 x\n", "line 6: \"1 2 x\" is no number");
+    row("a word", "@\n1 2 x\n", "line 6: \"1 2 x\" is not a number");
     row("no end of the head", "", "the head of the grid is not complete");
 }
 

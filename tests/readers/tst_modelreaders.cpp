@@ -183,7 +183,7 @@ void ModelReadersTest::grdeclOnTheMap()
 
 void ModelReadersTest::deck()
 {
-    // A deck: a title that looks like keywords, its unit, the grid in another file, z upwards, what is no grid behind it.
+    // A deck: a title that looks like keywords, its unit, the grid in another file, z upwards, what is not a grid behind it.
     QDir(m_folder.path()).mkdir(QStringLiteral("inc"));
     writeFile(m_folder.filePath(QStringLiteral("inc/grid.inc")), QByteArray(smallGrid) + "PORO\n0.25 /");
     LoadNotes notes;
@@ -248,15 +248,14 @@ void ModelReadersTest::hostile_data()
     row("off, count of faces lies", "a.off", "OFF\n3 2000000000 0\n0 0 0\n1 0 0\n1 1 0\n3 0 1 2\n",
         "after line 6: it has 1 of 2000000000 faces");
     row("off, count of vertices lies", "a.off", "OFF\n2000000000 1 0\n0 0 0\n", "it has 1 of 2000000000 vertices");
-    row("off, count beyond all", "a.off", "OFF\n99999999999 1 0\n",
-        "line 2: 99999999999 vertices are no possible number");
+    row("off, count beyond all", "a.off", "OFF\n99999999999 1 0\n", "line 2: 99999999999 vertices are not possible");
     row("off, negative count", "a.off", "OFF\n-3 1 0\n", "line 2: -3 vertices");
     row("off, no such vertex", "a.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n1 1 0\n3 0 1 3\n",
         "line 6: there is no vertex 3, only 0 to 2");
     row("off, corners lie", "a.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n1 1 0\n900000000000 0 1 2\n",
         "line 6: the face has 3 of its 900000000000 corners");
-    row("off, no number", "a.off", "OFF\n3 1 0\n0 0 zero\n", "line 3: \"zero\" is no number");
-    row("off, no finite number", "a.off", "OFF\n3 1 0\n0 0 nan\n", "line 3: \"nan\" is no number");
+    row("off, no number", "a.off", "OFF\n3 1 0\n0 0 zero\n", "line 3: \"zero\" is not a number");
+    row("off, no finite number", "a.off", "OFF\n3 1 0\n0 0 nan\n", "line 3: \"nan\" is not a number");
     row("off, huge number", "a.off", "OFF\n3 1 0\n0 0 1e999\n", "line 3: \"1e999\" is beyond");
     row("off, four dimensions", "a.off", "4OFF\n1 0 0\n1 1 1 1\n", "other than three dimensions");
     row("off, binary", "a.off", QByteArray("OFF BINARY\n\0\0", 13), "binary OFF");
@@ -301,9 +300,9 @@ void ModelReadersTest::hostile_data()
     row("grdecl, cut short", "a.grdecl", "SPECGRID\n 1 1 1 1 F /\nCOORD\n 1 2 3\n",
         "after line 4: COORD has 3 of 24 numbers");
     row("grdecl, default", "a.grdecl", "SPECGRID\n 1 1 1 1 F /\nCOORD\n 24* /\n", "COORD has defaults");
-    row("grdecl, word", "a.grdecl", "SPECGRID\n 1 1 1 1 F /\nCOORD\n 23*0 x /\n", "line 4: \"x\" is no number");
+    row("grdecl, word", "a.grdecl", "SPECGRID\n 1 1 1 1 F /\nCOORD\n 23*0 x /\n", "line 4: \"x\" is not a number");
     row("grdecl, axis of no length", "a.grdecl", "MAPAXES\n 6*1 /\n", "line 2: MAPAXES has an axis of no length");
-    row("grdecl, unit", "a.grdecl", "GRIDUNIT\n 'FURLONGS' /\n", "is no unit that is known");
+    row("grdecl, unit", "a.grdecl", "GRIDUNIT\n 'FURLONGS' /\n", "is not a known unit");
     row("grdecl, quotes", "a.grdecl", "MAPUNITS\n 'METRES /\n", "line 2: a text in quotes does not end");
     row("grdecl, second grid", "a.grdecl", QByteArray(smallGrid) + "SPECGRID\n 2 1 1 1 F /\n", "a second grid begins");
 }

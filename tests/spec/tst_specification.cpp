@@ -391,7 +391,7 @@ private Q_SLOTS:
         QCOMPARE(m_editor->columns(), QStringLiteral("a 1-8"));
         QCOMPARE(m_editor->mode(), QExportSpecification::ColumnBased);
         QVERIFY(m_editor->hasAttribute(QStringLiteral("q")));
-        // X has a type of its own, so it is no attribute that is missing... but its code lies below those named.
+        // X has a type of its own, so it is not an attribute that is missing... but its code lies below those named.
         QCOMPARE(m_editor->missing, words("q X"));
         // Keys that a file holds beyond ours are written again.
         load(write("more.klf", "{\"format\":\"kp-layout\",\"version\":1,\"type\":\"fields\",\"tool\":\"t\","

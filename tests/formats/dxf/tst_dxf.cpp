@@ -352,8 +352,7 @@ void DxfTest::unitsAndSystems()
     QVERIFY(body("c.dxf").contains("10\n117.382433000\n20\n-22.630436000\n30\n32.8083990\n"));
     QCOMPARE(own.findings(), QStringLiteral("coordinate systems differ: 2"));
     const SaverRun unknown("dxf", {degrees}, path("d.dxf"), "crs=nowhere");
-    QVERIFY(unknown.error().startsWith(
-        QStringLiteral("\"nowhere\" is no coordinate system that is known (set crs to one")));
+    QVERIFY(unknown.error().startsWith(QStringLiteral("\"nowhere\" is not a known coordinate system (set crs to one")));
 }
 
 void DxfTest::leftOut()

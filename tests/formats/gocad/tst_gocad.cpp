@@ -60,7 +60,7 @@ void GocadTest::points()
                                      "PVRTX 2 8.20 65.62 -0.82 -99999 -99999 -99999\n"
                                      "END\n"));
     QCOMPARE(run.rows(), 2);
-    QCOMPARE(run.findings(), QStringLiteral("attribute that is no number left out: 1, renamed: 3, "
+    QCOMPARE(run.findings(), QStringLiteral("attribute that is not a number left out: 1, renamed: 3, "
                                             "vertex without a position left out: 1, value equal to the null value: 2"));
     QVERIFY(run.readBack[0].worst().difference > 0.0 && run.readBack[0].worst().difference < 0.005);
 }

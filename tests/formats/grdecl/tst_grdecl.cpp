@@ -147,10 +147,10 @@ void GrdeclTest::missingValues()
     SaverRun run("grdecl", {boxOf(cells)}, path("g.grdecl"), "nullValue=-1");
     QCOMPARE(run.fault(), QString());
     QVERIFY(run.bytes().contains("NTG\n 0.5 2*-1.0\n/"));
-    // The inactive cell's is no loss.
+    // The inactive cell's is not a loss.
     QCOMPARE(
         run.findings(),
-        QStringLiteral("attribute that is no number left out: 1, missing value of an active cell written as -1: 1"));
+        QStringLiteral("attribute that is not a number left out: 1, missing value of an active cell written as -1: 1"));
     run.selection.attributes = QStringList{QStringLiteral("SWAT")};
     QVERIFY(run.again());
     QVERIFY(!run.bytes().contains("NTG"));

@@ -193,7 +193,7 @@ void KmlTest::systems_data()
                           "or leave out what has none)");
     QTest::newRow("not known")
         << QByteArray("EPSG:28350") << QStringLiteral("EPSG:999999")
-        << QStringLiteral("\"EPSG:999999\" is no coordinate system that is known (set crs to one like EPSG:28350)");
+        << QStringLiteral("\"EPSG:999999\" is not a known coordinate system (set crs to one like EPSG:28350)");
 }
 
 void KmlTest::systems()

@@ -183,9 +183,8 @@ void OgrFailuresTest::unknownSystems()
     };
     for (const char* format : {"shp", "tab", "gpkg", "geojson"}) {
         const QString error = errorWith(object, format, "crs=EPSG:no");
-        QVERIFY2(
-            error.contains(QStringLiteral("\"EPSG:no\" is no coordinate system that is known (give EPSG:n or WKT")),
-            qPrintable(error));
+        QVERIFY2(error.contains(QStringLiteral("\"EPSG:no\" is not a known coordinate system (give EPSG:n or WKT")),
+                 qPrintable(error));
     }
     const QString noSystem = errorWith(object, "geojson", "");
     QVERIFY2(noSystem.contains(QStringLiteral("crs=EPSG:n")), qPrintable(noSystem));

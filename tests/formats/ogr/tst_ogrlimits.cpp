@@ -88,7 +88,7 @@ void OgrLimitsTest::plans_data()
          {"capitals", "shp", "object", "m.SHP", "m_P.shp m_Q.shp m_L.shp m_p_2.shp"},
          {"sets", "shp", "set", "m", "m_A_points.shp m_A_points3d.shp m_B_polylines3d.shp m_B_polygons.shp"},
          {"sets in folders", "gpkg", "set", "", "A.gpkg B.gpkg"},
-         {"a folder is no file", "shp", "single", "", "."}});
+         {"a folder is not a file", "shp", "single", "", "."}});
 }
 
 void OgrLimitsTest::plans()

@@ -238,7 +238,7 @@ void OgrRoundTripsTest::transformed()
     QVERIFY(std::abs(runs[2][0][1] - 7511734.0) < 200.0);
     QCOMPARE(runs[2][0][2], 3.0);
     QCOMPARE(runs[3][0][0], 500100.0);
-    // What the user asks for is no finding.
+    // What the user asks for is not a finding.
     const SaverRun quietRun("shp", objects, path("t.shp"), "crs=EPSG:4283");
     QCOMPARE(quietRun.countOf(QStringLiteral("transformed")), 0);
     QVERIFY(std::abs(runsIn(path("t.shp"))[0][0][0] - 117.0) < 1e-9);

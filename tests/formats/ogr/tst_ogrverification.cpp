@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every damage to a written vector file is found by reading it again; what is rightly missing is no fault.
+// Every damage to a written vector file is found by reading it again; what is rightly missing is not a fault.
 #include "tests/formats/ogr/OgrTestTools.h"
 
 using namespace kpFormats;

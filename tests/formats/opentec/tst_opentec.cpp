@@ -142,7 +142,7 @@ void OpenTecTest::readerRefuses_data()
     textRows({"from", "to", "message"},
              {{"points-end\n", "", "line 22: \"points-end\" is due here"},
               {"xyz 0.00 0.00 150.00", "xyz 0.00 150.00", "line 20: there are 2 numbers where 3 are due"},
-              {"150.00", "nan", "line 20: \"nan\" is no number"},
+              {"150.00", "nan", "line 20: \"nan\" is not a number"},
               {"open_tec_link_section-end\n", "", "line 25: \"open_tec_link_section-end\" is due here"},
               {"section_age 0.00\n", "", "line 14: \"section_age\" is due here"}});
 }
@@ -274,12 +274,12 @@ void OpenTecTest::wrongSections_data()
         {{R"("trace": [[0, 0], [1, 1]])", R"(there is no "name" (name the section))"},
          {R"("name": "A")", "the trace has no length"},
          {R"("name": "A", "trace": [[1, 2], [1, 2]])", "the trace has no length"},
-         {R"("name": "A", "trace": [[1, 2], [1]])", "point 2 of the trace is no pair of numbers"},
+         {R"("name": "A", "trace": [[1, 2], [1]])", "point 2 of the trace is not a pair of numbers"},
          {R"("name": "A", "trace": [[0, 0], [1, 1]], "objects": ["X"])", R"(there is no object "X")"},
-         {R"("name": "A", "trace": [[0, 0], [1, 1]], "crs": "X")", R"("X" is no coordinate system)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "crs": "X")", R"("X" is not a known coordinate system)"},
          {R"("name": "A", "trace": [[0, 0], [1, 1]], "colour": "X")", R"("colour" is not known (keys: name, trace)"},
-         {R"("name": 7, "trace": [[0, 0], [1, 1]])", R"("name" is no text)"},
-         {R"("name": "A", "trace": [[0, 0], [1, 1]], "color": "X")", R"("X" is no colour)"}});
+         {R"("name": 7, "trace": [[0, 0], [1, 1]])", R"("name" is not text)"},
+         {R"("name": "A", "trace": [[0, 0], [1, 1]], "color": "X")", R"("X" is not a colour)"}});
 }
 
 void OpenTecTest::wrongSections()
