@@ -229,24 +229,27 @@ bool OutputTransaction::commit(const WaitForOthers& wait)
     std::vector<const Folder*> directories;
     for (const Batch& batch : pending)
         directories.push_back(&batch.folder->parent());
-    const DirectoryLocks locks(directories, wait);
-    if (locks.outcome() == DirectoryLocks::Outcome::GivenUp)
-        return false;
-    if (locks.outcome() == DirectoryLocks::Outcome::TooLong)
-        failToWait(m_targets.front().name, locks.holder());
-    for (Batch& batch : pending)
-        look(batch);
-    for (const Batch& batch : pending) {
-        const int error = batch.folder->decide(batch.moves);
-        if (error == 0)
-            continue;
-        for (const Batch& decided : pending)
-            decided.folder->takeBack(decided.moves);
-        throw ExportError(batch.targets.front(),
-                          QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
-                          writingCure(error));
+    {
+        // Given back before the folders that are locked go.
+        const DirectoryLocks locks(directories, wait);
+        if (locks.outcome() == DirectoryLocks::Outcome::GivenUp)
+            return false;
+        if (locks.outcome() == DirectoryLocks::Outcome::TooLong)
+            failToWait(m_targets.front().name, locks.holder());
+        for (Batch& batch : pending)
+            look(batch);
+        for (const Batch& batch : pending) {
+            const int error = batch.folder->decide(batch.moves);
+            if (error == 0)
+                continue;
+            for (const Batch& decided : pending)
+                decided.folder->takeBack(decided.moves);
+            throw ExportError(batch.targets.front(),
+                              QStringLiteral("the file could not be made durable: %1").arg(errorText(error)),
+                              writingCure(error));
+        }
+        carryOut(pending);
     }
-    carryOut(pending);
     m_targets.clear();
     m_folders.clear();
     return true;
