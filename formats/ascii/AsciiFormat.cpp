@@ -82,7 +82,7 @@ void AsciiFormat::overrule(SettingsValue& settings, const QString& key, const QS
     settings.set(key, value);
     auto& ascii = settings.as<AsciiExportSettings>();
     if (ascii.layout && key == QLatin1String("decimals"))
-        setDecimals(*ascii.layout, ascii.decimals);
+        ascii.layout->decimals = ascii.decimals;
 }
 
 std::vector<PlannedFile> AsciiFormat::files(const ExportSelection& selection, const SettingsValue& settings) const

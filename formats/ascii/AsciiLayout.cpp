@@ -85,20 +85,6 @@ QESAttribute editorField(const OfferedField& field, int decimals)
     return attribute;
 }
 
-void setDecimals(AsciiLayout& layout, int decimals)
-{
-    for (QESAttribute& field : layout.fields) {
-        // Those of a file written by hand may have no type, and are real if they are numbers at all.
-        if (field.type() == QLatin1String("int") || field.type() == QLatin1String("string"))
-            continue;
-        // fieldsFor() moves what stands behind it.
-        const int more = decimals - field.precision();
-        field.precision() = decimals;
-        field.end() = std::max(field.start(), field.end() + more);
-        field.width() = std::max(1, field.width() + more);
-    }
-}
-
 QVector<QESAttribute> fieldsFor(const AsciiLayout& layout, const std::vector<OfferedField>& offered)
 {
     QSet<QString> names;
@@ -106,6 +92,15 @@ QVector<QESAttribute> fieldsFor(const AsciiLayout& layout, const std::vector<Off
         names.insert(field.name);
     QVector<QESAttribute> fields = kpBaseExport::layout::orderedFields(
         layout.fields, [&names](const QString& name) { return names.contains(name); });
+    for (QESAttribute& field : fields) {
+        const bool real = std::any_of(offered.begin(), offered.end(), [&field](const OfferedField& one) {
+            return one.name == field.name() && one.kind == AttributeKind::Real;
+        });
+        if (!layout.decimals || !real)
+            continue;
+        field.end() = std::max(field.start(), field.end() + *layout.decimals - field.precision());
+        field.precision() = *layout.decimals;
+    }
     kpBaseExport::layout::layOut(fields);
     return fields;
 }

@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 #include <vector>
 
 namespace kpFormats
@@ -19,6 +21,7 @@ struct AsciiLayout
 {
     QMap<QString, kpBaseExport::QESAttribute> fields; ///< by name; the place in a line is the field's order
     QStringList lacking;                              ///< names of the layout that are known to be left out
+    std::optional<int> decimals;                      ///< of every real field, where they were given beside the layout
 };
 
 /// A field that some of the chosen objects have.
@@ -33,9 +36,6 @@ struct OfferedField
 KPFORMATS_EXPORT std::vector<OfferedField> offeredFields(const std::vector<const ModelObject*>& objects);
 /// The field as the layout editor knows it.
 KPFORMATS_EXPORT kpBaseExport::QESAttribute editorField(const OfferedField& field, int decimals);
-
-/// Gives every real field that many decimals, and the columns for them.
-KPFORMATS_EXPORT void setDecimals(AsciiLayout& layout, int decimals);
 
 /// The fields of the layout that the objects have, in order and with columns that do not overlap.
 KPFORMATS_EXPORT QVector<kpBaseExport::QESAttribute> fieldsFor(const AsciiLayout& layout,

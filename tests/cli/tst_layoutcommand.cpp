@@ -72,7 +72,7 @@ void LayoutCommandTest::layouts_data()
     row("decimals widen columns", "a.klf",
         klf("columns", "{\"name\":\"X\",\"order\":0,\"start\":1,\"end\":9,\"precision\":1},\n"
                        "{\"name\":\"name\",\"order\":1,\"start\":11,\"end\":16}"),
-        "--set decimals=3", "          Xname  \n6789012.346Грифон\n      2.000a, b  \n");
+        "--set decimals=3", "          X  name\n6789012.346Грифон\n      2.000  a, b\n");
     row("another way of laying out", "a.klf", klf("fields", "{\"name\":\"Z\"}"), "--set mode=columns",
         "          Z\n      -1.00\n       4.00\n");
     row("columns with a gap and a cut", "a.klf",
