@@ -123,6 +123,7 @@ private Q_SLOTS:
             "     X      Y\n  1000   2000\n  1010   2000\n");
         row("fixed columns: no half characters", {field("Rare", 0, 1, 3)}, "Ra*\n a*\n   \n", [](Writer& writer) {
             const QString gothic = QString::fromUtf8("a\U00010348b");
+            qDeleteAll(writer.geoObject()->vertexAttributeData());
             writer.geoObject()->vertexAttributeData() = {
                 new VariantMatrixData(QStringLiteral("Rare"), MatrixData::String, {gothic + gothic, QString()})};
         });
