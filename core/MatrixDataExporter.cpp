@@ -2,30 +2,14 @@
 #include "core/MatrixDataExporter.h"
 
 #include "core/GeoObject.h"
+#include "core/TruePath.h"
 
-#include <QFile>
-
-#include <filesystem>
+#include <cerrno>
 #include <locale>
 #include <stdexcept>
 
 namespace kpBaseExport
 {
-
-namespace
-{
-
-/// The file that everybody else means by \a name.
-std::filesystem::path truePath(const QString& name)
-{
-#ifdef Q_OS_WIN
-    return name.toStdWString();
-#else
-    return QFile::encodeName(name).toStdString();
-#endif
-}
-
-} // namespace
 
 MatrixDataExporter::MatrixDataExporter(const QString& file, kpBase::AbstractProgress* reporter)
     : fileName(file)
@@ -50,18 +34,23 @@ bool MatrixDataExporter::fileOpen()
         return false;
     if (!stream.is_open()) {
         m_writeFailed = false;
-        m_lost = false;
+        m_systemError = 0;
+        blockStream = BlockStream();
         // The host may have set a global locale; files never follow it.
         stream.imbue(std::locale::classic());
         stream.clear();
     }
+    errno = 0;
     // A file that is still open makes this fail, and the stream is_open() afterwards all the same.
     if (useTruePath)
         stream.open(truePath(fileName), std::ios::out | std::ios::trunc);
     else
         stream.open(fileName.toLatin1().constData(), std::ios::out | std::ios::trunc);
-    if (stream.fail())
+    if (stream.fail()) {
+        m_systemError = errno;
         return false;
+    }
+    blockStream = BlockStream(stream.rdbuf());
     stream.setf(std::ios::fixed, std::ios::floatfield);
     return true;
 }
@@ -69,31 +58,22 @@ bool MatrixDataExporter::fileOpen()
 void MatrixDataExporter::fileClose()
 {
     const bool wasOpen = stream.is_open();
-    const bool lost = m_lost;
-    m_lost = false;
+    blockStream.flush();
+    const bool lost = blockStream.lost();
+    errno = 0;
     stream.close();
-    if (wasOpen && stream.fail())
-        m_writeFailed = true;
+    if (blockStream.failed())
+        m_systemError = blockStream.error();
+    else if (wasOpen && stream.fail())
+        m_systemError = errno;
+    m_writeFailed = m_writeFailed || blockStream.failed() || (wasOpen && stream.fail());
+    blockStream = BlockStream();
     if (throwOnWriteFailure && lost)
         throw std::runtime_error(
             ErrorMessage(QStringLiteral("No file was open for what has been written"), -1).toStdString());
     if (throwOnWriteFailure && wasOpen && m_writeFailed)
         throw std::runtime_error(
             ErrorMessage(QStringLiteral("The file could not be written completely"), -1).toStdString());
-}
-
-void MatrixDataExporter::put(const char* text, std::size_t size)
-{
-    if (size > 0 && !stream.is_open()) {
-        m_lost = true;
-        m_writeFailed = true;
-    }
-    stream.write(text, static_cast<std::streamsize>(size));
-}
-
-void MatrixDataExporter::put(const std::string& text)
-{
-    put(text.data(), text.size());
 }
 
 GeoObject* MatrixDataExporter::geoObject() const
@@ -129,7 +109,12 @@ void MatrixDataExporter::write()
 
 bool MatrixDataExporter::writeFailed() const
 {
-    return m_writeFailed || (stream.is_open() && stream.fail());
+    return m_writeFailed || blockStream.failed() || (stream.is_open() && stream.fail());
+}
+
+int MatrixDataExporter::systemError() const
+{
+    return blockStream.failed() ? blockStream.error() : m_systemError;
 }
 
 QString MatrixDataExporter::ErrorMessage(const QString& text, int line) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/BlockStream.h"
 #include "core/kpBaseExportCoreExport.h"
 
 #include <QString>
@@ -62,6 +63,8 @@ public:
     /// True when a write since the last fileOpen() failed, the flush on closing included (a full disk, a quota), or
     /// found no file open.
     bool writeFailed() const;
+    /// What the system said when opening, writing or closing failed last, an errno; 0 when it said nothing.
+    int systemError() const;
 
     QString nullValue = QStringLiteral("99999"); ///< text in place of a missing number, when writeNullValue is set
     bool writeNullValue = false;                 ///< substitute nullValue for missing numbers
@@ -81,17 +84,17 @@ public:
 protected:
     /// Text for the user: file name, \a text and, unless it is -1, the line.
     QString ErrorMessage(const QString& text, int line) const;
-    /// Writes bytes to the stream; what finds no file open counts as a failed write.
-    void put(const char* text, std::size_t size);
-    void put(const std::string& text);
 
     std::ofstream stream;
+    /// Leads to the file while one is open, behind what was written to the stream before. A writer that appends to its
+    /// text leaves nothing there when an operation ends.
+    BlockStream blockStream;
     kpBase::AbstractProgress* progress; ///< not owned, may be null
 
 private:
     std::unique_ptr<GeoObject> m_record;
+    int m_systemError = 0;
     bool m_writeFailed = false;
-    bool m_lost = false; ///< something was written while no file was open, since the last fileClose()
 };
 
 } // namespace kpBaseExport

@@ -1,41 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "export/BlockWriter.h"
 
-#include "export/ExportError.h"
+#include "core/TruePath.h"
+#include "export/WriteErrors.h"
 
+#include <cerrno>
 #include <charconv>
 
 namespace kpFormats
 {
 
 BlockWriter::BlockWriter(const QString& path, const QString& target)
-    : m_file(path)
+    : m_block(&m_file)
     , m_target(target)
 {
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw ExportError(target,
-                          QStringLiteral("the file could not be opened for writing: %1").arg(m_file.errorString()),
-                          QStringLiteral("check the directory's permissions and the disk"));
-    m_text.reserve(blockSize + blockSize / 4);
+    errno = 0;
+    if (!m_file.open(kpBaseExport::truePath(path), std::ios::out | std::ios::trunc | std::ios::binary))
+        throw cannotOpen(target, errno);
 }
 
-void BlockWriter::flush()
+void BlockWriter::check()
 {
-    const auto size = static_cast<qint64>(m_text.size());
-    if (m_file.write(m_text.data(), size) != size)
-        throw ExportError(m_target,
-                          QStringLiteral("the file could not be written completely: %1").arg(m_file.errorString()),
-                          QStringLiteral("make room on the disk or choose another"));
-    m_text.clear();
+    m_block.check();
+    if (m_block.failed())
+        throw cannotWrite(m_target, m_block.error());
 }
 
 void BlockWriter::close()
 {
-    flush();
-    m_file.close();
-    if (m_file.error() != QFileDevice::NoError)
-        throw ExportError(m_target, QStringLiteral("the file could not be closed: %1").arg(m_file.errorString()),
-                          QStringLiteral("make room on the disk or choose another"));
+    m_block.flush();
+    if (m_block.failed())
+        throw cannotWrite(m_target, m_block.error());
+    errno = 0;
+    if (!m_file.close())
+        throw cannotWrite(m_target, errno);
 }
 
 void appendShortest(std::string& text, double value)

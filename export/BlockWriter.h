@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/BlockStream.h"
 #include "model/kpFormatsExport.h"
 
-#include <QFile>
 #include <QString>
 
+#include <fstream>
 #include <string>
 
 namespace kpFormats
@@ -20,24 +21,16 @@ public:
     /// \throws ExportError
     BlockWriter(const QString& path, const QString& target);
 
-    std::string& text() { return m_text; }
+    std::string& text() { return m_block.text(); }
     /// Writes the text when there is enough of it. \throws ExportError
-    void check()
-    {
-        if (m_text.size() >= blockSize)
-            flush();
-    }
+    void check();
     /// Writes what is left and closes. \throws ExportError
     void close();
 
 private:
-    static constexpr std::size_t blockSize = 128 * 1024;
-
-    void flush();
-
-    QFile m_file;
+    std::filebuf m_file;
+    kpBaseExport::BlockStream m_block;
     QString m_target;
-    std::string m_text;
 };
 
 /// Appends the shortest text that reads as the same number again; never depends on the locale.

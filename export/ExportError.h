@@ -14,7 +14,12 @@ namespace kpFormats
 class KPFORMATS_EXPORT ExportError : public std::runtime_error
 {
 public:
-    ExportError(const QString& file, const QString& cause, const QString& cure);
+    ExportError(const QString& file, const QString& cause, const QString& cure)
+        : std::runtime_error(QStringLiteral("%1: %2 (%3)").arg(file, cause, cure).toStdString())
+        , m_file(file)
+        , m_reason(QStringLiteral("%1 (%2)").arg(cause, cure))
+    {
+    }
 
     const QString& file() const { return m_file; }
     /// Cause and cure without the file.

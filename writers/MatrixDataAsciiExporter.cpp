@@ -122,12 +122,12 @@ void MatrixDataAsciiExporter::writeOf(const GeoObject* object, Write write)
         write();
     } catch (...) {
         m_fieldData.clear();
-        m_block.resize(m_whole);
-        flushBlock(0);
+        blockStream.text().resize(m_whole);
+        flushRows(0);
         throw;
     }
     m_fieldData.clear();
-    flushBlock(0);
+    flushRows(0);
 }
 
 QString MatrixDataAsciiExporter::headerName(std::size_t field) const
@@ -168,20 +168,20 @@ void MatrixDataAsciiExporter::appendHeader()
         qint64 position = 1;
         for (std::size_t index = 0; index < fields.size(); ++index) {
             for (; position < fields[index].start; ++position)
-                m_block += ' ';
+                blockStream.text() += ' ';
             const int width = widthOf(fields[index]);
-            m_block += fitted(headerName(index), width).toStdString();
+            blockStream.text() += fitted(headerName(index), width).toStdString();
             position += width;
         }
     } else if (mode == FieldBased) {
         const std::string between = separatorText();
         for (std::size_t index = 0; index < fields.size(); ++index) {
             if (index > 0)
-                m_block += between;
-            m_block += headerName(index).toStdString();
+                blockStream.text() += between;
+            blockStream.text() += headerName(index).toStdString();
         }
     }
-    m_block += '\n';
+    blockStream.text() += '\n';
 }
 
 void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const QString& preset)
@@ -196,14 +196,14 @@ void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const Q
     if (!headerPending)
         return;
     writeOf(object, [this, header] {
-        m_block += header->fixedText;
+        blockStream.text() += header->fixedText;
         for (std::size_t index = fieldsInFixedText; index < fields.size(); ++index) {
             QString name = headerName(index);
             if (header->dashForBlank)
                 name.replace(QLatin1Char(' '), QLatin1Char('-'));
-            m_block += header->before + name.toStdString() + header->after;
+            blockStream.text() += header->before + name.toStdString() + header->after;
         }
-        m_block += '\n';
+        blockStream.text() += '\n';
     });
     headerPending = false;
     separator = header->separator;
@@ -212,13 +212,15 @@ void MatrixDataAsciiExporter::writeCustomHeader(const GeoObject* object, const Q
 void MatrixDataAsciiExporter::writeGeo(const GeoObject* object)
 {
     m_cancelled = false;
-    if (insertLineBreaks && !object->name.empty())
-        put(object->name + '\n');
+    if (insertLineBreaks && !object->name.empty()) {
+        blockStream.text() += object->name + '\n';
+        blockStream.flush();
+    }
     requireVertexData(*object);
     writeOf(object, [this, object] {
         appendRows(*object);
         if (insertLineBreaks)
-            m_block += '\n';
+            blockStream.text() += '\n';
     });
 }
 
@@ -239,12 +241,12 @@ void MatrixDataAsciiExporter::appendRows(const GeoObject& object)
                 row = appendPlainRows(row, end, between);
             if (row < end) {
                 joinPlainRows();
-                m_whole = m_block.size();
+                m_whole = blockStream.text().size();
                 appendRow(row, between);
-                m_whole = m_block.size();
+                m_whole = blockStream.text().size();
                 ++row;
             }
-            flushBlock(blockSize);
+            flushRows(blockSize);
         }
     }
     joinPlainRows();
@@ -280,12 +282,12 @@ int MatrixDataAsciiExporter::appendPlainRows(int row, int end, const std::string
 {
     char padded[longestPlainSeparator] = {};
     separatorChars.copy(padded, sizeof padded);
-    char* const block = m_plainRows.data();
-    char* rowEnd = block + m_plainSize;
+    char* const rows = m_plainRows.data();
+    char* rowEnd = rows + m_plainSize;
     for (; row < end; ++row) {
         if (m_plainSize >= blockSize) {
-            flushBlock(0);
-            rowEnd = block;
+            flushRows(0);
+            rowEnd = rows;
         }
         char* out = rowEnd;
         for (const PlainColumn& column : m_plainColumns) {
@@ -304,14 +306,14 @@ int MatrixDataAsciiExporter::appendPlainRows(int row, int end, const std::string
         out -= separatorChars.size();
         *out++ = '\n';
         rowEnd = out;
-        m_plainSize = static_cast<std::size_t>(rowEnd - block);
+        m_plainSize = static_cast<std::size_t>(rowEnd - rows);
     }
     return row;
 }
 
 void MatrixDataAsciiExporter::joinPlainRows()
 {
-    m_block.append(m_plainRows.data(), m_plainSize);
+    blockStream.text().append(m_plainRows.data(), m_plainSize);
     m_plainSize = 0;
 }
 
@@ -321,17 +323,17 @@ void MatrixDataAsciiExporter::appendRow(int row, const std::string& separatorCha
         qint64 position = 1;
         for (std::size_t index = 0; index < fields.size(); ++index) {
             for (; position < fields[index].start; ++position)
-                m_block += ' ';
+                blockStream.text() += ' ';
             position += appendValue(fields[index], m_fieldData[index], row);
         }
     } else {
         for (std::size_t index = 0; index < fields.size(); ++index) {
             if (index > 0)
-                m_block += separatorChars;
+                blockStream.text() += separatorChars;
             appendValue(fields[index], m_fieldData[index], row);
         }
     }
-    m_block += '\n';
+    blockStream.text() += '\n';
 }
 
 bool MatrixDataAsciiExporter::reportRow(int row, int rows)
@@ -348,7 +350,7 @@ bool MatrixDataAsciiExporter::reportRow(int row, int rows)
 int MatrixDataAsciiExporter::writeValue(const FieldInfo& field, const kpBase::MatrixData* source, int row)
 {
     const int length = appendValue(field, sourceOf(field, source), row);
-    flushBlock(0);
+    flushRows(0);
     return length;
 }
 
@@ -366,8 +368,8 @@ int MatrixDataAsciiExporter::appendValue(const FieldInfo& field, const Source& s
             number = cell.toDouble();
         }
         if (!(missing && writeNullValue)) {
-            const std::size_t start = m_block.size();
-            appendFixed(m_block, source.negated ? -number : number, field.precision);
+            const std::size_t start = blockStream.text().size();
+            appendFixed(blockStream.text(), source.negated ? -number : number, field.precision);
             return finishAscii(field, start);
         }
     }
@@ -409,42 +411,40 @@ int MatrixDataAsciiExporter::finish(const FieldInfo& field, const QString& text)
 {
     if (mode == ColumnBased) {
         const int width = widthOf(field);
-        m_block += fitted(text, width).toStdString();
+        blockStream.text() += fitted(text, width).toStdString();
         return width;
     }
     if (mode == FieldBased)
-        m_block += text.toStdString();
+        blockStream.text() += text.toStdString();
     return text.size();
 }
 
 /// The same for a text of ASCII characters that stands at the end of the block already.
 int MatrixDataAsciiExporter::finishAscii(const FieldInfo& field, std::size_t start)
 {
-    const auto length = static_cast<int>(m_block.size() - start);
+    const auto length = static_cast<int>(blockStream.text().size() - start);
     if (mode == FieldBased)
         return length;
     if (mode != ColumnBased) {
-        m_block.resize(start);
+        blockStream.text().resize(start);
         return length;
     }
     const int width = widthOf(field);
     if (length > width) {
-        m_block.resize(start + static_cast<std::size_t>(std::max(width - 1, 0)));
+        blockStream.text().resize(start + static_cast<std::size_t>(std::max(width - 1, 0)));
         if (width > 0)
-            m_block += '*';
+            blockStream.text() += '*';
     } else {
-        m_block.insert(start, static_cast<std::size_t>(width - length), ' ');
+        blockStream.text().insert(start, static_cast<std::size_t>(width - length), ' ');
     }
     return width;
 }
 
-void MatrixDataAsciiExporter::flushBlock(std::size_t limit)
+void MatrixDataAsciiExporter::flushRows(std::size_t limit)
 {
-    if (m_block.size() + m_plainSize <= limit)
+    if (blockStream.text().size() + m_plainSize <= limit)
         return;
-    put(m_block);
-    put(m_plainRows.data(), m_plainSize);
-    m_block.clear();
+    blockStream.write(m_plainRows.data(), m_plainSize);
     m_plainSize = 0;
     m_whole = 0;
 }

@@ -84,15 +84,14 @@ private:
     int appendPlainRows(int row, int end, const std::string& separatorChars);
     void joinPlainRows();
     bool reportRow(int row, int rows);
-    void flushBlock(std::size_t limit);
+    void flushRows(std::size_t limit);
     Source sourceOf(const FieldInfo& field, const kpBase::MatrixData* matrix) const;
 
     std::vector<Source> m_fieldData; ///< one per field; points into the object
     std::vector<PlainColumn> m_plainColumns;
-    std::string m_plainNull; ///< what stands for a missing value there
-    std::string m_block;
-    std::size_t m_whole = 0;       ///< characters of m_block before the row that is being composed
-    std::vector<char> m_plainRows; ///< follow m_block; their room is made once
+    std::string m_plainNull;       ///< what stands for a missing value there
+    std::size_t m_whole = 0;       ///< characters of the block's text before the row that is being composed
+    std::vector<char> m_plainRows; ///< follow that text; their room is made once
     std::size_t m_plainSize = 0;   ///< characters of m_plainRows in use
     int m_lastPercent = 0;
     bool m_cancelled = false;

@@ -22,14 +22,15 @@ bool MatrixDataDXFExporter::fileOpen()
 {
     if (!MatrixDataExporter::fileOpen())
         return false;
-    stream << DxfFrame::beforeProduct << kpProductInfo::instance().product_name() << DxfFrame::afterProduct;
+    blockStream.text() += DxfFrame::beforeProduct + kpProductInfo::instance().product_name() + DxfFrame::afterProduct;
+    blockStream.flush();
     return true;
 }
 
 void MatrixDataDXFExporter::fileClose()
 {
     if (stream.is_open())
-        put(DxfFrame::epilogue);
+        blockStream.text() += DxfFrame::epilogue;
     MatrixDataExporter::fileClose();
 }
 

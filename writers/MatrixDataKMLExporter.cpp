@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "writers/MatrixDataKMLExporter.h"
 
+#include "writers/KmlColour.h"
 #include "writers/KmlFrame.h"
 #include "writers/StreamNumber.h"
 #include "writers/VertexCheck.h"
@@ -16,19 +17,6 @@ namespace
 void appendName(std::string& text, const QString& name)
 {
     text += "<name><![CDATA[" + name.toStdString() + "]]></name>";
-}
-
-/// KML's colour text: alpha, blue, green, red.
-std::string kmlColour(const char* alpha, const QColor& colour)
-{
-    const QColor shown = colour.isValid() ? colour : QColor(Qt::white);
-    std::string text = alpha;
-    for (const int component : {shown.blue(), shown.green(), shown.red()}) {
-        constexpr char digits[] = "0123456789abcdef";
-        text += digits[component / 16];
-        text += digits[component % 16];
-    }
-    return text;
 }
 
 } // namespace
@@ -47,21 +35,23 @@ bool MatrixDataKMLExporter::fileOpen()
 {
     if (!MatrixDataExporter::fileOpen())
         return false;
-    stream << KmlFrame::beforeVersion << QCoreApplication::applicationVersion().toStdString() << KmlFrame::afterVersion;
+    blockStream.text() +=
+        KmlFrame::beforeVersion + QCoreApplication::applicationVersion().toStdString() + KmlFrame::afterVersion;
+    blockStream.flush();
     return true;
 }
 
 void MatrixDataKMLExporter::fileClose()
 {
     if (stream.is_open())
-        put(KmlFrame::epilogue);
+        blockStream.text() += KmlFrame::epilogue;
     MatrixDataExporter::fileClose();
 }
 
 void MatrixDataKMLExporter::beginFolder(const QString& name)
 {
-    m_text = "<Folder>\n";
-    appendName(m_text, name);
+    blockStream.text() += "<Folder>\n";
+    appendName(blockStream.text(), name);
     finish("\n");
 }
 
@@ -72,25 +62,25 @@ void MatrixDataKMLExporter::endFolder()
 
 void MatrixDataKMLExporter::writeName(const QString& name)
 {
-    appendName(m_text, name);
+    appendName(blockStream.text(), name);
     finish("\n");
 }
 
 void MatrixDataKMLExporter::writeBoundingArea(const QPointF& corner1, const QPointF& corner2)
 {
-    m_text = "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
-             "<Polygon><altitudeMode>clampToGround</altitudeMode>"
-             "<outerBoundaryIs><LinearRing><coordinates>\n";
+    blockStream.text() += "<Placemark><name>bb</name><styleUrl>#transBluePoly</styleUrl>\n"
+                          "<Polygon><altitudeMode>clampToGround</altitudeMode>"
+                          "<outerBoundaryIs><LinearRing><coordinates>\n";
     appendPoints({corner1, {corner1.x(), corner2.y()}, corner2, {corner2.x(), corner1.y()}, corner1});
     finish("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writeSectionTrace(const QList<QPointF>& points, const QString& name)
 {
-    m_text = "<Placemark>";
-    appendName(m_text, name);
-    m_text += "<styleUrl>#sectionTrace</styleUrl>\n"
-              "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
+    blockStream.text() += "<Placemark>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "<styleUrl>#sectionTrace</styleUrl>\n"
+                          "<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
     appendPoints(points);
     finish("</coordinates></LineString></Placemark>\n");
 }
@@ -98,12 +88,12 @@ void MatrixDataKMLExporter::writeSectionTrace(const QList<QPointF>& points, cons
 void MatrixDataKMLExporter::writePolygon(const QList<QPointF>& points, const QString& name, const QColor& colour)
 {
     const std::string number = std::to_string(++styleCounter);
-    m_text = "<Style id=\"PSI" + number + "\"><PolyStyle><color>" + kmlColour("af", colour)
-             + "</color><fill>1</fill></PolyStyle></Style>\n<Placemark>";
-    appendName(m_text, name);
-    m_text += "<styleUrl>#PSI" + number
-              + "</styleUrl>\n<Polygon><altitudeMode>clampToGround</altitudeMode>"
-                "<outerBoundaryIs><LinearRing><coordinates>\n";
+    blockStream.text() += "<Style id=\"PSI" + number + "\"><PolyStyle><color>" + kmlColour("af", colour)
+                          + "</color><fill>1</fill></PolyStyle></Style>\n<Placemark>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "<styleUrl>#PSI" + number
+                          + "</styleUrl>\n<Polygon><altitudeMode>clampToGround</altitudeMode>"
+                            "<outerBoundaryIs><LinearRing><coordinates>\n";
     appendPoints(points);
     finish("</coordinates></LinearRing></outerBoundaryIs></Polygon></Placemark>\n");
 }
@@ -111,20 +101,20 @@ void MatrixDataKMLExporter::writePolygon(const QList<QPointF>& points, const QSt
 void MatrixDataKMLExporter::writePolyLine(const QList<QPointF>& points, const QString& name, const QColor& colour)
 {
     const std::string number = std::to_string(++styleCounter);
-    m_text = "<Style id=\"LSI" + number + "\"><LineStyle><width>2</width><color>" + kmlColour("aa", colour)
-             + "</color></LineStyle></Style>\n<Placemark>";
-    appendName(m_text, name);
-    m_text += "<styleUrl>#LSI" + number
-              + "</styleUrl>\n<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
+    blockStream.text() += "<Style id=\"LSI" + number + "\"><LineStyle><width>2</width><color>" + kmlColour("aa", colour)
+                          + "</color></LineStyle></Style>\n<Placemark>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "<styleUrl>#LSI" + number
+                          + "</styleUrl>\n<LineString><altitudeMode>clampToGround</altitudeMode><coordinates>\n";
     appendPoints(points);
     finish("</coordinates></LineString></Placemark>\n");
 }
 
 void MatrixDataKMLExporter::writeWell(const QPointF& position, const QString& name)
 {
-    m_text = "<Placemark>";
-    appendName(m_text, name);
-    m_text += "\n<Point><coordinates>\n";
+    blockStream.text() += "<Placemark>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "\n<Point><coordinates>\n";
     appendPoint(position);
     finish("</coordinates></Point></Placemark>\n");
 }
@@ -132,9 +122,9 @@ void MatrixDataKMLExporter::writeWell(const QPointF& position, const QString& na
 void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, double east, double west, double rotation,
                                                  const QString& imageHref, const QString& name)
 {
-    m_text = "<GroundOverlay>";
-    appendName(m_text, name);
-    m_text += "\n<Icon><href>" + imageHref.toStdString() + "</href></Icon>\n<LatLonBox>\n";
+    blockStream.text() += "<GroundOverlay>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "\n<Icon><href>" + imageHref.toStdString() + "</href></Icon>\n<LatLonBox>\n";
     appendEdge("north", north);
     appendEdge("south", south);
     appendEdge("east", east);
@@ -146,11 +136,11 @@ void MatrixDataKMLExporter::writeHorizontalImage(double north, double south, dou
 void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QString& name, const QString& imageSource,
                                             const QSize& size)
 {
-    m_text = "<Placemark>";
-    appendName(m_text, name);
-    m_text += "\n<description><![CDATA[<img src=\"" + imageSource.toStdString()
-              + "\" width=" + std::to_string(size.width()) + " height=" + std::to_string(size.height())
-              + " />]]></description>\n<Point><coordinates>\n";
+    blockStream.text() += "<Placemark>";
+    appendName(blockStream.text(), name);
+    blockStream.text() += "\n<description><![CDATA[<img src=\"" + imageSource.toStdString()
+                          + "\" width=" + std::to_string(size.width()) + " height=" + std::to_string(size.height())
+                          + " />]]></description>\n<Point><coordinates>\n";
     appendPoint(position);
     finish("</coordinates></Point></Placemark>\n");
 }
@@ -158,15 +148,15 @@ void MatrixDataKMLExporter::writePointImage(const QPointF& position, const QStri
 void MatrixDataKMLExporter::appendNumber(double degrees)
 {
     // The saver may have asked the stream for other decimals.
-    appendStreamFixed(m_text, degrees, static_cast<int>(stream.precision()));
+    appendStreamFixed(blockStream.text(), degrees, static_cast<int>(stream.precision()));
 }
 
 void MatrixDataKMLExporter::appendPoint(const QPointF& point)
 {
     appendNumber(point.y());
-    m_text += ',';
+    blockStream.text() += ',';
     appendNumber(point.x());
-    m_text += '\n';
+    blockStream.text() += '\n';
 }
 
 void MatrixDataKMLExporter::appendPoints(const QList<QPointF>& points)
@@ -177,16 +167,15 @@ void MatrixDataKMLExporter::appendPoints(const QList<QPointF>& points)
 
 void MatrixDataKMLExporter::appendEdge(const char* edge, double degrees)
 {
-    m_text += std::string("<") + edge + ">";
+    blockStream.text() += std::string("<") + edge + ">";
     appendNumber(degrees);
-    m_text += std::string("</") + edge + ">\n";
+    blockStream.text() += std::string("</") + edge + ">\n";
 }
 
 void MatrixDataKMLExporter::finish(const char* end)
 {
-    m_text += end;
-    put(m_text);
-    m_text.clear();
+    blockStream.text() += end;
+    blockStream.flush();
 }
 
 } // namespace kpBaseExport

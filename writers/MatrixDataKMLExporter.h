@@ -8,8 +8,6 @@
 #include <QPointF>
 #include <QSize>
 
-#include <string>
-
 namespace kpBaseExport
 {
 
@@ -55,8 +53,6 @@ private:
     void appendPoints(const QList<QPointF>& points);
     void appendEdge(const char* edge, double degrees);
     void finish(const char* end);
-
-    std::string m_text; ///< reused by every operation
 };
 
 } // namespace kpBaseExport

@@ -16,8 +16,6 @@ namespace kpBaseExport
 namespace
 {
 
-constexpr std::size_t blockSize = 256 * 1024;
-
 /// Reads a column of a matrix from memory where the matrix offers that, else value by value.
 class ColumnReader
 {
@@ -63,27 +61,27 @@ void MatrixDataOpenTecLinkExporter::writeWhole(Write write)
     try {
         write();
     } catch (...) {
-        m_block.clear();
+        blockStream.text().clear();
         throw;
     }
-    flushBlock(0);
+    blockStream.flush();
 }
 
 void MatrixDataOpenTecLinkExporter::writeHeader(const GeoObject*)
 {
     writeWhole([this] {
-        m_block += "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n";
+        blockStream.text() += "version 1.0\n\nunit_z_depth meter\nunit_xy_section_position meter\n\n";
         if (!sectionPositions || sectionPositions->rowCount() < 1)
             return;
-        m_block += "xy_section_position\n";
+        blockStream.text() += "xy_section_position\n";
         const ColumnReader x(*sectionPositions, 0);
         const ColumnReader y(*sectionPositions, 1);
         for (int row = 0; row < sectionPositions->rowCount(); ++row) {
             appendRow("xy ", {x[row], y[row]});
-            m_block += " \n";
-            flushBlock(blockSize);
+            blockStream.text() += " \n";
+            blockStream.check();
         }
-        m_block += "xy_section_position-end\n\n";
+        blockStream.text() += "xy_section_position-end\n\n";
     });
 }
 
@@ -105,20 +103,20 @@ void MatrixDataOpenTecLinkExporter::appendSection(const GeoObject& object)
                  [](const kpBase::MatrixData* segment) { return segment != nullptr; });
     for (const kpBase::MatrixData* segment : segments)
         m_rows += segment->rowCount();
-    m_block += "open_tec_link_section " + sectionName.toStdString() + "\n\nsection_age ";
-    appendStreamFixed(m_block, sectionAge, precision);
-    m_block += "\n\n";
+    blockStream.text() += "open_tec_link_section " + sectionName.toStdString() + "\n\nsection_age ";
+    appendStreamFixed(blockStream.text(), sectionAge, precision);
+    blockStream.text() += "\n\n";
     for (const kpBase::MatrixData* segment : segments) {
-        m_block += "segment\nname " + segment->name().toStdString();
-        m_block += "\ncolor_rgb " + segment->colorHexaString().toStdString();
-        m_block += "\ntype " + segment->geoType().toStdString();
-        m_block += "\npoints\n";
+        blockStream.text() += "segment\nname " + segment->name().toStdString();
+        blockStream.text() += "\ncolor_rgb " + segment->colorHexaString().toStdString();
+        blockStream.text() += "\ntype " + segment->geoType().toStdString();
+        blockStream.text() += "\npoints\n";
         const bool goOn = appendPoints(*segment);
-        m_block += "points-end\nsegment-end\n\n";
+        blockStream.text() += "points-end\nsegment-end\n\n";
         if (!goOn)
             break;
     }
-    m_block += "open_tec_link_section-end\n\n";
+    blockStream.text() += "open_tec_link_section-end\n\n";
 }
 
 /// False when the user has cancelled.
@@ -133,9 +131,9 @@ bool MatrixDataOpenTecLinkExporter::appendPoints(const kpBase::MatrixData& segme
         const int end = rows - first > rowsBetween ? first + rowsBetween : rows;
         for (int row = first; row < end; ++row) {
             appendRow("xyz ", {x[row], y[row], -z[row]});
-            m_block += '\n';
+            blockStream.text() += '\n';
         }
-        flushBlock(blockSize);
+        blockStream.check();
         if (!report(end - first))
             return false;
     }
@@ -157,22 +155,14 @@ bool MatrixDataOpenTecLinkExporter::report(qint64 rows)
 
 void MatrixDataOpenTecLinkExporter::appendRow(const char* keyword, std::initializer_list<double> numbers)
 {
-    m_block += keyword;
+    blockStream.text() += keyword;
     bool first = true;
     for (const double number : numbers) {
         if (!first)
-            m_block += ' ';
+            blockStream.text() += ' ';
         first = false;
-        appendStreamFixed(m_block, number, precision);
+        appendStreamFixed(blockStream.text(), number, precision);
     }
-}
-
-void MatrixDataOpenTecLinkExporter::flushBlock(std::size_t limit)
-{
-    if (m_block.size() <= limit)
-        return;
-    put(m_block);
-    m_block.clear();
 }
 
 } // namespace kpBaseExport

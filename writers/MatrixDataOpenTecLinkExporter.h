@@ -3,8 +3,6 @@
 
 #include "core/MatrixDataExporter.h"
 
-#include <string>
-
 namespace kpBase
 {
 class MatrixData;
@@ -45,9 +43,7 @@ private:
     void appendSection(const GeoObject& object);
     template <typename Write>
     void writeWhole(Write write);
-    void flushBlock(std::size_t limit);
 
-    std::string m_block;
     qint64 m_rows = 0; ///< of the record
     qint64 m_rowsDone = 0;
     int m_lastPercent = 0;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiFile.h"
 
-#include "export/ExportError.h"
 #include "export/PreparedExport.h"
+#include "export/WriteErrors.h"
 #include "formats/ascii/AsciiOutput.h"
 #include "formats/ascii/AsciiVerification.h"
 #include "model/ShareOfProgress.h"
@@ -36,12 +36,9 @@ qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::Abstrac
     m_laidOut = true;
     ShareOfProgress share(progress, weightOf(file().objects));
     kpBaseExport::MatrixDataAsciiExporter writer(path, &share);
-    writer.useTruePath = true;
     writer.reportRows = true;
     prepareWriter(writer, m_table, m_settings);
-    if (!writer.fileOpen())
-        throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),
-                          QStringLiteral("check the directory's permissions and the disk"));
+    openWriter(writer, file().path);
     qint64 rows = 0;
     for (const ModelObject* object : file().objects) {
         share.next(object->weight());
@@ -50,10 +47,7 @@ qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::Abstrac
         if (writer.cancelled() || writer.writeFailed())
             break;
     }
-    writer.fileClose();
-    if (writer.writeFailed())
-        throw ExportError(file().path, QStringLiteral("the file could not be written completely"),
-                          QStringLiteral("make room on the disk or choose another"));
+    closeWriter(writer, file().path);
     return rows;
 }
 

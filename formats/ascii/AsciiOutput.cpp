@@ -50,10 +50,7 @@ QString presetName(Settings::Preset preset)
 class MemoryWriter : public Writer
 {
 public:
-    MemoryWriter() { static_cast<std::ios&>(stream).rdbuf(&m_bytes); }
-    ~MemoryWriter() override { static_cast<std::ios&>(stream).rdbuf(stream.rdbuf()); }
-    MemoryWriter(const MemoryWriter&) = delete;
-    MemoryWriter& operator=(const MemoryWriter&) = delete;
+    MemoryWriter() { blockStream = kpBaseExport::BlockStream(&m_bytes); }
 
     QByteArray bytes() const { return QByteArray::fromStdString(m_bytes.str()); }
 

@@ -4,10 +4,10 @@
 #include "formats/dxf/DxfFindings.h"
 
 #include "geo/CoordinateSystems.h"
+#include "model/SurfaceFaces.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace kpFormats
 {
@@ -17,7 +17,7 @@ namespace
 
 using Settings = DxfExportSettings;
 
-constexpr int pointsAtOnce = 1024;
+constexpr std::size_t boundaryAtOnce = 2048;
 
 } // namespace
 
@@ -29,6 +29,9 @@ DxfDrawing::DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, const Q
     , m_ticker(ticker)
     , m_findings(findings)
     , m_rules(wktOf(settings.crs), settings.lengthUnit)
+    , m_walk(
+          ticker, findings, QStringLiteral("vertex %1 is not a number or has no place in the coordinate system"),
+          [&sink] { return sink.good(); }, [this](PositionBlock& block) { project(block); })
     , m_layers(settings.unicodeLayers)
 {
 }
@@ -38,12 +41,12 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects)
     findPlane(objects);
     findTextHeight(objects);
     for (const ModelObject* object : objects) {
-        if (stopped())
+        if (m_walk.stopped())
             break;
         takePen(*object);
         const qint64 before = m_entities;
         drawObject(*object);
-        if (m_entities == before && !stopped() && !m_undrawable.contains(object))
+        if (m_entities == before && !m_walk.stopped() && !m_undrawable.contains(object))
             m_findings.note(finding::objectLeftOut, object->name, 1, QStringLiteral("nothing of it can be drawn"));
     }
     return m_entities;
@@ -70,7 +73,12 @@ void DxfDrawing::project(PositionBlock& block) const
 
 DxfSink::Corner DxfDrawing::corner(const PositionBlock& block, std::size_t index) const
 {
-    return {block.x[index], block.y[index], isFlat() ? 0.0 : block.z[index]};
+    return corner(placeOf(block, index));
+}
+
+DxfSink::Corner DxfDrawing::corner(const DrawingWalk::Place& place) const
+{
+    return {place[0], place[1], isFlat() ? 0.0 : place[2]};
 }
 
 void DxfDrawing::findPlane(const std::vector<const ModelObject*>& objects)
@@ -145,13 +153,6 @@ void DxfDrawing::takePen(const ModelObject& object)
     m_sink.comment(dxfText(object.name, changed));
 }
 
-void DxfDrawing::noteLeftOut(const ModelObject& object, const PositionReader& reader)
-{
-    m_findings.note(finding::positionLeftOut, object.name, reader.leftOut(),
-                    QStringLiteral("vertex %1 is not a number or has no place in the coordinate system")
-                        .arg(reader.firstLeftOut()));
-}
-
 void DxfDrawing::drawObject(const ModelObject& object)
 {
     m_ticker.step(1);
@@ -175,42 +176,32 @@ void DxfDrawing::drawObject(const ModelObject& object)
     }
 }
 
-bool DxfDrawing::drawLine(PositionReader& reader, int first, int end, bool closed)
+bool DxfDrawing::drawLine(PositionReader& reader, int first, int end, bool closed, bool orPoint)
 {
-    PositionBlock block;
-    int next = first;
-    if (!reader.read(next, end, block, 2) || block.size() < 2)
-        return false;
-    m_sink.beginLine(closed);
-    do {
-        project(block);
-        m_sink.positions(block);
-        m_ticker.step(static_cast<double>(block.size()));
-    } while (!stopped() && reader.read(next, end, block));
-    m_sink.endLine();
-    ++m_entities;
-    return true;
+    DrawingWalk::LinePen pen;
+    pen.begin = [&] { m_sink.beginLine(closed); };
+    pen.take = [this](const PositionBlock& block) { m_sink.positions(block); };
+    pen.end = [this] {
+        m_sink.endLine();
+        ++m_entities;
+    };
+    if (orPoint)
+        pen.single = [this](const DrawingWalk::Place& place) { drawPoint(corner(place)); };
+    return m_walk.line(reader, first, end, 2, pen);
 }
 
 void DxfDrawing::drawLines(const ModelObject& object, bool area)
 {
     PositionReader reader = readerOf(PositionSource::of(object), object);
-    qint64 tooShort = 0;
-    qint64 closed = 0;
-    for (const Part& part : object.parts) {
-        if (stopped())
-            break;
-        Part line = part;
-        line.closed = part.closed || area;
-        const int end = openEnd(object, line);
-        if (!drawLine(reader, part.first, end, line.closed))
-            ++tooShort;
-        else if (area && end == part.first + part.count)
-            ++closed;
-    }
-    m_findings.note(finding::shortLine, object.name, tooShort, object.name);
-    m_findings.note(finding::ringClosed, object.name, closed, QStringLiteral("its last point was not its first"));
-    noteLeftOut(object, reader);
+    const DrawingWalk::PartCounts counts = m_walk.parts(
+        object, area, [&](const Part& part, int end) { return drawLine(reader, part.first, end, part.closed); });
+    m_walk.note(object, counts, finding::shortLine, reader);
+}
+
+void DxfDrawing::drawPoint(const DxfSink::Corner& place)
+{
+    m_sink.point(place);
+    ++m_entities;
 }
 
 void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& place)
@@ -228,55 +219,150 @@ void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& plac
 
 void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
 {
-    const PositionReader reader = readerOf(PositionSource::of(object), object);
-    std::vector<int> numbers(pointsAtOnce);
-    PositionBlock block;
-    qint64 leftOut = 0;
-    int firstLeftOut = 0;
-    const int count = object.vertexCount();
-    for (int first = 0; first < count && !stopped(); first += pointsAtOnce) {
-        const int some = std::min(pointsAtOnce, count - first);
-        std::iota(numbers.begin(), numbers.end(), first);
-        reader.gather(numbers.data(), static_cast<std::size_t>(some), block);
-        project(block);
-        for (int index = 0; index < some; ++index) {
-            const auto at = static_cast<std::size_t>(index);
-            if (std::isnan(block.x[at])) {
-                if (leftOut++ == 0)
-                    firstLeftOut = first + index + 1;
-                continue;
-            }
-            if (points) {
-                m_sink.point(corner(block, at));
-                ++m_entities;
-            }
-            if (names)
-                drawName(object, corner(block, at));
-        }
-        m_ticker.step(some);
-    }
-    m_findings.note(
-        finding::positionLeftOut, object.name, leftOut,
-        QStringLiteral("vertex %1 is not a number or has no place in the coordinate system").arg(firstLeftOut));
+    m_walk.points(object, readerOf(PositionSource::of(object), object), [&](int, const DrawingWalk::Place& place) {
+        if (points)
+            drawPoint(corner(place));
+        if (names)
+            drawName(object, corner(place));
+    });
 }
 
 /// The path, or the collar where there is no more, and the name at the collar.
 void DxfDrawing::drawWell(const ModelObject& object)
 {
     PositionReader reader = readerOf(PositionSource::of(object), object);
-    const bool path = drawLine(reader, 0, object.vertexCount(), false);
-    noteLeftOut(object, reader);
-    PositionReader again = readerOf(PositionSource::of(object), object);
-    PositionBlock collar;
-    int next = 0;
-    if (!again.read(next, object.vertexCount(), collar))
+    const PositionBlock path = m_walk.path(object, reader);
+    m_walk.noteLeftOut(object, reader);
+    if (path.size() == 0)
         return;
-    project(collar);
-    if (!path) {
-        m_sink.point(corner(collar, 0));
+    if (path.size() > 1) {
+        m_sink.beginLine(false);
+        m_sink.positions(path);
+        m_sink.endLine();
         ++m_entities;
+    } else {
+        drawPoint(corner(path, 0));
     }
-    drawName(object, corner(collar, 0));
+    drawName(object, corner(path, 0));
+}
+
+void DxfDrawing::drawSurface(const ModelObject& object)
+{
+    if (m_settings.faces)
+        drawFaces(object);
+    if (m_settings.meshPoints)
+        drawPoints(object, true, false);
+    if (m_settings.boundaries)
+        drawBoundaries(object);
+}
+
+void DxfDrawing::drawFaces(const ModelObject& object)
+{
+    const qint64 empty = m_walk.figures(
+        object, readerOf(PositionSource::of(object), object), faceCount(object), std::tuple_size<Face>::value,
+        [&object](qint64 number, std::vector<int>& vertices) {
+            Face face;
+            if (!faceAt(object, number, face))
+                return false;
+            vertices.insert(vertices.end(), face.begin(), face.end());
+            return true;
+        },
+        [this](const PositionBlock& block, std::size_t at) {
+            m_sink.face({corner(block, at), corner(block, at + 1), corner(block, at + 2), corner(block, at + 3)});
+            ++m_entities;
+        });
+    m_findings.note(dxfFinding::cellWithoutValues, object.name, empty, QStringLiteral("there is no face"));
+}
+
+void DxfDrawing::drawBoundaries(const ModelObject& object)
+{
+    const double half = object.vertexCount() / 2.0;
+    const std::vector<std::vector<int>> lines = boundaryLines(object, m_ticker, half);
+    std::size_t points = 0;
+    for (const std::vector<int>& line : lines)
+        points += line.size();
+    for (const std::vector<int>& line : lines) {
+        if (m_walk.stopped())
+            return;
+        if (!drawBoundary(object, line, half / static_cast<double>(points)))
+            m_findings.note(dxfFinding::boundaryLeftOut, object.name, 1,
+                            QStringLiteral("it has no place in the coordinate system"));
+    }
+}
+
+/// False when a vertex of it has no place.
+bool DxfDrawing::drawBoundary(const ModelObject& object, const std::vector<int>& line, double weight)
+{
+    const bool closed = line.size() > 2 && line.front() == line.back();
+    const std::size_t count = line.size() - (closed ? 1 : 0);
+    const PositionReader reader = readerOf(PositionSource::of(object), object);
+    std::vector<PositionBlock> blocks;
+    for (std::size_t first = 0; first < count && !m_walk.stopped(); first += boundaryAtOnce) {
+        const std::size_t some = std::min(boundaryAtOnce, count - first);
+        blocks.emplace_back();
+        reader.gather(line.data() + first, some, blocks.back());
+        project(blocks.back());
+        m_ticker.step(weight * static_cast<double>(some));
+        if (std::any_of(blocks.back().x.begin(), blocks.back().x.end(), [](double x) { return std::isnan(x); }))
+            return false;
+    }
+    m_sink.beginLine(closed);
+    for (const PositionBlock& block : blocks) {
+        if (m_ticker.poll())
+            return true;
+        m_sink.positions(block);
+    }
+    m_sink.endLine();
+    ++m_entities;
+    return true;
+}
+
+/// In space the trace and, where they are, the lines on the section; on a map the trace; from the side the lines,
+/// unfolded along the trace.
+void DxfDrawing::drawSection(const ModelObject& object)
+{
+    if (!fromSide()) {
+        PositionReader trace = readerOf(PositionSource::of(object), object);
+        drawLine(trace, 0, object.vertexCount(), false);
+        m_walk.noteLeftOut(object, trace);
+    }
+    if (!object.section || m_settings.dimension == DxfExportSettings::Dimension::Map)
+        return;
+    for (const SectionSegment& segment : object.section->segments) {
+        if (m_walk.stopped())
+            return;
+        takeColour(segment.color);
+        bool changed = false;
+        m_sink.comment(dxfText(segment.name, changed));
+        if (fromSide()) {
+            drawUnfolded(object, segment);
+            continue;
+        }
+        PositionReader reader = readerOf(PositionSource::of(segment), object);
+        drawLine(reader, 0, static_cast<int>(segment.z.size()), false, true);
+        m_walk.noteLeftOut(object, reader);
+    }
+}
+
+void DxfDrawing::drawUnfolded(const ModelObject& object, const SectionSegment& segment)
+{
+    const PositionRules rules = m_rules.of(object, true);
+    PositionBlock block;
+    block.resize(segment.z.size());
+    for (std::size_t index = 0; index < block.size(); ++index) {
+        block.x[index] = segment.distance[index] * rules.factor;
+        block.y[index] = segment.z[index] * rules.heightFactor;
+        block.z[index] = 0.0;
+    }
+    if (block.size() == 1) {
+        m_sink.point(corner(block, 0));
+    } else {
+        m_sink.beginLine(false);
+        m_sink.positions(block);
+        m_sink.endLine();
+    }
+    m_ticker.step(static_cast<double>(block.size()));
+    ++m_entities;
 }
 
 } // namespace kpFormats

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/DrawingWalk.h"
 #include "export/ExportSelection.h"
-#include "export/Findings.h"
 #include "formats/dxf/DxfExportSettings.h"
 #include "formats/dxf/DxfSink.h"
 #include "formats/dxf/DxfText.h"
 #include "geo/OutputRules.h"
-#include "model/ProgressTicker.h"
 
 namespace kpFormats
 {
@@ -19,6 +18,8 @@ public:
     /// Everything given outlives the drawing.
     DxfDrawing(DxfSink& sink, const DxfExportSettings& settings, const QSet<const ModelObject*>& undrawable,
                ProgressTicker& ticker, Findings& findings);
+    DxfDrawing(const DxfDrawing&) = delete;
+    DxfDrawing& operator=(const DxfDrawing&) = delete;
 
     /// \returns the number of entities
     qint64 draw(const std::vector<const ModelObject*>& objects);
@@ -33,12 +34,13 @@ private:
         double alongY = 0.0;
     };
 
-    bool stopped() const { return m_ticker.cancelled() || !m_sink.good(); }
     bool isFlat() const { return m_settings.dimension != DxfExportSettings::Dimension::ThreeD; }
     bool fromSide() const { return m_settings.dimension == DxfExportSettings::Dimension::Section; }
     PositionReader readerOf(const PositionSource& source, const ModelObject& object);
     void project(PositionBlock& block) const;
     DxfSink::Corner corner(const PositionBlock& block, std::size_t index) const;
+    DxfSink::Corner corner(const DrawingWalk::Place& place) const;
+    void drawPoint(const DxfSink::Corner& place);
 
     void findPlane(const std::vector<const ModelObject*>& objects);
     void findTextHeight(const std::vector<const ModelObject*>& objects);
@@ -54,10 +56,9 @@ private:
     bool drawBoundary(const ModelObject& object, const std::vector<int>& line, double weight);
     void drawSection(const ModelObject& object);
     void drawUnfolded(const ModelObject& object, const SectionSegment& segment);
-    /// One line; false when fewer than two of its positions have a place.
-    bool drawLine(PositionReader& reader, int first, int end, bool closed);
+    /// One line; false when fewer than two of its positions have a place. A single one becomes a point if \a orPoint.
+    bool drawLine(PositionReader& reader, int first, int end, bool closed, bool orPoint = false);
     void drawName(const ModelObject& object, const DxfSink::Corner& place);
-    void noteLeftOut(const ModelObject& object, const PositionReader& reader);
 
     DxfSink& m_sink;
     const DxfExportSettings& m_settings;
@@ -65,6 +66,7 @@ private:
     ProgressTicker& m_ticker;
     Findings& m_findings;
     OutputRules m_rules;
+    DrawingWalk m_walk;
     DxfLayerNames m_layers;
     QSet<QString> m_renamed;
     DxfSink::Pen m_pen;

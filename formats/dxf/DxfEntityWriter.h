@@ -14,8 +14,6 @@ class DxfEntityWriter : public kpBaseExport::MatrixDataDXFExporter, public DxfSi
 public:
     explicit DxfEntityWriter(const QString& file = QString());
 
-    void fileClose() override;
-
     void setPen(const Pen& pen) override;
     void comment(const std::string& text) override;
     void point(const Corner& place) override;
@@ -29,9 +27,7 @@ public:
 private:
     void appendGroup(const char* code, double value, int decimals);
     void appendPlace(const Corner& place);
-    void flush(std::size_t limit);
 
-    std::string m_block;
     Pen m_pen;
     std::string m_penGroups;   ///< layer and colour
     std::string m_vertexStart; ///< of a vertex up to its x

@@ -3,6 +3,7 @@
 
 #include "export/CommonFindings.h"
 #include "export/ExportError.h"
+#include "export/WriteErrors.h"
 #include "formats/dxf/DxfDrawing.h"
 #include "formats/dxf/DxfEntityWriter.h"
 #include "formats/dxf/DxfLosses.h"
@@ -52,16 +53,10 @@ qint64 DxfFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     }
     ProgressTicker ticker(progress, weight);
     DxfEntityWriter writer(path);
-    writer.useTruePath = true;
-    if (!writer.fileOpen())
-        throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),
-                          QStringLiteral("check the directory's permissions and the disk"));
+    openWriter(writer, file().path);
     DxfDrawing drawing(writer, m_settings, m_undrawable, ticker, findings);
     const qint64 entities = drawing.draw(file().objects);
-    writer.fileClose();
-    if (writer.writeFailed())
-        throw ExportError(file().path, QStringLiteral("the file could not be written completely"),
-                          QStringLiteral("make room on the disk or choose another"));
+    closeWriter(writer, file().path);
     return entities;
 }
 

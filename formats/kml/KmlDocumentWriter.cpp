@@ -2,6 +2,7 @@
 #include "formats/kml/KmlDocumentWriter.h"
 
 #include "formats/kml/KmlDecimals.h"
+#include "writers/KmlColour.h"
 #include "writers/StreamNumber.h"
 
 namespace kpFormats
@@ -10,21 +11,8 @@ namespace kpFormats
 namespace
 {
 
+using kpBaseExport::kmlColour;
 using AltitudeMode = KmlExportSettings::AltitudeMode;
-
-constexpr std::size_t blockSize = 128 * 1024;
-
-std::string colourText(const char* alpha, const QColor& colour)
-{
-    const QColor shown = colour.isValid() ? colour : QColor(Qt::white);
-    std::string text = alpha;
-    for (const int component : {shown.blue(), shown.green(), shown.red()}) {
-        constexpr char digits[] = "0123456789abcdef";
-        text += digits[component / 16];
-        text += digits[component % 16];
-    }
-    return text;
-}
 
 const char* modeText(AltitudeMode mode)
 {
@@ -46,15 +34,15 @@ std::string styleText(KmlSink::Look look, const QColor& colour)
     };
     switch (look) {
     case KmlSink::Look::Line:
-        return line(colourText("ff", colour), "2");
+        return line(kmlColour("ff", colour), "2");
     case KmlSink::Look::Area:
-        return line(colourText("ff", colour), "1") + "<PolyStyle><color>" + colourText("af", colour)
+        return line(kmlColour("ff", colour), "1") + "<PolyStyle><color>" + kmlColour("af", colour)
                + "</color></PolyStyle>";
     case KmlSink::Look::Icon:
-        return "<IconStyle><color>" + colourText("ff", colour) + "</color></IconStyle>"
-               + line(colourText("ff", colour), "2");
+        return "<IconStyle><color>" + kmlColour("ff", colour) + "</color></IconStyle>"
+               + line(kmlColour("ff", colour), "2");
     case KmlSink::Look::Label:
-        return "<IconStyle><scale>0</scale></IconStyle><LabelStyle><color>" + colourText("ff", colour)
+        return "<IconStyle><scale>0</scale></IconStyle><LabelStyle><color>" + kmlColour("ff", colour)
                + "</color></LabelStyle>";
     case KmlSink::Look::Trace:
         return line("aa0000ff", "5");
@@ -99,110 +87,103 @@ std::string xmlEscaped(const QString& text)
         .toStdString();
 }
 
-KmlDocumentWriter::KmlDocumentWriter(const QString& file)
-    : MatrixDataKMLExporter(file)
+KmlDocumentWriter::KmlDocumentWriter(const QString& path, const QString& target)
+    : m_file(path, target)
+    , m_text(m_file.text())
 {
-}
-
-bool KmlDocumentWriter::fileOpen()
-{
-    // Past the prologue of the base, which is not valid against the schema.
-    if (!MatrixDataExporter::fileOpen())
-        return false;
-    m_block =
+    m_text +=
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://earth.google.com/kml/2.1\">\n<Document>\n";
-    return true;
 }
 
-void KmlDocumentWriter::fileClose()
+void KmlDocumentWriter::close()
 {
-    flush(0);
-    MatrixDataKMLExporter::fileClose();
+    m_text += "</Document>\n</kml>\n";
+    m_file.close();
 }
 
 void KmlDocumentWriter::beginFolder(const QString& name)
 {
-    m_block += "<Folder>\n";
-    writeName(name);
+    m_text += "<Folder>\n";
+    appendName(name);
 }
 
 void KmlDocumentWriter::endFolder()
 {
-    m_block += "</Folder>\n";
-    flush(blockSize);
+    m_text += "</Folder>\n";
+    m_file.check();
 }
 
-void KmlDocumentWriter::writeName(const QString& name)
+void KmlDocumentWriter::appendName(const QString& name)
 {
-    m_block += "<name>" + xmlEscaped(name) + "</name>\n";
+    m_text += "<name>" + xmlEscaped(name) + "</name>\n";
 }
 
 void KmlDocumentWriter::appendFeatureHead(const QString& name, const QString& description)
 {
-    writeName(name);
+    appendName(name);
     if (!description.isEmpty())
-        m_block += "<description>" + xmlEscaped(description) + "</description>\n";
+        m_text += "<description>" + xmlEscaped(description) + "</description>\n";
 }
 
 void KmlDocumentWriter::beginPlacemark(const QString& name, const QString& description, Look look, const QColor& colour,
                                        KmlExportSettings::AltitudeMode mode)
 {
     m_mode = mode;
-    m_block += "<Placemark>\n";
+    m_text += "<Placemark>\n";
     appendFeatureHead(name, description);
-    m_block += "<Style>" + styleText(look, colour) + "</Style>\n";
+    m_text += "<Style>" + styleText(look, colour) + "</Style>\n";
 }
 
 void KmlDocumentWriter::endPlacemark()
 {
-    m_block += "</Placemark>\n";
-    flush(blockSize);
+    m_text += "</Placemark>\n";
+    m_file.check();
 }
 
 void KmlDocumentWriter::beginMulti()
 {
-    m_block += "<MultiGeometry>\n";
+    m_text += "<MultiGeometry>\n";
 }
 
 void KmlDocumentWriter::endMulti()
 {
-    m_block += "</MultiGeometry>\n";
+    m_text += "</MultiGeometry>\n";
 }
 
 void KmlDocumentWriter::appendGeometryHead(bool follows)
 {
     // Only lines and areas on the ground follow its relief.
     if (follows && m_mode == AltitudeMode::Clamp)
-        m_block += "<tessellate>1</tessellate>";
-    m_block += "<altitudeMode>";
-    m_block += modeText(m_mode);
-    m_block += "</altitudeMode>";
+        m_text += "<tessellate>1</tessellate>";
+    m_text += "<altitudeMode>";
+    m_text += modeText(m_mode);
+    m_text += "</altitudeMode>";
 }
 
 void KmlDocumentWriter::point(double longitude, double latitude, double height)
 {
-    m_block += "<Point>";
+    m_text += "<Point>";
     appendGeometryHead(false);
-    m_block += "<coordinates>\n";
+    m_text += "<coordinates>\n";
     appendPosition(longitude, latitude, height);
-    m_block += "</coordinates></Point>\n";
+    m_text += "</coordinates></Point>\n";
 }
 
 void KmlDocumentWriter::beginLine()
 {
-    m_block += "<LineString>";
+    m_text += "<LineString>";
     appendGeometryHead(true);
-    m_block += "<coordinates>\n";
+    m_text += "<coordinates>\n";
 }
 
 void KmlDocumentWriter::endLine()
 {
-    m_block += "</coordinates></LineString>\n";
+    m_text += "</coordinates></LineString>\n";
 }
 
 void KmlDocumentWriter::beginPolygon()
 {
-    m_block += "<Polygon>";
+    m_text += "<Polygon>";
     appendGeometryHead(true);
 }
 
@@ -210,70 +191,62 @@ void KmlDocumentWriter::beginRing(bool hole)
 {
     m_hole = hole;
     m_ringStart.clear();
-    m_block += hole ? "<innerBoundaryIs><LinearRing><coordinates>\n" : "<outerBoundaryIs><LinearRing><coordinates>\n";
+    m_text += hole ? "<innerBoundaryIs><LinearRing><coordinates>\n" : "<outerBoundaryIs><LinearRing><coordinates>\n";
 }
 
 void KmlDocumentWriter::endRing()
 {
-    m_block += m_ringStart;
-    m_block +=
+    m_text += m_ringStart;
+    m_text +=
         m_hole ? "</coordinates></LinearRing></innerBoundaryIs>" : "</coordinates></LinearRing></outerBoundaryIs>";
     m_ringStart.clear();
 }
 
 void KmlDocumentWriter::endPolygon()
 {
-    m_block += "</Polygon>\n";
+    m_text += "</Polygon>\n";
 }
 
 void KmlDocumentWriter::positions(const PositionBlock& block)
 {
-    const std::size_t start = m_block.size();
+    const std::size_t start = m_text.size();
     for (std::size_t index = 0; index < block.size(); ++index) {
         appendPosition(block.x[index], block.y[index], block.z[index]);
         if (index == 0 && m_ringStart.empty())
-            m_ringStart = m_block.substr(start);
+            m_ringStart = m_text.substr(start);
     }
-    flush(blockSize);
+    m_file.check();
 }
 
 void KmlDocumentWriter::appendPosition(double longitude, double latitude, double height)
 {
-    kpBaseExport::appendStreamFixed(m_block, longitude, kmlDegreeDecimals);
-    m_block += ',';
-    kpBaseExport::appendStreamFixed(m_block, latitude, kmlDegreeDecimals);
+    kpBaseExport::appendStreamFixed(m_text, longitude, kmlDegreeDecimals);
+    m_text += ',';
+    kpBaseExport::appendStreamFixed(m_text, latitude, kmlDegreeDecimals);
     if (m_mode != AltitudeMode::Clamp) {
-        m_block += ',';
-        kpBaseExport::appendStreamFixed(m_block, height, kmlHeightDecimals);
+        m_text += ',';
+        kpBaseExport::appendStreamFixed(m_text, height, kmlHeightDecimals);
     }
-    m_block += '\n';
+    m_text += '\n';
 }
 
 void KmlDocumentWriter::overlay(const QString& name, const QString& description, const QString& picture,
                                 const DegreeBox& box)
 {
-    m_block += "<GroundOverlay>\n";
+    m_text += "<GroundOverlay>\n";
     appendFeatureHead(name, description);
-    m_block += "<Icon><href>" + xmlEscaped(picture) + "</href></Icon>\n<LatLonBox>";
+    m_text += "<Icon><href>" + xmlEscaped(picture) + "</href></Icon>\n<LatLonBox>";
     const auto edge = [this](const char* element, double degrees) {
-        m_block += std::string("<") + element + ">";
-        kpBaseExport::appendStreamFixed(m_block, degrees, kmlDegreeDecimals);
-        m_block += std::string("</") + element + ">";
+        m_text += std::string("<") + element + ">";
+        kpBaseExport::appendStreamFixed(m_text, degrees, kmlDegreeDecimals);
+        m_text += std::string("</") + element + ">";
     };
     edge("north", box.north);
     edge("south", box.south);
     edge("east", box.east);
     edge("west", box.west);
-    m_block += "</LatLonBox>\n</GroundOverlay>\n";
-    flush(blockSize);
-}
-
-void KmlDocumentWriter::flush(std::size_t limit)
-{
-    if (m_block.size() <= limit)
-        return;
-    stream.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
-    m_block.clear();
+    m_text += "</LatLonBox>\n</GroundOverlay>\n";
+    m_file.check();
 }
 
 } // namespace kpFormats

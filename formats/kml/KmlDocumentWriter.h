@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/BlockWriter.h"
 #include "formats/kml/KmlSink.h"
-#include "writers/MatrixDataKMLExporter.h"
-
-#include <QString>
 
 #include <string>
 
@@ -13,14 +11,15 @@ namespace kpFormats
 
 /// Writes a KML document that is valid against the KML 2.1 schema (kml21.xsd): texts escaped, rings closed, holes as
 /// inner boundaries, each placemark with its own style in the order that the schema asks for. Streams in blocks.
-class KmlDocumentWriter : public kpBaseExport::MatrixDataKMLExporter, public KmlSink
+class KmlDocumentWriter : public KmlSink
 {
 public:
-    explicit KmlDocumentWriter(const QString& file = QString());
+    /// Opens the document at \a path; \a target is the final name, for messages. This and everything that is written
+    /// \throws ExportError when the file cannot be opened or written.
+    KmlDocumentWriter(const QString& path, const QString& target);
 
-    bool fileOpen() override;
-    void fileClose() override;
-    void writeName(const QString& name) override;
+    /// Ends the document and closes the file. \throws ExportError
+    void close();
 
     void beginFolder(const QString& name) override;
     void endFolder() override;
@@ -39,15 +38,15 @@ public:
     void positions(const PositionBlock& block) override;
     void overlay(const QString& name, const QString& description, const QString& picture,
                  const DegreeBox& box) override;
-    bool good() const override { return !writeFailed(); }
 
 private:
+    void appendName(const QString& name);
     void appendFeatureHead(const QString& name, const QString& description);
     void appendGeometryHead(bool follows);
     void appendPosition(double longitude, double latitude, double height);
-    void flush(std::size_t limit);
 
-    std::string m_block;
+    BlockWriter m_file;
+    std::string& m_text; ///< of the file
     KmlExportSettings::AltitudeMode m_mode = KmlExportSettings::AltitudeMode::Clamp;
     std::string m_ringStart; ///< first position of the open ring, as written
     bool m_hole = false;

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/DrawingWalk.h"
 #include "export/ExportSelection.h"
-#include "export/Findings.h"
 #include "formats/kml/KmlSink.h"
 #include "geo/TransformCache.h"
-#include "model/ProgressTicker.h"
 
 #include <QImage>
 #include <QSet>
@@ -23,7 +22,8 @@ public:
     /// Keeps a picture and tells under which name the document finds it.
     using KeepPicture = std::function<QString(const QImage&)>;
 
-    /// Everything given outlives the drawing. Of \a undrawable objects it is known that they draw nothing. Objects without coordinate system are taken to be in that of the settings.
+    /// Everything given outlives the drawing. Of \a undrawable objects it is known that they draw nothing. Objects
+    /// without a coordinate system are taken to be in that of the settings.
     KmlDrawing(KmlSink& sink, const KmlExportSettings& settings, const QSet<const ModelObject*>& undrawable,
                KeepPicture keepPicture, ProgressTicker& ticker, Findings& findings);
 
@@ -33,9 +33,10 @@ public:
 private:
     class Placemark;
 
-    bool stopped() const { return m_ticker.cancelled() || !m_sink.good(); }
     QString systemOf(const ModelObject& object) const;
-    PositionRules rulesFor(const ModelObject& object, KmlExportSettings::AltitudeMode mode);
+    PositionReader readerOf(const ModelObject& object);
+    PositionReader readerOf(const PositionSource& source, const ModelObject& object,
+                            KmlExportSettings::AltitudeMode mode);
     KmlExportSettings::AltitudeMode modeFor(const ModelObject& object) const;
     QString tableOf(const ModelObject& object, int vertex);
 
@@ -49,8 +50,7 @@ private:
     void drawSurface(const ModelObject& object);
     void drawSection(const ModelObject& object);
     void drawSegment(const ModelObject& object, const SectionSegment& segment);
-    void streamPositions(PositionReader& reader, int& next, int end, PositionBlock& block);
-    void noteLeftOut(const ModelObject& object, const PositionReader& reader);
+    void polygon(const PositionBlock& corners);
 
     KmlSink& m_sink;
     const KmlExportSettings& m_settings;
@@ -61,6 +61,7 @@ private:
     const ExportSelection* m_selection = nullptr;
     QString m_ownSystem;
     TransformCache m_transforms;
+    DrawingWalk m_walk;
     qint64 m_features = 0;
 };
 

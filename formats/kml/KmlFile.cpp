@@ -154,11 +154,7 @@ QStringList KmlFile::sidecars() const
 
 qint64 KmlFile::writeDocument(const QString& document, Findings& findings, ProgressTicker& ticker) const
 {
-    KmlDocumentWriter writer(document);
-    writer.useTruePath = true;
-    if (!writer.fileOpen())
-        throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),
-                          QStringLiteral("check the directory's permissions and the disk"));
+    KmlDocumentWriter writer(document, file().path);
     int kept = 0;
     const auto keep = [&](const QImage& image) {
         const QString name = pictureName(document, m_archive, ++kept);
@@ -169,10 +165,7 @@ qint64 KmlFile::writeDocument(const QString& document, Findings& findings, Progr
     };
     KmlDrawing drawing(writer, m_settings, m_undrawable, keep, ticker, findings);
     const qint64 features = drawing.draw(file().objects, selection());
-    writer.fileClose();
-    if (writer.writeFailed())
-        throw ExportError(file().path, QStringLiteral("the file could not be written completely"),
-                          QStringLiteral("make room on the disk or choose another"));
+    writer.close();
     return features;
 }
 

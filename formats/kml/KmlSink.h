@@ -50,8 +50,6 @@ public:
     /// A picture laid on the ground.
     virtual void overlay(const QString& name, const QString& description, const QString& picture,
                          const DegreeBox& box) = 0;
-    /// False when there is no use in going on.
-    virtual bool good() const { return true; }
 };
 
 } // namespace kpFormats

@@ -5,6 +5,7 @@
 
 #include "core/GeoObject.h"
 #include "export/ExportError.h"
+#include "export/WriteErrors.h"
 #include "formats/opentec/OpenTecVerification.h"
 #include "formats/opentec/SectionNames.h"
 #include "host/data/DoubleMatrixData.h"
@@ -145,7 +146,6 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
     const double traceFactor = unitFactor(trace.lengthUnit, m_settings.lengthUnit);
 
     kpBaseExport::MatrixDataOpenTecLinkExporter writer(path, progress);
-    writer.useTruePath = true;
     writer.reportRows = true;
     writer.precision = m_settings.decimals;
     writer.sectionName = lineNamed(object.name, findings);
@@ -166,14 +166,9 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
         findings.note(finding::positionLeftOut, object.name, columns.leftOut,
                       QStringLiteral("on the line of %1").arg(segment.name));
     }
-    if (!writer.fileOpen())
-        throw ExportError(file().path, QStringLiteral("the file could not be opened for writing"),
-                          QStringLiteral("check the directory's permissions and the disk"));
+    openWriter(writer, file().path);
     writer.write();
-    writer.fileClose();
-    if (writer.writeFailed())
-        throw ExportError(file().path, QStringLiteral("the file could not be written completely"),
-                          QStringLiteral("make room on the disk or choose another"));
+    closeWriter(writer, file().path);
     return points > 0 ? points : trace.vertexCount();
 }
 

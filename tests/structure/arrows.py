@@ -28,7 +28,7 @@ ARROWS = {
     "geo": ["model"],
     "readers": ["geo"],
     "export/platform": ["model"],
-    "export": ["geo", "export/platform"],
+    "export": ["core", "geo", "export/platform"],
     "formats": [f"formats/{key}" for key in FORMATS],
     "pages": ["formats", "sheets", "spec"],
     "cli": ["formats"],

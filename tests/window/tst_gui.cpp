@@ -377,9 +377,10 @@ void GuiTest::failureIsReported()
     wizard.show();
     wizard.slotSaveClicked(link, true);
     report = wizard.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
-    QVERIFY2(report.contains(QStringLiteral("has not been exported"))
-                 && report.contains(QStringLiteral("could not be written completely (make room")),
-             qPrintable(report));
+    QVERIFY2(
+        report.contains(QStringLiteral("has not been exported"))
+            && report.contains(QStringLiteral("could not be written completely: No space left on device (make room")),
+        qPrintable(report));
     // Names are shown as they are.
     QVERIFY2(report.contains(QStringLiteral("Failed to export ") + link), qPrintable(report));
 }
