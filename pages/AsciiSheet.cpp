@@ -2,11 +2,17 @@
 #include "pages/AsciiSheet.h"
 
 #include "formats/ascii/AsciiLayoutFile.h"
+#include "formats/ascii/AsciiOutput.h"
 #include "host/data/FormatFile.h"
 #include "model/Model.h"
+#include "pages/AsciiHintList.h"
 #include "pages/AsciiSpecification.h"
+#include "pages/FilePreview.h"
 #include "pages/FormArea.h"
+#include "pages/LackingFieldsNotice.h"
+#include "pages/SettingControl.h"
 #include "pages/SettingsMemory.h"
+#include "spec/QESSpecificationTableWidget.h"
 #include "spec/SeparatorCode.h"
 #include "wizard/QExportWizard.h"
 
@@ -14,6 +20,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <QVBoxLayout>
@@ -27,6 +34,8 @@ namespace
 using Settings = AsciiExportSettings;
 
 constexpr int refreshDelay = 10; // ms: changes that come together are shown together
+constexpr int workSlice = 8;     // ms
+constexpr int previewRows = 12;
 
 /// The editor's separator for a setting; Comma for one that the editor does not have.
 kpBaseExport::QExportSpecification::Separator editorSeparator(Settings::Separator separator)
@@ -42,6 +51,17 @@ kpBaseExport::QExportSpecification::Separator editorSeparator(Settings::Separato
 QString textOf(bool on)
 {
     return on ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+QHBoxLayout* labelled(const QString& text, QWidget* control)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    auto* label = new QLabel(text, control->parentWidget());
+    label->setBuddy(control);
+    row->addWidget(label);
+    row->addWidget(control);
+    return row;
 }
 
 } // namespace
@@ -70,7 +90,12 @@ void AsciiSheet::initialize(const QString& text)
     m_layout->setWizard(m_wizard);
     page->addWidget(m_layout, 3);
     buildSettings(*page);
-    buildPreview(*page);
+    m_lacking = new LackingFieldsNotice(content);
+    page->addWidget(m_lacking);
+    m_hints = new AsciiHintList([this](const AsciiHint& hint) { cure(hint); }, content);
+    page->addWidget(m_hints);
+    m_preview = new FilePreview(content);
+    page->addWidget(m_preview, 1);
     frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // smaller than its content, it scrolls
     auto* whole = new QVBoxLayout(frame);
     whole->setContentsMargins(0, 0, 0, 0);
@@ -78,6 +103,70 @@ void AsciiSheet::initialize(const QString& text)
     layout()->setContentsMargins(0, 0, 0, 0);
     restore();
     connectEditor();
+}
+
+QWidget* AsciiSheet::addSetting(const QString& key)
+{
+    const QString checkText = key == QLatin1String("header")       ? tr("&Header line")
+                              : key == QLatin1String("lineBreaks") ? tr("Object &name before, empty line after")
+                                                                   : tr("Z is &elevation");
+    SettingControl control =
+        makeSettingControl(m_setup.settings, *m_setup.settings.find(key), checkText, this, [this, key] {
+            if (m_filling)
+                return;
+            if (key == QLatin1String("decimals")) {
+                const QScopedValueRollback<bool> ours(m_filling, true);
+                m_layout->setDecimals(settings().decimals);
+                if (!m_own) {
+                    m_layout->takeAll();
+                    m_layout->activate();
+                }
+            }
+            scheduleRefresh();
+        });
+    m_showSettings.push_back(control.show);
+    return control.widget;
+}
+
+void AsciiSheet::buildSettings(QVBoxLayout& page)
+{
+    const auto setting = [this](const char* key) { return addSetting(QString::fromLatin1(key)); };
+    auto* first = new QHBoxLayout;
+    first->setSpacing(14);
+    first->addWidget(setting("header"));
+    first->addLayout(labelled(tr("&Preset:"), setting("preset")));
+    first->addLayout(labelled(tr("&Decimals of new fields:"), setting("decimals")));
+    first->addWidget(setting("zIsElevation"));
+    first->addStretch();
+    auto* all = new QPushButton(tr("&All attributes"), this);
+    all->setObjectName(QStringLiteral("allAttributes"));
+    all->setToolTip(tr("Lay out every attribute of the chosen objects anew"));
+    connect(all, &QPushButton::clicked, this, [this] {
+        const QScopedValueRollback<bool> ours(m_filling, true);
+        m_own = false;
+        m_layout->takeAll();
+        m_layout->activate();
+        showLacking();
+        if (m_profile.done())
+            fitColumns();
+        scheduleRefresh();
+    });
+    first->addWidget(all);
+    auto* second = new QHBoxLayout;
+    second->setSpacing(14);
+    second->addWidget(setting("lineBreaks"));
+    second->addLayout(labelled(tr("&Files:"), setting("grouping")));
+    m_useCustom = new QCheckBox(tr("&Own separator:"), this);
+    m_useCustom->setObjectName(QStringLiteral("useCustomSeparator"));
+    m_custom = new QLineEdit(this);
+    m_custom->setObjectName(QStringLiteral("customSeparator"));
+    m_custom->setAccessibleName(tr("Own separator"));
+    m_custom->setMaximumWidth(80);
+    second->addWidget(m_useCustom);
+    second->addWidget(m_custom);
+    second->addStretch();
+    page.addLayout(first);
+    page.addLayout(second);
 }
 
 void AsciiSheet::connectEditor()
@@ -102,7 +191,7 @@ void AsciiSheet::connectEditor()
     connect(m_layout, &AsciiSpecification::formatOpened, this, [this](const QJsonObject& settings) {
         m_own = true;
         applySettings(settings);
-        m_toldLacking.clear();
+        m_lacking->forget();
         showLacking();
         if (m_wizard)
             m_wizard->update_navigation();
@@ -261,6 +350,91 @@ void AsciiSheet::scheduleRefresh()
 {
     if (!m_refreshTimer.isActive())
         m_refreshTimer.start();
+}
+
+void AsciiSheet::refresh()
+{
+    m_refreshTimer.stop();
+    m_setup.settings.as<AsciiExportSettings>().layout = m_layout->asciiLayout();
+    m_preview->showBytes(asciiPreview(settings(), m_objects, previewRows),
+                         m_objects.empty() ? QString() : m_objects.front()->name);
+    if (separatorsToLookFor(settings()) != m_profiledSeparators)
+        startProfile();
+    else if (m_profile.done())
+        showHints();
+}
+
+void AsciiSheet::startProfile()
+{
+    m_profiledSeparators = separatorsToLookFor(settings());
+    m_profile.start(m_objects, m_layout->offered(), m_profiledSeparators);
+    m_workTimer.start();
+}
+
+void AsciiSheet::work()
+{
+    if (!m_profile.advance(workSlice))
+        return;
+    m_workTimer.stop();
+    if (!m_own) {
+        const QScopedValueRollback<bool> ours(m_filling, true);
+        fitColumns();
+    }
+    showHints();
+}
+
+/// Until the user lays out columns of his own they are as wide as their values need.
+void AsciiSheet::fitColumns()
+{
+    const QVector<kpBaseExport::QESAttribute> fields = fieldsFor(m_layout->asciiLayout(), m_layout->offered());
+    QVector<int> widths;
+    for (const kpBaseExport::QESAttribute& field : fields)
+        widths.append(fittingWidth(m_profile, settings(), field));
+    m_layout->place(widths);
+}
+
+void AsciiSheet::showLacking()
+{
+    m_lacking->tell(m_layout->lacking());
+}
+
+void AsciiSheet::showHints()
+{
+    m_hints->showHints(asciiHints(m_profile, settings(), fieldsFor(m_layout->asciiLayout(), m_layout->offered())));
+}
+
+void AsciiSheet::cure(const AsciiHint& hint)
+{
+    const auto set = [this](const char* key, const QString& value) {
+        m_setup.settings.set(QString::fromLatin1(key), value);
+        settingsToEditor();
+    };
+    switch (hint.cure) {
+    case AsciiHint::UseSeparator:
+        set("separator", m_setup.settings.find(QStringLiteral("separator"))->choiceKeys()[hint.number]);
+        break;
+    case AsciiHint::UseColumns:
+        m_layout->setMode(kpBaseExport::QExportSpecification::ColumnBased);
+        break;
+    case AsciiHint::UseNullValue:
+        m_layout->m_nullEdit->setText(hint.newText);
+        break;
+    case AsciiHint::WriteNull:
+        m_layout->m_nullCheck->setChecked(true);
+        break;
+    case AsciiHint::Widen:
+        m_layout->widen(hint.field, hint.number);
+        break;
+    case AsciiHint::UseDecimals:
+        m_layout->refineCoordinates(hint.number);
+        break;
+    case AsciiHint::NoPreset:
+        set("preset", QStringLiteral("none"));
+        break;
+    case AsciiHint::None:
+        break;
+    }
+    scheduleRefresh();
 }
 
 } // namespace kpFormats

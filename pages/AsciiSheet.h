@@ -13,16 +13,16 @@
 #include <functional>
 
 class QCheckBox;
-class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
-class QPushButton;
 class QVBoxLayout;
 
 namespace kpFormats
 {
 
+class AsciiHintList;
 class AsciiSpecification;
+class FilePreview;
+class LackingFieldsNotice;
 class Model;
 
 /// The page of the ASCII format: the layout editor, the other settings, what the data have against the choice, and the
@@ -47,7 +47,6 @@ public:
 
 private:
     void buildSettings(QVBoxLayout& page);
-    void buildPreview(QVBoxLayout& page);
     void connectEditor();
     QWidget* addSetting(const QString& key);
     void restore();
@@ -63,7 +62,6 @@ private:
     void work();
     void showLacking();
     void showHints();
-    void addHint(const AsciiHint& hint, const QString& text, std::function<void()> cure);
     void cure(const AsciiHint& hint);
     void fitColumns();
     void handToFormat();
@@ -77,12 +75,9 @@ private:
 
     QCheckBox* m_useCustom = nullptr;
     QLineEdit* m_custom = nullptr;
-    QLabel* m_lackingLabel = nullptr;
-    QWidget* m_lackingBox = nullptr;
-    QWidget* m_hintBox = nullptr;
-    QVBoxLayout* m_hints = nullptr;
-    QLabel* m_previewTitle = nullptr;
-    QPlainTextEdit* m_preview = nullptr;
+    LackingFieldsNotice* m_lacking = nullptr;
+    AsciiHintList* m_hints = nullptr;
+    FilePreview* m_preview = nullptr;
 
     QTimer m_refreshTimer;
     QTimer m_workTimer;
@@ -90,7 +85,6 @@ private:
     QStringList m_profiledSeparators;
     std::vector<const ModelObject*> m_objects;
     std::vector<int> m_shownFor; ///< objects whose attributes are on offer
-    QStringList m_toldLacking;   ///< names that the user has been told about
     bool m_own = false;          ///< the user has changed the layout
     bool m_filling = false;      ///< changes are ours
 };
