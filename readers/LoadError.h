@@ -14,7 +14,10 @@ namespace kpFormats
 class KPFORMATS_EXPORT LoadError : public std::runtime_error
 {
 public:
-    LoadError(const QString& file, const QString& cause, const QString& cure);
+    LoadError(const QString& file, const QString& cause, const QString& cure)
+        : std::runtime_error(QStringLiteral("%1: %2 (%3)").arg(file, cause, cure).toStdString())
+    {
+    }
 };
 
 } // namespace kpFormats
