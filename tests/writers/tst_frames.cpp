@@ -154,7 +154,9 @@ private Q_SLOTS:
         using Columns = std::vector<DoubleMatrixData::Column>;
         const Columns trace{{numbers({1000, 1500}), nullptr}, {numbers({2000, 2000}), nullptr}};
         writer.sectionPositions = new DoubleMatrixData(QStringLiteral("Trace"), trace);
-        const Columns points{{numbers({0, 500}), nullptr}, {numbers({0, 0}), nullptr}, {numbers({-150, 0}), nullptr}};
+        // What lies below a missing value is no number.
+        const auto missing = std::make_shared<const std::vector<unsigned char>>(std::vector<unsigned char>{0, 1});
+        const Columns points{{numbers({0, 500}), nullptr}, {numbers({0, 77}), missing}, {numbers({-150, 0}), nullptr}};
         auto* horizon = new DoubleMatrixData(QStringLiteral("H1"), points);
         horizon->setColor(QStringLiteral("#ff0000"));
         horizon->setGeoType(QStringLiteral("Horizon"));

@@ -10,6 +10,7 @@ class AsciiVerificationTest : public SaverTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void columnsHoldTheirValues();
     void everyForm_data();
     void everyForm();
     void wrongCharacters_data();
@@ -27,6 +28,16 @@ ModelObject AsciiVerificationTest::top()
     object.vertexAttributes = {columnOf(QStringLiteral("grade"), AttributeKind::Real, {0.25, QVariant(), 7}),
                                columnOf(QStringLiteral("rock"), AttributeKind::Text, rocks)};
     return object;
+}
+
+/// A column has room for the sign of a depth and for the digit that rounding adds.
+void AsciiVerificationTest::columnsHoldTheirValues()
+{
+    const ModelObject cloud = objectOf(QStringLiteral("C"), ObjectType::VertexClouds, {1, 3}, {2, 4}, {5, 99.96});
+    const SaverRun run("ascii", {cloud}, path("t.txt"),
+                       "mode=columns;header=false;decimals=1;nullValue=-;zIsElevation=false");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(contentOf(path("t.txt")), QByteArray("1.0 2.0   -5.0\n3.0 4.0 -100.0\n"));
 }
 
 void AsciiVerificationTest::everyForm_data()
