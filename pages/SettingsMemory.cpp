@@ -6,6 +6,23 @@
 namespace kpFormats
 {
 
+namespace
+{
+
+/// Under which of its names a setting is stored; an earlier version knew the former ones. Empty when it is not.
+QString storedKey(const QSettings& stored, const Setting& setting)
+{
+    if (stored.contains(setting.key))
+        return setting.key;
+    for (const FormerSetting& former : setting.former) {
+        if (stored.contains(former.key))
+            return former.key;
+    }
+    return {};
+}
+
+} // namespace
+
 QString settingsGroup(const QString& formatKey)
 {
     return QStringLiteral("format_") + formatKey;
@@ -16,13 +33,14 @@ void restoreSettings(SettingsValue& settings, const QString& formatKey)
     QSettings stored;
     stored.beginGroup(settingsGroup(formatKey));
     for (const Setting& setting : settings.settings()) {
-        if (!stored.contains(setting.key))
+        const QString key = storedKey(stored, setting);
+        if (key.isEmpty())
             continue;
         try {
-            settings.set(setting.key, stored.value(setting.key).toString());
+            settings.set(key, stored.value(key).toString());
         } catch (const SettingsError&) {
             // Stored by another version of the program: the default stays.
-            stored.remove(setting.key);
+            stored.remove(key);
         }
     }
 }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The library's option pages bound to formats of the program: what is set on the page arrives in the format's
 // settings, is remembered, and is not reset on the way through the wizard.
+#include "formats/gocad/GocadExportSettings.h"
+#include "formats/gocad/GocadFormat.h"
 #include "host/ui/QImportUnitSelector.h"
+#include "pages/SettingsMemory.h"
 #include "tests/support/Child.h"
 #include "tests/support/SaverRun.h"
 #include "tests/support/TestSettings.h"
@@ -148,6 +151,7 @@ private Q_SLOTS:
     void unitFollowsTheObjects();
     void attributesStayChosen();
     void gocad();
+    void formerNames();
     void shapefileAttributes();
     void missingSettings();
     void oneGrid();
@@ -335,6 +339,15 @@ void OptionSheetsTest::gocad()
              QStringLiteral("grouping=single filePrefix= header=false zIsElevation=false lengthUnit=model "
                             "objects=metric attributes=rock"));
     QVERIFY(child<QAbstractButton>(*wizardAt("gocad", {1}), "m_headerCheck")->isChecked());
+}
+
+void OptionSheetsTest::formerNames()
+{
+    // As an earlier version stored it.
+    QSettings().setValue(QStringLiteral("format_gocad/zPositive"), QStringLiteral("depth"));
+    SettingsValue values = GocadFormat().defaults();
+    restoreSettings(values, QStringLiteral("gocad"));
+    QVERIFY(!values.as<GocadExportSettings>().zIsElevation);
 }
 
 void OptionSheetsTest::shapefileAttributes()
