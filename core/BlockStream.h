@@ -15,7 +15,7 @@ namespace kpBaseExport
 class KPBASEEXPORTCORE_EXPORT BlockStream
 {
 public:
-    static constexpr std::size_t usualBlock = 128 * 1024;
+    static constexpr std::size_t usualBlock = std::size_t{128} * 1024;
 
     /// \a target is not owned; null: what is written is lost, see lost().
     explicit BlockStream(std::streambuf* target = nullptr);

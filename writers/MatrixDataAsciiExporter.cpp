@@ -15,7 +15,7 @@ namespace kpBaseExport
 namespace
 {
 
-constexpr std::size_t blockSize = 2048 * 1024;
+constexpr std::size_t blockSize = std::size_t{2048} * 1024;
 constexpr std::size_t longestPlainSeparator = 8; // copied as one word
 constexpr int rowsBetweenReports = 4096;
 

@@ -77,7 +77,7 @@ QString oneLine(const QString& name)
 
 QString lineNamed(const QString& name, Findings& findings)
 {
-    const QString line = oneLine(name);
+    QString line = oneLine(name);
     if (line != name)
         findings.note(finding::renamed, name, 1, QStringLiteral("a name is one line"));
     return line;
