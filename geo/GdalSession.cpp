@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "geo/GdalSession.h"
 
+#include "geo/LoadLimits.h"
+
 #include <QFileInfo>
 
 namespace kpFormats
@@ -10,6 +12,7 @@ void registerGdalDrivers()
 {
     static const bool registered = [] {
         GDALAllRegister();
+        limitDrivers();
         return true;
     }();
     static_cast<void>(registered);

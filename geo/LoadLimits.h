@@ -16,6 +16,8 @@ namespace kpFormats
 /// system asks for. To be called before either is used.
 KPFORMATS_EXPORT void forbidNetwork();
 KPFORMATS_EXPORT bool isNetworkForbidden();
+/// The same for drivers that have been registered.
+void limitDrivers();
 /// The first place in the network from which a virtual raster or layer (.vrt) takes data; empty when there is none.
 KPFORMATS_EXPORT QString networkSourceIn(const QByteArray& vrt);
 

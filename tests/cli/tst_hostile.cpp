@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the program does with files and names from strangers, and with places that are not what they seem.
+#include "cli/RequestText.h"
 #include "tests/support/ProgramTest.h"
 
 #include <QJsonArray>
@@ -40,17 +41,19 @@ public:
 
     bool listens() const { return m_listens; }
     QByteArray url() const { return "http://127.0.0.1:" + QByteArray::number(m_port) + "/x"; }
-    bool wasCalled() const
+    bool wasCalled()
     {
         const int call = ::accept(m_socket, nullptr, nullptr);
         if (call >= 0)
             ::close(call);
-        return call >= 0;
+        m_called = m_called || call >= 0;
+        return m_called;
     }
 
 private:
     int m_socket;
     bool m_listens = false;
+    bool m_called = false;
     int m_port = 0;
 };
 
@@ -84,6 +87,7 @@ private Q_SLOTS:
     void streamsKeepTheirNames();
     void oneOfMany();
     void hangUp();
+    void copiedCommand();
 
 private:
     QStringList command(const QStringList& more = {}) const
@@ -162,41 +166,50 @@ void HostileTest::network_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("source");
+    const QByteArray layer = "<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>SOURCE</SrcDataSource>"
+                             "</OGRVRTLayer></OGRVRTDataSource>";
     QTest::newRow("crs") << QStringLiteral("m.kpmodel")
-                         << QByteArray(R"({"version":1,"objects":[{"file":"p.csv","crs":"URL"}]})");
+                         << QByteArray(R"({"version":1,"objects":[{"file":"p.csv","crs":"SOURCE"}]})")
+                         << QByteArray("URL");
     QTest::newRow("grid")
         << QStringLiteral("g.vrt")
         << QByteArray("<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Byte\" band=\"1\">"
-                      "<SimpleSource><SourceFilename>/vsicurl/URL</SourceFilename><SourceBand>1</SourceBand>"
-                      "</SimpleSource></VRTRasterBand></VRTDataset>");
-    QTest::newRow("layer")
-        << QStringLiteral("l.vrt.xml")
-        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>/vsicurl/URL</SrcDataSource>"
-                      "</OGRVRTLayer></OGRVRTDataSource>");
+                      "<SimpleSource><SourceFilename>SOURCE</SourceFilename><SourceBand>1</SourceBand>"
+                      "</SimpleSource></VRTRasterBand></VRTDataset>")
+        << QByteArray("/vsicurl/URL");
+    QTest::newRow("layer") << QStringLiteral("l.vrt.xml") << layer << QByteArray("/vsicurl/URL");
     // Where the look at the text does not find it, GDAL itself is kept from it.
-    QTest::newRow("hidden")
-        << QStringLiteral("h.vrt.xml")
-        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>&#47;vsicurl&#47;URL&#46;json"
-                      "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>")
-               .replace("URL", "http:&#47;&#47;HOST");
+    for (const char* source :
+         {"/vsicurl/URL.json", "/vsicurl_streaming/URL.json", "/vsiwebhdfs/URL", "NETCDF:\"URL\":v"})
+        QTest::newRow(source) << QStringLiteral("hidden.vrt.xml") << layer << QByteArray(source);
 }
 
 void HostileTest::network()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
-    const Listener listener;
+    QFETCH(QByteArray, source);
+    Listener listener;
     QVERIFY(listener.listens());
-    const QByteArray url = listener.url();
-    write(name, content.replace("URL", url).replace("HOST", url.mid(7)));
+    source.replace("URL", listener.url());
+    if (name.startsWith(QLatin1String("hidden"))) {
+        QByteArray entities;
+        for (const char letter : qAsConst(source))
+            entities += "&#" + QByteArray::number(letter) + ';';
+        source = entities;
+    }
+    write(name, content.replace("SOURCE", source));
     const Result result = run({QStringLiteral("inspect"), name});
     QCOMPARE(result.code, 1);
     QVERIFY2(!listener.wasCalled(), qPrintable(result.error));
-    // The same file does call when that has been allowed.
-    qputenv("GDAL_HTTP_TIMEOUT", "1");
-    run({QStringLiteral("inspect"), name, QStringLiteral("--allow-network")});
-    qunsetenv("GDAL_HTTP_TIMEOUT");
-    QVERIFY(listener.wasCalled());
+    // The same file does call when that has been allowed; nobody answers.
+    QProcess process;
+    process.setWorkingDirectory(path(""));
+    process.start(QStringLiteral(KP_PROGRAM), {QStringLiteral("inspect"), name, QStringLiteral("--allow-network")});
+    QTRY_VERIFY_WITH_TIMEOUT(listener.wasCalled(), 30000);
+    process.kill();
+    process.waitForFinished();
 }
 
 void HostileTest::outside()
@@ -326,6 +339,38 @@ void HostileTest::hangUp()
     ::close(lock);
     QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 4);
     QCOMPARE(listing(), QStringLiteral("p.csv"));
+}
+
+void HostileTest::copiedCommand()
+{
+    // What is pasted into a shell is what was named, to the last character.
+    const QStringList names{
+        QStringLiteral("o\n"),     QStringLiteral("-o"),           QStringLiteral("it's $(id) `id` \\"),
+        QStringLiteral("a b\n\n"), QString::fromUtf8("слой é\t!"), QStringLiteral("~;&|<>*?[]{}#\"")};
+    for (const QString& name : names) {
+        refhost::ExportRequest request;
+        request.models = QStringList{QStringLiteral("p.csv"), name};
+        request.format = QStringLiteral("ascii");
+        request.output = name;
+        request.objects = QStringList{name};
+        request.settings.append({QStringLiteral("nullValue"), name});
+        const Result result =
+            runShell(QStringLiteral("kpexport() { printf '%s\\001' \"$@\"; }; ") + refhost::commandLineOf(request));
+        const QString model = name.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + name : name;
+        const QStringList wanted{QStringLiteral("export"),
+                                 QStringLiteral("p.csv"),
+                                 model,
+                                 QStringLiteral("--format"),
+                                 QStringLiteral("ascii"),
+                                 QStringLiteral("--output"),
+                                 name,
+                                 QStringLiteral("--object"),
+                                 name,
+                                 QStringLiteral("--set"),
+                                 QStringLiteral("nullValue=") + name,
+                                 QString()};
+        QCOMPARE(result.out.split(QChar(1)), wanted);
+    }
 }
 
 QTEST_GUILESS_MAIN(HostileTest)
