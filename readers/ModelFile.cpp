@@ -87,6 +87,9 @@ private:
         if (isForbiddenOutside(m_modelFile, path))
             fail(QStringLiteral("%1 lies outside the model's folder").arg(name),
                  QStringLiteral("move it there, or add --allow-outside"));
+        const QFileInfo info(path);
+        if (info.exists() && !info.isFile() && !info.isDir())
+            fail(QStringLiteral("%1 is a device or a pipe").arg(name), QStringLiteral("name a file"));
         return path;
     }
 

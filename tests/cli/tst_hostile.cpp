@@ -79,6 +79,7 @@ private Q_SLOTS:
     void network_data();
     void network();
     void outside();
+    void pipes();
     void controlCharacters();
     void fullOutput_data();
     void fullOutput();
@@ -227,6 +228,30 @@ void HostileTest::outside()
     }
     write("m.kpmodel", R"({"version":1,"objects":[{"file":"sub/../p.csv"}]})");
     QCOMPARE(run({QStringLiteral("inspect"), QStringLiteral("m.kpmodel")}).code, 0);
+}
+
+void HostileTest::pipes()
+{
+    // An archive can hold them, and they would keep a reader waiting for ever.
+    for (const char* name : {"pipe.csv", "pipe.ts", "pipe.tif"})
+        QCOMPARE(::mkfifo(QFile::encodeName(path(name)).constData(), 0600), 0);
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"pipe.ts"}]})");
+    write("logs.kpmodel", R"({"version":1,"objects":[{"file":"p.csv","logs":"pipe.csv"}]})");
+    const auto error = [this](const char* name) {
+        return run({QStringLiteral("inspect"), QString::fromLatin1(name)}).error;
+    };
+    const QString because =
+        QStringLiteral(": this is a device or a pipe, which may never end (save what it gives as a file)\n");
+    QCOMPARE(error("pipe.tif"), QStringLiteral("kpexport: error: pipe.tif") + because);
+    QCOMPARE(error("/dev/zero"), QStringLiteral("kpexport: error: /dev/zero") + because);
+    QCOMPARE(error("m.kpmodel"), QStringLiteral("kpexport: error: m.kpmodel: object 1: pipe.ts is a device or a pipe "
+                                                "(name a file)\n"));
+    QCOMPARE(error("logs.kpmodel"), QStringLiteral("kpexport: error: logs.kpmodel: object 1: pipe.csv is a device or a "
+                                                   "pipe (name a file)\n"));
+    // A job that never ends.
+    QCOMPARE(
+        run({QStringLiteral("run"), QStringLiteral("/dev/zero")}).error,
+        QStringLiteral("kpexport: error: /dev/zero: the file is larger than a job file can be (check the path)\n"));
 }
 
 void HostileTest::controlCharacters()
