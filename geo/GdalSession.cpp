@@ -11,6 +11,8 @@ namespace kpFormats
 void registerGdalDrivers()
 {
     static const bool registered = [] {
+        // It tells of every driver that is switched off and was not there.
+        const QuietGdal quiet;
         GDALAllRegister();
         limitDrivers();
         return true;

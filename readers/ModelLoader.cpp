@@ -89,6 +89,9 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
                         QStringLiteral("save what it gives as a file"));
     if (path.endsWith(QLatin1String(".kpmodel"), Qt::CaseInsensitive))
         return readModelFile(model, path);
+    if (!info.exists() && path.contains(QChar::ReplacementCharacter))
+        throw LoadError(path, QStringLiteral("its path holds bytes that are not UTF-8"),
+                        QStringLiteral("give the file or its directory another name"));
     if (!path.startsWith(QLatin1String("/vsi")) && !info.exists())
         throw LoadError(path, QStringLiteral("there is no such file"), QStringLiteral("check the path"));
     try {

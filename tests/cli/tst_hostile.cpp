@@ -84,7 +84,9 @@ private Q_SLOTS:
     void fullOutput_data();
     void fullOutput();
     void closedPipe();
+    void quiet();
     void foreignName();
+    void foreignDirectory();
     void streamsKeepTheirNames();
     void oneOfMany();
     void hangUp();
@@ -295,6 +297,16 @@ void HostileTest::closedPipe()
     QCOMPARE(result.error, QStringLiteral("0\n"));
 }
 
+void HostileTest::quiet()
+{
+    // GDAL has nothing to add.
+    const Result result =
+        run({QStringLiteral("export"), QStringLiteral("p.csv"), QStringLiteral("--format"), QStringLiteral("shp"),
+             QStringLiteral("--output"), QStringLiteral("o.shp"), QStringLiteral("--quiet")});
+    QCOMPARE(result.out + result.error, QString());
+    QCOMPARE(result.code, 0);
+}
+
 void HostileTest::foreignName()
 {
     const QString before = listing();
@@ -303,6 +315,24 @@ void HostileTest::foreignName()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.error, QStringLiteral("kpexport: error: argument 6 is not UTF-8 (give the file another name)\n"));
     QCOMPARE(listing(), before);
+}
+
+void HostileTest::foreignDirectory()
+{
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"p.csv"}]})");
+    const auto inDirectory = [this](const char* arguments) {
+        return runShell(
+            QStringLiteral("d=\"$(printf 'b\\377')\"; mkdir -p \"$d\"; cp p.csv m.kpmodel \"$d\"; cd \"$d\"; "
+                           "\"$0\" %1; code=$?; ls >&2; cd ..; rm -r \"$d\"; exit $code")
+                .arg(QLatin1String(arguments)));
+    };
+    const Result target = inDirectory("export p.csv --format ascii --output o.csv");
+    QCOMPARE(target.code, 1);
+    QCOMPARE(target.error, QStringLiteral("kpexport: error: o.csv: the path of the directory holds bytes that are not "
+                                          "UTF-8 (give it another name or choose another)\nm.kpmodel\np.csv\n"));
+    const Result model = inDirectory("inspect m.kpmodel");
+    QVERIFY2(model.code == 1 && model.error.contains(QLatin1String("p.csv: its path holds bytes that are not UTF-8")),
+             qPrintable(model.error));
 }
 
 void HostileTest::streamsKeepTheirNames()
