@@ -83,6 +83,8 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
     if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
         throw LoadError(path, QStringLiteral("\"%1\" is not a coordinate system that is known").arg(options.crs),
                         QStringLiteral("give one like EPSG:28350"));
+    for (const QString& source : QStringList{path, options.survey} + options.logs)
+        model.addSource(source);
     const QFileInfo info(path);
     if (info.exists() && !info.isFile() && !info.isDir())
         throw LoadError(path, QStringLiteral("this is a device or a pipe, which may never end"),

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void init();
     void reports_data();
     void reports();
+    void sourceBesideTheTarget();
     void network_data();
     void network();
     void outside();
@@ -130,6 +131,7 @@ void HostileTest::reports_data()
         QTest::newRow(report) << QString::fromLatin1(report) << QString::fromLatin1(refusal);
     };
     row("p.csv", "this is a file that the export reads (choose another name)");
+    row("named.csv", "this is a file that the export reads (choose another name)");
     row("sub/../o.txt", "this is a file that the export writes (choose another name)");
     row("hard.csv", "this is a file that the export reads (choose another name)");
     row("notes.json", "the file exists already and is not a report (add --overwrite to replace it)");
@@ -150,8 +152,15 @@ void HostileTest::reports()
     QDir(path("")).mkdir(QStringLiteral("sub"));
     QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QCOMPARE(::link(QFile::encodeName(path("p.csv")).constData(), QFile::encodeName(path("hard.csv")).constData()), 0);
+    write("named.csv", "X,Y,Z\n5,6,7\n");
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"named.csv"}]})");
     const QString before = listing();
-    const Result result = run(command({QStringLiteral("--report"), report}));
+    QStringList arguments = command({QStringLiteral("--report"), report});
+    arguments.insert(2, QStringLiteral("m.kpmodel"));
+    // What the run reads and writes is not replaced even when asked.
+    if (refusal.startsWith(QLatin1String("this is a file")))
+        arguments.append(QStringLiteral("--overwrite"));
+    const Result result = run(arguments);
     if (refusal.isEmpty()) {
         QVERIFY2(result.code == 0, qPrintable(result.error));
         const QJsonObject written = QJsonDocument::fromJson(read(qPrintable(report))).object();
@@ -163,6 +172,25 @@ void HostileTest::reports()
              QStringLiteral("kpexport: error: %1: the report cannot go there: %2\n")
                  .arg(report, refusal.contains(QLatin1String("%1")) ? refusal.arg(m_folder->path()) : refusal));
     QCOMPARE(listing(), before);
+}
+
+void HostileTest::sourceBesideTheTarget()
+{
+    // The data of a TAB file lie in a .dat: here that is the table which is exported.
+    write("o.dat", "X,Y,Z\n1,2,3\n2,3,4\n");
+    const QStringList arguments{QStringLiteral("export"),     QStringLiteral("o.dat"),    QStringLiteral("--format"),
+                                QStringLiteral("tab"),        QStringLiteral("--output"), QStringLiteral("o.tab"),
+                                QStringLiteral("--overwrite")};
+    for (const QStringList& more :
+         {QStringList(), QStringList{QStringLiteral("--dry-run"), QStringLiteral("--quiet")}}) {
+        const Result result = run(arguments + more);
+        QCOMPARE(result.error,
+                 QStringLiteral("kpexport: error: o.tab: o.dat goes with it, and is a file that the export "
+                                "reads (choose another name)\n"));
+        QCOMPARE(result.code, 1);
+    }
+    QCOMPARE(listing(), QStringLiteral("o.dat p.csv"));
+    QVERIFY(read("o.dat").startsWith("X,Y,Z\n"));
 }
 
 void HostileTest::network_data()
