@@ -71,8 +71,12 @@ void DeckWords::skipLine()
 bool DeckWords::nextLine()
 {
     Level& level = m_levels.back();
-    if (!level.scanner->nextLine())
+    if (!level.scanner->nextLine()) {
+        // The scanner has given up the memory of the last one.
+        level.line = {};
+        level.position = 0;
         return false;
+    }
     level.line = withoutComment(level.scanner->line());
     level.position = 0;
     return true;
