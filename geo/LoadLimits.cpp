@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <cstring>
+#include <utility>
 
 #include <cpl_conv.h>
 #include <cpl_http.h>
@@ -21,6 +22,7 @@ namespace
 
 bool networkForbidden = false;
 bool outsideForbidden = false;
+thread_local QString boundingModel;
 
 CPLHTTPResult* refuse(const char* url, CSLConstList, GDALProgressFunc, void*, CPLHTTPFetchWriteFunc, void*, void*)
 {
@@ -103,6 +105,26 @@ bool isForbiddenOutside(const QString& modelFile, const QString& file)
         return false;
     const QString folder = QFileInfo(modelFile).absoluteDir().canonicalPath();
     return !place(file).startsWith(folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'));
+}
+
+ModelBounds::ModelBounds(const QString& modelFile)
+    : m_before(std::exchange(boundingModel, modelFile))
+{
+}
+
+ModelBounds::~ModelBounds()
+{
+    boundingModel = m_before;
+}
+
+bool hasBounds()
+{
+    return outsideForbidden && !boundingModel.isEmpty();
+}
+
+bool isOutOfBounds(const QString& file)
+{
+    return hasBounds() && isForbiddenOutside(boundingModel, file);
 }
 
 } // namespace kpFormats

@@ -204,6 +204,7 @@ QJsonObject readJson(const QString& path)
 LoadNotes readModelFile(Model& model, const QString& path)
 {
     const QJsonObject root = readJson(path);
+    const ModelBounds bounds(path);
     if (root.value(QLatin1String("version")).toInt() != 1)
         throw LoadError(path, QStringLiteral("this is not a model file of version 1"),
                         QStringLiteral("add \"version\": 1"));

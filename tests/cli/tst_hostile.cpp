@@ -258,6 +258,27 @@ void HostileTest::outside()
     }
     write("m.kpmodel", R"({"version":1,"objects":[{"file":"sub/../p.csv"}]})");
     QCOMPARE(run({QStringLiteral("inspect"), QStringLiteral("m.kpmodel")}).code, 0);
+    // Nor do the files that it names lead out.
+    write("g.asc", "ncols 2\nnrows 2\nxllcorner 0\nyllcorner 0\ncellsize 1\n1 2\n3 4\n");
+    const QByteArray grid =
+        "<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Float32\" band=\"1\">"
+        "<SimpleSource><SourceFilename>FILE</SourceFilename><SourceBand>1</SourceBand>"
+        "</SimpleSource></VRTRasterBand></VRTDataset>";
+    write("sub/inner.vrt", QByteArray(grid).replace("FILE", path("g.asc").toUtf8()));
+    write("sub/outer.vrt", QByteArray(grid).replace("FILE", path("sub/inner.vrt").toUtf8()));
+    write("l.geojson", R"({"type":"Point","coordinates":[1,2]})");
+    write("sub/layer.vrt.xml", "<OGRVRTDataSource><OGRVRTLayer name=\"l\"><SrcDataSource>" + path("l.geojson").toUtf8()
+                                   + "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>");
+    write("secret.inc", "SPECGRID\n1 1 1 1 /\n");
+    write("sub/deck.grdecl", "INCLUDE\n'../secret.inc' /\n");
+    for (const char* file : {"inner.vrt", "outer.vrt", "layer.vrt.xml", "deck.grdecl"}) {
+        write("sub/m.kpmodel", R"({"version":1,"objects":[{"file":")" + QByteArray(file) + "\"}]}");
+        const QString error = run({QStringLiteral("inspect"), QStringLiteral("sub/m.kpmodel")}).error;
+        QVERIFY2(error.contains(QLatin1String("outside the model's folder (move it there, or add --allow-outside)")),
+                 qPrintable(QLatin1String(file) + error));
+        const QStringList named{QStringLiteral("inspect"), QStringLiteral("sub/") + QLatin1String(file)};
+        QVERIFY(!run(named).error.contains(QLatin1String("outside")));
+    }
 }
 
 void HostileTest::pipes()
