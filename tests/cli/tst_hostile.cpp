@@ -342,6 +342,10 @@ void HostileTest::fullOutput()
 
 void HostileTest::closedPipe()
 {
+    // Nothing that is opened takes the place of a stream that was closed, and gets what is said.
+    const Result closed = runShell(QStringLiteral("\"$0\" formats >&-"));
+    QCOMPARE(closed.error, QStringLiteral("kpexport: error: standard output: it could not be written: "
+                                          "Bad file descriptor (give it another place)\n"));
     const Result result = runShell(QStringLiteral("{ sleep 0.2; \"$0\" formats; echo $? >&2; } | true"));
     QCOMPARE(result.error, QStringLiteral("0\n"));
 }
