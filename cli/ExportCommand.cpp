@@ -246,6 +246,7 @@ int runRequest(const ExportRequest& request)
     ExportSelection selection;
     selection.objects = choose(model, request, format->info(), before);
     selection.path = request.output;
+    selection.sources = model.sources();
     if (!request.attributes.isEmpty())
         selection.attributes = request.attributes;
     if (request.noAttributes)
@@ -266,7 +267,7 @@ int runRequest(const ExportRequest& request)
     PreparedExport prepared(*format, std::move(selection), std::move(settings));
     prepared.findings = before;
     const ReportFile reportFile(request);
-    const QString noReport = reportFile.refusal(outputsOf(prepared));
+    const QString noReport = reportFile.refusal(model.sources(), outputsOf(prepared));
     if (!noReport.isEmpty()) {
         printError(noReport);
         return NotAllWritten;

@@ -22,6 +22,7 @@ namespace
 {
 
 constexpr qint64 largestJobFile = 16 * 1024 * 1024;
+constexpr qint64 blockSize = 1 << 16;
 
 [[noreturn]] void fail(const QString& path, const QString& cause, const QString& cure)
 {
@@ -58,9 +59,18 @@ bool truth(const QString& path, const QString& key, const QJsonValue& value)
     return value.toBool();
 }
 
-QString settingText(const QJsonValue& value)
+QString settingText(const QString& path, const QString& key, const QJsonValue& value)
 {
+    if (!value.isString() && !value.isBool() && !value.isDouble())
+        fail(path, QStringLiteral("the setting \"%1\" is neither text nor a number, true or false").arg(key),
+             QStringLiteral("give one of them"));
     return value.toVariant().toString();
+}
+
+/// A path as the job's folder sees it. Never the name of anything else: "http://..." is a file in a folder "http:".
+QString inFolder(const QDir& folder, const QString& name)
+{
+    return name.isEmpty() || name.startsWith(QLatin1Char('/')) ? name : folder.path() + QLatin1Char('/') + name;
 }
 
 ExportRequest requestOf(const QString& path, const QJsonObject& job)
@@ -73,15 +83,15 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
         const QJsonValue value = member.value();
         if (key == QLatin1String("models")) {
             for (const QString& model : textList(path, key, value))
-                request.models.append(folder.filePath(model));
+                request.models.append(inFolder(folder, model));
         } else if (key == QLatin1String("format")) {
             request.format = text(path, key, value);
         } else if (key == QLatin1String("output")) {
-            request.output = folder.filePath(text(path, key, value));
+            request.output = inFolder(folder, text(path, key, value));
         } else if (key == QLatin1String("report")) {
-            request.report = folder.filePath(text(path, key, value));
+            request.report = inFolder(folder, text(path, key, value));
         } else if (key == QLatin1String("layout")) {
-            request.layout = folder.filePath(text(path, key, value));
+            request.layout = inFolder(folder, text(path, key, value));
         } else if (key == QLatin1String("objects")) {
             request.objects = textList(path, key, value);
         } else if (key == QLatin1String("types")) {
@@ -101,9 +111,12 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
         } else if (key == QLatin1String("quiet")) {
             request.quiet = truth(path, key, value);
         } else if (key == QLatin1String("settings")) {
+            if (!value.isObject())
+                fail(path, QStringLiteral("\"settings\" is not an object { ... }"),
+                     QStringLiteral("give the settings as its members"));
             const QJsonObject settings = value.toObject();
             for (auto setting = settings.begin(); setting != settings.end(); ++setting)
-                request.settings.append({setting.key(), settingText(setting.value())});
+                request.settings.append({setting.key(), settingText(path, setting.key(), setting.value())});
         } else {
             fail(path, QStringLiteral("\"%1\" is not known").arg(key),
                  QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, "
@@ -118,9 +131,13 @@ QJsonObject readJob(const QString& path)
     QFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
         fail(path, QStringLiteral("the job file cannot be read"), QStringLiteral("check the path and its permissions"));
-    if (file.size() > largestJobFile)
-        fail(path, QStringLiteral("the file is larger than a job file can be"), QStringLiteral("check the path"));
-    const QByteArray content = file.readAll();
+    // A device has no size; what it gives is cut off behind the limit.
+    QByteArray content;
+    for (QByteArray part = file.read(blockSize); !part.isEmpty(); part = file.read(blockSize)) {
+        content += part;
+        if (content.size() > largestJobFile)
+            fail(path, QStringLiteral("the file is larger than a job file can be"), QStringLiteral("check the path"));
+    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(content, &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())

@@ -60,7 +60,7 @@ ReportFile::ReportFile(const ExportRequest& request)
 {
 }
 
-QString ReportFile::refusal(const QStringList& outputs) const
+QString ReportFile::refusal(const QStringList& inputs, const QStringList& outputs) const
 {
     const QString& path = m_request.report;
     if (path.isEmpty())
@@ -69,7 +69,7 @@ QString ReportFile::refusal(const QStringList& outputs) const
         return QStringLiteral("%1: the report cannot go there: %2 (%3)").arg(path, cause, cure);
     };
     const QString another = QStringLiteral("choose another name");
-    if (containsFile(m_request.models + QStringList{m_request.layout, m_request.jobFile}, path))
+    if (containsFile(inputs + QStringList{m_request.layout, m_request.jobFile}, path))
         return because(QStringLiteral("this is a file that the export reads"), another);
     if (containsFile(outputs, path))
         return because(QStringLiteral("this is a file that the export writes"), another);

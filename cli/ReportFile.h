@@ -18,9 +18,9 @@ class ReportFile
 public:
     explicit ReportFile(const ExportRequest& request);
 
-    /// Why it may not be written, as "FILE: what is wrong (what to do)"; empty when it may. \a outputs are the files of
-    /// the run.
-    QString refusal(const QStringList& outputs) const;
+    /// Why it may not be written, as "FILE: what is wrong (what to do)"; empty when it may. \a inputs and \a outputs
+    /// are the files of the run.
+    QString refusal(const QStringList& inputs, const QStringList& outputs) const;
     /// Prints an error and returns false when it could not be written. Does nothing when no report was asked for.
     bool write(const QJsonObject& report) const;
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace
@@ -31,10 +33,21 @@ void* openModule(const std::string& file)
     return nullptr;
 }
 
+/// Takes the numbers of standard streams that were closed: else the next file that is opened would be one, and get what is
+/// printed. Writing to them fails as it did.
+void holdStandardStreams()
+{
+    for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number) {
+        if (fcntl(number, F_GETFD) < 0 && open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY) != number)
+            std::_Exit(1);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    holdStandardStreams();
     if (argc > 1 && std::strcmp(argv[1], "--version") == 0)
         return std::puts("kpexport " KP_VERSION) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
     // The commands do without Widgets; only the window loads them.

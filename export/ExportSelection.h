@@ -19,6 +19,7 @@ struct ExportSelection
     std::vector<const ModelObject*> objects;
     std::optional<QStringList> attributes; ///< only these; all when not set
     QString path;                          ///< as the user gave it
+    QStringList sources;                   ///< what the objects were read from: no file that goes with one replaces it
     bool verify = false;                   ///< read each file again before it replaces an earlier one
     bool overwrite = true;                 ///< losing earlier files of the same names has been agreed to
     /// Told for whom the run waits: "process 12 (name)". May be empty.

@@ -36,6 +36,23 @@ std::vector<const ModelObject*> soundObjects(PreparedExport::Output& output)
     return sound;
 }
 
+/// Replacing the file that was named has been agreed to, but not what happens to lie beside it.
+/// \throws ExportError when what goes with a file would take the place of a source
+void requireSourcesStay(const PreparedFile& file, const QStringList& sources)
+{
+    const QFileInfo target(file.file().path);
+    for (const QString& extension : file.sidecars()) {
+        const QFileInfo sidecar(target.absolutePath() + QLatin1Char('/') + target.completeBaseName() + QLatin1Char('.')
+                                + extension);
+        if (std::any_of(sources.begin(), sources.end(),
+                        [&sidecar](const QString& source) { return sidecar.exists() && QFileInfo(source) == sidecar; }))
+            throw ExportError(
+                file.file().path,
+                QStringLiteral("%1 goes with it, and is a file that the export reads").arg(sidecar.fileName()),
+                QStringLiteral("choose another name"));
+    }
+}
+
 } // namespace
 
 PreparedExport::PreparedExport(const Format& format, ExportSelection selection, SettingsValue settings)
@@ -65,6 +82,7 @@ void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> obj
         try {
             PlannedFile file{output.planned.path, objects, output.planned.renamedFrom};
             output.file = m_format.prepare(file, m_selection, m_settings, found);
+            requireSourcesStay(*output.file, m_selection.sources);
             if (!file.renamedFrom.isEmpty())
                 found.note(finding::renamedFile, file.renamedFrom, 1, QFileInfo(file.path).fileName());
             output.findings = std::move(found);
@@ -73,6 +91,7 @@ void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> obj
             output.failedObjects.push_back({error.object()->name, error.reason()});
             remove(objects, *error.object());
         } catch (const ExportError& error) {
+            output.file.reset();
             output.error = error.reason();
             return;
         } catch (const std::exception& error) {

@@ -54,6 +54,9 @@ void TargetPath::requireWritable() const
     if (m_given.contains(QChar::ReplacementCharacter))
         throw ExportError(m_given, QStringLiteral("the name holds bytes that are not UTF-8"),
                           QStringLiteral("choose another name"));
+    if (directory.contains(QChar::ReplacementCharacter))
+        throw ExportError(m_given, QStringLiteral("the path of the directory holds bytes that are not UTF-8"),
+                          QStringLiteral("give it another name or choose another"));
     if (info.isDir())
         throw ExportError(m_given, QStringLiteral("this is a directory"), QStringLiteral("give the name of a file"));
     if (!QFileInfo(directory).isDir())

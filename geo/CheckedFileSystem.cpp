@@ -76,7 +76,11 @@ int CheckedFileSystem::Stat(const char* name, VSIStatBufL* status, int flags)
 
 int CheckedFileSystem::Unlink(const char* name)
 {
-    return VSIUnlink(own(name).constData());
+    const int result = VSIUnlink(own(name).constData());
+    // SQLite's journal that stays would take the file back when it is read.
+    if (result != 0 && errno != ENOENT)
+        CheckedWrites::note(own(name), "unlink", errno);
+    return result;
 }
 
 int CheckedFileSystem::Mkdir(const char* name, long mode)

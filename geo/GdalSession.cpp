@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "geo/GdalSession.h"
 
+#include "geo/LoadLimits.h"
+
 #include <QFileInfo>
 
 namespace kpFormats
@@ -9,7 +11,10 @@ namespace kpFormats
 void registerGdalDrivers()
 {
     static const bool registered = [] {
+        // It tells of every driver that is switched off and was not there.
+        const QuietGdal quiet;
         GDALAllRegister();
+        limitDrivers();
         return true;
     }();
     static_cast<void>(registered);

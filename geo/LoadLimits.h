@@ -16,6 +16,8 @@ namespace kpFormats
 /// system asks for. To be called before either is used.
 KPFORMATS_EXPORT void forbidNetwork();
 KPFORMATS_EXPORT bool isNetworkForbidden();
+/// The same for drivers that have been registered.
+void limitDrivers();
 /// The first place in the network from which a virtual raster or layer (.vrt) takes data; empty when there is none.
 KPFORMATS_EXPORT QString networkSourceIn(const QByteArray& vrt);
 
@@ -23,5 +25,23 @@ KPFORMATS_EXPORT QString networkSourceIn(const QByteArray& vrt);
 KPFORMATS_EXPORT void forbidOutside();
 /// Whether a model file may not name that file.
 KPFORMATS_EXPORT bool isForbiddenOutside(const QString& modelFile, const QString& file);
+
+/// While it lives the files of a model are read: what they name in turn must lie in the model's folder too.
+class KPFORMATS_EXPORT ModelBounds
+{
+public:
+    explicit ModelBounds(const QString& modelFile);
+    ~ModelBounds();
+    ModelBounds(const ModelBounds&) = delete;
+    ModelBounds& operator=(const ModelBounds&) = delete;
+
+private:
+    QString m_before;
+};
+
+/// Whether a model is read whose files may not name others as they like.
+KPFORMATS_EXPORT bool hasBounds();
+/// Whether they may not name that one.
+KPFORMATS_EXPORT bool isOutOfBounds(const QString& file);
 
 } // namespace kpFormats

@@ -4,6 +4,8 @@
 #include "model/ModelObject.h"
 #include "model/kpFormatsExport.h"
 
+#include <QStringList>
+
 #include <unordered_map>
 #include <vector>
 
@@ -25,9 +27,14 @@ public:
     /// The object with that id, or null. Valid until the next add().
     const ModelObject* find(int id) const;
 
+    /// The files that were read for it, those that others name included.
+    const QStringList& sources() const { return m_sources; }
+    void addSource(const QString& path) { m_sources.append(path); }
+
 private:
     std::vector<ModelObject> m_objects;
     std::unordered_map<int, std::size_t> m_index;
+    QStringList m_sources;
 };
 
 } // namespace kpFormats

@@ -107,9 +107,10 @@ void AsciiSheet::initialize(const QString& text)
 
 QWidget* AsciiSheet::addSetting(const QString& key)
 {
-    const QString checkText = key == QLatin1String("header")       ? tr("&Header line")
-                              : key == QLatin1String("lineBreaks") ? tr("Object &name before, empty line after")
-                                                                   : tr("Z is &elevation");
+    const QString checkText = key == QLatin1String("header")          ? tr("&Header line")
+                              : key == QLatin1String("lineBreaks")    ? tr("Object &name before, empty line after")
+                              : key == QLatin1String("guardFormulas") ? tr("&Guard formulas")
+                                                                      : tr("Z is &elevation");
     SettingControl control =
         makeSettingControl(m_setup.settings, *m_setup.settings.find(key), checkText, this, [this, key] {
             if (m_filling)
@@ -155,6 +156,7 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
     auto* second = new QHBoxLayout;
     second->setSpacing(14);
     second->addWidget(setting("lineBreaks"));
+    second->addWidget(setting("guardFormulas"));
     second->addLayout(labelled(tr("&Files:"), setting("grouping")));
     m_useCustom = new QCheckBox(tr("&Own separator:"), this);
     m_useCustom->setObjectName(QStringLiteral("useCustomSeparator"));

@@ -5,6 +5,7 @@
 #include "spec/QESAttributeTableWidget.h"
 #include "spec/QESSpecificationTableWidget.h"
 #include "spec/layout/FieldLayout.h"
+#include "wizard/PlainText.h"
 
 #include <QAction>
 #include <QDir>
@@ -224,14 +225,17 @@ void AsciiSpecification::formatAboutToBeSaved(FormatFile& file)
 
 void AsciiSpecification::formatFailed(const QString& path, const QString& cause)
 {
-    QMessageBox::warning(this, tr("Format File"),
-                         tr("%1 could not be read or written:\n%2").arg(QDir::toNativeSeparators(path), cause));
+    QMessageBox::warning(
+        this, tr("Format File"),
+        kpBaseExport::plainText(tr("%1 could not be read or written:\n%2").arg(QDir::toNativeSeparators(path), cause)));
 }
 
 bool AsciiSpecification::mayReplaceFormat(const QString& path)
 {
-    return QMessageBox::question(this, tr("Save Format File"),
-                                 tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName()))
+    return QMessageBox::question(
+               this, tr("Save Format File"),
+               kpBaseExport::plainText(
+                   tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName())))
            == QMessageBox::Yes;
 }
 

@@ -72,6 +72,7 @@ void FormatSaver::set_selection(const QString& path, const std::vector<int>& geo
 {
     ExportSelection selection;
     selection.path = path;
+    selection.sources = m_model.sources();
     for (const int id : geoIds) {
         if (const ModelObject* object = m_model.find(id))
             selection.objects.push_back(object);

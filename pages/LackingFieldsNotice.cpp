@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/LackingFieldsNotice.h"
 
+#include "wizard/PlainText.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -46,7 +48,7 @@ void LackingFieldsNotice::tell(const QStringList& lacking)
         names.append(tr("and %1 more").arg(lacking.size() - mostNames));
     m_label->setText(tr("The chosen objects lack these fields of the layout, which are left out: %1")
                          .arg(names.join(QStringLiteral(", "))));
-    m_label->setToolTip(m_label->text());
+    m_label->setToolTip(kpBaseExport::plainText(m_label->text()));
 }
 
 } // namespace kpFormats

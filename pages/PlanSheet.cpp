@@ -3,6 +3,7 @@
 
 #include "export/EstimatedSize.h"
 #include "export/ExportPlan.h"
+#include "wizard/PlainText.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -130,8 +131,8 @@ void PlanSheet::showPlan(const ExportPlan& plan)
                                           objectsText(output.objects)});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
-        item->setToolTip(0, toolTipOf(output, outcome));
-        item->setToolTip(4, output.objects.mid(0, mostNamesInToolTip).join(QLatin1Char('\n')));
+        item->setToolTip(0, kpBaseExport::plainText(toolTipOf(output, outcome)));
+        item->setToolTip(4, kpBaseExport::plainText(output.objects.mid(0, mostNamesInToolTip).join(QLatin1Char('\n'))));
         if (output.replaces || !outcome.complete())
             item->setForeground(1, QColor(Qt::darkRed));
         items.append(item);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "readers/DeckWords.h"
 
+#include "geo/LoadLimits.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -59,6 +61,9 @@ void DeckWords::include(const QString& name)
     // A pipe or a terminal would wait for ever.
     if (!file.isFile())
         scanner().fail(QStringLiteral("the file \"%1\" to include is not there").arg(name), cure);
+    if (isOutOfBounds(file.filePath()))
+        scanner().fail(QStringLiteral("the file \"%1\" to include lies outside the model's folder").arg(name),
+                       QStringLiteral("move it there, or add --allow-outside"));
     m_levels.push_back({std::make_unique<TextScanner>(file.filePath()), {}, 0});
 }
 
@@ -71,8 +76,12 @@ void DeckWords::skipLine()
 bool DeckWords::nextLine()
 {
     Level& level = m_levels.back();
-    if (!level.scanner->nextLine())
+    if (!level.scanner->nextLine()) {
+        // The scanner has given up the memory of the last one.
+        level.line = {};
+        level.position = 0;
         return false;
+    }
     level.line = withoutComment(level.scanner->line());
     level.position = 0;
     return true;

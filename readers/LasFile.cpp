@@ -111,6 +111,8 @@ private:
                 m_las.well = m_version < 2 && !line.description.isEmpty() ? line.description : line.data;
             }
         } else if (section == 'C') {
+            if (!m_values.empty())
+                fail(QStringLiteral("a curve is described behind the data"));
             AttributeColumn curve;
             curve.name = line.name;
             curve.unit = line.unit;

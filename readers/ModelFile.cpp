@@ -87,6 +87,9 @@ private:
         if (isForbiddenOutside(m_modelFile, path))
             fail(QStringLiteral("%1 lies outside the model's folder").arg(name),
                  QStringLiteral("move it there, or add --allow-outside"));
+        const QFileInfo info(path);
+        if (info.exists() && !info.isFile() && !info.isDir())
+            fail(QStringLiteral("%1 is a device or a pipe").arg(name), QStringLiteral("name a file"));
         return path;
     }
 
@@ -201,6 +204,7 @@ QJsonObject readJson(const QString& path)
 LoadNotes readModelFile(Model& model, const QString& path)
 {
     const QJsonObject root = readJson(path);
+    const ModelBounds bounds(path);
     if (root.value(QLatin1String("version")).toInt() != 1)
         throw LoadError(path, QStringLiteral("this is not a model file of version 1"),
                         QStringLiteral("add \"version\": 1"));

@@ -83,9 +83,18 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
     if (!options.crs.isEmpty() && wktOf(options.crs).isEmpty())
         throw LoadError(path, QStringLiteral("\"%1\" is not a coordinate system that is known").arg(options.crs),
                         QStringLiteral("give one like EPSG:28350"));
+    for (const QString& source : QStringList{path, options.survey} + options.logs)
+        model.addSource(source);
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir())
+        throw LoadError(path, QStringLiteral("this is a device or a pipe, which may never end"),
+                        QStringLiteral("save what it gives as a file"));
     if (path.endsWith(QLatin1String(".kpmodel"), Qt::CaseInsensitive))
         return readModelFile(model, path);
-    if (!path.startsWith(QLatin1String("/vsi")) && !QFileInfo::exists(path))
+    if (!info.exists() && path.contains(QChar::ReplacementCharacter))
+        throw LoadError(path, QStringLiteral("its path holds bytes that are not UTF-8"),
+                        QStringLiteral("give the file or its directory another name"));
+    if (!path.startsWith(QLatin1String("/vsi")) && !info.exists())
         throw LoadError(path, QStringLiteral("there is no such file"), QStringLiteral("check the path"));
     try {
         // Nothing of a file that fails comes into the model.

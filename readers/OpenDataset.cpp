@@ -15,17 +15,45 @@ namespace kpFormats
 namespace
 {
 
+/// Opens a virtual raster or layer. \returns whether it is one
+bool openVirtual(QFile& file)
+{
+    return file.open(QIODevice::ReadOnly) && file.peek(64).contains("VRTData");
+}
+
 /// \throws LoadError when the file leads into the network, which is off
 void requireOnDisk(const QString& path)
 {
     constexpr qint64 mostText = 16 * 1024 * 1024;
     QFile file(path);
-    if (!isNetworkForbidden() || !file.open(QIODevice::ReadOnly) || !file.peek(64).contains("VRTData"))
+    if (!isNetworkForbidden() || !openVirtual(file))
         return;
     const QString source = networkSourceIn(file.read(mostText));
     if (!source.isEmpty())
         throw LoadError(path, QStringLiteral("it takes data from %1, and access to the network is off").arg(source),
                         QStringLiteral("add --allow-network if you trust the file"));
+}
+
+/// \throws LoadError when a virtual raster or layer takes data from outside the folder of the model that names it
+void requireInBounds(const QString& path, GDALDataset& dataset, int depth = 0)
+{
+    constexpr int deepest = 8;
+    QFile virtualFile(path);
+    if (!hasBounds() || !openVirtual(virtualFile))
+        return;
+    const CPLStringList files(dataset.GetFileList(), true);
+    for (int index = 0; index < files.size(); ++index) {
+        const QString file = QString::fromUtf8(files[index]);
+        if (isOutOfBounds(file) || depth > deepest)
+            throw LoadError(path,
+                            QStringLiteral("it takes data from %1, which lies outside the model's folder").arg(file),
+                            QStringLiteral("move it there, or add --allow-outside"));
+        const GDALDatasetUniquePtr inner(QFileInfo(file) == QFileInfo(path)
+                                             ? nullptr
+                                             : GDALDataset::Open(files[index], GDAL_OF_RASTER | GDAL_OF_VECTOR));
+        if (inner)
+            requireInBounds(file, *inner, depth + 1);
+    }
 }
 
 } // namespace
@@ -59,6 +87,7 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
         throw LoadError(path, QStringLiteral("the file could not be opened: %1").arg(QuietGdal::lastMessage()),
                         QStringLiteral("give a file in a format that GDAL reads"));
     }
+    requireInBounds(path, *dataset);
     return dataset;
 }
 

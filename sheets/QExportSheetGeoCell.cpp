@@ -2,6 +2,7 @@
 #include "sheets/QExportSheetGeoCell.h"
 
 #include "ui_QExportSheetGeoCell.h"
+#include "wizard/PlainText.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -63,8 +64,8 @@ void QExportSheetGeoCell::checkInputPath()
 
 void QExportSheetGeoCell::showGridName(const QString& name)
 {
-    m_ui->m_gridName->setText(QCoreApplication::translate("QExportSheetGeoCell", "Exporting grid:") + QLatin1Char(' ')
-                              + name);
+    m_ui->m_gridName->setText(
+        plainText(QCoreApplication::translate("QExportSheetGeoCell", "Exporting grid:") + QLatin1Char(' ') + name));
 }
 
 void QExportSheetGeoCell::showMultipleGridWarning(bool show)

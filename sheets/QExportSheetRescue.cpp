@@ -2,6 +2,7 @@
 #include "sheets/QExportSheetRescue.h"
 
 #include "ui_QExportSheetRescue.h"
+#include "wizard/PlainText.h"
 
 #include <QCoreApplication>
 
@@ -34,8 +35,8 @@ bool QExportSheetRescue::isComplete() const
 
 void QExportSheetRescue::showGridName(const QString& name)
 {
-    m_ui->m_gridName->setText(QCoreApplication::translate("QExportSheetRescue", "Exporting grid:") + QLatin1Char(' ')
-                              + name);
+    m_ui->m_gridName->setText(
+        plainText(QCoreApplication::translate("QExportSheetRescue", "Exporting grid:") + QLatin1Char(' ') + name));
 }
 
 void QExportSheetRescue::showMultipleGridWarning(bool show)

@@ -6,6 +6,7 @@
 #include "readers/ModelLoader.h"
 #include "window/ExportWizard.h"
 #include "window/MapView.h"
+#include "wizard/PlainText.h"
 
 #include <QAction>
 #include <QApplication>
@@ -143,7 +144,7 @@ void MainWindow::openModel(const QString& path)
     addNewObjects();
     QApplication::restoreOverrideCursor();
     if (!failure.isEmpty())
-        QMessageBox::warning(this, tr("Open"), failure);
+        QMessageBox::warning(this, tr("Open"), kpBaseExport::plainText(failure));
     if (!notes.isEmpty())
         statusBar()->showMessage(notes.join(QStringLiteral("; ")), 10000);
 }
@@ -174,8 +175,9 @@ void MainWindow::addNewObjects()
         item->setIcon(0, QIcon(colour));
         item->setData(0, Qt::UserRole, object.id);
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setToolTip(0, QStringLiteral("%1\n%2").arg(object.name, crsName(object.crs)).trimmed());
-        item->setToolTip(1, object.set);
+        item->setToolTip(
+            0, kpBaseExport::plainText(QStringLiteral("%1\n%2").arg(object.name, crsName(object.crs)).trimmed()));
+        item->setToolTip(1, kpBaseExport::plainText(object.set));
         item->setCheckState(0, Qt::Checked);
         grown.insert(group);
         // Objects of several coordinate systems lie far apart: the first one's neighbourhood is shown.

@@ -2,6 +2,7 @@
 #include "window/ReportActions.h"
 
 #include "cli/RequestText.h"
+#include "wizard/PlainText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -44,7 +45,7 @@ void ReportActions::show(const ExportRequest& request, bool someFailed)
 {
     m_request = request;
     m_retry->setVisible(someFailed);
-    m_copy->setToolTip(commandLineOf(request).left(1000));
+    m_copy->setToolTip(kpBaseExport::plainText(commandLineOf(request).left(1000)));
 }
 
 void ReportActions::copyCommandLine()
@@ -65,7 +66,7 @@ void ReportActions::saveJobFile()
     const QByteArray text = QJsonDocument(jobOf(m_request)).toJson();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
         QMessageBox::warning(this, tr("Save Job File"),
-                             tr("%1 could not be written: %2").arg(path, file.errorString()));
+                             kpBaseExport::plainText(tr("%1 could not be written: %2").arg(path, file.errorString())));
 }
 
 } // namespace refhost

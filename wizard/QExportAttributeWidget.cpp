@@ -2,6 +2,7 @@
 #include "wizard/QExportAttributeWidget.h"
 
 #include "ui_QExportAttributeWidget.h"
+#include "wizard/PlainText.h"
 #include "wizard/QExportWizard.h"
 
 #include <QCoreApplication>
@@ -87,8 +88,8 @@ void QExportAttributeWidget::activate()
         item->setCheckState(Qt::Checked);
     }
     if (!unsupported.isEmpty()) {
-        m_ui->m_warningLabel->setText(
-            FormTexts::tr("Unsupported Attributes for this Format: %1").arg(unsupported.join(QStringLiteral(", "))));
+        m_ui->m_warningLabel->setText(plainText(
+            FormTexts::tr("Unsupported Attributes for this Format: %1").arg(unsupported.join(QStringLiteral(", ")))));
         m_ui->warningBox->show();
     }
 }

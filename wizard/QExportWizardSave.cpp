@@ -2,6 +2,7 @@
 // The save run of the wizard: from the chosen path to the report.
 #include "core/saver/AbstractSaver.h"
 #include "host/ui/WizardProgress.h"
+#include "wizard/PlainText.h"
 #include "wizard/QExportSheetSaveInfo.h"
 #include "wizard/QExportWizard.h"
 
@@ -167,7 +168,8 @@ QExportAbstractSheet::FileInfo QExportWizard::fileCanBeSaved(const QString& file
         if (!single)
             buttons |= QMessageBox::YesToAll;
         answer = QMessageBox::warning(
-            this, windowTitle(), tr("%1 already exists.\nDo you want to replace it?").arg(info.fileName()), buttons);
+            this, windowTitle(), plainText(tr("%1 already exists.\nDo you want to replace it?").arg(info.fileName())),
+            buttons);
     }
     if (answer == QMessageBox::No)
         return QExportAbstractSheet::USER_DID_NOT_ACCEPT_OVERWRITING;

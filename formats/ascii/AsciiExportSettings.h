@@ -26,6 +26,7 @@ struct AsciiExportSettings
     int decimals = 3;                             ///< of coordinates and real attributes
     bool writeNullValue = true;                   ///< write nullValue for a missing number; else 0 stands there
     QString nullValue = QStringLiteral("99999");  ///< text of a missing number
+    bool guardFormulas = false;                   ///< an apostrophe before what a spreadsheet would take for a formula
     bool lineBreaks = false;                      ///< object name before and an empty line after each object
     bool zIsElevation = true;                     ///< false: z is written as depth, positive down
     FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set

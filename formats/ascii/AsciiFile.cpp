@@ -25,6 +25,7 @@ AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, Ascii
         m_table = asciiTable(file().objects, selection().attributes, m_settings.decimals, findings);
         m_laidOut = !inColumns;
     }
+    guardNames(m_table, m_settings);
     for (const ModelObject* object : file().objects)
         noteHeights(*object, m_settings, findings);
 }

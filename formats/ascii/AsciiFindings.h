@@ -17,6 +17,8 @@ inline constexpr FindingKind lineEndInATextBecameABlank("line end in a text beca
 inline constexpr FindingKind lineEndInANameBecameABlank("line end in a name became a blank",
                                                         "a line end in a name became a blank",
                                                         "line ends in %1 names became blanks");
+inline constexpr FindingKind guardedText("text guarded against formulas", "a text got an apostrophe (guardFormulas)",
+                                         "%1 texts got an apostrophe (guardFormulas)");
 inline constexpr FindingKind missingValueWrittenAs0("missing value written as 0", "a missing value was written as 0",
                                                     "%1 missing values were written as 0");
 inline constexpr FindingKind fieldOfTheLayoutLeftOut("field of the layout left out",

@@ -51,6 +51,8 @@ SettingsTable AsciiFormat::settings() const
     table.addText("nullValue", &S::nullValue, tr("Null value"), tr("text of a missing number"));
     table.addBoolean("lineBreaks", &S::lineBreaks, tr("Line breaks"),
                      tr("object name before and empty line after each object"));
+    table.addBoolean("guardFormulas", &S::guardFormulas, tr("Guard formulas"),
+                     tr("an apostrophe before texts that a spreadsheet would take for formulas, in separated values"));
     addElevation(table, &S::zIsElevation);
     addGrouping(table, &S::grouping);
     return table;

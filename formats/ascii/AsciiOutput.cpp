@@ -98,7 +98,7 @@ void prepareWriter(Writer& writer, const AsciiTable& table, const Settings& sett
 void writeObject(Writer& writer, const ModelObject& object, const AsciiTable& table, const Settings& settings,
                  Findings& findings)
 {
-    fillRecord(*writer.geoObject(), object, table, settings, separatorText(settings), findings);
+    fillRecord(*writer.geoObject(), object, table, settings, findings);
     writer.writeCustomHeader(writer.geoObject(), presetName(settings.preset));
     writer.writeGeo(writer.geoObject());
 }
@@ -135,7 +135,8 @@ QByteArray asciiPreview(const Settings& settings, const std::vector<const ModelO
     if (objects.empty())
         return {};
     Findings unread;
-    const AsciiTable table = asciiTable(*settings.layout, objects, settings.mode == Settings::Mode::Columns, unread);
+    AsciiTable table = asciiTable(*settings.layout, objects, settings.mode == Settings::Mode::Columns, unread);
+    guardNames(table, settings);
     MemoryWriter writer;
     prepareWriter(writer, table, settings);
     const ModelObject first = firstRows(*objects.front(), rows);

@@ -3,8 +3,10 @@
 #include "export/CommonFindings.h"
 #include "formats/ascii/AsciiFindings.h"
 #include "formats/ascii/AsciiHints.h"
+#include "formats/ascii/AsciiOutput.h"
 
 #include "formats/ascii/ConstantMatrixData.h"
+#include "formats/ascii/FormulaGuard.h"
 #include "formats/ascii/GridIndexMatrix.h"
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
@@ -116,11 +118,20 @@ public:
         }
     }
 
+    void lookAtChanges(bool broken, bool guarded, int rows)
+    {
+        m_broken += broken ? rows : 0;
+        m_guarded += guarded ? rows : 0;
+    }
+
     void report(Findings& findings) const
     {
         findings.note(asciiFinding::textHoldsTheSeparator, m_object.name, m_ambiguous,
                       QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
                           .arg(m_attribute, m_example.left(80)));
+        const QString where = QStringLiteral("in %1").arg(m_attribute);
+        findings.note(asciiFinding::lineEndInATextBecameABlank, m_object.name, m_broken, where);
+        findings.note(asciiFinding::guardedText, m_object.name, m_guarded, where);
     }
 
 private:
@@ -128,6 +139,8 @@ private:
     QString m_attribute;
     QString m_separator;
     qint64 m_ambiguous = 0;
+    qint64 m_broken = 0;
+    qint64 m_guarded = 0;
     QString m_example;
 };
 
@@ -139,40 +152,44 @@ qint64 countMissing(const AttributeColumn& column)
                          [](const QVariant& value) { return value.isNull(); });
 }
 
+/// A text as its field holds it.
+QString writtenText(const QString& text, const FormulaGuard& guard, TextCheck& check, int rows)
+{
+    check.look(text, rows);
+    const QString line = oneLine(text);
+    const QString written = guard.guarded(line);
+    check.lookAtChanges(text != line, line != written, rows);
+    return written;
+}
+
 MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& column, const QString& name,
-                         const QString& separator, Findings& findings)
+                         const AsciiExportSettings& settings, Findings& findings)
 {
     if (column.kind == AttributeKind::Real)
         return new DoubleMatrixData(name, column.numbers, column.missing);
     QVector<QVariant> values = column.values;
     if (column.kind == AttributeKind::Text) {
-        TextCheck check(object, column.name, separator);
-        qint64 broken = 0;
+        TextCheck check(object, column.name, separatorText(settings));
+        const FormulaGuard guard(settings);
         for (int row = 0; row < values.size(); ++row) {
             const QString text = qAsConst(values)[row].toString();
-            check.look(text, 1);
-            const QString line = oneLine(text);
-            if (line != text) {
-                values[row] = line;
-                ++broken;
-            }
+            const QString written = writtenText(text, guard, check, 1);
+            if (written != text)
+                values[row] = written;
         }
         check.report(findings);
-        findings.note(asciiFinding::lineEndInATextBecameABlank, object.name, broken,
-                      QStringLiteral("in %1").arg(column.name));
     }
     return new kpBase::VariantMatrixData(name, matrixType(column.kind), values);
 }
 
 MatrixData* objectMatrix(const ModelObject& object, const ObjectAttribute& attribute, const QString& name,
-                         const QString& separator, Findings& findings)
+                         const AsciiExportSettings& settings, Findings& findings)
 {
     QVariant value = attribute.value;
     if (attribute.kind == AttributeKind::Text && !value.isNull()) {
-        TextCheck check(object, attribute.name, separator);
-        check.look(value.toString(), object.vertexCount());
+        TextCheck check(object, attribute.name, separatorText(settings));
+        value = writtenText(value.toString(), FormulaGuard(settings), check, object.vertexCount());
         check.report(findings);
-        value = oneLine(value.toString());
     }
     return new ConstantMatrixData(name, matrixType(attribute.kind), value, object.vertexCount());
 }
@@ -255,6 +272,18 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
     return table;
 }
 
+void guardNames(AsciiTable& table, const AsciiExportSettings& settings)
+{
+    const FormulaGuard guard(settings);
+    if (!guard.isOn())
+        return;
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        if (table.columns[index].source == AsciiColumn::Attribute)
+            table.fields[index].name = guard.guarded(table.fields[index].name);
+    }
+    makeDifferent(table);
+}
+
 void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                    const AsciiExportSettings& settings)
 {
@@ -293,10 +322,10 @@ void noteHeights(const ModelObject& object, const AsciiExportSettings& settings,
 }
 
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
-                const AsciiExportSettings& settings, const QString& separator, Findings& findings)
+                const AsciiExportSettings& settings, Findings& findings)
 {
     record.clearData();
-    record.name = object.name.simplified().toStdString();
+    record.name = FormulaGuard(settings).guarded(object.name.simplified()).toStdString();
     DoubleMatrixData::Missing missingZ;
     if (!object.hasZ) {
         // No height is known, which is not the same as a height of 0.
@@ -328,12 +357,12 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             continue;
         const QString& name = source.attribute;
         if (const AttributeColumn* column = vertexAttribute(object, name)) {
-            matrices.push_back(vertexMatrix(object, *column, field, separator, findings));
+            matrices.push_back(vertexMatrix(object, *column, field, settings, findings));
             if (column->kind != AttributeKind::Text && !settings.writeNullValue)
                 findings.note(asciiFinding::missingValueWrittenAs0, object.name, countMissing(*column),
                               QStringLiteral("in %1; switch writeNullValue on").arg(name));
         } else if (const ObjectAttribute* attribute = objectAttribute(object, name)) {
-            matrices.push_back(objectMatrix(object, *attribute, field, separator, findings));
+            matrices.push_back(objectMatrix(object, *attribute, field, settings, findings));
         } else {
             if (absent++ == 0)
                 firstAbsent = name;

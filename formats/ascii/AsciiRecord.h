@@ -41,6 +41,9 @@ KPFORMATS_EXPORT AsciiTable asciiTable(const std::vector<const ModelObject*>& ob
 KPFORMATS_EXPORT AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelObject*>& objects,
                                        bool inColumns, Findings& findings);
 
+/// The names of attributes as a spreadsheet takes for no formula, where the settings ask for that.
+KPFORMATS_EXPORT void guardNames(AsciiTable& table, const AsciiExportSettings& settings);
+
 /// Gives each field the columns that its longest value needs, with one blank between.
 KPFORMATS_EXPORT void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                                     const AsciiExportSettings& settings);
@@ -50,6 +53,6 @@ KPFORMATS_EXPORT void noteHeights(const ModelObject& object, const AsciiExportSe
 
 /// Fills \a record with the object's matrices, shared with the model, and notes what the table cannot carry.
 KPFORMATS_EXPORT void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
-                                 const AsciiExportSettings& settings, const QString& separator, Findings& findings);
+                                 const AsciiExportSettings& settings, Findings& findings);
 
 } // namespace kpFormats

@@ -2,6 +2,7 @@
 #include "formats/ascii/AsciiVerification.h"
 
 #include "formats/ascii/AsciiOutput.h"
+#include "formats/ascii/FormulaGuard.h"
 #include "geo/CoordinateSystems.h"
 
 #include <QColor>
@@ -61,6 +62,7 @@ public:
         , m_found(found)
         , m_inColumns(settings.mode == AsciiExportSettings::Mode::Columns)
         , m_separator(separatorText(settings))
+        , m_guard(settings)
     {
     }
 
@@ -111,7 +113,7 @@ private:
     void readObject(const ModelObject& object)
     {
         m_object = &object;
-        const QString name = QString::fromUtf8(object.name.simplified().toUtf8());
+        const QString name = QString::fromUtf8(m_guard.guarded(object.name.simplified()).toUtf8());
         if (m_settings.lineBreaks && !name.isEmpty())
             m_found.compareText(name, m_text.readLine(), [] { return QStringLiteral("line before the object"); });
         std::vector<Expected> fields;
@@ -234,7 +236,7 @@ private:
         if (field.attribute == AttributeKind::Color)
             return value.value<QColor>().name();
         if (field.attribute == AttributeKind::Text)
-            return inOneLine(value.toString());
+            return m_guard.guarded(inOneLine(value.toString()));
         return QString::number(value.toLongLong());
     }
 
@@ -311,6 +313,7 @@ private:
     Verification& m_found;
     bool m_inColumns;
     QString m_separator;
+    FormulaGuard m_guard;
     const ModelObject* m_object = nullptr;
     int m_row = 0;
 };

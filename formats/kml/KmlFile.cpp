@@ -10,7 +10,9 @@
 #include "formats/kml/KmzArchive.h"
 #include "geo/CoordinateSystems.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -66,6 +68,19 @@ bool isDevice(const QString& path)
 }
 
 /// The folder in which an archive is prepared is beside it, on the same disk; a device has none.
+/// QImage::save() does not tell of every write that fails.
+bool savePicture(const QImage& image, const QString& path)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QFile file(path);
+    if (!image.save(&buffer, "PNG") || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
+        || file.write(bytes) != bytes.size())
+        return false;
+    file.close();
+    return file.error() == QFileDevice::NoError;
+}
+
 QString archiveFolderTemplate(const QString& path)
 {
     return (isDevice(path) ? QDir::temp() : QFileInfo(path).absoluteDir()).filePath(QStringLiteral("kmz-XXXXXX"));
@@ -158,7 +173,7 @@ qint64 KmlFile::writeDocument(const QString& document, Findings& findings, Progr
     int kept = 0;
     const auto keep = [&](const QImage& image) {
         const QString name = pictureName(document, m_archive, ++kept);
-        if (isDevice(document) || !image.save(QFileInfo(document).absoluteDir().filePath(name), "PNG"))
+        if (isDevice(document) || !savePicture(image, QFileInfo(document).absoluteDir().filePath(name)))
             throw ExportError(file().path, QStringLiteral("the picture %1 could not be written").arg(name),
                               QStringLiteral("make room on the disk or choose another"));
         return reference(name);

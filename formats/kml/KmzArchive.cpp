@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmzArchive.h"
 
+#include "geo/CheckedWrites.h"
 #include "geo/GdalSession.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cpl_conv.h>
 
@@ -36,14 +38,18 @@ bool addFile(void* archive, const QString& source, const QString& name)
 void writeArchive(const QString& path, const QString& folder, const QStringList& files)
 {
     const QuietGdal quiet;
-    void* const archive = CPLCreateZip(path.toUtf8().constData(), nullptr);
+    const CheckedWrites checked(path);
+    const QFileInfo target(path);
+    // A pipe has no places, which the checked files write to.
+    const QString place = target.exists() && !target.isFile() ? path : CheckedWrites::pathFor(path);
+    void* const archive = CPLCreateZip(place.toUtf8().constData(), nullptr);
     bool written = archive != nullptr;
     for (const QString& file : files)
         written = written && addFile(archive, QDir(folder).filePath(file), file);
     // The directory of the archive is written on closing.
     if (archive)
         written = CPLCloseZip(archive) == CE_None && written;
-    if (!written)
+    if (!written || checked.failure())
         throw std::runtime_error(
             "the archive could not be written completely (make room on the disk or choose another)");
 }

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMap>
 #include <QSaveFile>
 
 #include <cmath>
@@ -131,6 +132,15 @@ QByteArray member(const QString& key, const QJsonValue& value)
     return jsonText(key) + ": " + jsonText(value);
 }
 
+/// The members in one order. That of Qt depends on where they stood in the file when keys hold a NUL.
+QMap<QString, QJsonValue> membersOf(const QJsonObject& object)
+{
+    QMap<QString, QJsonValue> members;
+    for (auto entry = object.begin(); entry != object.end(); ++entry)
+        members.insert(entry.key(), entry.value());
+    return members;
+}
+
 QString nameOf(const FormatFile::Field& field)
 {
     impAttribute attribute;
@@ -147,7 +157,8 @@ QByteArray fieldLine(const FormatFile::Field& field)
         members.append(member(QLatin1String(text.key), QString::fromStdString(attribute.*text.member)));
     for (const NumberMember& number : numberMembers)
         members.append(member(QLatin1String(number.key), attribute.*number.member));
-    for (auto extra = field.unknown().begin(); extra != field.unknown().end(); ++extra)
+    const QMap<QString, QJsonValue> unknown = membersOf(field.unknown());
+    for (auto extra = unknown.begin(); extra != unknown.end(); ++extra)
         members.append(member(extra.key(), extra.value()));
     return "    {" + members.join(", ") + '}';
 }
@@ -225,7 +236,8 @@ QByteArray FormatFile::toBytes() const
                            member(QStringLiteral("version"), newestVersion),
                            member(QStringLiteral("type"), QLatin1String(m_type == FieldBased ? "fields" : "columns")),
                            member(QStringLiteral("name"), m_name)};
-    for (auto extra = m_unknown.begin(); extra != m_unknown.end(); ++extra)
+    const QMap<QString, QJsonValue> unknown = membersOf(m_unknown);
+    for (auto extra = unknown.begin(); extra != unknown.end(); ++extra)
         members.append(member(extra.key(), extra.value()));
     members.append(fields.isEmpty() ? "\"fields\": []" : "\"fields\": [\n" + fields.join(",\n") + "\n  ]");
     return "{\n  " + members.join(",\n  ") + "\n}\n";

@@ -294,7 +294,7 @@ void CommandLineTest::formatsAsJson()
         keys.append(setting.toObject().value(QStringLiteral("key")).toString());
     QCOMPARE(keys.join(QLatin1Char(' ')),
              QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
-                            "nullValue lineBreaks zIsElevation grouping"));
+                            "nullValue lineBreaks guardFormulas zIsElevation grouping"));
 }
 
 void CommandLineTest::interrupted()

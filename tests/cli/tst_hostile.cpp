@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the program does with files and names from strangers, and with places that are not what they seem.
+#include "cli/RequestText.h"
 #include "tests/support/ProgramTest.h"
 
 #include <QJsonArray>
@@ -40,17 +41,19 @@ public:
 
     bool listens() const { return m_listens; }
     QByteArray url() const { return "http://127.0.0.1:" + QByteArray::number(m_port) + "/x"; }
-    bool wasCalled() const
+    bool wasCalled()
     {
         const int call = ::accept(m_socket, nullptr, nullptr);
         if (call >= 0)
             ::close(call);
-        return call >= 0;
+        m_called = m_called || call >= 0;
+        return m_called;
     }
 
 private:
     int m_socket;
     bool m_listens = false;
+    bool m_called = false;
     int m_port = 0;
 };
 
@@ -73,17 +76,22 @@ private Q_SLOTS:
     void init();
     void reports_data();
     void reports();
+    void sourceBesideTheTarget();
     void network_data();
     void network();
     void outside();
+    void pipes();
     void controlCharacters();
     void fullOutput_data();
     void fullOutput();
     void closedPipe();
+    void quiet();
     void foreignName();
+    void foreignDirectory();
     void streamsKeepTheirNames();
     void oneOfMany();
     void hangUp();
+    void copiedCommand();
 
 private:
     QStringList command(const QStringList& more = {}) const
@@ -123,6 +131,7 @@ void HostileTest::reports_data()
         QTest::newRow(report) << QString::fromLatin1(report) << QString::fromLatin1(refusal);
     };
     row("p.csv", "this is a file that the export reads (choose another name)");
+    row("named.csv", "this is a file that the export reads (choose another name)");
     row("sub/../o.txt", "this is a file that the export writes (choose another name)");
     row("hard.csv", "this is a file that the export reads (choose another name)");
     row("notes.json", "the file exists already and is not a report (add --overwrite to replace it)");
@@ -143,8 +152,15 @@ void HostileTest::reports()
     QDir(path("")).mkdir(QStringLiteral("sub"));
     QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QCOMPARE(::link(QFile::encodeName(path("p.csv")).constData(), QFile::encodeName(path("hard.csv")).constData()), 0);
+    write("named.csv", "X,Y,Z\n5,6,7\n");
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"named.csv"}]})");
     const QString before = listing();
-    const Result result = run(command({QStringLiteral("--report"), report}));
+    QStringList arguments = command({QStringLiteral("--report"), report});
+    arguments.insert(2, QStringLiteral("m.kpmodel"));
+    // What the run reads and writes is not replaced even when asked.
+    if (refusal.startsWith(QLatin1String("this is a file")))
+        arguments.append(QStringLiteral("--overwrite"));
+    const Result result = run(arguments);
     if (refusal.isEmpty()) {
         QVERIFY2(result.code == 0, qPrintable(result.error));
         const QJsonObject written = QJsonDocument::fromJson(read(qPrintable(report))).object();
@@ -158,45 +174,73 @@ void HostileTest::reports()
     QCOMPARE(listing(), before);
 }
 
+void HostileTest::sourceBesideTheTarget()
+{
+    // The data of a TAB file lie in a .dat: here that is the table which is exported.
+    write("o.dat", "X,Y,Z\n1,2,3\n2,3,4\n");
+    const QStringList arguments{QStringLiteral("export"),     QStringLiteral("o.dat"),    QStringLiteral("--format"),
+                                QStringLiteral("tab"),        QStringLiteral("--output"), QStringLiteral("o.tab"),
+                                QStringLiteral("--overwrite")};
+    for (const QStringList& more :
+         {QStringList(), QStringList{QStringLiteral("--dry-run"), QStringLiteral("--quiet")}}) {
+        const Result result = run(arguments + more);
+        QCOMPARE(result.error,
+                 QStringLiteral("kpexport: error: o.tab: o.dat goes with it, and is a file that the export "
+                                "reads (choose another name)\n"));
+        QCOMPARE(result.code, 1);
+    }
+    QCOMPARE(listing(), QStringLiteral("o.dat p.csv"));
+    QVERIFY(read("o.dat").startsWith("X,Y,Z\n"));
+}
+
 void HostileTest::network_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("source");
+    const QByteArray layer = "<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>SOURCE</SrcDataSource>"
+                             "</OGRVRTLayer></OGRVRTDataSource>";
     QTest::newRow("crs") << QStringLiteral("m.kpmodel")
-                         << QByteArray(R"({"version":1,"objects":[{"file":"p.csv","crs":"URL"}]})");
+                         << QByteArray(R"({"version":1,"objects":[{"file":"p.csv","crs":"SOURCE"}]})")
+                         << QByteArray("URL");
     QTest::newRow("grid")
         << QStringLiteral("g.vrt")
         << QByteArray("<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Byte\" band=\"1\">"
-                      "<SimpleSource><SourceFilename>/vsicurl/URL</SourceFilename><SourceBand>1</SourceBand>"
-                      "</SimpleSource></VRTRasterBand></VRTDataset>");
-    QTest::newRow("layer")
-        << QStringLiteral("l.vrt.xml")
-        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>/vsicurl/URL</SrcDataSource>"
-                      "</OGRVRTLayer></OGRVRTDataSource>");
+                      "<SimpleSource><SourceFilename>SOURCE</SourceFilename><SourceBand>1</SourceBand>"
+                      "</SimpleSource></VRTRasterBand></VRTDataset>")
+        << QByteArray("/vsicurl/URL");
+    QTest::newRow("layer") << QStringLiteral("l.vrt.xml") << layer << QByteArray("/vsicurl/URL");
     // Where the look at the text does not find it, GDAL itself is kept from it.
-    QTest::newRow("hidden")
-        << QStringLiteral("h.vrt.xml")
-        << QByteArray("<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>&#47;vsicurl&#47;URL&#46;json"
-                      "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>")
-               .replace("URL", "http:&#47;&#47;HOST");
+    for (const char* source :
+         {"/vsicurl/URL.json", "/vsicurl_streaming/URL.json", "/vsiwebhdfs/URL", "NETCDF:\"URL\":v"})
+        QTest::newRow(source) << QStringLiteral("hidden.vrt.xml") << layer << QByteArray(source);
 }
 
 void HostileTest::network()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
-    const Listener listener;
+    QFETCH(QByteArray, source);
+    Listener listener;
     QVERIFY(listener.listens());
-    const QByteArray url = listener.url();
-    write(name, content.replace("URL", url).replace("HOST", url.mid(7)));
+    source.replace("URL", listener.url());
+    if (name.startsWith(QLatin1String("hidden"))) {
+        QByteArray entities;
+        for (const char letter : qAsConst(source))
+            entities += "&#" + QByteArray::number(letter) + ';';
+        source = entities;
+    }
+    write(name, content.replace("SOURCE", source));
     const Result result = run({QStringLiteral("inspect"), name});
     QCOMPARE(result.code, 1);
     QVERIFY2(!listener.wasCalled(), qPrintable(result.error));
-    // The same file does call when that has been allowed.
-    qputenv("GDAL_HTTP_TIMEOUT", "1");
-    run({QStringLiteral("inspect"), name, QStringLiteral("--allow-network")});
-    qunsetenv("GDAL_HTTP_TIMEOUT");
-    QVERIFY(listener.wasCalled());
+    // The same file does call when that has been allowed; nobody answers.
+    QProcess process;
+    process.setWorkingDirectory(path(""));
+    process.start(QStringLiteral(KP_PROGRAM), {QStringLiteral("inspect"), name, QStringLiteral("--allow-network")});
+    QTRY_VERIFY_WITH_TIMEOUT(listener.wasCalled(), 30000);
+    process.kill();
+    process.waitForFinished();
 }
 
 void HostileTest::outside()
@@ -214,6 +258,51 @@ void HostileTest::outside()
     }
     write("m.kpmodel", R"({"version":1,"objects":[{"file":"sub/../p.csv"}]})");
     QCOMPARE(run({QStringLiteral("inspect"), QStringLiteral("m.kpmodel")}).code, 0);
+    // Nor do the files that it names lead out.
+    write("g.asc", "ncols 2\nnrows 2\nxllcorner 0\nyllcorner 0\ncellsize 1\n1 2\n3 4\n");
+    const QByteArray grid =
+        "<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Float32\" band=\"1\">"
+        "<SimpleSource><SourceFilename>FILE</SourceFilename><SourceBand>1</SourceBand>"
+        "</SimpleSource></VRTRasterBand></VRTDataset>";
+    write("sub/inner.vrt", QByteArray(grid).replace("FILE", path("g.asc").toUtf8()));
+    write("sub/outer.vrt", QByteArray(grid).replace("FILE", path("sub/inner.vrt").toUtf8()));
+    write("l.geojson", R"({"type":"Point","coordinates":[1,2]})");
+    write("sub/layer.vrt.xml", "<OGRVRTDataSource><OGRVRTLayer name=\"l\"><SrcDataSource>" + path("l.geojson").toUtf8()
+                                   + "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>");
+    write("secret.inc", "SPECGRID\n1 1 1 1 /\n");
+    write("sub/deck.grdecl", "INCLUDE\n'../secret.inc' /\n");
+    for (const char* file : {"inner.vrt", "outer.vrt", "layer.vrt.xml", "deck.grdecl"}) {
+        write("sub/m.kpmodel", R"({"version":1,"objects":[{"file":")" + QByteArray(file) + "\"}]}");
+        const QString error = run({QStringLiteral("inspect"), QStringLiteral("sub/m.kpmodel")}).error;
+        QVERIFY2(error.contains(QLatin1String("outside the model's folder (move it there, or add --allow-outside)")),
+                 qPrintable(QLatin1String(file) + error));
+        const QStringList named{QStringLiteral("inspect"), QStringLiteral("sub/") + QLatin1String(file)};
+        QVERIFY(!run(named).error.contains(QLatin1String("outside")));
+    }
+}
+
+void HostileTest::pipes()
+{
+    // An archive can hold them, and they would keep a reader waiting for ever.
+    for (const char* name : {"pipe.csv", "pipe.ts", "pipe.tif"})
+        QCOMPARE(::mkfifo(QFile::encodeName(path(name)).constData(), 0600), 0);
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"pipe.ts"}]})");
+    write("logs.kpmodel", R"({"version":1,"objects":[{"file":"p.csv","logs":"pipe.csv"}]})");
+    const auto error = [this](const char* name) {
+        return run({QStringLiteral("inspect"), QString::fromLatin1(name)}).error;
+    };
+    const QString because =
+        QStringLiteral(": this is a device or a pipe, which may never end (save what it gives as a file)\n");
+    QCOMPARE(error("pipe.tif"), QStringLiteral("kpexport: error: pipe.tif") + because);
+    QCOMPARE(error("/dev/zero"), QStringLiteral("kpexport: error: /dev/zero") + because);
+    QCOMPARE(error("m.kpmodel"), QStringLiteral("kpexport: error: m.kpmodel: object 1: pipe.ts is a device or a pipe "
+                                                "(name a file)\n"));
+    QCOMPARE(error("logs.kpmodel"), QStringLiteral("kpexport: error: logs.kpmodel: object 1: pipe.csv is a device or a "
+                                                   "pipe (name a file)\n"));
+    // A job that never ends.
+    QCOMPARE(
+        run({QStringLiteral("run"), QStringLiteral("/dev/zero")}).error,
+        QStringLiteral("kpexport: error: /dev/zero: the file is larger than a job file can be (check the path)\n"));
 }
 
 void HostileTest::controlCharacters()
@@ -253,8 +342,22 @@ void HostileTest::fullOutput()
 
 void HostileTest::closedPipe()
 {
+    // Nothing that is opened takes the place of a stream that was closed, and gets what is said.
+    const Result closed = runShell(QStringLiteral("\"$0\" formats >&-"));
+    QCOMPARE(closed.error, QStringLiteral("kpexport: error: standard output: it could not be written: "
+                                          "Bad file descriptor (give it another place)\n"));
     const Result result = runShell(QStringLiteral("{ sleep 0.2; \"$0\" formats; echo $? >&2; } | true"));
     QCOMPARE(result.error, QStringLiteral("0\n"));
+}
+
+void HostileTest::quiet()
+{
+    // GDAL has nothing to add.
+    const Result result =
+        run({QStringLiteral("export"), QStringLiteral("p.csv"), QStringLiteral("--format"), QStringLiteral("shp"),
+             QStringLiteral("--output"), QStringLiteral("o.shp"), QStringLiteral("--quiet")});
+    QCOMPARE(result.out + result.error, QString());
+    QCOMPARE(result.code, 0);
 }
 
 void HostileTest::foreignName()
@@ -265,6 +368,24 @@ void HostileTest::foreignName()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.error, QStringLiteral("kpexport: error: argument 6 is not UTF-8 (give the file another name)\n"));
     QCOMPARE(listing(), before);
+}
+
+void HostileTest::foreignDirectory()
+{
+    write("m.kpmodel", R"({"version":1,"objects":[{"file":"p.csv"}]})");
+    const auto inDirectory = [this](const char* arguments) {
+        return runShell(
+            QStringLiteral("d=\"$(printf 'b\\377')\"; mkdir -p \"$d\"; cp p.csv m.kpmodel \"$d\"; cd \"$d\"; "
+                           "\"$0\" %1; code=$?; ls >&2; cd ..; rm -r \"$d\"; exit $code")
+                .arg(QLatin1String(arguments)));
+    };
+    const Result target = inDirectory("export p.csv --format ascii --output o.csv");
+    QCOMPARE(target.code, 1);
+    QCOMPARE(target.error, QStringLiteral("kpexport: error: o.csv: the path of the directory holds bytes that are not "
+                                          "UTF-8 (give it another name or choose another)\nm.kpmodel\np.csv\n"));
+    const Result model = inDirectory("inspect m.kpmodel");
+    QVERIFY2(model.code == 1 && model.error.contains(QLatin1String("p.csv: its path holds bytes that are not UTF-8")),
+             qPrintable(model.error));
 }
 
 void HostileTest::streamsKeepTheirNames()
@@ -326,6 +447,38 @@ void HostileTest::hangUp()
     ::close(lock);
     QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 4);
     QCOMPARE(listing(), QStringLiteral("p.csv"));
+}
+
+void HostileTest::copiedCommand()
+{
+    // What is pasted into a shell is what was named, to the last character.
+    const QStringList names{
+        QStringLiteral("o\n"),     QStringLiteral("-o"),           QStringLiteral("it's $(id) `id` \\"),
+        QStringLiteral("a b\n\n"), QString::fromUtf8("слой é\t!"), QStringLiteral("~;&|<>*?[]{}#\"")};
+    for (const QString& name : names) {
+        refhost::ExportRequest request;
+        request.models = QStringList{QStringLiteral("p.csv"), name};
+        request.format = QStringLiteral("ascii");
+        request.output = name;
+        request.objects = QStringList{name};
+        request.settings.append({QStringLiteral("nullValue"), name});
+        const Result result =
+            runShell(QStringLiteral("kpexport() { printf '%s\\001' \"$@\"; }; ") + refhost::commandLineOf(request));
+        const QString model = name.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + name : name;
+        const QStringList wanted{QStringLiteral("export"),
+                                 QStringLiteral("p.csv"),
+                                 model,
+                                 QStringLiteral("--format"),
+                                 QStringLiteral("ascii"),
+                                 QStringLiteral("--output"),
+                                 name,
+                                 QStringLiteral("--object"),
+                                 name,
+                                 QStringLiteral("--set"),
+                                 QStringLiteral("nullValue=") + name,
+                                 QString()};
+        QCOMPARE(result.out.split(QChar(1)), wanted);
+    }
 }
 
 QTEST_GUILESS_MAIN(HostileTest)

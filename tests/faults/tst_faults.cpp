@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Everything that can go wrong during an export, for every format, on the real program: earlier files stay as they
-// were to the byte, nothing half-written remains, the exit code and the message say what happened. With
-// KP_RELIABILITY_TABLE set to a path, what was tried and what came of it is written there as a table.
+// were to the byte, nothing half-written remains, the exit code and the message say what happened. What was tried and what
+// came of it is what the table in docs/reliability.md says.
 #include "tests/faults/FaultModel.h"
+#include "tests/faults/ReliabilityTable.h"
 
 #include "tests/support/FileContent.h"
 
@@ -103,9 +104,9 @@ private:
     QString m_large;
     QString m_format; ///< of the row at work
     QString m_extension;
-    std::unique_ptr<QTemporaryDir> m_folder;        ///< with the earlier export
-    Snapshot m_before;                              ///< of it
-    QMap<QPair<QString, QString>, QString> m_table; ///< fault and outcome to formats
+    std::unique_ptr<QTemporaryDir> m_folder; ///< with the earlier export
+    Snapshot m_before;                       ///< of it
+    ReliabilityTable m_table{QStringLiteral("tst_faults")};
 };
 
 void FaultsTest::initTestCase_data()
@@ -144,6 +145,7 @@ void FaultsTest::exportEarlier(const QString& pattern)
     QFETCH_GLOBAL(QString, extension);
     m_format = format;
     m_extension = extension;
+    m_table.tries(format);
     m_folder = std::make_unique<QTemporaryDir>(pattern);
     const Result result = run(command(m_small, output()));
     QVERIFY2(result.code == 0, qPrintable(result.error));
@@ -179,20 +181,13 @@ Result FaultsTest::run(const QStringList& arguments, const QStringList& wrapper)
 
 void FaultsTest::note(const char* fault, const char* outcome)
 {
-    QString& formats = m_table[{QString::fromLatin1(fault), QString::fromLatin1(outcome)}];
-    formats += (formats.isEmpty() ? QString() : QStringLiteral(", ")) + m_format;
+    m_table.note(m_format, QString::fromLatin1(fault), QString::fromLatin1(outcome));
 }
 
 void FaultsTest::cleanupTestCase()
 {
-    const QString path = qEnvironmentVariable("KP_RELIABILITY_TABLE");
-    if (path.isEmpty())
-        return;
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("| tried | formats | what happened |\n|---|---|---|\n");
-    for (auto row = m_table.cbegin(); row != m_table.cend(); ++row)
-        file.write(QStringLiteral("| %1 | %2 | %3 |\n").arg(row.key().first, row.value(), row.key().second).toUtf8());
+    const QString differences = m_table.settle();
+    QVERIFY2(differences.isEmpty(), qPrintable(differences));
 }
 
 void FaultsTest::fullDevice()
