@@ -126,6 +126,27 @@ void OgrColumnScan::lookAtValue(const QVariant& value, qint64 features)
         lookAtNumber(value.toDouble(), features);
 }
 
+void OgrColumnScan::lookAtTypes(const ModelObject& object, OgrShape shape, qint64 features)
+{
+    std::size_t hint = 0;
+    const auto valueOf = [&](const OgrColumn& column, std::size_t row) -> QVariant {
+        const AttributeColumn* values =
+            shape == OgrShape::Points ? vertexAttributeOf(object, column.attribute, hint) : nullptr;
+        if (values && values->kind != AttributeKind::Real)
+            return values->values[static_cast<int>(row)];
+        if (values)
+            return values->missing && (*values->missing)[row] ? QVariant() : QVariant((*values->numbers)[row]);
+        const ObjectAttribute* whole = objectAttributeOf(object, column.attribute, hint);
+        return whole ? whole->value : QVariant();
+    };
+    const bool perVertex = shape == OgrShape::Points;
+    for (std::size_t row = 0; row < (perVertex ? object.x->size() : 1); ++row) {
+        const QVariant type = valueOf(m_column, row);
+        const QString text = withDirection(writtenValue(m_column, type).toString(), valueOf(*m_dip, row));
+        lookAtValue(type.isNull() ? QVariant() : QVariant(text), perVertex ? 1 : features);
+    }
+}
+
 void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features,
                          const kpBase::AbstractProgress* progress)
 {
@@ -151,6 +172,8 @@ void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 featu
     case OgrColumn::Attribute:
         break;
     }
+    if (m_dip)
+        return lookAtTypes(object, shape, features);
     const AttributeColumn* values =
         shape == OgrShape::Points ? vertexAttributeOf(object, m_column.attribute, m_vertexHint) : nullptr;
     if (!values) {

@@ -12,9 +12,11 @@ namespace kpFormats
 class OgrColumnScan
 {
 public:
-    /// Not \a exact, the numbers that need few decimals are counted with those that need more.
-    OgrColumnScan(const OgrColumn& column, int mostTextBytes, bool exact)
+    /// \a dip decides what goes before the texts of the column; null for nothing. Not \a exact, the numbers that need
+    /// few decimals are counted with those that need more.
+    OgrColumnScan(const OgrColumn& column, const OgrColumn* dip, int mostTextBytes, bool exact)
         : m_column(column)
+        , m_dip(dip)
         , m_mostTextBytes(mostTextBytes)
         , m_exact(exact)
     {
@@ -36,8 +38,10 @@ private:
     void lookAtNumber(double number, qint64 features);
     void lookAtText(const QString& text, qint64 features);
     void lookAtValue(const QVariant& value, qint64 features);
+    void lookAtTypes(const ModelObject& object, OgrShape shape, qint64 features);
 
     const OgrColumn& m_column;
+    const OgrColumn* m_dip;
     int m_mostTextBytes;
     bool m_exact;
     int m_mostDecimals = 0; ///< that a number needs

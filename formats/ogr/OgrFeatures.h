@@ -43,7 +43,8 @@ private:
     bool addCell(kpBaseExport::OGRFeatureDetails& details);
     bool addVertex(std::size_t vertex, kpBaseExport::OGRFeatureDetails& details);
     void addValues(kpBaseExport::OGRFeatureDetails& details);
-    void look(const kpBaseExport::OGRFeatureDetails& details);
+    QVariant valueAt(std::size_t index, std::size_t row);
+    QVariant typeAt(std::size_t row);
 
     const OgrLayer& m_layer;
     const OgrTable& m_table;

@@ -77,14 +77,14 @@ LayersProgress layersProgress(kpBase::AbstractProgress* progress, const std::vec
     return LayersProgress(progress, weights, total);
 }
 
-OGRExporterOptions hostOptions(const OgrExportSettings& settings, const OgrTraits& traits)
+OGRExporterOptions hostOptions(const OgrTraits& traits)
 {
     OGRExporterOptions options;
     options.utf8 = true;
     options.fieldSizes = true;
     options.closeRings = true;
     options.ringParts = true;
-    options.keepTypeTexts = !settings.dipInType;
+    options.keepTypeTexts = true; // the features have them as they are to be
     options.oneFile = traits.manyLayers;
     options.transaction = true;
     options.recordRefusals = true;
@@ -209,7 +209,7 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     m_output.features.clear();
     for (std::size_t index = 0; index < m_output.layers.size(); ++index)
         sizeColumns(m_output.tables[index], m_output.layers[index], m_settings, able, findings, progress);
-    OGRExporterOptions options = hostOptions(m_settings, able);
+    OGRExporterOptions options = hostOptions(able);
     m_format.tune(m_output, options, findings, progress);
     if (progress && progress->isCancelled())
         return 0;

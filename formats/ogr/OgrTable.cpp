@@ -145,8 +145,7 @@ void nameFields(std::vector<OgrColumn>& columns, const OgrExportSettings& settin
     }
 }
 
-/// The exporter rewrites a text field "type" by a field "dip" of real numbers.
-void prepareDips(OgrTable& table)
+void findDips(OgrTable& table)
 {
     for (std::size_t index = 0; index < table.columns.size(); ++index) {
         const OgrColumn& column = table.columns[index];
@@ -156,8 +155,6 @@ void prepareDips(OgrTable& table)
         if (column.kind == AttributeKind::Text && column.field.toLower() == QLatin1String("type"))
             table.type = static_cast<int>(index);
     }
-    if (table.dip >= 0 && table.type >= 0)
-        table.columns[static_cast<std::size_t>(table.dip)].kind = AttributeKind::Real;
 }
 
 void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection, Findings& findings)
@@ -199,6 +196,16 @@ const AttributeColumn* vertexAttributeOf(const ModelObject& object, const QStrin
 const ObjectAttribute* objectAttributeOf(const ModelObject& object, const QString& name, std::size_t& hint)
 {
     return named(object.objectAttributes, name, hint);
+}
+
+QString withDirection(const QString& type, const QVariant& dip)
+{
+    if (type.isEmpty() || dip.isNull())
+        return type;
+    const double degrees = dip.toDouble();
+    if (degrees == 0.0)
+        return QStringLiteral("Horizontal ") + type;
+    return degrees == 90.0 ? QStringLiteral("Vertical ") + type : type;
 }
 
 QVariant writtenValue(const OgrColumn& column, const QVariant& value)
@@ -252,12 +259,16 @@ void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings
 {
     table.foreignTexts.clear();
     if (settings.dipInType)
-        prepareDips(table);
+        findDips(table);
+    const bool directed = table.dip >= 0 && table.type >= 0;
     qint64 booleans = 0;
     QString firstBoolean;
-    for (OgrColumn& column : table.columns) {
+    for (std::size_t index = 0; index < table.columns.size(); ++index) {
+        OgrColumn& column = table.columns[index];
+        const bool isType = directed && table.type == static_cast<int>(index);
+        const OgrColumn* dip = isType ? &table.columns[static_cast<std::size_t>(table.dip)] : nullptr;
         const auto scanned = [&](bool exact) {
-            OgrColumnScan made(column, traits.mostTextBytes, exact);
+            OgrColumnScan made(column, dip, traits.mostTextBytes, exact);
             for (const ModelObject* object : layer.objects)
                 made.look(*object, layer.shape, featuresOf(layer, *object), progress);
             return made;

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void wideTable_data();
     void wideTable();
     void tableEndsOnce();
+    void dipAndType_data();
     void dipAndType();
     void styles();
     void tabGrid();
@@ -228,21 +229,34 @@ void OgrLimitsTest::tableEndsOnce()
     }
 }
 
+void OgrLimitsTest::dipAndType_data()
+{
+    ogrFormatRows();
+}
+
 void OgrLimitsTest::dipAndType()
 {
-    const QStringList types{QStringLiteral("Fault"), QStringLiteral("Bed"), QStringLiteral("Bed"),
-                            QStringLiteral("Bed")};
-    SaverRun run("gpkg",
+    QFETCH(QString, format);
+    const QString longest(250, QLatin1Char('x'));
+    const QStringList types{QStringLiteral("Fault"), QStringLiteral("Bed"), longest, longest};
+    SaverRun run(format,
                  {cloudOf(QStringLiteral("o"), {1, 2, 3, 4},
-                          {columnOf(QStringLiteral("Dip"), AttributeKind::Integer, {90, 0, 45, QVariant()}),
+                          {columnOf(QStringLiteral("Dip"), AttributeKind::Integer, {90, 0, 90, QVariant()}),
                            textsOf("TYPE", types)})},
-                 path("dip.gpkg"), "dipInType=true");
-    QCOMPARE(fieldTexts(run.selection.path, "TYPE").join(QLatin1Char('|')),
-             QStringLiteral("Vertical Fault|Horizontal Bed|Bed|Bed"));
-    QCOMPARE(run.findings(), QStringLiteral("type has Horizontal or Vertical before it: 2"));
+                 path(QStringLiteral("dip.") + format), "dipInType=true;crs=EPSG:4326");
+    // Tables hold 254 bytes.
+    const bool cut = format == QLatin1String("shp") || format == QLatin1String("tab");
+    QString upright = QStringLiteral("Vertical ") + longest;
+    upright.truncate(cut ? 254 : 300);
+    const QString file = run.files.front().path;
+    QCOMPARE(fieldTexts(file, "TYPE"),
+             (QStringList{QStringLiteral("Vertical Fault"), QStringLiteral("Horizontal Bed"), upright, longest}));
+    QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 3);
+    QCOMPARE(run.countOf(QStringLiteral("text cut")), cut ? 1 : 0);
+    QCOMPARE(run.fault(), QString());
     QVERIFY(run.again("dipInType=false"));
-    QCOMPARE(fieldTexts(run.selection.path, "TYPE"), types);
-    QCOMPARE(run.findings(), QString());
+    QCOMPARE(fieldTexts(file, "TYPE"), types);
+    QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 0);
 }
 
 void OgrLimitsTest::styles()
