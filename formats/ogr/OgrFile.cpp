@@ -192,6 +192,7 @@ OgrOutput OgrFile::newOutput(Findings& findings) const
         output.tables.emplace_back();
         output.tables.back().columns = ogrColumns(layer, selection(), m_settings, able, findings);
     }
+    output.written = m_format.writtenSystem(output, findings);
     return output;
 }
 
@@ -228,7 +229,7 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     OGRExporter exporter(CheckedWrites::pathFor(path), able.driver, &share);
     exporter.options(options);
     exporter.writeAttributes(m_settings.attributes);
-    exporter.coordSystem(m_output.systems.target().isEmpty() ? m_format.noSystem() : m_output.systems.target());
+    exporter.coordSystem(m_output.written.wkt.isEmpty() ? m_format.noSystem() : m_output.written.wkt);
     const bool written = exporter.write(layers);
     qint64 features = 0;
     for (const auto& source : sources) {
@@ -252,7 +253,8 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 std::optional<Verification> OgrFile::verify(const QString& path) const
 {
     registerGdalDrivers();
-    return verifyOgrFile(path, {m_output.layers, m_output.tables, m_output.systems, m_format.traits(), m_settings});
+    return verifyOgrFile(
+        path, {m_output.layers, m_output.tables, m_output.systems, m_output.written, m_format.traits(), m_settings});
 }
 
 } // namespace kpFormats

@@ -22,6 +22,9 @@ inline constexpr FindingKind coordinateSystemAssumed("coordinate system assumed"
 inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
                                                         "the coordinate system was not written",
                                                         "%1 coordinate systems were not written");
+inline constexpr FindingKind coordinateSystemApproximate(
+    "coordinate system approximate", "the coordinate system is written by the numbers of its datum, near enough",
+    "the coordinate systems of %1 files are written by the numbers of their datums, near enough");
 inline constexpr FindingKind coordinatesOnAGrid("coordinates on a grid",
                                                 "a position was rounded to the grid of the table",
                                                 "%1 positions were rounded to the grid of the table");
