@@ -85,6 +85,7 @@ OGRExporterOptions hostOptions(const OgrTraits& traits)
     options.closeRings = true;
     options.ringParts = true;
     options.keepTypeTexts = true; // the features have them as they are to be
+    options.dates = true;
     options.oneFile = traits.manyLayers;
     options.transaction = true;
     options.recordRefusals = true;

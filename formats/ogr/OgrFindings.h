@@ -45,6 +45,9 @@ inline constexpr FindingKind truthAsNumber("yes or no written as 1 or 0",
 inline constexpr FindingKind directionBeforeType("type has Horizontal or Vertical before it",
                                                  "a text of the field type has Horizontal or Vertical before it",
                                                  "%1 texts of the field type have Horizontal or Vertical before them");
+inline constexpr FindingKind momentAsText("dates written as texts",
+                                          "an attribute of dates or times was written as texts",
+                                          "%1 attributes of dates or times were written as texts");
 inline constexpr FindingKind textCut("text cut", "a text was cut", "%1 texts were cut");
 inline constexpr FindingKind textsOfSeveralScripts("texts of several scripts", "the texts are of several scripts",
                                                    "the texts of %1 files are of several scripts");

@@ -33,6 +33,7 @@ struct OgrColumn
     QString attribute;                        ///< name in the model
     QString unit;                             ///< of the first object that has it
     AttributeKind kind = AttributeKind::Text; ///< as written, whatever the objects' own kinds
+    TextMeaning meaning = TextMeaning::Plain; ///< dates and times that have a field of their own
     QString field;                            ///< name in the file
     int width = 0;
     int decimals = 0;

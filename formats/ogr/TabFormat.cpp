@@ -162,6 +162,7 @@ OgrTraits TabFormat::traits() const
     traits.mostFields = 250;
     traits.mostTextBytes = 254;
     traits.sizedTexts = true;
+    traits.moments = {TextMeaning::Date, TextMeaning::Time, TextMeaning::DateTime};
     traits.booleans = false;
     traits.nulls = false;
     traits.emptyTexts = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the vector formats cannot hold as it is: names, values, sizes, character sets, shapes, colours.
 #include "formats/ogr/FieldNames.h"
+#include "formats/ogr/OgrTable.h"
 #include "tests/formats/ogr/OgrTestTools.h"
 #include "tests/support/TextRows.h"
 
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void tableEndsOnce();
     void dipAndType_data();
     void dipAndType();
+    void moments_data();
+    void moments();
     void styles();
     void tabGrid();
     void tabCharacterSets_data();
@@ -257,6 +260,65 @@ void OgrLimitsTest::dipAndType()
     QVERIFY(run.again("dipInType=false"));
     QCOMPARE(fieldTexts(file, "TYPE"), types);
     QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 0);
+}
+
+void OgrLimitsTest::moments_data()
+{
+    textRows({"format", "types", "findings"},
+             {{"shp", "shp", "Date String String String", ""},
+              {"tab", "tab", "Date Time String String", "dates written as texts: 2"},
+              {"gpkg", "gpkg", "Date String DateTime String", "dates written as texts: 1"},
+              {"geojson", "geojson", "Date Time DateTime DateTime", ""}});
+}
+
+void OgrLimitsTest::moments()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, types);
+    QFETCH(QString, findings);
+    const auto column = [](const char* name, TextMeaning meaning, const QStringList& texts) {
+        AttributeColumn made = textsOf(name, texts);
+        made.meaning = meaning;
+        made.values.append(QVariant());
+        return made;
+    };
+    const std::vector<AttributeColumn> columns{
+        column("day", TextMeaning::Date, {QStringLiteral("2024-02-29"), QStringLiteral("1850-06-01")}),
+        column("hour", TextMeaning::Time, {QStringLiteral("13:45:00"), QStringLiteral("23:59:59.999")}),
+        column("moment", TextMeaning::DateTime,
+               {QStringLiteral("2024-02-29T13:45:00Z"), QStringLiteral("1850-06-01T00:00:00.250Z")}),
+        column("zoned", TextMeaning::DateTime,
+               {QStringLiteral("2024-02-29T13:45:00+02:00"), QStringLiteral("1850-06-01T00:00:00Z")})};
+    const SaverRun run(format, {cloudOf(QStringLiteral("o"), {1, 2, 3}, columns)},
+                       path(QStringLiteral("moments.") + format), "crs=EPSG:4326;objectName=false;color=false");
+    QCOMPARE(run.fault(), QString());
+    QString told = run.findings();
+    QCOMPARE(told.remove(QRegularExpression(QStringLiteral("^z dropped: 3, |, missing text.*|^missing text.*"))),
+             findings);
+    const QString file = run.files.front().path;
+    {
+        const GDALDatasetUniquePtr dataset = openVector(file);
+        QStringList read;
+        for (const char* name : {"day", "hour", "moment", "zoned"}) {
+            OGRFeatureDefn* definition = dataset->GetLayer(0)->GetLayerDefn();
+            const int field = definition->GetFieldIndex(name);
+            read.append(QLatin1String(OGRFieldDefn::GetFieldTypeName(definition->GetFieldDefn(field)->GetType())));
+        }
+        QCOMPARE(read.join(QLatin1Char(' ')), types);
+    }
+    // Whatever its kind there, each comes back as it was.
+    const std::vector<ModelObject> back = loaded(file);
+    for (const AttributeColumn& wanted : columns) {
+        std::size_t hint = 0;
+        QVector<QVariant> values;
+        for (const ModelObject& object : back) {
+            const AttributeColumn* found = vertexAttributeOf(object, wanted.name, hint);
+            QVERIFY2(found, qPrintable(wanted.name));
+            values += found->values;
+        }
+        QCOMPARE(values.mid(0, 2), wanted.values.mid(0, 2));
+        QVERIFY(values.last().toString().isEmpty());
+    }
 }
 
 void OgrLimitsTest::styles()
