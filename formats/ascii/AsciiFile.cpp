@@ -3,6 +3,7 @@
 
 #include "export/PreparedExport.h"
 #include "export/WriteErrors.h"
+#include "formats/ascii/AsciiDecimals.h"
 #include "formats/ascii/AsciiOutput.h"
 #include "formats/ascii/AsciiVerification.h"
 #include "model/ShareOfProgress.h"
@@ -24,9 +25,13 @@ AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, Ascii
     } else {
         m_table = asciiTable(file().objects, selection().attributes, m_settings.decimals, findings);
         m_laidOut = !inColumns;
+        if (m_settings.decimals == automaticDecimals)
+            chooseDecimals(m_table, file().objects);
     }
-    for (const ModelObject* object : file().objects)
+    for (const ModelObject* object : file().objects) {
         noteHeights(*object, m_settings, findings);
+        noteRounding(m_table, *object, findings);
+    }
 }
 
 qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)

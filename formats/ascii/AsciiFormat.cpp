@@ -44,8 +44,11 @@ SettingsTable AsciiFormat::settings() const
                      {QStringLiteral("gsplus"), QStringLiteral("GS+ XYZ")},
                      {QStringLiteral("arcview"), QStringLiteral("ArcView XYZ")}},
                     tr("header line of another program"));
-    table.addInteger("decimals", &S::decimals, 0, 17, tr("Decimals"),
-                     tr("decimals of coordinates and real attributes"));
+    table.addInteger("decimals", &S::decimals, automaticDecimals, 17, tr("Decimals"),
+                     tr("decimals of coordinates and real attributes; -1 for what each field needs"));
+    table.addChoice("missingZ", &S::missingZ, tr("Missing z"),
+                    {{QStringLiteral("blank"), tr("left blank")}, {QStringLiteral("null"), tr("null value")}},
+                    tr("what stands for an unknown height"));
     table.addBoolean("writeNullValue", &S::writeNullValue, tr("Write null value"),
                      tr("write nullValue for missing numbers; else 0"));
     table.addText("nullValue", &S::nullValue, tr("Null value"), tr("text of a missing number"));
@@ -82,7 +85,8 @@ void AsciiFormat::overrule(SettingsValue& settings, const QString& key, const QS
     settings.set(key, value);
     auto& ascii = settings.as<AsciiExportSettings>();
     if (ascii.layout && key == QLatin1String("decimals"))
-        ascii.layout->decimals = ascii.decimals;
+        ascii.layout->decimals =
+            ascii.decimals == automaticDecimals ? std::nullopt : std::optional<int>(ascii.decimals);
 }
 
 std::vector<PlannedFile> AsciiFormat::files(const ExportSelection& selection, const SettingsValue& settings) const

@@ -3,9 +3,11 @@
 #include "export/CommonFindings.h"
 #include "formats/ascii/AsciiFindings.h"
 #include "formats/ascii/AsciiHints.h"
+#include "formats/ascii/AsciiOutput.h"
 
 #include "formats/ascii/ConstantMatrixData.h"
 #include "formats/ascii/GridIndexMatrix.h"
+#include "formats/ascii/HeightTexts.h"
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
 #include "spec/layout/FieldLayout.h"
@@ -130,6 +132,15 @@ private:
     qint64 m_ambiguous = 0;
     QString m_example;
 };
+
+int decimalsOfZ(const AsciiTable& table)
+{
+    for (std::size_t field = 0; field < table.columns.size(); ++field) {
+        if (table.columns[field].source == AsciiColumn::Z)
+            return table.fields[field].precision;
+    }
+    return 0;
+}
 
 qint64 countMissing(const AttributeColumn& column)
 {
@@ -271,18 +282,27 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     }
     int position = 1;
     for (std::size_t index = 0; index < table.fields.size(); ++index) {
-        const int width = std::max(fittingWidth(profile, settings, editorField(written[index], settings.decimals)),
-                                   table.fields[index].name.size());
+        const int width =
+            std::max(fittingWidth(profile, settings, editorField(written[index], table.fields[index].precision)),
+                     table.fields[index].name.size());
         table.fields[index].start = position;
         table.fields[index].end = position + width - 1;
         position += width + 1;
     }
 }
 
+bool leavesHeightsBlank(const AsciiExportSettings& settings)
+{
+    const bool betweenBlanks = settings.mode == AsciiExportSettings::Mode::Separated
+                               && separatorText(settings).count(QLatin1Char(' ')) == separatorText(settings).size();
+    return settings.missingZ == AsciiExportSettings::MissingZ::Blank && !betweenBlanks;
+}
+
 void noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings)
 {
-    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
-                                                    : QStringLiteral("z is written as 0");
+    const QString written = leavesHeightsBlank(settings) ? QStringLiteral("z is left blank")
+                            : settings.writeNullValue    ? QStringLiteral("z is written as %1").arg(settings.nullValue)
+                                                         : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
         findings.note(asciiFinding::noHeights, object.name, object.vertexCount(),
                       QStringLiteral("the object is flat; ") + written);
@@ -308,10 +328,14 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             flags->push_back(std::isnan(z) ? 1 : 0);
         missingZ = flags;
     }
+    MatrixData* heights = nullptr;
+    if (missingZ && leavesHeightsBlank(settings))
+        heights = new HeightTexts(object.z, missingZ, decimalsOfZ(table), !settings.zIsElevation);
+    else
+        heights = new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ);
     record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x),
                            new DoubleMatrixData(QStringLiteral("X"), object.x),
-                           new DoubleMatrixData(QStringLiteral("Y"), object.y),
-                           new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ)};
+                           new DoubleMatrixData(QStringLiteral("Y"), object.y), heights};
     int absent = 0;
     QString firstAbsent;
     GeoObject::MatrixList& matrices = record.vertexAttributeData();

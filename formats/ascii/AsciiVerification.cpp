@@ -61,6 +61,7 @@ public:
         , m_found(found)
         , m_inColumns(settings.mode == AsciiExportSettings::Mode::Columns)
         , m_separator(separatorText(settings))
+        , m_blankHeights(leavesHeightsBlank(settings))
     {
     }
 
@@ -218,6 +219,8 @@ private:
         const bool isWhole = field.attribute == AttributeKind::Integer || field.attribute == AttributeKind::Boolean;
         if (field.kind == Expected::Text && !isWhole)
             return {};
+        if (field.kind == Expected::Coordinate && m_blankHeights)
+            return {};
         if (m_settings.writeNullValue)
             return m_settings.nullValue;
         if (field.kind == Expected::Absent)
@@ -246,7 +249,7 @@ private:
             return last ? end == line.size() : line.midRef(end, m_separator.size()) == m_separator;
         };
         int end = position + wanted.size();
-        if (wanted.isNull() || line.midRef(position, wanted.size()) != wanted || !endsAt(end)) {
+        if (line.midRef(position, wanted.size()) != wanted || !endsAt(end)) {
             end = last || m_separator.isEmpty() ? line.size() : line.indexOf(m_separator, position);
             end = end < 0 ? line.size() : end;
         }
@@ -311,6 +314,7 @@ private:
     Verification& m_found;
     bool m_inColumns;
     QString m_separator;
+    bool m_blankHeights;
     const ModelObject* m_object = nullptr;
     int m_row = 0;
 };

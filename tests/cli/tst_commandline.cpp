@@ -109,7 +109,7 @@ void CommandLineTest::wrongUse_data()
     row("export points.csv --format ascii", 2, "no output is given");
     row("export points.csv --format ascii --output a --set nothing=1", 2,
         "nothing: there is no such setting (settings of this format: mode");
-    row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from 0 to 17");
+    row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from -1 to 17");
     row("export points.csv --format ascii --output a --set separator", 2, "write KEY=VALUE");
     row("export points.csv --format ascii --output a --type thing", 2, "thing: there is no such type");
     row("export points.csv --format ascii --output a --object nobody", 3, "no object matches");
@@ -293,7 +293,7 @@ void CommandLineTest::formatsAsJson()
     for (const QJsonValue& setting : formats.first().toObject().value(QStringLiteral("settings")).toArray())
         keys.append(setting.toObject().value(QStringLiteral("key")).toString());
     QCOMPARE(keys.join(QLatin1Char(' ')),
-             QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
+             QStringLiteral("mode separator customSeparator header preset decimals missingZ writeNullValue "
                             "nullValue lineBreaks zIsElevation grouping"));
 }
 
