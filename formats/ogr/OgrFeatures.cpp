@@ -90,13 +90,14 @@ void OgrFeatures::endObject()
     m_findings.note(ogrFinding::unknownHeightWrittenAs0, name, m_withoutHeight, QStringLiteral("z is not a number"));
     m_findings.note(m_layer.shape == OgrShape::Lines ? finding::shortLine : finding::shortRing, name, m_shortParts,
                     QStringLiteral("a map cannot hold it"));
-    if (!m_layer.objects[m_object]->vertexAttributes.empty()) {
-        m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
-                        QStringLiteral("and its attributes with it"));
-    }
+    const bool bare = m_layer.objects[m_object]->vertexAttributes.empty();
+    m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
+                    bare ? QStringLiteral("it is no point of the surface")
+                         : QStringLiteral("and its attributes with it"));
+    m_findings.note(ogrFinding::cellLeftOut, name, m_emptyCells, QStringLiteral("a corner has no height"));
     m_findings.note(ogrFinding::directionBeforeType, name, m_rewritten,
                     QStringLiteral("where dip is 0 or 90; switch dipInType off to keep the text"));
-    m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_rewritten = 0;
+    m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_emptyCells = m_rewritten = 0;
 }
 
 bool OgrFeatures::fill(OGRFeatureDetails& details)
@@ -194,6 +195,7 @@ bool OgrFeatures::addCell(OGRFeatureDetails& details)
     const std::vector<std::size_t> corners{corner, corner + 1, corner + columns + 1, corner + columns};
     const bool whole = std::none_of(corners.begin(), corners.end(),
                                     [&object](std::size_t node) { return std::isnan((*object.z)[node]); });
+    m_emptyCells += whole ? 0 : 1;
     return whole && addCorners(corners, details);
 }
 

@@ -62,6 +62,7 @@ private:
     qint64 m_withoutHeight = 0;
     qint64 m_shortParts = 0;
     qint64 m_emptyNodes = 0;
+    qint64 m_emptyCells = 0;
     qint64 m_rewritten = 0;
 };
 

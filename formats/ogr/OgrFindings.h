@@ -15,6 +15,8 @@ inline constexpr FindingKind unknownHeightWrittenAs0("unknown height written as 
 inline constexpr FindingKind nodeWithoutAHeightLeftOut("node without a height left out",
                                                        "a node without a height was left out",
                                                        "%1 nodes without a height were left out");
+inline constexpr FindingKind cellLeftOut("cell without a height left out", "a cell of a grid was left out",
+                                         "%1 cells of grids were left out");
 inline constexpr FindingKind transformed("transformed", "a vertex was taken to another coordinate system",
                                          "%1 vertices were taken to another coordinate system");
 inline constexpr FindingKind coordinateSystemAssumed("coordinate system assumed", "a coordinate system was assumed",

@@ -63,8 +63,10 @@ void OgrLimitsTest::names_data()
                                            {"пористость|пористость2", "порис|пори_1", ""},
                                            {"", "field", ""},
                                            {"fid", "fid_1", ""},
-                                           {"Größe|Grösse", "Gro_e|Grosse", "ascii"},
-                                           {"Глубина", "_______", "ascii"}});
+                                           {"Größe|Grösse", "Grosse|Grosse_1", "ascii"},
+                                           {"Глубина|Щебень", "Glubina|Shcheben", "ascii"},
+                                           {"Βάθος", "Bathos", "ascii"},
+                                           {"深度", "__", "ascii"}});
 }
 
 void OgrLimitsTest::names()
@@ -409,8 +411,10 @@ void OgrLimitsTest::surfaces()
     SaverRun run("shp", {mesh, grid}, path("surface.shp"), "surfaces=points");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(geometryTexts(run.selection.path).size(), 4 + 8);
+    QCOMPARE(run.findings(), QStringLiteral("node without a height left out: 1"));
     QVERIFY(run.again("surfaces=polygons"));
     QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(), QStringLiteral("cell without a height left out: 1"));
     const QStringList polygons = geometryTexts(run.selection.path);
     QCOMPARE(polygons.size(), 2 + 3);
     QCOMPARE(polygons[1], QStringLiteral("POLYGON ((0 0 0,0 1 3,1 1 2,0 0 0))"));
