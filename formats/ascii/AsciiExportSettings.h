@@ -19,10 +19,12 @@ struct AsciiExportSettings
     enum class Separator { Blank, Tab, Comma, Semicolon, Custom };
     enum class Preset { None, Surfer, GsPlus, ArcView };
     enum class MissingZ { Blank, Null };
+    enum class Quoting { Needed, All, None };
 
     Mode mode = Mode::Separated;                  ///< values joined by a separator, or in fixed columns
     Separator separator = Separator::Comma;       ///< between values
     QString customSeparator;                      ///< text of the custom separator
+    Quoting quoting = Quoting::Needed;            ///< of texts and names between separators, by RFC 4180
     bool header = true;                           ///< a line with the names of the fields
     Preset preset = Preset::None;                 ///< header of another program; also sets the separator
     int decimals = automaticDecimals;             ///< of coordinates and real attributes; -1 for what each field needs

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiFile.h"
 
+#include "export/ExportError.h"
 #include "export/PreparedExport.h"
 #include "export/WriteErrors.h"
 #include "formats/ascii/AsciiDecimals.h"
@@ -19,6 +20,10 @@ AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, Ascii
     , m_settings(std::move(settings))
 {
     requirePositions(file());
+    const QString fault = separatorFault(m_settings);
+    if (!fault.isEmpty())
+        throw ExportError(file().path, QStringLiteral("customSeparator: ") + fault,
+                          QStringLiteral("choose another separator"));
     const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
     if (m_settings.layout) {
         m_table = asciiTable(*m_settings.layout, selection().objects, inColumns, findings);

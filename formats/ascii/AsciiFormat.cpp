@@ -4,6 +4,7 @@
 #include "export/CommonSettings.h"
 #include "formats/ascii/AsciiFile.h"
 #include "formats/ascii/AsciiLayoutFile.h"
+#include "formats/ascii/AsciiOutput.h"
 #include "spec/layout/FieldLayout.h"
 
 namespace kpFormats
@@ -37,6 +38,11 @@ SettingsTable AsciiFormat::settings() const
                      {QStringLiteral("custom"), tr("custom")}},
                     tr("what stands between values"));
     table.addText("customSeparator", &S::customSeparator, tr("Custom separator"), tr("text of the custom separator"));
+    table.addChoice("quoting", &S::quoting, tr("Quoting"),
+                    {{QStringLiteral("needed"), tr("where needed")},
+                     {QStringLiteral("all"), tr("all texts")},
+                     {QStringLiteral("none"), tr("none")}},
+                    tr("which texts and names between separators stand in quotes"));
     table.addBoolean("header", &S::header, tr("Header"), tr("a first line with the names of the fields"));
     table.addChoice("preset", &S::preset, tr("Preset"),
                     {{QStringLiteral("none"), tr("None")},
@@ -73,6 +79,13 @@ void AsciiFormat::loadLayout(const QString& path, SettingsValue& settings) const
     auto& ascii = settings.as<AsciiExportSettings>();
     ascii.mode = file.mode;
     ascii.layout = std::move(file.layout);
+}
+
+void AsciiFormat::requireUsable(const SettingsValue& settings) const
+{
+    const QString fault = separatorFault(settings.as<AsciiExportSettings>());
+    if (!fault.isEmpty())
+        throw SettingsError(QStringLiteral("customSeparator: ") + fault);
 }
 
 QByteArray AsciiFormat::layoutBytes(const SettingsValue& settings) const

@@ -83,6 +83,20 @@ QString oneLine(const QString& text)
     return line;
 }
 
+/// The writer finds values by these names, so line ends are taken out before they are made different.
+void keepInOneLine(AsciiTable& table, Findings& findings)
+{
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        QString& name = table.fields[index].name;
+        const QString line = oneLine(name);
+        if (line == name)
+            continue;
+        findings.note(asciiFinding::lineEndInANameBecameABlank, QString(), 1,
+                      QStringLiteral("in \"%1\"").arg(line.left(80)));
+        name = line;
+    }
+}
+
 /// Makes names of attribute fields differ from each other and from those of the grid indices.
 void makeDifferent(AsciiTable& table)
 {
@@ -111,7 +125,7 @@ public:
 
     void look(const QString& text, int rows)
     {
-        if (!m_separator.isEmpty() && text.contains(m_separator)) {
+        if (!m_separator.isEmpty() && (text.contains(m_separator) || text.contains(QLatin1Char('"')))) {
             m_ambiguous += rows;
             if (m_example.isEmpty())
                 m_example = text;
@@ -121,8 +135,7 @@ public:
     void report(Findings& findings) const
     {
         findings.note(asciiFinding::textHoldsTheSeparator, m_object.name, m_ambiguous,
-                      QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
-                          .arg(m_attribute, m_example.left(80)));
+                      QStringLiteral("first in %1: \"%2\"; set quoting=needed").arg(m_attribute, m_example.left(80)));
     }
 
 private:
@@ -214,6 +227,7 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
         for (const ObjectAttribute& attribute : object->objectAttributes)
             add(attribute.name);
     }
+    keepInOneLine(table, findings);
     if (chosen) {
         for (const QString& name : *chosen) {
             if (!known.contains(name))
@@ -221,6 +235,7 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
                               QStringLiteral("no chosen object has \"%1\"").arg(name));
         }
     }
+    makeDifferent(table);
     return table;
 }
 
@@ -253,15 +268,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
             continue;
         }
         table.columns.push_back({AsciiColumn::Attribute, field.attribute});
-        // The writer finds values by this name, so it must not occur twice, line ends taken out or not.
-        QString& written = table.fields[static_cast<std::size_t>(index)].name;
-        const QString line = oneLine(written);
-        if (line != written) {
-            findings.note(asciiFinding::lineEndInANameBecameABlank, QString(), 1,
-                          QStringLiteral("in \"%1\"").arg(line.left(80)));
-            written = line;
-        }
     }
+    keepInOneLine(table, findings);
     makeDifferent(table);
     return table;
 }

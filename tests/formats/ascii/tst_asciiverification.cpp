@@ -45,6 +45,8 @@ void AsciiVerificationTest::everyForm_data()
     textRows({"settings"}, {{"mode=columns"},
                             {"separator=tab"},
                             {"separator=comma"},
+                            {"quoting=all;lineBreaks=true"},
+                            {"quoting=none;separator=semicolon"},
                             {"separator=blank;lineBreaks=true"},
                             {"preset=surfer"},
                             {"header=false;preset=arcview"},
