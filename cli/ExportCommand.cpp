@@ -225,6 +225,7 @@ int runRequest(const ExportRequest& request)
             format->loadLayout(request.layout, settings);
         for (const auto& setting : request.settings)
             format->overrule(settings, setting.first, setting.second);
+        format->requireUsable(settings);
     } catch (const SettingsError& error) {
         printError(QString::fromUtf8(error.what()));
         return WrongUse;

@@ -29,8 +29,11 @@ ExpectedPlaces::ExpectedPlaces(const PositionSource& source, std::size_t count, 
         for (std::size_t index = 0; index < x.size(); ++index) {
             const bool high = !source.z || std::isfinite(source.z[first + index]);
             const bool beyond = rules.geographic && (std::abs(x[index]) > 180.0 || std::abs(y[index]) > 90.0);
+            const bool large = std::abs(x[index] * rules.factor) > rules.most
+                               || std::abs(y[index] * rules.factor) > rules.most
+                               || std::abs(z[index] * rules.heightFactor) > rules.most;
             const bool there =
-                std::isfinite(x[index]) && std::isfinite(y[index]) && !beyond && (high || !rules.needsHeight);
+                std::isfinite(x[index]) && std::isfinite(y[index]) && !beyond && !large && (high || !rules.needsHeight);
             m_places[first + index] = {there ? x[index] * rules.factor : nowhere,
                                        there ? y[index] * rules.factor : nowhere,
                                        high ? z[index] * rules.heightFactor : nowhere};

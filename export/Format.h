@@ -35,6 +35,8 @@ public:
     /// \throws SettingsError when it cannot be, or contradicts the layout
     virtual void overrule(SettingsValue& settings, const QString& key, const QString& value) const;
 
+    /// Whether the settings go together. \throws SettingsError
+    virtual void requireUsable(const SettingsValue&) const {}
     /// The files of an export, under their final names, and what goes into each.
     virtual std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const = 0;
     /// Looks, without writing, for what is refused of a file, and notes what it will not carry, as far as a look at the

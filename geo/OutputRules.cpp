@@ -39,6 +39,8 @@ PositionRules OutputRules::of(const ModelObject& object, bool needsHeight)
 {
     PositionRules rules;
     rules.transform = m_transforms.from(object.crs);
+    // What no drawing has; written out, readers would give up on its digits.
+    rules.most = 1e15;
     rules.needsHeight = needsHeight;
     rules.heightFactor = unitFactor(object.lengthUnit, m_unit);
     rules.factor = rules.heightFactor;

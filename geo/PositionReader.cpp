@@ -44,7 +44,8 @@ void PositionReader::convert(PositionBlock& block) const
         x *= m_rules.factor;
         y *= m_rules.factor;
         block.z[index] *= m_rules.heightFactor;
-        const bool outside = m_rules.geographic && (std::abs(x) > 180.0 || std::abs(y) > 90.0);
+        const bool offGlobe = m_rules.geographic && (std::abs(x) > 180.0 || std::abs(y) > 90.0);
+        const bool outside = offGlobe || std::max({std::abs(x), std::abs(y), std::abs(block.z[index])}) > m_rules.most;
         if (!std::isfinite(x) || !std::isfinite(y) || outside)
             x = y = nowhere;
     }

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace kpFormats
@@ -55,6 +56,7 @@ struct PositionRules
     double heightFactor = 1.0;                      ///< and z with this
     bool needsHeight = true;                        ///< a position without a height has no place in the file
     bool geographic = false; ///< longitudes and latitudes: beyond 180 or 90 degrees there is no place
+    double most = std::numeric_limits<double>::max(); ///< numbers beyond this have no place either
 };
 
 /// Takes positions to those of a file, block by block. Those that have no place there are left out and counted.

@@ -10,7 +10,8 @@
 namespace kpBaseExport
 {
 
-/// One attribute column of a layer. The writer handles OFTInteger, OFTReal, OFTString and OFTStringList.
+/// One attribute column of a layer. The writer handles OFTInteger, OFTReal, OFTString and OFTStringList; OFTDate, OFTTime
+/// and OFTDateTime when OGRExporterOptions::dates is on.
 class KPBASEEXPORTCORE_EXPORT OGRAttributeInfo
 {
 public:

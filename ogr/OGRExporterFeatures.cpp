@@ -173,6 +173,12 @@ void OGRExporter::setFeatureAttributes(OGRFeature* feature, const OGRFeatureDeta
             if (column.isType)
                 typeIndex = column.field;
             break;
+        case OFTDate:
+        case OFTTime:
+        case OFTDateTime:
+            if (m_options.dates)
+                feature->SetField(column.field, value.toString().toUtf8().constData());
+            break;
         default:
             break;
         }

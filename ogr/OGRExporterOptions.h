@@ -15,6 +15,7 @@ struct OGRExporterOptions
     bool ringParts = false;       ///< polygons take their rings and holes from their parts; multi-polygons get geometry
     bool explicitNulls = false;   ///< an invalid value makes the field null instead of leaving it unset
     bool keepTypeTexts = false;   ///< leave the texts of a field "type" as they are, whatever the dip
+    bool dates = false;           ///< fields of dates and times take texts in ISO 8601
     bool styleByGeometry = false; ///< lines get a pen and polygons a brush of the colour, instead of a symbol
     bool oneFile = false;         ///< write every layer into one data source at fileName
     bool transaction = false;     ///< write the features of a data source within one transaction, where it has them

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "readers/FeatureFields.h"
 
+#include "readers/FeatureDates.h"
+
 #include <ogr_feature.h>
 
 #include <limits>
@@ -12,39 +14,6 @@ namespace
 {
 
 constexpr GIntBig largestExact = 9007199254740992; // 2^53
-
-QString isoOf(const OGRFeature& feature, int field, TextMeaning meaning)
-{
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int zone = 0;
-    float second = 0;
-    if (!feature.GetFieldAsDateTime(field, &year, &month, &day, &hour, &minute, &second, &zone))
-        return QString::fromUtf8(feature.GetFieldAsString(field));
-    const auto two = [](int number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
-    const QString date =
-        QStringLiteral("%1-%2-%3").arg(QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0')), two(month), two(day));
-    if (meaning == TextMeaning::Date)
-        return date;
-    const int thousandths = qRound(second * 1000.0F);
-    QString time = QStringLiteral("%1:%2:%3").arg(two(hour), two(minute), two(thousandths / 1000));
-    if (thousandths % 1000 != 0)
-        time += QStringLiteral(".%1").arg(thousandths % 1000, 3, 10, QLatin1Char('0'));
-    if (meaning == TextMeaning::Time)
-        return time;
-    // 0: unknown, 1: local, 100: UTC, a quarter of an hour more or less for each step.
-    if (zone == 100)
-        time += QLatin1Char('Z');
-    else if (zone > 1) {
-        const int minutes = std::abs(zone - 100) * 15;
-        time += (zone < 100 ? QLatin1Char('-') : QLatin1Char('+')) + two(minutes / 60) + QLatin1Char(':')
-                + two(minutes % 60);
-    }
-    return date + QLatin1Char('T') + time;
-}
 
 /// Numbers of a field whose values came one by one.
 void setNumbers(AttributeColumn& column, const QVector<QVariant>& values)
@@ -133,7 +102,7 @@ QVariant FeatureFields::valueOf(const OGRFeature& feature, const Field& field) c
         break;
     }
     if (field.meaning != TextMeaning::Plain)
-        return isoOf(feature, field.index, field.meaning);
+        return isoOf(*feature.GetRawFieldRef(field.index), field.meaning);
     if (field.list) {
         char* json = feature.GetFieldAsSerializedJSon(field.index);
         const QString text = QString::fromUtf8(json);

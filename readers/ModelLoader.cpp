@@ -103,8 +103,10 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
         ObjectUnits units;
         for (ModelObject& object : loaded.take()) {
             units.settle(object);
-            if (!object.color.isValid())
+            if (!object.color.isValid()) {
                 object.color = paletteColor(static_cast<int>(model.objects().size()));
+                object.colorIsOwn = false;
+            }
             model.add(std::move(object));
         }
         return notes + units.notes();

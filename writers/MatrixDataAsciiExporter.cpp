@@ -136,6 +136,20 @@ QString MatrixDataAsciiExporter::headerName(std::size_t field) const
     return matrix ? matrix->name() : fields[field].name;
 }
 
+QString MatrixDataAsciiExporter::quoted(const QString& text) const
+{
+    if (quoting == Quoting::None || mode != FieldBased || (text.isEmpty() && quoting == Quoting::Needed))
+        return text;
+    const QString between = QString::fromStdString(separatorText());
+    const bool needed = (!between.isEmpty() && text.contains(between)) || text.contains(QLatin1Char('"'))
+                        || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'));
+    if (!needed && quoting == Quoting::Needed)
+        return text;
+    QString doubled = text;
+    doubled.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + doubled + QLatin1Char('"');
+}
+
 std::string MatrixDataAsciiExporter::separatorText() const
 {
     switch (separator) {
@@ -178,7 +192,7 @@ void MatrixDataAsciiExporter::appendHeader()
         for (std::size_t index = 0; index < fields.size(); ++index) {
             if (index > 0)
                 blockStream.text() += between;
-            blockStream.text() += headerName(index).toStdString();
+            blockStream.text() += quoted(headerName(index)).toStdString();
         }
     }
     blockStream.text() += '\n';
@@ -375,7 +389,10 @@ int MatrixDataAsciiExporter::appendValue(const FieldInfo& field, const Source& s
     }
     QString text;
     appendText(source, row, text);
-    return finish(field, text);
+    // Coordinates may come as texts too.
+    static const QStringList coordinates{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")};
+    const bool isText = source.matrix && source.matrix->valueType == kpBase::MatrixData::String;
+    return finish(field, isText && !coordinates.contains(field.name) ? quoted(text) : text);
 }
 
 /// Everything but a number that is there.

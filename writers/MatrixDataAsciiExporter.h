@@ -21,6 +21,12 @@ class KPBASEEXPORTCORE_EXPORT MatrixDataAsciiExporter : public MatrixDataExporte
 {
 public:
     enum Mode : int { ColumnBased = 0, FieldBased = 1 };
+    /// Which texts and names of separated fields stand in quotes, doubled inside (RFC 4180).
+    enum class Quoting {
+        None,
+        Needed, ///< those that hold the separator, a quote or a line end
+        All
+    };
 
     explicit MatrixDataAsciiExporter(const QString& file = QString(), kpBase::AbstractProgress* reporter = nullptr);
 
@@ -38,8 +44,9 @@ public:
 
     std::vector<FieldInfo> fields; ///< the output fields in order
     Mode mode = FieldBased;
-    int separator = 0;         ///< 0 blank, 1 tab, 2 comma, 3 semicolon, 4 customSeparator, else nothing
-    QString customSeparator;   ///< text of separator code 4
+    int separator = 0;       ///< 0 blank, 1 tab, 2 comma, 3 semicolon, 4 customSeparator, else nothing
+    QString customSeparator; ///< text of separator code 4
+    Quoting quoting = Quoting::None;
     bool zIsElevation = true;  ///< false: values of a field "z" are negated
     bool headerPending = true; ///< a header is still to be written
 
@@ -70,6 +77,7 @@ private:
     };
 
     QString headerName(std::size_t field) const;
+    QString quoted(const QString& text) const;
     std::string separatorText() const;
     template <typename Write>
     void writeOf(const GeoObject* object, Write write);

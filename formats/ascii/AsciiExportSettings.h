@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/AutomaticDecimals.h"
 #include "export/FileGrouping.h"
 #include "formats/ascii/AsciiLayout.h"
 
@@ -17,13 +18,17 @@ struct AsciiExportSettings
     enum class Mode { Separated, Columns };
     enum class Separator { Blank, Tab, Comma, Semicolon, Custom };
     enum class Preset { None, Surfer, GsPlus, ArcView };
+    enum class MissingZ { Blank, Null };
+    enum class Quoting { Needed, All, None };
 
     Mode mode = Mode::Separated;                  ///< values joined by a separator, or in fixed columns
     Separator separator = Separator::Comma;       ///< between values
     QString customSeparator;                      ///< text of the custom separator
+    Quoting quoting = Quoting::Needed;            ///< of texts and names between separators, by RFC 4180
     bool header = true;                           ///< a line with the names of the fields
     Preset preset = Preset::None;                 ///< header of another program; also sets the separator
-    int decimals = 3;                             ///< of coordinates and real attributes
+    int decimals = automaticDecimals;             ///< of coordinates and real attributes; -1 for what each field needs
+    MissingZ missingZ = MissingZ::Blank;          ///< in the place of an unknown height
     bool writeNullValue = true;                   ///< write nullValue for a missing number; else 0 stands there
     QString nullValue = QStringLiteral("99999");  ///< text of a missing number
     bool guardFormulas = false;                   ///< an apostrophe before what a spreadsheet would take for a formula

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiFile.h"
 
+#include "export/ExportError.h"
 #include "export/PreparedExport.h"
 #include "export/WriteErrors.h"
+#include "formats/ascii/AsciiDecimals.h"
 #include "formats/ascii/AsciiOutput.h"
 #include "formats/ascii/AsciiVerification.h"
 #include "model/ShareOfProgress.h"
@@ -18,16 +20,24 @@ AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, Ascii
     , m_settings(std::move(settings))
 {
     requirePositions(file());
+    const QString fault = separatorFault(m_settings);
+    if (!fault.isEmpty())
+        throw ExportError(file().path, QStringLiteral("customSeparator: ") + fault,
+                          QStringLiteral("choose another separator"));
     const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
     if (m_settings.layout) {
         m_table = asciiTable(*m_settings.layout, selection().objects, inColumns, findings);
     } else {
         m_table = asciiTable(file().objects, selection().attributes, m_settings.decimals, findings);
         m_laidOut = !inColumns;
+        if (m_settings.decimals == automaticDecimals)
+            chooseDecimals(m_table, file().objects);
     }
     guardNames(m_table, m_settings);
-    for (const ModelObject* object : file().objects)
+    for (const ModelObject* object : file().objects) {
         noteHeights(*object, m_settings, findings);
+        noteRounding(m_table, *object, findings);
+    }
 }
 
 qint64 AsciiFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)

@@ -9,8 +9,9 @@ namespace kpFormats::asciiFinding
 
 inline constexpr FindingKind vertexWithoutZ("vertex without z", "a vertex has no height", "%1 vertices have no height");
 inline constexpr FindingKind noHeights("no z", "a vertex has no height", "%1 vertices have no height");
-inline constexpr FindingKind textHoldsTheSeparator("text holds the separator", "a text holds the separator",
-                                                   "%1 texts hold the separator");
+inline constexpr FindingKind textHoldsTheSeparator("text holds the separator",
+                                                   "a text holds the separator or a quote, and is not quoted",
+                                                   "%1 texts hold the separator or a quote, and are not quoted");
 inline constexpr FindingKind lineEndInATextBecameABlank("line end in a text became a blank",
                                                         "a line end in a text became a blank",
                                                         "line ends in %1 texts became blanks");

@@ -4,6 +4,7 @@
 #include "export/CommonSettings.h"
 #include "formats/ascii/AsciiFile.h"
 #include "formats/ascii/AsciiLayoutFile.h"
+#include "formats/ascii/AsciiOutput.h"
 #include "spec/layout/FieldLayout.h"
 
 namespace kpFormats
@@ -37,6 +38,11 @@ SettingsTable AsciiFormat::settings() const
                      {QStringLiteral("custom"), tr("custom")}},
                     tr("what stands between values"));
     table.addText("customSeparator", &S::customSeparator, tr("Custom separator"), tr("text of the custom separator"));
+    table.addChoice("quoting", &S::quoting, tr("Quoting"),
+                    {{QStringLiteral("needed"), tr("where needed")},
+                     {QStringLiteral("all"), tr("all texts")},
+                     {QStringLiteral("none"), tr("none")}},
+                    tr("which texts and names between separators stand in quotes"));
     table.addBoolean("header", &S::header, tr("Header"), tr("a first line with the names of the fields"));
     table.addChoice("preset", &S::preset, tr("Preset"),
                     {{QStringLiteral("none"), tr("None")},
@@ -44,8 +50,11 @@ SettingsTable AsciiFormat::settings() const
                      {QStringLiteral("gsplus"), QStringLiteral("GS+ XYZ")},
                      {QStringLiteral("arcview"), QStringLiteral("ArcView XYZ")}},
                     tr("header line of another program"));
-    table.addInteger("decimals", &S::decimals, 0, 17, tr("Decimals"),
-                     tr("decimals of coordinates and real attributes"));
+    table.addInteger("decimals", &S::decimals, automaticDecimals, 17, tr("Decimals"),
+                     tr("decimals of coordinates and real attributes; -1 for what each field needs"));
+    table.addChoice("missingZ", &S::missingZ, tr("Missing z"),
+                    {{QStringLiteral("blank"), tr("left blank")}, {QStringLiteral("null"), tr("null value")}},
+                    tr("what stands for an unknown height"));
     table.addBoolean("writeNullValue", &S::writeNullValue, tr("Write null value"),
                      tr("write nullValue for missing numbers; else 0"));
     table.addText("nullValue", &S::nullValue, tr("Null value"), tr("text of a missing number"));
@@ -74,6 +83,13 @@ void AsciiFormat::loadLayout(const QString& path, SettingsValue& settings) const
     ascii.layout = std::move(file.layout);
 }
 
+void AsciiFormat::requireUsable(const SettingsValue& settings) const
+{
+    const QString fault = separatorFault(settings.as<AsciiExportSettings>());
+    if (!fault.isEmpty())
+        throw SettingsError(QStringLiteral("customSeparator: ") + fault);
+}
+
 QByteArray AsciiFormat::layoutBytes(const SettingsValue& settings) const
 {
     return layoutFileBytes(settings);
@@ -84,7 +100,8 @@ void AsciiFormat::overrule(SettingsValue& settings, const QString& key, const QS
     settings.set(key, value);
     auto& ascii = settings.as<AsciiExportSettings>();
     if (ascii.layout && key == QLatin1String("decimals"))
-        ascii.layout->decimals = ascii.decimals;
+        ascii.layout->decimals =
+            ascii.decimals == automaticDecimals ? std::nullopt : std::optional<int>(ascii.decimals);
 }
 
 std::vector<PlannedFile> AsciiFormat::files(const ExportSelection& selection, const SettingsValue& settings) const

@@ -19,6 +19,7 @@ class KPFORMATS_EXPORT AsciiFormat : public Format
 public:
     FormatInfo info() const override;
     SettingsTable settings() const override;
+    void requireUsable(const SettingsValue& settings) const override;
     std::vector<PlannedFile> files(const ExportSelection& selection, const SettingsValue& settings) const override;
     std::unique_ptr<PreparedFile> prepare(const PlannedFile& file, const ExportSelection& selection,
                                           const SettingsValue& settings, Findings& findings) const override;

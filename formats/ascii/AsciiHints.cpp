@@ -39,7 +39,8 @@ void separatorHint(std::vector<AsciiHint>& hints, const AsciiProfile& profile, c
     } else {
         for (const auto& field : fields) {
             const QString text = profile.column(field.name()).holding.value(separator);
-            if (!text.isEmpty() && hint.text.isEmpty())
+            const bool quoted = settings.quoting != Settings::Quoting::None;
+            if (!text.isEmpty() && !quoted && hint.text.isEmpty())
                 hint.text = QStringLiteral("The separator stands in texts of %1: \"%2\".")
                                 .arg(shortened(field.name()), shortened(text));
         }

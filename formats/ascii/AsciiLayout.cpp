@@ -67,8 +67,10 @@ std::vector<OfferedField> offeredFields(const std::vector<const ModelObject*>& o
     return offered;
 }
 
-QESAttribute editorField(const OfferedField& field, int decimals)
+QESAttribute editorField(const OfferedField& field, int wanted)
 {
+    constexpr int usual = 3;
+    const int decimals = wanted >= 0 ? wanted : usual;
     QESAttribute attribute;
     attribute.name() = field.name;
     attribute.type() = QString::fromLatin1(typeOf(field.kind));

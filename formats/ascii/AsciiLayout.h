@@ -34,8 +34,8 @@ struct OfferedField
 
 /// Coordinates first, then column and row where there is a grid, then the attributes in the order first met.
 KPFORMATS_EXPORT std::vector<OfferedField> offeredFields(const std::vector<const ModelObject*>& objects);
-/// The field as the layout editor knows it.
-KPFORMATS_EXPORT kpBaseExport::QESAttribute editorField(const OfferedField& field, int decimals);
+/// The field as the layout editor knows it; 3 decimals where the number \a wanted is not known beforehand.
+KPFORMATS_EXPORT kpBaseExport::QESAttribute editorField(const OfferedField& field, int wanted);
 
 /// The fields of the layout that the objects have, in order and with columns that do not overlap.
 KPFORMATS_EXPORT QVector<kpBaseExport::QESAttribute> fieldsFor(const AsciiLayout& layout,

@@ -82,12 +82,33 @@ QString separatorText(const Settings& settings)
                                                              : texts[static_cast<int>(settings.separator)];
 }
 
+QString separatorFault(const Settings& settings)
+{
+    const bool custom = settings.mode == Settings::Mode::Separated && settings.separator == Settings::Separator::Custom
+                        && settings.preset != Settings::Preset::GsPlus;
+    const QString& text = settings.customSeparator;
+    if (!custom)
+        return {};
+    if (text.isEmpty())
+        return QStringLiteral("nothing would stand between values (give a text with separator=custom)");
+    const bool numeral = std::any_of(text.begin(), text.end(), [](QChar sign) {
+        return sign.isDigit() || sign == QLatin1Char('.') || sign == QLatin1Char('-') || sign == QLatin1Char('+')
+               || sign == QLatin1Char('"') || sign == QLatin1Char('\n') || sign == QLatin1Char('\r');
+    });
+    return numeral
+               ? QStringLiteral("\"%1\" would run together with numbers, quotes or lines (give another text)").arg(text)
+               : QString();
+}
+
 void prepareWriter(Writer& writer, const AsciiTable& table, const Settings& settings)
 {
     writer.fields = table.fields;
     writer.mode = settings.mode == Settings::Mode::Columns ? Writer::ColumnBased : Writer::FieldBased;
     writer.separator = separatorCode(settings.separator);
     writer.customSeparator = settings.customSeparator;
+    writer.quoting = settings.quoting == Settings::Quoting::Needed ? Writer::Quoting::Needed
+                     : settings.quoting == Settings::Quoting::All  ? Writer::Quoting::All
+                                                                   : Writer::Quoting::None;
     writer.zIsElevation = settings.zIsElevation;
     writer.headerPending = settings.header;
     writer.writeNullValue = settings.writeNullValue;

@@ -18,6 +18,9 @@ KPFORMATS_EXPORT void prepareWriter(kpBaseExport::MatrixDataAsciiExporter& write
 KPFORMATS_EXPORT void writeObject(kpBaseExport::MatrixDataAsciiExporter& writer, const ModelObject& object,
                                   const AsciiTable& table, const AsciiExportSettings& settings, Findings& findings);
 
+/// Why values could not be told apart with the separator, and what to do; empty when they can.
+KPFORMATS_EXPORT QString separatorFault(const AsciiExportSettings& settings);
+
 /// The text that stands between two values; empty where values lie in fixed columns.
 KPFORMATS_EXPORT QString separatorText(const AsciiExportSettings& settings);
 

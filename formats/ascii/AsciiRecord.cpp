@@ -8,6 +8,7 @@
 #include "formats/ascii/ConstantMatrixData.h"
 #include "formats/ascii/FormulaGuard.h"
 #include "formats/ascii/GridIndexMatrix.h"
+#include "formats/ascii/HeightTexts.h"
 #include "host/data/DoubleMatrixData.h"
 #include "host/data/VariantMatrixData.h"
 #include "spec/layout/FieldLayout.h"
@@ -83,6 +84,20 @@ QString oneLine(const QString& text)
     return line;
 }
 
+/// The writer finds values by these names, so line ends are taken out before they are made different.
+void keepInOneLine(AsciiTable& table, Findings& findings)
+{
+    for (std::size_t index = 0; index < table.fields.size(); ++index) {
+        QString& name = table.fields[index].name;
+        const QString line = oneLine(name);
+        if (line == name)
+            continue;
+        findings.note(asciiFinding::lineEndInANameBecameABlank, QString(), 1,
+                      QStringLiteral("in \"%1\"").arg(line.left(80)));
+        name = line;
+    }
+}
+
 /// Makes names of attribute fields differ from each other and from those of the grid indices.
 void makeDifferent(AsciiTable& table)
 {
@@ -98,6 +113,12 @@ void makeDifferent(AsciiTable& table)
     }
 }
 
+/// What takes a text apart; empty where texts are quoted.
+QString unquotedSeparator(const AsciiExportSettings& settings)
+{
+    return settings.quoting == AsciiExportSettings::Quoting::None ? separatorText(settings) : QString();
+}
+
 /// Counts the texts of a column that a reader of the table would take apart.
 class TextCheck
 {
@@ -111,7 +132,7 @@ public:
 
     void look(const QString& text, int rows)
     {
-        if (!m_separator.isEmpty() && text.contains(m_separator)) {
+        if (!m_separator.isEmpty() && (text.contains(m_separator) || text.contains(QLatin1Char('"')))) {
             m_ambiguous += rows;
             if (m_example.isEmpty())
                 m_example = text;
@@ -127,8 +148,7 @@ public:
     void report(Findings& findings) const
     {
         findings.note(asciiFinding::textHoldsTheSeparator, m_object.name, m_ambiguous,
-                      QStringLiteral("first in %1: \"%2\"; choose another separator or fixed columns")
-                          .arg(m_attribute, m_example.left(80)));
+                      QStringLiteral("first in %1: \"%2\"; set quoting=needed").arg(m_attribute, m_example.left(80)));
         const QString where = QStringLiteral("in %1").arg(m_attribute);
         findings.note(asciiFinding::lineEndInATextBecameABlank, m_object.name, m_broken, where);
         findings.note(asciiFinding::guardedText, m_object.name, m_guarded, where);
@@ -143,6 +163,15 @@ private:
     qint64 m_guarded = 0;
     QString m_example;
 };
+
+int decimalsOfZ(const AsciiTable& table)
+{
+    for (std::size_t field = 0; field < table.columns.size(); ++field) {
+        if (table.columns[field].source == AsciiColumn::Z)
+            return table.fields[field].precision;
+    }
+    return 0;
+}
 
 qint64 countMissing(const AttributeColumn& column)
 {
@@ -169,7 +198,7 @@ MatrixData* vertexMatrix(const ModelObject& object, const AttributeColumn& colum
         return new DoubleMatrixData(name, column.numbers, column.missing);
     QVector<QVariant> values = column.values;
     if (column.kind == AttributeKind::Text) {
-        TextCheck check(object, column.name, separatorText(settings));
+        TextCheck check(object, column.name, unquotedSeparator(settings));
         const FormulaGuard guard(settings);
         for (int row = 0; row < values.size(); ++row) {
             const QString text = qAsConst(values)[row].toString();
@@ -187,7 +216,7 @@ MatrixData* objectMatrix(const ModelObject& object, const ObjectAttribute& attri
 {
     QVariant value = attribute.value;
     if (attribute.kind == AttributeKind::Text && !value.isNull()) {
-        TextCheck check(object, attribute.name, separatorText(settings));
+        TextCheck check(object, attribute.name, unquotedSeparator(settings));
         value = writtenText(value.toString(), FormulaGuard(settings), check, object.vertexCount());
         check.report(findings);
     }
@@ -220,6 +249,7 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
         for (const ObjectAttribute& attribute : object->objectAttributes)
             add(attribute.name);
     }
+    keepInOneLine(table, findings);
     if (chosen) {
         for (const QString& name : *chosen) {
             if (!known.contains(name))
@@ -227,6 +257,7 @@ AsciiTable asciiTable(const std::vector<const ModelObject*>& objects, const std:
                               QStringLiteral("no chosen object has \"%1\"").arg(name));
         }
     }
+    makeDifferent(table);
     return table;
 }
 
@@ -259,15 +290,8 @@ AsciiTable asciiTable(const AsciiLayout& layout, const std::vector<const ModelOb
             continue;
         }
         table.columns.push_back({AsciiColumn::Attribute, field.attribute});
-        // The writer finds values by this name, so it must not occur twice, line ends taken out or not.
-        QString& written = table.fields[static_cast<std::size_t>(index)].name;
-        const QString line = oneLine(written);
-        if (line != written) {
-            findings.note(asciiFinding::lineEndInANameBecameABlank, QString(), 1,
-                          QStringLiteral("in \"%1\"").arg(line.left(80)));
-            written = line;
-        }
     }
+    keepInOneLine(table, findings);
     makeDifferent(table);
     return table;
 }
@@ -300,18 +324,27 @@ void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& obj
     }
     int position = 1;
     for (std::size_t index = 0; index < table.fields.size(); ++index) {
-        const int width = std::max(fittingWidth(profile, settings, editorField(written[index], settings.decimals)),
-                                   table.fields[index].name.size());
+        const int width =
+            std::max(fittingWidth(profile, settings, editorField(written[index], table.fields[index].precision)),
+                     table.fields[index].name.size());
         table.fields[index].start = position;
         table.fields[index].end = position + width - 1;
         position += width + 1;
     }
 }
 
+bool leavesHeightsBlank(const AsciiExportSettings& settings)
+{
+    const bool betweenBlanks = settings.mode == AsciiExportSettings::Mode::Separated
+                               && separatorText(settings).count(QLatin1Char(' ')) == separatorText(settings).size();
+    return settings.missingZ == AsciiExportSettings::MissingZ::Blank && !betweenBlanks;
+}
+
 void noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings)
 {
-    const QString written = settings.writeNullValue ? QStringLiteral("z is written as %1").arg(settings.nullValue)
-                                                    : QStringLiteral("z is written as 0");
+    const QString written = leavesHeightsBlank(settings) ? QStringLiteral("z is left blank")
+                            : settings.writeNullValue    ? QStringLiteral("z is written as %1").arg(settings.nullValue)
+                                                         : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
         findings.note(asciiFinding::noHeights, object.name, object.vertexCount(),
                       QStringLiteral("the object is flat; ") + written);
@@ -337,10 +370,14 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
             flags->push_back(std::isnan(z) ? 1 : 0);
         missingZ = flags;
     }
+    MatrixData* heights = nullptr;
+    if (missingZ && leavesHeightsBlank(settings))
+        heights = new HeightTexts(object.z, missingZ, decimalsOfZ(table), !settings.zIsElevation);
+    else
+        heights = new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ);
     record.vertexData() = {new DoubleMatrixData(QStringLiteral("X"), object.x),
                            new DoubleMatrixData(QStringLiteral("X"), object.x),
-                           new DoubleMatrixData(QStringLiteral("Y"), object.y),
-                           new DoubleMatrixData(QStringLiteral("Z"), object.z, missingZ)};
+                           new DoubleMatrixData(QStringLiteral("Y"), object.y), heights};
     int absent = 0;
     QString firstAbsent;
     GeoObject::MatrixList& matrices = record.vertexAttributeData();

@@ -48,6 +48,8 @@ KPFORMATS_EXPORT void guardNames(AsciiTable& table, const AsciiExportSettings& s
 KPFORMATS_EXPORT void layOutColumns(AsciiTable& table, const std::vector<const ModelObject*>& objects,
                                     const AsciiExportSettings& settings);
 
+/// Whether nothing at all stands for an unknown height; between blanks it would make a row shorter.
+KPFORMATS_EXPORT bool leavesHeightsBlank(const AsciiExportSettings& settings);
 /// Notes the vertices that have no height.
 KPFORMATS_EXPORT void noteHeights(const ModelObject& object, const AsciiExportSettings& settings, Findings& findings);
 

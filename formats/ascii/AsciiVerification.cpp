@@ -63,6 +63,7 @@ public:
         , m_inColumns(settings.mode == AsciiExportSettings::Mode::Columns)
         , m_separator(separatorText(settings))
         , m_guard(settings)
+        , m_blankHeights(leavesHeightsBlank(settings))
     {
     }
 
@@ -105,6 +106,8 @@ private:
                     width > 0 ? wanted[static_cast<int>(field)].left(width - 1) + QLatin1Char('*') : QString();
             wanted[static_cast<int>(field)] = wanted[static_cast<int>(field)].trimmed();
         }
+        for (int field = 0; !m_inColumns && field < wanted.size(); ++field)
+            wanted[field] = inQuotes(wanted[field]);
         const QString between = m_inColumns ? QStringLiteral("|") : m_separator;
         m_found.compareSame(QStringLiteral("header"), QStringLiteral("file"), wanted.join(between),
                             m_inColumns ? read.join(between) : line);
@@ -219,12 +222,27 @@ private:
         const bool isNumber = field.kind == Expected::Coordinate || field.kind == Expected::Number;
         const bool isWhole = field.attribute == AttributeKind::Integer || field.attribute == AttributeKind::Boolean;
         if (field.kind == Expected::Text && !isWhole)
+            return field.attribute == AttributeKind::Text ? inQuotes(QString()) : QString();
+        if (field.kind == Expected::Coordinate && m_blankHeights)
             return {};
         if (m_settings.writeNullValue)
             return m_settings.nullValue;
         if (field.kind == Expected::Absent)
             return {};
         return QString::number(0.0, 'f', isNumber ? m_table.fields[index].precision : 0);
+    }
+
+    /// A text as it stands between separators.
+    QString inQuotes(const QString& text) const
+    {
+        using Quoting = AsciiExportSettings::Quoting;
+        if (m_inColumns || m_settings.quoting == Quoting::None)
+            return text;
+        const bool needed = text.contains(m_separator) || text.contains(QLatin1Char('"'));
+        if (m_settings.quoting == Quoting::Needed && (text.isEmpty() || !needed))
+            return text;
+        return QLatin1Char('"') + QString(text).replace(QStringLiteral("\""), QStringLiteral("\"\""))
+               + QLatin1Char('"');
     }
 
     /// The characters of a field that is not a number with decimals.
@@ -236,7 +254,7 @@ private:
         if (field.attribute == AttributeKind::Color)
             return value.value<QColor>().name();
         if (field.attribute == AttributeKind::Text)
-            return m_guard.guarded(inOneLine(value.toString()));
+            return inQuotes(m_guard.guarded(inOneLine(value.toString())));
         return QString::number(value.toLongLong());
     }
 
@@ -248,7 +266,7 @@ private:
             return last ? end == line.size() : line.midRef(end, m_separator.size()) == m_separator;
         };
         int end = position + wanted.size();
-        if (wanted.isNull() || line.midRef(position, wanted.size()) != wanted || !endsAt(end)) {
+        if (line.midRef(position, wanted.size()) != wanted || !endsAt(end)) {
             end = last || m_separator.isEmpty() ? line.size() : line.indexOf(m_separator, position);
             end = end < 0 ? line.size() : end;
         }
@@ -314,6 +332,7 @@ private:
     bool m_inColumns;
     QString m_separator;
     FormulaGuard m_guard;
+    bool m_blankHeights;
     const ModelObject* m_object = nullptr;
     int m_row = 0;
 };

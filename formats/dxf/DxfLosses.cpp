@@ -61,7 +61,8 @@ void noteAttributes(const ModelObject& object, const ExportSelection& selection,
 
 void noteColours(const ModelObject& object, Findings& findings)
 {
-    noteColour(object.color, object.name, findings);
+    if (object.colorIsOwn)
+        noteColour(object.color, object.name, findings);
     if (!object.section)
         return;
     for (const SectionSegment& segment : object.section->segments)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/AutomaticDecimals.h"
 #include "export/FileGrouping.h"
 #include "model/OutputUnit.h"
 
@@ -19,7 +20,7 @@ struct GocadExportSettings
     bool header = true;                           ///< the block with each object's name and colour
     bool zIsElevation = true;                     ///< false: z is depth, positive down; said in the file
     OutputUnit lengthUnit = OutputUnit::Model;    ///< of coordinates; said in the file
-    int decimals = 4;                             ///< of coordinates
+    int decimals = automaticDecimals;             ///< of coordinates; -1 for as many as they need
     double nullValue = -99999.0;                  ///< stands for a missing property value
     GridsAs gridsAs = GridsAs::Surface;           ///< grid surfaces as triangles or as points
 };

@@ -50,7 +50,8 @@ SettingsTable GocadFormat::settings() const
     table.addBoolean("header", &S::header, tr("Header"), tr("write each object's name and colour"));
     addElevation(table, &S::zIsElevation);
     addLengthUnit(table, &S::lengthUnit, tr("unit of coordinates; model keeps each object's own"));
-    table.addInteger("decimals", &S::decimals, 0, 12, tr("Decimals"), tr("decimals of coordinates"));
+    table.addInteger("decimals", &S::decimals, automaticDecimals, 12, tr("Decimals"),
+                     tr("decimals of coordinates; -1 for as many as they need"));
     table.addReal("nullValue", &S::nullValue, -1e38, 1e38, tr("Null value"), tr("stands for a missing property value"));
     table.addChoice(
         "gridsAs", &S::gridsAs, tr("Grids as"),

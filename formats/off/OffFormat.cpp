@@ -27,7 +27,8 @@ SettingsTable OffFormat::settings() const
     addFilePrefix(table, &S::filePrefix);
     addLengthUnit(table, &S::lengthUnit, tr("unit of coordinates; model keeps each object's own"));
     addElevation(table, &S::zIsElevation);
-    table.addInteger("decimals", &S::decimals, 0, 12, tr("Decimals"), tr("decimals of coordinates"));
+    table.addInteger("decimals", &S::decimals, automaticDecimals, 12, tr("Decimals"),
+                     tr("decimals of coordinates; -1 for as many as they need"));
     table.addBoolean("colours", &S::colours, tr("Colours"), tr("the object's colour at each face"));
     table.addBoolean("header", &S::header, tr("Header"), tr("comment lines with name, unit and direction of z"));
     return table;

@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QStringList>
 
 namespace kpFormats
 {
@@ -21,6 +22,29 @@ bool isAsciiPlain(QChar character)
     return character.unicode() < 0x80 && isPlain(character);
 }
 
+/// Letters that no accent explains, in ASCII; upper case where all of them begin with one.
+QString inAscii(QChar letter)
+{
+    static const QHash<QChar, QString> letters = [] {
+        QHash<QChar, QString> made;
+        const QString from = QString::fromUtf8("абвгдежзийклмнопрстуфхцчшщъыьэюяѐёђѓєѕіїјљњћќџґ"
+                                               "αβγδεζηθικλμνξοπρσςτυφχψωßæœøđðłþıħŋ");
+        const QStringList to =
+            QStringLiteral("a b v g d e zh z i y k l m n o p r s t u f kh ts ch sh shch  y  e yu ya e yo "
+                           "dj gj ye dz i yi j lj nj c kj dz g "
+                           "a b g d e z i th i k l m n x o p r s s t y f ch ps o "
+                           "ss ae oe o d d l th i h ng")
+                .split(QLatin1Char(' '));
+        for (int index = 0; index < from.size(); ++index)
+            made.insert(from[index], to[index]);
+        return made;
+    }();
+    QString text = letters.value(letter.toLower(), QStringLiteral("_"));
+    if (letter.isUpper() && !text.isEmpty())
+        text[0] = text[0].toUpper();
+    return text;
+}
+
 /// \a name with the characters that the format takes.
 QString allowed(const QString& name, const FieldNameRules& rules)
 {
@@ -30,8 +54,12 @@ QString allowed(const QString& name, const FieldNameRules& rules)
     for (const QChar character : rules.ascii ? name.normalized(QString::NormalizationForm_KD) : name) {
         if (rules.ascii && character.isMark())
             continue;
-        const bool fits = rules.ascii ? isAsciiPlain(character) : isPlain(character);
-        made += fits ? character : QChar(QLatin1Char('_'));
+        if (rules.ascii ? isAsciiPlain(character) : isPlain(character))
+            made += character;
+        else if (rules.ascii && character.isLetter())
+            made += inAscii(character);
+        else
+            made += QLatin1Char('_');
     }
     return made;
 }

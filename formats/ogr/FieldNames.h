@@ -11,7 +11,7 @@ namespace kpFormats
 struct FieldNameRules
 {
     int mostBytes = 0;        ///< of UTF-8; 0 for no limit
-    bool ascii = false;       ///< only A to Z, a to z, 0 to 9 and "_"; accents are taken off
+    bool ascii = false;       ///< only A to Z, a to z, 0 to 9 and "_"; others are spelled in these where that is known
     bool plain = false;       ///< only letters and digits of any script and "_"
     bool caseMatters = false; ///< "A" and "a" are two names
     QStringList reserved;     ///< names that the format keeps for itself

@@ -128,10 +128,16 @@ void GeoJsonFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& op
     options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))
         findings.note(ogrFinding::coordinatesRounded, QString(), 1, QStringLiteral("to %1 decimals").arg(decimals));
-    if (!output.settings.rfc7946 && !output.systems.target().isEmpty() && !hasCode(output.systems.target()))
-        findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
-                      QStringLiteral("%1 has no number; readers will take the file for WGS 84")
-                          .arg(crsName(output.systems.target())));
+}
+
+WrittenSystem GeoJsonFormat::writtenSystem(OgrOutput& output, Findings& findings) const
+{
+    const QString& target = output.systems.target();
+    if (output.settings.rfc7946 || target.isEmpty() || hasCode(target))
+        return {target, 0.0};
+    findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+                  QStringLiteral("%1 has no number; readers will take the file for WGS 84").arg(crsName(target)));
+    return {};
 }
 
 void GeoJsonFormat::check(const OgrOutput& output, Findings&) const

@@ -23,6 +23,7 @@ public:
               const kpBase::AbstractProgress* progress) const override;
     OgrSystems systems(const PlannedFile& file, const ExportSelection& selection,
                        const OgrExportSettings& settings) const override;
+    WrittenSystem writtenSystem(OgrOutput& output, Findings& findings) const override;
     void check(const OgrOutput& output, Findings& findings) const override;
 };
 

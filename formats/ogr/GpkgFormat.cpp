@@ -89,6 +89,8 @@ OgrTraits GpkgFormat::traits() const
     // Nor does the driver take a name that begins with one of these.
     for (const QChar sign : QStringLiteral("`~!@#$%^&*()+-={}|[]\\:\";'<>?,./"))
         traits.reserved.append(sign);
+    traits.moments = {TextMeaning::Date, TextMeaning::DateTime};
+    traits.utc = true;
     traits.mostFields = 1990; // SQLite has 2000 columns in a table
     traits.manyLayers = true;
     return traits;

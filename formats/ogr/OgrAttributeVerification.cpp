@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrAttributeVerification.h"
 
+#include "formats/ogr/OgrMoments.h"
+#include "readers/FeatureDates.h"
+
 #include <QColor>
 #include <QLocale>
 
@@ -32,6 +35,16 @@ QString withoutPadding(const QString& text)
     while (end > first && text[end - 1] == QLatin1Char(' '))
         --end;
     return text.mid(first, end - first);
+}
+
+/// Of a field of texts, dates or times.
+OGRFieldType typeOf(const OgrColumn& column)
+{
+    if (column.meaning == TextMeaning::Date)
+        return OFTDate;
+    if (column.meaning == TextMeaning::Time)
+        return OFTTime;
+    return column.meaning == TextMeaning::DateTime ? OFTDateTime : OFTString;
 }
 
 bool isWhole(OGRFieldType type)
@@ -151,6 +164,8 @@ void OgrAttributeVerification::compare(const OGRFeature& read, const OgrExpected
 void OgrAttributeVerification::compareText(const OgrColumn& column, const QString& wanted, const QString& read)
 {
     const auto place = [this] { return where(); };
+    if (column.meaning != TextMeaning::Plain && sameMoment(wanted, read, column.meaning))
+        return m_result.compareText(wanted, wanted, place);
     if (m_traits.sizedTexts) {
         // Longer ones were cut, which the report tells.
         const bool cut = column.cutTo > 0 && wanted.toUtf8().size() > column.cutTo;
@@ -167,7 +182,14 @@ void OgrAttributeVerification::compareValue(std::size_t index, const OGRFeature&
     const auto place = [this] { return where(); };
     const bool there = read.IsFieldSetAndNotNull(field) != 0;
     const bool isText = column.kind == AttributeKind::Text;
-    const auto readText = [&] { return there ? QString::fromUtf8(read.GetFieldAsString(field)) : QString(); };
+    const auto readText = [&] {
+        if (!there)
+            return QString();
+        const bool isMoment =
+            column.meaning != TextMeaning::Plain && typeOf(column) == read.GetFieldDefnRef(field)->GetType();
+        return isMoment ? isoOf(*read.GetRawFieldRef(field), column.meaning)
+                        : QString::fromUtf8(read.GetFieldAsString(field));
+    };
     if (!isWritten(column, value)) {
         const bool asMissing = m_traits.nulls ? !there
                                : isText       ? readText().isEmpty()
@@ -207,7 +229,7 @@ void OgrAttributeVerification::compareTypes(OGRFeatureDefn& definition)
         const OGRFieldType type = read.GetType();
         bool same = false;
         if (column.kind == AttributeKind::Text)
-            same = type == OFTString;
+            same = type == typeOf(column);
         else if (column.kind == AttributeKind::Real)
             same = type == OFTReal || (m_traits.sizedNumbers && column.decimals == 0 && isWhole(type));
         else if (column.kind == AttributeKind::Boolean && m_traits.booleans)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrColumnScan.h"
 #include "formats/ogr/OgrFindings.h"
+#include "formats/ogr/OgrMoments.h"
 
 #include "host/data/AbstractProgress.h"
 
@@ -95,9 +96,12 @@ void OgrColumnScan::lookAtText(const QString& text, qint64 features)
         m_empty += features;
         return;
     }
+    if (m_column.meaning != TextMeaning::Plain && m_notMoment.isEmpty()
+        && !holdsMoment(text, m_column.meaning, m_traits))
+        m_notMoment = text;
     const int bytes = utf8Size(text);
     m_longest = std::max(m_longest, bytes);
-    if (m_mostTextBytes > 0 && bytes > m_mostTextBytes) {
+    if (m_traits.mostTextBytes > 0 && bytes > m_traits.mostTextBytes) {
         if (m_long == 0)
             m_longExample = text.left(40);
         m_long += features;
@@ -126,6 +130,27 @@ void OgrColumnScan::lookAtValue(const QVariant& value, qint64 features)
         lookAtNumber(value.toDouble(), features);
 }
 
+void OgrColumnScan::lookAtTypes(const ModelObject& object, OgrShape shape, qint64 features)
+{
+    std::size_t hint = 0;
+    const auto valueOf = [&](const OgrColumn& column, std::size_t row) -> QVariant {
+        const AttributeColumn* values =
+            shape == OgrShape::Points ? vertexAttributeOf(object, column.attribute, hint) : nullptr;
+        if (values && values->kind != AttributeKind::Real)
+            return values->values[static_cast<int>(row)];
+        if (values)
+            return values->missing && (*values->missing)[row] ? QVariant() : QVariant((*values->numbers)[row]);
+        const ObjectAttribute* whole = objectAttributeOf(object, column.attribute, hint);
+        return whole ? whole->value : QVariant();
+    };
+    const bool perVertex = shape == OgrShape::Points;
+    for (std::size_t row = 0; row < (perVertex ? object.x->size() : 1); ++row) {
+        const QVariant type = valueOf(m_column, row);
+        const QString text = withDirection(writtenValue(m_column, type).toString(), valueOf(*m_dip, row));
+        lookAtValue(type.isNull() ? QVariant() : QVariant(text), perVertex ? 1 : features);
+    }
+}
+
 void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 features,
                          const kpBase::AbstractProgress* progress)
 {
@@ -151,6 +176,8 @@ void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 featu
     case OgrColumn::Attribute:
         break;
     }
+    if (m_dip)
+        return lookAtTypes(object, shape, features);
     const AttributeColumn* values =
         shape == OgrShape::Points ? vertexAttributeOf(object, m_column.attribute, m_vertexHint) : nullptr;
     if (!values) {
@@ -173,15 +200,19 @@ void OgrColumnScan::look(const ModelObject& object, OgrShape shape, qint64 featu
     }
 }
 
-void OgrColumnScan::size(OgrColumn& column, const OgrTraits& traits, int decimals) const
+void OgrColumnScan::size(OgrColumn& column, int decimals) const
 {
+    if (!m_notMoment.isEmpty())
+        column.meaning = TextMeaning::Plain;
+    if (column.meaning != TextMeaning::Plain)
+        return;
     if (column.kind == AttributeKind::Text) {
-        if (traits.sizedTexts)
-            column.width = traits.mostTextBytes > 0 ? std::min(m_longest, traits.mostTextBytes) : m_longest;
-        column.cutTo = m_long > 0 ? traits.mostTextBytes : 0;
+        if (m_traits.sizedTexts)
+            column.width = m_traits.mostTextBytes > 0 ? std::min(m_longest, m_traits.mostTextBytes) : m_longest;
+        column.cutTo = m_long > 0 ? m_traits.mostTextBytes : 0;
         return;
     }
-    if (!traits.sizedNumbers)
+    if (!m_traits.sizedNumbers)
         return;
     const int sign = m_negative ? 1 : 0;
     column.width = m_digits + sign;
@@ -200,23 +231,27 @@ void OgrColumnScan::size(OgrColumn& column, const OgrTraits& traits, int decimal
     column.most = widest;
 }
 
-void OgrColumnScan::report(const OgrColumn& column, const OgrTraits& traits, Findings& findings) const
+void OgrColumnScan::report(const OgrColumn& column, Findings& findings) const
 {
     const QString name = column.attribute.isEmpty() ? column.field : column.attribute;
+    findings.note(ogrFinding::momentAsText, QString(), m_notMoment.isEmpty() ? 0 : 1,
+                  QStringLiteral("%1: a field of dates cannot hold \"%2\"").arg(name, m_notMoment));
+    if (column.meaning != TextMeaning::Plain)
+        return;
     findings.note(ogrFinding::numberNotFinite, QString(), m_notFinite, QStringLiteral("in %1").arg(name));
     findings.note(
         ogrFinding::textCut, QString(), m_long,
-        QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(traits.mostTextBytes).arg(m_longExample));
-    if (!traits.nulls) {
+        QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(m_traits.mostTextBytes).arg(m_longExample));
+    if (!m_traits.nulls) {
         findings.note(column.kind == AttributeKind::Text ? ogrFinding::missingTextAsEmpty
                                                          : ogrFinding::missingNumberWrittenAs0,
                       QString(), m_nulls + (column.kind == AttributeKind::Text ? 0 : m_notFinite),
                       QStringLiteral("in %1, first in %2").arg(name, m_nullObject));
     }
-    if (!traits.emptyTexts && traits.nulls && column.kind == AttributeKind::Text) {
+    if (!m_traits.emptyTexts && m_traits.nulls && column.kind == AttributeKind::Text) {
         findings.note(ogrFinding::emptyText, QString(), m_empty, QStringLiteral("in %1").arg(name));
     }
-    if (column.kind != AttributeKind::Real || !traits.sizedNumbers)
+    if (column.kind != AttributeKind::Real || !m_traits.sizedNumbers)
         return;
     findings.note(ogrFinding::numberTooWide, QString(), m_wide,
                   QStringLiteral("%1 in %2").arg(m_wideExample).arg(name));

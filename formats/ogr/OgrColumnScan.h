@@ -12,10 +12,12 @@ namespace kpFormats
 class OgrColumnScan
 {
 public:
-    /// Not \a exact, the numbers that need few decimals are counted with those that need more.
-    OgrColumnScan(const OgrColumn& column, int mostTextBytes, bool exact)
+    /// \a dip decides what goes before the texts of the column; null for nothing. Not \a exact, the numbers that need
+    /// few decimals are counted with those that need more.
+    OgrColumnScan(const OgrColumn& column, const OgrColumn* dip, const OgrTraits& traits, bool exact)
         : m_column(column)
-        , m_mostTextBytes(mostTextBytes)
+        , m_dip(dip)
+        , m_traits(traits)
         , m_exact(exact)
     {
     }
@@ -24,11 +26,11 @@ public:
     void look(const ModelObject& object, OgrShape shape, qint64 features, const kpBase::AbstractProgress* progress);
 
     /// Sets width and decimals of the column. \a decimals as the user wants them; -1 for as many as needed.
-    void size(OgrColumn& column, const OgrTraits& traits, int decimals) const;
+    void size(OgrColumn& column, int decimals) const;
     /// Whether a number needs more decimals than the column has.
     bool rounds(const OgrColumn& column) const { return m_mostDecimals > column.decimals; }
     /// Notes what is lost.
-    void report(const OgrColumn& column, const OgrTraits& traits, Findings& findings) const;
+    void report(const OgrColumn& column, Findings& findings) const;
 
     const QString& foreignTexts() const { return m_foreign; }
 
@@ -36,9 +38,11 @@ private:
     void lookAtNumber(double number, qint64 features);
     void lookAtText(const QString& text, qint64 features);
     void lookAtValue(const QVariant& value, qint64 features);
+    void lookAtTypes(const ModelObject& object, OgrShape shape, qint64 features);
 
     const OgrColumn& m_column;
-    int m_mostTextBytes;
+    const OgrColumn* m_dip;
+    const OgrTraits& m_traits;
     bool m_exact;
     int m_mostDecimals = 0; ///< that a number needs
     double m_range = 10;    ///< the power of ten with m_digits zeros
@@ -51,6 +55,7 @@ private:
     qint64 m_empty = 0;
     qint64 m_long = 0;
     qint64 m_wide = 0;
+    QString m_notMoment; ///< the first text that a field of dates does not hold
     QString m_longExample;
     double m_wideExample = 0;
     QString m_object;     ///< being looked at

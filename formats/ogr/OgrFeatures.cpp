@@ -47,7 +47,6 @@ bool OgrFeatures::next(int index, OGRFeatureDetails& details)
     if (there) {
         ++m_made;
         addValues(details);
-        look(details);
     }
     if (m_place + 1 >= m_places && m_object + 1 >= m_layer.objects.size())
         endObject();
@@ -91,13 +90,14 @@ void OgrFeatures::endObject()
     m_findings.note(ogrFinding::unknownHeightWrittenAs0, name, m_withoutHeight, QStringLiteral("z is not a number"));
     m_findings.note(m_layer.shape == OgrShape::Lines ? finding::shortLine : finding::shortRing, name, m_shortParts,
                     QStringLiteral("a map cannot hold it"));
-    if (!m_layer.objects[m_object]->vertexAttributes.empty()) {
-        m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
-                        QStringLiteral("and its attributes with it"));
-    }
+    const bool bare = m_layer.objects[m_object]->vertexAttributes.empty();
+    m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
+                    bare ? QStringLiteral("it is no point of the surface")
+                         : QStringLiteral("and its attributes with it"));
+    m_findings.note(ogrFinding::cellLeftOut, name, m_emptyCells, QStringLiteral("a corner has no height"));
     m_findings.note(ogrFinding::directionBeforeType, name, m_rewritten,
                     QStringLiteral("where dip is 0 or 90; switch dipInType off to keep the text"));
-    m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_rewritten = 0;
+    m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_emptyCells = m_rewritten = 0;
 }
 
 bool OgrFeatures::fill(OGRFeatureDetails& details)
@@ -195,48 +195,52 @@ bool OgrFeatures::addCell(OGRFeatureDetails& details)
     const std::vector<std::size_t> corners{corner, corner + 1, corner + columns + 1, corner + columns};
     const bool whole = std::none_of(corners.begin(), corners.end(),
                                     [&object](std::size_t node) { return std::isnan((*object.z)[node]); });
+    m_emptyCells += whole ? 0 : 1;
     return whole && addCorners(corners, details);
+}
+
+QVariant OgrFeatures::valueAt(std::size_t index, std::size_t row)
+{
+    const OgrColumn& column = m_table.columns[index];
+    const Source& source = m_sources[index];
+    if (column.content == OgrColumn::Height) {
+        const double height = m_layer.objects[m_object]->hasZ ? m_vertices.at(row)[2] : std::nan("");
+        return writtenValue(column, height);
+    }
+    if (!source.values)
+        return source.constant;
+    if (source.values->kind == AttributeKind::Real) {
+        const double number = (*source.values->numbers)[row];
+        if (source.values->missing && (*source.values->missing)[row])
+            return {};
+        const bool plain = column.kind == AttributeKind::Real
+                           && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
+        return plain ? QVariant(number) : writtenValue(column, number);
+    }
+    const QVariant& value = source.values->values[static_cast<int>(row)];
+    // Most values go as they are.
+    return source.asItIs && !value.isNull() ? value : writtenValue(column, value);
+}
+
+QVariant OgrFeatures::typeAt(std::size_t row)
+{
+    const auto type = static_cast<std::size_t>(m_table.type);
+    const QString text = valueAt(type, row).toString();
+    const QString directed = withDirection(text, valueAt(static_cast<std::size_t>(m_table.dip), row));
+    if (directed.size() == text.size())
+        return valueAt(type, row);
+    ++m_rewritten;
+    return cutToBytes(directed, m_table.columns[type].cutTo);
 }
 
 void OgrFeatures::addValues(OGRFeatureDetails& details)
 {
     const auto row = static_cast<std::size_t>(m_place);
+    const bool directed = m_table.dip >= 0 && m_table.type >= 0;
     for (std::size_t index = 0; index < m_sources.size(); ++index) {
-        const OgrColumn& column = m_table.columns[index];
-        const Source& source = m_sources[index];
-        if (column.content == OgrColumn::Height) {
-            const double height = m_layer.objects[m_object]->hasZ ? m_vertices.at(row)[2] : std::nan("");
-            details.append_object_attribute(writtenValue(column, height));
-        } else if (!source.values) {
-            details.append_object_attribute(source.constant);
-        } else if (source.values->kind == AttributeKind::Real) {
-            const double number = (*source.values->numbers)[row];
-            const bool missing = source.values->missing && (*source.values->missing)[row];
-            const bool plain = column.kind == AttributeKind::Real
-                               && (column.most > 0 ? std::abs(number) < column.most : std::isfinite(number));
-            details.append_object_attribute(missing ? QVariant()
-                                            : plain ? QVariant(number)
-                                                    : writtenValue(column, number));
-        } else {
-            const QVariant& value = source.values->values[static_cast<int>(row)];
-            // Most values go as they are.
-            if (source.asItIs && !value.isNull())
-                details.append_object_attribute(value);
-            else
-                details.append_object_attribute(writtenValue(column, value));
-        }
+        const bool isType = directed && m_table.type == static_cast<int>(index);
+        details.append_object_attribute(isType ? typeAt(row) : valueAt(index, row));
     }
-}
-
-void OgrFeatures::look(const OGRFeatureDetails& details)
-{
-    if (m_table.dip < 0 || m_table.type < 0)
-        return;
-    const QVector<QVariant> values = details.object_attributes();
-    const QVariant& dip = values[m_table.dip];
-    const bool flatOrUpright = dip.isValid() && (dip.toDouble() == 0.0 || dip.toDouble() == 90.0);
-    if (flatOrUpright && !values[m_table.type].toString().isEmpty())
-        ++m_rewritten;
 }
 
 } // namespace kpFormats

@@ -43,7 +43,8 @@ private:
     bool addCell(kpBaseExport::OGRFeatureDetails& details);
     bool addVertex(std::size_t vertex, kpBaseExport::OGRFeatureDetails& details);
     void addValues(kpBaseExport::OGRFeatureDetails& details);
-    void look(const kpBaseExport::OGRFeatureDetails& details);
+    QVariant valueAt(std::size_t index, std::size_t row);
+    QVariant typeAt(std::size_t row);
 
     const OgrLayer& m_layer;
     const OgrTable& m_table;
@@ -61,6 +62,7 @@ private:
     qint64 m_withoutHeight = 0;
     qint64 m_shortParts = 0;
     qint64 m_emptyNodes = 0;
+    qint64 m_emptyCells = 0;
     qint64 m_rewritten = 0;
 };
 

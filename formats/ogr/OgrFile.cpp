@@ -77,14 +77,15 @@ LayersProgress layersProgress(kpBase::AbstractProgress* progress, const std::vec
     return LayersProgress(progress, weights, total);
 }
 
-OGRExporterOptions hostOptions(const OgrExportSettings& settings, const OgrTraits& traits)
+OGRExporterOptions hostOptions(const OgrTraits& traits)
 {
     OGRExporterOptions options;
     options.utf8 = true;
     options.fieldSizes = true;
     options.closeRings = true;
     options.ringParts = true;
-    options.keepTypeTexts = !settings.dipInType;
+    options.keepTypeTexts = true; // the features have them as they are to be
+    options.dates = true;
     options.oneFile = traits.manyLayers;
     options.transaction = true;
     options.recordRefusals = true;
@@ -192,6 +193,7 @@ OgrOutput OgrFile::newOutput(Findings& findings) const
         output.tables.emplace_back();
         output.tables.back().columns = ogrColumns(layer, selection(), m_settings, able, findings);
     }
+    output.written = m_format.writtenSystem(output, findings);
     return output;
 }
 
@@ -209,7 +211,7 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     m_output.features.clear();
     for (std::size_t index = 0; index < m_output.layers.size(); ++index)
         sizeColumns(m_output.tables[index], m_output.layers[index], m_settings, able, findings, progress);
-    OGRExporterOptions options = hostOptions(m_settings, able);
+    OGRExporterOptions options = hostOptions(able);
     m_format.tune(m_output, options, findings, progress);
     if (progress && progress->isCancelled())
         return 0;
@@ -228,7 +230,7 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     OGRExporter exporter(CheckedWrites::pathFor(path), able.driver, &share);
     exporter.options(options);
     exporter.writeAttributes(m_settings.attributes);
-    exporter.coordSystem(m_output.systems.target().isEmpty() ? m_format.noSystem() : m_output.systems.target());
+    exporter.coordSystem(m_output.written.wkt.isEmpty() ? m_format.noSystem() : m_output.written.wkt);
     const bool written = exporter.write(layers);
     qint64 features = 0;
     for (const auto& source : sources) {
@@ -252,7 +254,8 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
 std::optional<Verification> OgrFile::verify(const QString& path) const
 {
     registerGdalDrivers();
-    return verifyOgrFile(path, {m_output.layers, m_output.tables, m_output.systems, m_format.traits(), m_settings});
+    return verifyOgrFile(
+        path, {m_output.layers, m_output.tables, m_output.systems, m_output.written, m_format.traits(), m_settings});
 }
 
 } // namespace kpFormats

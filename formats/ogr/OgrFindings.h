@@ -15,6 +15,8 @@ inline constexpr FindingKind unknownHeightWrittenAs0("unknown height written as 
 inline constexpr FindingKind nodeWithoutAHeightLeftOut("node without a height left out",
                                                        "a node without a height was left out",
                                                        "%1 nodes without a height were left out");
+inline constexpr FindingKind cellLeftOut("cell without a height left out", "a cell of a grid was left out",
+                                         "%1 cells of grids were left out");
 inline constexpr FindingKind transformed("transformed", "a vertex was taken to another coordinate system",
                                          "%1 vertices were taken to another coordinate system");
 inline constexpr FindingKind coordinateSystemAssumed("coordinate system assumed", "a coordinate system was assumed",
@@ -22,6 +24,9 @@ inline constexpr FindingKind coordinateSystemAssumed("coordinate system assumed"
 inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
                                                         "the coordinate system was not written",
                                                         "%1 coordinate systems were not written");
+inline constexpr FindingKind coordinateSystemApproximate(
+    "coordinate system approximate", "the coordinate system is written by the numbers of its datum, near enough",
+    "the coordinate systems of %1 files are written by the numbers of their datums, near enough");
 inline constexpr FindingKind coordinatesOnAGrid("coordinates on a grid",
                                                 "a position was rounded to the grid of the table",
                                                 "%1 positions were rounded to the grid of the table");
@@ -42,6 +47,9 @@ inline constexpr FindingKind truthAsNumber("yes or no written as 1 or 0",
 inline constexpr FindingKind directionBeforeType("type has Horizontal or Vertical before it",
                                                  "a text of the field type has Horizontal or Vertical before it",
                                                  "%1 texts of the field type have Horizontal or Vertical before them");
+inline constexpr FindingKind momentAsText("dates written as texts",
+                                          "an attribute of dates or times was written as texts",
+                                          "%1 attributes of dates or times were written as texts");
 inline constexpr FindingKind textCut("text cut", "a text was cut", "%1 texts were cut");
 inline constexpr FindingKind textsOfSeveralScripts("texts of several scripts", "the texts are of several scripts",
                                                    "the texts of %1 files are of several scripts");

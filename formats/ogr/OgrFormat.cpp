@@ -141,6 +141,11 @@ OgrSystems OgrFormat::systems(const PlannedFile& file, const ExportSelection& se
     return OgrSystems(target, target);
 }
 
+WrittenSystem OgrFormat::writtenSystem(OgrOutput& output, Findings&) const
+{
+    return {output.systems.target(), 0.0};
+}
+
 void OgrFormat::tune(OgrOutput&, kpBaseExport::OGRExporterOptions&, Findings&, const kpBase::AbstractProgress*) const {}
 
 void OgrFormat::requireHoldable(const PlannedFile&, const std::vector<OgrLayer>&) const {}
@@ -169,7 +174,7 @@ void OgrFormat::openAndCount(const OgrOutput& output, Findings& findings) const
         if (wanted > 0 && (!last || !last->GetGeometryRef()))
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();
-        if (!output.systems.target().isEmpty() && (!system || system->IsLocal()))
+        if (!output.written.wkt.isEmpty() && (!system || system->IsLocal()))
             findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
                           QStringLiteral("the format does not know %1").arg(crsName(output.systems.target())));
     }

@@ -34,6 +34,8 @@ public:
     /// The systems of an output. \throws ExportError
     virtual OgrSystems systems(const PlannedFile& file, const ExportSelection& selection,
                                const OgrExportSettings& settings) const;
+    /// The system as the file will say it. Notes in \a findings what it cannot say.
+    virtual WrittenSystem writtenSystem(OgrOutput& output, Findings& findings) const;
     /// What else the driver will refuse. \throws ExportError
     virtual void requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>& layers) const;
     /// Creation options of the driver, made for the data. Stops early when the user cancels.

@@ -19,6 +19,7 @@ struct OgrOutput
     QStringList names; ///< of the layers
     OgrSystems systems;
     std::vector<OgrTable> tables;
+    WrittenSystem written = {};
     QString path = {};                 ///< where it is written
     std::vector<qint64> features = {}; ///< made per layer
 };

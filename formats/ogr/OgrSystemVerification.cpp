@@ -6,6 +6,7 @@
 
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
 
@@ -20,44 +21,20 @@ bool isKnown(const QString& wkt, OGRSpatialReference& reference)
     return !wkt.isEmpty() && reference.SetFromUserInput(wkt.toUtf8().constData()) == OGRERR_NONE;
 }
 
-/// Whether MapInfo has words for the system.
-bool hasMapInfoWords(const OGRSpatialReference& reference)
-{
-    char* words = nullptr;
-    OGRSpatialReference own(reference);
-    const bool made = OSRExportToMICoordSys(OGRSpatialReference::ToHandle(&own), &words) == OGRERR_NONE;
-    OGRSpatialReference back;
-    const bool there = made && words
-                       && OSRImportFromMICoordSys(OGRSpatialReference::ToHandle(&back), words) == OGRERR_NONE
-                       && !wktOf(&back).isEmpty() && !back.IsLocal();
-    CPLFree(words);
-    return there;
-}
-
-/// Whether the driver has a way to say which system it is; the report tells where it has none.
-bool canSay(const OGRSpatialReference& target, const OgrTraits& traits)
-{
-    if (traits.driver == QLatin1String("GeoJSON"))
-        return target.GetAuthorityCode(nullptr) != nullptr;
-    return traits.driver != QLatin1String("MapInfo File") || hasMapInfoWords(target);
-}
-
 } // namespace
 
-void compareOgrSystem(const OGRSpatialReference* read, const QString& target, const OgrTraits& traits,
-                      const Verification::Place& place, Verification& result)
+void compareOgrSystem(const OGRSpatialReference* read, const QString& target, const WrittenSystem& written,
+                      const OgrTraits& traits, const Verification::Place& place, Verification& result)
 {
     const QString found = wktOf(read);
     OGRSpatialReference wanted;
-    if (!isKnown(target, wanted)) {
+    if (!isKnown(target, wanted) || written.wkt.isEmpty()) {
         // Readers take GeoJSON for WGS 84 where it says nothing.
         if (!found.isEmpty() && traits.driver != QLatin1String("GeoJSON"))
             result.fail(
-                QStringLiteral("the coordinate system %1 was read where the objects have none").arg(crsName(found)));
+                QStringLiteral("the coordinate system %1 was read where the file is to have none").arg(crsName(found)));
         return;
     }
-    if (!canSay(wanted, traits))
-        return;
     result.alsoCompared(QStringLiteral("coordinate system"));
     if (found.isEmpty())
         return result.fail(QStringLiteral("no coordinate system was read instead of %1").arg(crsName(target)));
@@ -65,6 +42,15 @@ void compareOgrSystem(const OGRSpatialReference* read, const QString& target, co
         if (!wanted.IsLocal() || !read->IsLocal())
             result.fail(
                 QStringLiteral("the coordinate system %1 was read instead of %2").arg(crsName(found), crsName(target)));
+        return;
+    }
+    if (traits.driver == QLatin1String("MapInfo File")) {
+        // Readers know the numbers of a datum, seldom its name: what counts is where on the globe a place is.
+        const double metres = metresApart(found, target, {{place[0], place[1]}});
+        if (!(metres <= std::max(0.01, 1.01 * written.off)))
+            result.fail(QStringLiteral("the coordinate system %1 was read instead of %2, which is %3 m off")
+                            .arg(crsName(found), crsName(target))
+                            .arg(metres));
         return;
     }
     const double most = wanted.IsGeographic() ? 1e-7 : 0.01 / wanted.GetLinearUnits();

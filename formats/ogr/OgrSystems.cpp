@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrSystems.h"
 
+#include "geo/CoordinateSystems.h"
 #include "model/OutputUnit.h"
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <limits>
 #include <utility>
 
@@ -50,6 +52,33 @@ const CoordinateTransform* OgrSystems::way(Ways& ways, const ModelObject& object
 double OgrSystems::heightFactor(const ModelObject& object) const
 {
     return m_onGlobe ? unitFactor(object.lengthUnit, OutputUnit::Metre) : 1.0;
+}
+
+double metresApart(const QString& wkt, const QString& other, const std::vector<std::array<double, 2>>& places)
+{
+    constexpr double metresPerDegree = 111320.0;
+    static const QString world = wktOf(QStringLiteral("EPSG:4326"));
+    const double toRadians = std::acos(-1.0) / 180.0;
+    std::vector<double> x[2];
+    std::vector<double> y[2];
+    try {
+        for (std::size_t index = 0; index < 2; ++index) {
+            for (const auto& place : places) {
+                x[index].push_back(place[0]);
+                y[index].push_back(place[1]);
+            }
+            std::vector<double> z(places.size(), 0.0);
+            CoordinateTransform(index == 0 ? wkt : other, world).transform(x[index], y[index], z);
+        }
+    } catch (const std::exception&) {
+        return std::nan("");
+    }
+    double worst = std::nan("");
+    for (std::size_t place = 0; place < places.size(); ++place) {
+        const double east = std::remainder(x[0][place] - x[1][place], 360.0) * std::cos(y[0][place] * toRadians);
+        worst = std::fmax(worst, metresPerDegree * std::hypot(east, y[0][place] - y[1][place]));
+    }
+    return worst;
 }
 
 void OgrVertices::start(const ModelObject& object)

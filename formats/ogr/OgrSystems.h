@@ -45,6 +45,17 @@ private:
     Ways m_back;
 };
 
+/// The system that a file says it is in.
+struct WrittenSystem
+{
+    QString wkt;    ///< empty when the format has no way to say it
+    double off = 0; ///< metres that it puts positions from where they are
+};
+
+/// How far apart two systems put the same numbers, in metres on the globe, at the worst of the places that have one; NaN
+/// when there is no way to tell.
+double metresApart(const QString& wkt, const QString& other, const std::vector<std::array<double, 2>>& places);
+
 /// The vertices of an object in the system of the output, a window of them at a time.
 class OgrVertices
 {

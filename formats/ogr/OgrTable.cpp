@@ -50,7 +50,7 @@ public:
     {
     }
 
-    void add(const QString& name, AttributeKind kind, const QString& unit)
+    void add(const QString& name, AttributeKind kind, const QString& unit, TextMeaning meaning)
     {
         if (!m_selection.wantsAttribute(name))
             return;
@@ -59,6 +59,8 @@ public:
         if (known != m_index.constEnd()) {
             OgrColumn& column = columns[static_cast<std::size_t>(*known)];
             column.kind = common(column.kind, written);
+            if (column.meaning != meaning)
+                column.meaning = TextMeaning::Plain;
             return;
         }
         m_index.insert(name, static_cast<int>(columns.size()));
@@ -66,6 +68,7 @@ public:
         column.attribute = name;
         column.kind = written;
         column.unit = unit;
+        column.meaning = meaning;
         columns.push_back(column);
     }
     void noteMissing(const OgrLayer& layer, Findings& findings) const
@@ -145,8 +148,7 @@ void nameFields(std::vector<OgrColumn>& columns, const OgrExportSettings& settin
     }
 }
 
-/// The exporter rewrites a text field "type" by a field "dip" of real numbers.
-void prepareDips(OgrTable& table)
+void findDips(OgrTable& table)
 {
     for (std::size_t index = 0; index < table.columns.size(); ++index) {
         const OgrColumn& column = table.columns[index];
@@ -156,8 +158,6 @@ void prepareDips(OgrTable& table)
         if (column.kind == AttributeKind::Text && column.field.toLower() == QLatin1String("type"))
             table.type = static_cast<int>(index);
     }
-    if (table.dip >= 0 && table.type >= 0)
-        table.columns[static_cast<std::size_t>(table.dip)].kind = AttributeKind::Real;
 }
 
 void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection, Findings& findings)
@@ -201,6 +201,16 @@ const ObjectAttribute* objectAttributeOf(const ModelObject& object, const QStrin
     return named(object.objectAttributes, name, hint);
 }
 
+QString withDirection(const QString& type, const QVariant& dip)
+{
+    if (type.isEmpty() || dip.isNull())
+        return type;
+    const double degrees = dip.toDouble();
+    if (degrees == 0.0)
+        return QStringLiteral("Horizontal ") + type;
+    return degrees == 90.0 ? QStringLiteral("Vertical ") + type : type;
+}
+
 QVariant writtenValue(const OgrColumn& column, const QVariant& value)
 {
     if (value.isNull())
@@ -233,13 +243,17 @@ std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& 
     for (const ModelObject* object : layer.objects) {
         if (layer.shape == OgrShape::Points) {
             for (const AttributeColumn& column : object->vertexAttributes)
-                collector.add(column.name, column.kind, column.unit);
+                collector.add(column.name, column.kind, column.unit, column.meaning);
         }
         for (const ObjectAttribute& attribute : object->objectAttributes)
-            collector.add(attribute.name, attribute.kind, attribute.unit);
+            collector.add(attribute.name, attribute.kind, attribute.unit, attribute.meaning);
     }
     collector.noteMissing(layer, findings);
     std::vector<OgrColumn> columns = std::move(collector.columns);
+    for (OgrColumn& column : columns) {
+        if (std::find(traits.moments.begin(), traits.moments.end(), column.meaning) == traits.moments.end())
+            column.meaning = TextMeaning::Plain;
+    }
     addOwnColumns(columns, layer, settings, traits);
     dropSuperfluous(columns, traits.mostFields, findings);
     nameFields(columns, settings, traits, findings);
@@ -252,19 +266,23 @@ void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings
 {
     table.foreignTexts.clear();
     if (settings.dipInType)
-        prepareDips(table);
+        findDips(table);
+    const bool directed = table.dip >= 0 && table.type >= 0;
     qint64 booleans = 0;
     QString firstBoolean;
-    for (OgrColumn& column : table.columns) {
+    for (std::size_t index = 0; index < table.columns.size(); ++index) {
+        OgrColumn& column = table.columns[index];
+        const bool isType = directed && table.type == static_cast<int>(index);
+        const OgrColumn* dip = isType ? &table.columns[static_cast<std::size_t>(table.dip)] : nullptr;
         const auto scanned = [&](bool exact) {
-            OgrColumnScan made(column, traits.mostTextBytes, exact);
+            OgrColumnScan made(column, dip, traits, exact);
             for (const ModelObject* object : layer.objects)
                 made.look(*object, layer.shape, featuresOf(layer, *object), progress);
             return made;
         };
         const OgrColumnScan scan = scanned(false);
-        scan.size(column, traits, settings.decimals);
-        (scan.rounds(column) ? scanned(true) : scan).report(column, traits, findings);
+        scan.size(column, settings.decimals);
+        (scan.rounds(column) ? scanned(true) : scan).report(column, findings);
         table.foreignTexts += scan.foreignTexts();
         if (column.kind == AttributeKind::Boolean && !traits.booleans && booleans++ == 0)
             firstBoolean = column.attribute;
@@ -278,7 +296,13 @@ QVector<kpBaseExport::OGRAttributeInfo> OgrTable::fields() const
     QVector<kpBaseExport::OGRAttributeInfo> infos;
     for (const OgrColumn& column : columns) {
         OGRFieldType fieldType = OFTString;
-        if (column.kind == AttributeKind::Real)
+        if (column.meaning == TextMeaning::Date)
+            fieldType = OFTDate;
+        else if (column.meaning == TextMeaning::Time)
+            fieldType = OFTTime;
+        else if (column.meaning == TextMeaning::DateTime)
+            fieldType = OFTDateTime;
+        else if (column.kind == AttributeKind::Real)
             fieldType = OFTReal;
         else if (column.kind != AttributeKind::Text)
             fieldType = OFTInteger;

@@ -33,6 +33,7 @@ struct OgrColumn
     QString attribute;                        ///< name in the model
     QString unit;                             ///< of the first object that has it
     AttributeKind kind = AttributeKind::Text; ///< as written, whatever the objects' own kinds
+    TextMeaning meaning = TextMeaning::Plain; ///< dates and times that have a field of their own
     QString field;                            ///< name in the file
     int width = 0;
     int decimals = 0;
@@ -47,7 +48,8 @@ struct OgrTable
     bool onlyLatin = true; ///< no text but in ASCII
     QString foreignTexts;  ///< each character beyond ASCII that occurs, once
 
-    /// The index of the last column that the exporter takes for "dip" or "type"; -1 for none.
+    /// Where "Horizontal " or "Vertical " goes before texts of the field "type": the index of the last numbers "dip" and
+    /// of the last texts "type"; -1 for none.
     int dip = -1;
     int type = -1;
 
@@ -66,6 +68,9 @@ void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings
 
 /// \a value as the column holds it; an invalid one for a missing value.
 QVariant writtenValue(const OgrColumn& column, const QVariant& value);
+
+/// The text of a type, which says first whether the \a dip beside it is level or upright.
+QString withDirection(const QString& type, const QVariant& dip);
 
 /// The attribute of that name, or null. \a hint is where it was in the object before: objects of one source have their
 /// attributes in one order.

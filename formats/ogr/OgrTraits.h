@@ -2,9 +2,12 @@
 #pragma once
 
 #include "formats/ogr/FieldNames.h"
+#include "model/AttributeColumn.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 namespace kpFormats
 {
@@ -12,20 +15,22 @@ namespace kpFormats
 /// What the files of an OGR driver can hold.
 struct OgrTraits
 {
-    QString driver;            ///< its name, "ESRI Shapefile"
-    QString fileKind;          ///< for messages, "Shapefile"
-    FieldNameRules names;      ///< of fields
-    QStringList reserved;      ///< beginnings of names that a layer may not have
-    int mostFields = 0;        ///< 0 for no limit
-    int mostTextBytes = 0;     ///< of a text in a field; 0 for no limit
-    bool sizedTexts = false;   ///< a text field has a width
-    bool sizedNumbers = false; ///< numbers are decimal text in a field of a width
-    bool booleans = true;      ///< false: they become 0 and 1
-    bool nulls = true;         ///< false: a missing number becomes 0, a missing text an empty one
-    bool emptyTexts = true;    ///< an empty text can be told from a missing one
-    bool heights = true;       ///< coordinates have a z
-    int firstId = 1;           ///< number that the driver gives the first feature
-    bool manyLayers = false;   ///< points, lines and polygons go into one file
+    QString driver;                   ///< its name, "ESRI Shapefile"
+    QString fileKind;                 ///< for messages, "Shapefile"
+    FieldNameRules names;             ///< of fields
+    QStringList reserved;             ///< beginnings of names that a layer may not have
+    int mostFields = 0;               ///< 0 for no limit
+    int mostTextBytes = 0;            ///< of a text in a field; 0 for no limit
+    bool sizedTexts = false;          ///< a text field has a width
+    bool sizedNumbers = false;        ///< numbers are decimal text in a field of a width
+    std::vector<TextMeaning> moments; ///< dates and times that have fields of their own
+    bool utc = false;                 ///< such a field can say that it is in UTC; in no other zone
+    bool booleans = true;             ///< false: they become 0 and 1
+    bool nulls = true;                ///< false: a missing number becomes 0, a missing text an empty one
+    bool emptyTexts = true;           ///< an empty text can be told from a missing one
+    bool heights = true;              ///< coordinates have a z
+    int firstId = 1;                  ///< number that the driver gives the first feature
+    bool manyLayers = false;          ///< points, lines and polygons go into one file
 };
 
 } // namespace kpFormats

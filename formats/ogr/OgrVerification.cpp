@@ -144,8 +144,8 @@ private:
             if (!places.has(vertex))
                 continue;
             m_systemCompared = true;
-            compareOgrSystem(m_layer.GetSpatialRef(), m_file.systems.target(), m_file.traits, places.at(vertex),
-                             m_result);
+            compareOgrSystem(m_layer.GetSpatialRef(), m_file.systems.target(), m_file.written, m_file.traits,
+                             places.at(vertex), m_result);
         }
     }
 

@@ -15,6 +15,7 @@ struct OgrFileExpectation
     std::vector<OgrLayer> layers;
     std::vector<OgrTable> tables; ///< one per layer
     OgrSystems systems;
+    WrittenSystem written;
     OgrTraits traits;
     OgrExportSettings settings;
 };

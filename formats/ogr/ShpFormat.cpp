@@ -124,6 +124,7 @@ OgrTraits ShpFormat::traits() const
     traits.mostTextBytes = 254;
     traits.sizedTexts = true;
     traits.sizedNumbers = true;
+    traits.moments = {TextMeaning::Date};
     traits.booleans = false;
     traits.emptyTexts = false;
     traits.firstId = 0;

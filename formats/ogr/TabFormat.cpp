@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/TabFormat.h"
 #include "formats/ogr/OgrFindings.h"
+#include "formats/ogr/TabSystem.h"
+#include "geo/CoordinateSystems.h"
 
 #include "host/data/AbstractProgress.h"
 #include "model/OutputUnit.h"
@@ -31,6 +33,8 @@ struct Bounds
 {
     double least[2] = {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
     double most[2] = {std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+
+    qint64 count = 0; ///< vertices
 
     bool isEmpty() const { return least[0] > most[0]; }
     void add(const std::array<double, 3>& position)
@@ -100,6 +104,25 @@ double noticedStep(const QString& system, const ModelObject& first)
     return reference.IsGeographic() ? millimetreInDegrees : millimetre / reference.GetLinearUnits();
 }
 
+/// Of all positions in the system of the output; of no use when the user cancels.
+Bounds boundsOf(OgrOutput& output, const kpBase::AbstractProgress* progress)
+{
+    Bounds bounds;
+    OgrVertices vertices(output.systems);
+    for (const ModelObject* object : output.file.objects) {
+        vertices.start(*object);
+        for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
+            if (progress && vertex % (1 << 14) == 0 && progress->isCancelled())
+                return bounds;
+            const std::array<double, 3>& position = vertices.at(vertex);
+            if (!std::isnan(position[0]))
+                bounds.add(position);
+        }
+        bounds.count += object->vertexCount();
+    }
+    return bounds;
+}
+
 } // namespace
 
 FormatInfo TabFormat::info() const
@@ -139,6 +162,7 @@ OgrTraits TabFormat::traits() const
     traits.mostFields = 250;
     traits.mostTextBytes = 254;
     traits.sizedTexts = true;
+    traits.moments = {TextMeaning::Date, TextMeaning::Time, TextMeaning::DateTime};
     traits.booleans = false;
     traits.nulls = false;
     traits.emptyTexts = false;
@@ -150,26 +174,15 @@ void TabFormat::tune(OgrOutput& output, OGRExporterOptions& options, Findings& f
                      const kpBase::AbstractProgress* progress) const
 {
     options.styleByGeometry = output.settings.symbology;
-    Bounds bounds;
-    OgrVertices vertices(output.systems);
-    qint64 count = 0;
-    for (const ModelObject* object : output.file.objects) {
-        vertices.start(*object);
-        for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
-            if (progress && vertex % (1 << 14) == 0 && progress->isCancelled())
-                return;
-            const std::array<double, 3>& position = vertices.at(vertex);
-            if (!std::isnan(position[0]))
-                bounds.add(position);
-        }
-        count += object->vertexCount();
-    }
+    Bounds bounds = boundsOf(output, progress);
+    if (progress && progress->isCancelled())
+        return;
     if (!bounds.isEmpty()) {
         bounds.widen();
         options.layerOptions.append(QStringLiteral("BOUNDS=") + bounds.text());
         if (bounds.step() > noticedStep(output.systems.target(), *output.file.objects.front()))
             findings.note(
-                ogrFinding::coordinatesOnAGrid, QString(), count,
+                ogrFinding::coordinatesOnAGrid, QString(), bounds.count,
                 QStringLiteral(
                     "its step is %1 of the coordinates' unit; export what lies far apart into files of their own")
                     .arg(bounds.step(), 0, 'g', 3));
@@ -185,6 +198,32 @@ void TabFormat::tune(OgrOutput& output, OGRExporterOptions& options, Findings& f
             ogrFinding::textsOfSeveralScripts, QString(), 1,
             QStringLiteral("no character set of MapInfo holds them; they are in UTF-8, which the table cannot tell"));
     }
+}
+
+WrittenSystem TabFormat::writtenSystem(OgrOutput& output, Findings& findings) const
+{
+    const QString& target = output.systems.target();
+    const Bounds bounds = target.isEmpty() ? Bounds() : boundsOf(output, nullptr);
+    if (bounds.isEmpty())
+        return {target, 0.0};
+    // The middle stands in the middle.
+    std::vector<std::array<double, 2>> places;
+    for (const double x : {0.0, 0.5, 1.0}) {
+        for (const double y : {0.0, 0.5, 1.0})
+            places.push_back({bounds.least[0] + x * (bounds.most[0] - bounds.least[0]),
+                              bounds.least[1] + y * (bounds.most[1] - bounds.least[1])});
+    }
+    const WrittenSystem system = tabSystem(target, places);
+    constexpr double noticed = 0.01;
+    if (system.wkt.isEmpty())
+        findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+                      QStringLiteral("a MapInfo table has no way to say %1").arg(crsName(target)));
+    else if (system.off > noticed)
+        findings.note(ogrFinding::coordinateSystemApproximate, QString(), 1,
+                      QStringLiteral("%1: readers will place the file up to %2 m beside where it is")
+                          .arg(crsName(target))
+                          .arg(system.off, 0, 'g', 2));
+    return system;
 }
 
 void TabFormat::addStyle(const OgrOutput& output, Findings& findings) const

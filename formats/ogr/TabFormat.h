@@ -21,6 +21,7 @@ public:
     QStringList extensions() const override;
     void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
+    WrittenSystem writtenSystem(OgrOutput& output, Findings& findings) const override;
     void addStyle(const OgrOutput& output, Findings& findings) const override;
     void check(const OgrOutput& output, Findings& findings) const override;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/AutomaticDecimals.h"
 #include "model/OutputUnit.h"
 
 #include <QString>
@@ -18,7 +19,7 @@ struct ZMapExportSettings
     OutputUnit lengthUnit = OutputUnit::Model; ///< of positions and heights
     bool zIsElevation = true;                  ///< false: heights are written as depth, positive down
     double nullValue = -99999.0;               ///< stands for a node without a value
-    int decimals = 4;                          ///< of the values
+    int decimals = automaticDecimals;          ///< of the values; -1 for as many as they need
     Registration registration =
         Registration::Nodes; ///< the header's limits: outermost nodes, or outer corners of the pixels around them
     int nodesPerLine = 5;    ///< values in a line

@@ -35,6 +35,31 @@ std::string fixedText(double value, int decimals)
 
 using Survey = ZMapFile::Survey;
 
+/// Calls \a look with each value that is there.
+template <typename Look>
+void eachValue(const ZMapGrid& grid, Look look)
+{
+    for (int row = 0; row < grid.rows(); ++row) {
+        for (int column = 0; column < grid.columns(); ++column) {
+            const double value = grid.value(column, row);
+            if (std::isfinite(value))
+                look(value);
+        }
+    }
+}
+
+/// With the decimals that the values need where none are chosen.
+ZMapExportSettings withDecimals(ZMapExportSettings settings, const ZMapGrid& grid)
+{
+    constexpr int usual = 4;
+    if (settings.decimals != automaticDecimals)
+        return settings;
+    DecimalsNeed need;
+    eachValue(grid, [&need](double value) { need.add(value); });
+    settings.decimals = need.decimals(usual);
+    return settings;
+}
+
 /// \throws ExportError naming \a file when a value is too wide
 Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const QString& file)
 {
@@ -150,9 +175,14 @@ ZMapFile::ZMapFile(PlannedFile planned, const ExportSelection& selected, ZMapExp
     : PreparedFile(std::move(planned), selected)
     , m_settings(std::move(settings))
     , m_grid(*file().objects.front(), m_settings, file().path)
-    , m_survey(surveyOf(m_grid, m_settings, file().path))
 {
+    m_settings = withDecimals(m_settings, m_grid);
+    m_survey = surveyOf(m_grid, m_settings, file().path);
     noteLosses(*file().objects.front(), m_settings, m_survey, findings);
+    RoundedToZero zeros(m_settings.decimals);
+    eachValue(m_grid, [&zeros](double value) { zeros.add(value); });
+    zeros.note(file().objects.front()->name,
+               m_settings.attribute.isEmpty() ? QStringLiteral("the heights") : m_settings.attribute, findings);
 }
 
 qint64 ZMapFile::write(const QString& path, Findings&, kpBase::AbstractProgress* progress)

@@ -29,7 +29,8 @@ SettingsTable ZMapFormat::settings() const
     addLengthUnit(table, &S::lengthUnit, tr("unit of positions and heights; model keeps each object's own"));
     addElevation(table, &S::zIsElevation);
     table.addReal("nullValue", &S::nullValue, -1e30, 1e30, tr("Null value"), tr("stands for a node without a value"));
-    table.addInteger("decimals", &S::decimals, 0, 12, tr("Decimals"), tr("decimals of the values"));
+    table.addInteger("decimals", &S::decimals, automaticDecimals, 12, tr("Decimals"),
+                     tr("decimals of the values; -1 for as many as they need"));
     table.addChoice("registration", &S::registration, tr("Registration"),
                     {{QStringLiteral("nodes"), tr("outermost nodes")},
                      {QStringLiteral("corners"), tr("outer corners of the pixels")}},

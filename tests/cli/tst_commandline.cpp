@@ -66,7 +66,8 @@ void CommandLineTest::exportsALine_data()
         QTest::newRow(name) << settings << QByteArray(expected);
     };
     const auto set = [](const char* text) { return QStringList{QStringLiteral("--set"), QString::fromLatin1(text)}; };
-    row("defaults", {}, "X,Y,Z,name,grade\n6789012.346,100.500,-1.000,Грифон,1.250\n2.000,3.000,4.000,a, b,99999\n");
+    row("defaults", {},
+        "X,Y,Z,name,grade\n6789012.346,100.500,-1.000,Грифон,1.250\n2.000,3.000,4.000,\"a, b\",99999\n");
     row("tab, depth, no header",
         set("separator=tab") + set("zIsElevation=false") + set("header=false") + set("decimals=1"),
         "6789012.3\t100.5\t1.0\tГрифон\t1.3\n2.0\t3.0\t-4.0\ta, b\t99999\n");
@@ -109,7 +110,12 @@ void CommandLineTest::wrongUse_data()
     row("export points.csv --format ascii", 2, "no output is given");
     row("export points.csv --format ascii --output a --set nothing=1", 2,
         "nothing: there is no such setting (settings of this format: mode");
-    row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from 0 to 17");
+    row("export points.csv --format ascii --output a --set decimals=18", 2, "give a whole number from -1 to 17");
+    for (const char* text : {"", "5", "1.5", "--"})
+        row(qPrintable(QStringLiteral("export points.csv --format ascii --output a --set separator=custom --set "
+                                      "customSeparator=%1")
+                           .arg(QLatin1String(text))),
+            2, "customSeparator: ");
     row("export points.csv --format ascii --output a --set separator", 2, "write KEY=VALUE");
     row("export points.csv --format ascii --output a --type thing", 2, "thing: there is no such type");
     row("export points.csv --format ascii --output a --object nobody", 3, "no object matches");
@@ -259,7 +265,8 @@ void CommandLineTest::reportAndStrict()
         run({QStringLiteral("export"), QStringLiteral("points.csv"), QStringLiteral("--format"),
              QStringLiteral("ascii"), QStringLiteral("--output"), QStringLiteral("o"), QStringLiteral("--attribute"),
              QStringLiteral("none"), QStringLiteral("--attribute"), QStringLiteral("name"), QStringLiteral("--strict"),
-             QStringLiteral("--quiet"), QStringLiteral("--report"), QStringLiteral("r.json")});
+             QStringLiteral("--set"), QStringLiteral("quoting=none"), QStringLiteral("--quiet"),
+             QStringLiteral("--report"), QStringLiteral("r.json")});
     QCOMPARE(result.code, 5);
     QCOMPARE(result.out, QString());
     const QJsonObject report = QJsonDocument::fromJson(read("r.json")).object();
@@ -293,7 +300,7 @@ void CommandLineTest::formatsAsJson()
     for (const QJsonValue& setting : formats.first().toObject().value(QStringLiteral("settings")).toArray())
         keys.append(setting.toObject().value(QStringLiteral("key")).toString());
     QCOMPARE(keys.join(QLatin1Char(' ')),
-             QStringLiteral("mode separator customSeparator header preset decimals writeNullValue "
+             QStringLiteral("mode separator customSeparator quoting header preset decimals missingZ writeNullValue "
                             "nullValue lineBreaks guardFormulas zIsElevation grouping"));
 }
 

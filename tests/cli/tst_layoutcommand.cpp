@@ -161,7 +161,7 @@ void LayoutCommandTest::objectsThatDiffer()
     QVERIFY2(result.code == 0, qPrintable(result.error));
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("out*")}),
              QStringList({QStringLiteral("out_points.txt"), QStringLiteral("out_two 1.txt")}));
-    QCOMPARE(read("out_points.txt"), QByteArray("Z,n,name\n-1.00,99999,Грифон\n4.00,99999,a, b\n"));
+    QCOMPARE(read("out_points.txt"), QByteArray("Z,n,name\n-1.00,99999,Грифон\n4.00,99999,\"a, b\"\n"));
     QCOMPARE(read("out_two 1.txt"), QByteArray("Z,n,name\n5.00,1,99999\n6.00,1,99999\n"));
 }
 

@@ -299,6 +299,14 @@ void AsciiPageTest::separatorHint()
     ModelObject object = points("texts", {1, 2}, {1, 2}, {1, 2});
     object.vertexAttributes = {
         columnOf(QStringLiteral("Unit"), AttributeKind::Text, {QStringLiteral("sand, silt"), QStringLiteral("a;b")})};
+    // In quotes they do no harm.
+    {
+        Page quoted(*m_context, {add(object)});
+        QTRY_COMPARE(quoted.preview(),
+                     QStringLiteral("X,Y,Z,Unit\n1.000,1.000,1.000,\"sand, silt\"\n2.000,2.000,2.000,a;b\n"));
+        QVERIFY(quoted.hints().isEmpty());
+    }
+    m_context->formats.find("ascii")->settings.set(QStringLiteral("quoting"), QStringLiteral("none"));
     Page page(*m_context, {add(object)});
     QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The separator stands in texts of Unit: \"sand, silt\".")});
     page.cure();
@@ -495,9 +503,8 @@ void AsciiPageTest::gridIndices()
         page.takeIn(row);
     QCOMPARE(page.fields(), words("i j Z"));
     page.wizard.slotSaveClicked(path("grid.txt"), true);
-    QCOMPARE(
-        contentOf(path("grid.txt")),
-        QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,99999\n99999,99999,9.000\n"));
+    QCOMPARE(contentOf(path("grid.txt")),
+             QByteArray("i,j,Z\n1,1,5.000\n2,1,5.000\n3,1,5.000\n1,2,5.000\n2,2,5.000\n3,2,\n99999,99999,9.000\n"));
 }
 
 void AsciiPageTest::savedBeforeTheColumnsFit()

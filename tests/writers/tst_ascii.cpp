@@ -115,6 +115,22 @@ private Q_SLOTS:
              field("Colour", 0), field("none", 2)},
             "Z;Z;Gap;Count;Flag;Rock Type;Colour;none\n150.0;;0.0;0;;;#ff0010;\n152.5;;7.0;12;;Ürün 岩石;;\n",
             [](Writer& writer) { writer.zIsElevation = false; });
+        const auto quoting = [](Writer::Quoting which) {
+            return [which](Writer& writer) {
+                writer.quoting = which;
+                qDeleteAll(writer.geoObject()->vertexAttributeData());
+                writer.geoObject()->vertexAttributeData() = {
+                    new VariantMatrixData(QStringLiteral("a;\"b\""), MatrixData::String,
+                                          {QStringLiteral("x;y"), QStringLiteral("in\nch \"")})};
+            };
+        };
+        const Field hard = field("a;\"b\"", 0);
+        row("quotes: none", {field("x", 0), hard}, "X;a;\"b\"\n1000;x;y\n1010;in\nch \"\n",
+            quoting(Writer::Quoting::None));
+        row("quotes: needed", {field("x", 0), hard}, "X;\"a;\"\"b\"\"\"\n1000;\"x;y\"\n1010;\"in\nch \"\"\"\n",
+            quoting(Writer::Quoting::Needed));
+        row("quotes: all", {field("x", 0), hard}, "\"X\";\"a;\"\"b\"\"\"\n1000;\"x;y\"\n1010;\"in\nch \"\"\"\n",
+            quoting(Writer::Quoting::All));
         row("missing values as the null value",
             {field("Gap", 1), field("Count", 1), field("Rock Type", 0), field("none", 2)},
             "Gap;Count;Rock Type;none\n99999;99999;;99999\n7.0;12;Ürün 岩石;99999\n",

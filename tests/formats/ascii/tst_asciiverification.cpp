@@ -45,6 +45,8 @@ void AsciiVerificationTest::everyForm_data()
     textRows({"settings"}, {{"mode=columns"},
                             {"separator=tab"},
                             {"separator=comma"},
+                            {"quoting=all;lineBreaks=true"},
+                            {"quoting=none;separator=semicolon"},
                             {"separator=blank;lineBreaks=true"},
                             {"preset=surfer"},
                             {"header=false;preset=arcview"},
@@ -72,11 +74,11 @@ void AsciiVerificationTest::wrongCharacters_data()
         {{"6789012.346", "6789012.347", "Top, row 1, x: 6789012.347 was read instead of 6789012.3456"},
          {"-12.500", "12.500", "Top, row 3, z: 12.5 was read instead of -12.5"},
          {"7.000", "7,000", "Top, row 3, grade: \"7,000\" was read instead of 7"},
-         {"2.500\t0.001\t99999", "2.500\t0.001\t0.000", "Top, row 2, z: \"0.000\" was read instead of a missing value"},
-         {"99999\t99999\t", "99999\t0.000\t", "Top, row 2, grade: \"0.000\" was read instead of a missing value"},
+         {"2.500\t0.001\t\t", "2.500\t0.001\t0.000\t", "Top, row 2, z: \"0.000\" was read instead of a missing value"},
+         {"\t99999\t", "\t0.000\t", "Top, row 2, grade: \"0.000\" was read instead of a missing value"},
          {"3.000\t10000000.000\t-12.500\t7.000\tshale\n", "", "Top: it ends at row 2 of 3"},
          {"a,b;c", "a,b,c", "Top, row 1, rock: \"a,b,c\" was read instead of \"a,b;c\""},
-         {"99999\t99999\t\n", "99999\t99999\tsand\n", "Top, row 2, rock: \"sand\" was read instead of a missing value"},
+         {"\t\t99999\t\n", "\t\t99999\tsand\n", "Top, row 2, rock: \"sand\" was read instead of a missing value"},
          {"grade", "ore", "file, header"},
          {"shale\n", "shale\n1\t2\t3\t4\tx\n", "there are more lines than vertices"}});
 }

@@ -209,6 +209,9 @@ void DxfTest::colours()
     object.color = QColor(200, 10, 10);
     const SaverRun run("dxf", {object, object}, path("a.dxf"));
     QCOMPARE(run.findings(), QStringLiteral("colour changed: 2"));
+    // One that nobody chose is no loss.
+    object.colorIsOwn = false;
+    QCOMPARE(SaverRun("dxf", {object}, path("b.dxf")).findings(), QString());
     for (int index = 10; index < 250; ++index) {
         const QColor colour = indexedColour(index);
         QCOMPARE(indexedColour(nearestColourIndex(colour)), colour);
@@ -362,7 +365,7 @@ void DxfTest::leftOut()
     named.objectAttributes = {{QStringLiteral("age"), AttributeKind::Integer, QString(), 65}};
     const std::vector<ModelObject> objects{
         objectOf(ObjectType::VertexClouds, QStringLiteral("V"),
-                 {{none, 0, 0}, {0, infinite, 0}, {0, 0, none}, {1, 1, 1}}, ""),
+                 {{none, 0, 0}, {0, infinite, 0}, {0, 0, none}, {1, 1e300, 1}, {1, 1, -1e16}, {1, 1, 1}}, ""),
         objectOf(ObjectType::Polylines, QStringLiteral("one point"), {{1, 2, 3}}, ""),
         objectOf(ObjectType::Polygons, QStringLiteral("unclosed"), {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, ""),
         objectOf(ObjectType::Polylines, QStringLiteral("empty"), {}, ""),
@@ -373,7 +376,7 @@ void DxfTest::leftOut()
     QCOMPARE(
         run.findings(),
         QStringLiteral(
-            "object left out: 2, attribute not written: 1, position left out: 3, line of fewer than two points left "
+            "object left out: 2, attribute not written: 1, position left out: 5, line of fewer than two points left "
             "out: 1, object left out: 1, "
             "ring closed: 1, line of fewer than two points left out: 1"));
     KP_VALIDATE("dxf.py", QStringLiteral("--expect"), QStringLiteral("POLYLINE=1"), path("a.dxf"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the vector formats cannot hold as it is: names, values, sizes, character sets, shapes, colours.
 #include "formats/ogr/FieldNames.h"
+#include "formats/ogr/OgrTable.h"
 #include "tests/formats/ogr/OgrTestTools.h"
 #include "tests/support/TextRows.h"
 
@@ -37,7 +38,10 @@ private Q_SLOTS:
     void wideTable_data();
     void wideTable();
     void tableEndsOnce();
+    void dipAndType_data();
     void dipAndType();
+    void moments_data();
+    void moments();
     void styles();
     void tabGrid();
     void tabCharacterSets_data();
@@ -59,8 +63,10 @@ void OgrLimitsTest::names_data()
                                            {"пористость|пористость2", "порис|пори_1", ""},
                                            {"", "field", ""},
                                            {"fid", "fid_1", ""},
-                                           {"Größe|Grösse", "Gro_e|Grosse", "ascii"},
-                                           {"Глубина", "_______", "ascii"}});
+                                           {"Größe|Grösse", "Grosse|Grosse_1", "ascii"},
+                                           {"Глубина|Щебень", "Glubina|Shcheben", "ascii"},
+                                           {"Βάθος", "Bathos", "ascii"},
+                                           {"深度", "__", "ascii"}});
 }
 
 void OgrLimitsTest::names()
@@ -228,21 +234,93 @@ void OgrLimitsTest::tableEndsOnce()
     }
 }
 
+void OgrLimitsTest::dipAndType_data()
+{
+    ogrFormatRows();
+}
+
 void OgrLimitsTest::dipAndType()
 {
-    const QStringList types{QStringLiteral("Fault"), QStringLiteral("Bed"), QStringLiteral("Bed"),
-                            QStringLiteral("Bed")};
-    SaverRun run("gpkg",
+    QFETCH(QString, format);
+    const QString longest(250, QLatin1Char('x'));
+    const QStringList types{QStringLiteral("Fault"), QStringLiteral("Bed"), longest, longest};
+    SaverRun run(format,
                  {cloudOf(QStringLiteral("o"), {1, 2, 3, 4},
-                          {columnOf(QStringLiteral("Dip"), AttributeKind::Integer, {90, 0, 45, QVariant()}),
+                          {columnOf(QStringLiteral("Dip"), AttributeKind::Integer, {90, 0, 90, QVariant()}),
                            textsOf("TYPE", types)})},
-                 path("dip.gpkg"), "dipInType=true");
-    QCOMPARE(fieldTexts(run.selection.path, "TYPE").join(QLatin1Char('|')),
-             QStringLiteral("Vertical Fault|Horizontal Bed|Bed|Bed"));
-    QCOMPARE(run.findings(), QStringLiteral("type has Horizontal or Vertical before it: 2"));
+                 path(QStringLiteral("dip.") + format), "dipInType=true;crs=EPSG:4326");
+    // Tables hold 254 bytes.
+    const bool cut = format == QLatin1String("shp") || format == QLatin1String("tab");
+    QString upright = QStringLiteral("Vertical ") + longest;
+    upright.truncate(cut ? 254 : 300);
+    const QString file = run.files.front().path;
+    QCOMPARE(fieldTexts(file, "TYPE"),
+             (QStringList{QStringLiteral("Vertical Fault"), QStringLiteral("Horizontal Bed"), upright, longest}));
+    QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 3);
+    QCOMPARE(run.countOf(QStringLiteral("text cut")), cut ? 1 : 0);
+    QCOMPARE(run.fault(), QString());
     QVERIFY(run.again("dipInType=false"));
-    QCOMPARE(fieldTexts(run.selection.path, "TYPE"), types);
-    QCOMPARE(run.findings(), QString());
+    QCOMPARE(fieldTexts(file, "TYPE"), types);
+    QCOMPARE(run.countOf(QStringLiteral("type has Horizontal or Vertical before it")), 0);
+}
+
+void OgrLimitsTest::moments_data()
+{
+    textRows({"format", "types", "findings"},
+             {{"shp", "shp", "Date String String String", ""},
+              {"tab", "tab", "Date Time String String", "dates written as texts: 2"},
+              {"gpkg", "gpkg", "Date String DateTime String", "dates written as texts: 1"},
+              {"geojson", "geojson", "Date Time DateTime DateTime", ""}});
+}
+
+void OgrLimitsTest::moments()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, types);
+    QFETCH(QString, findings);
+    const auto column = [](const char* name, TextMeaning meaning, const QStringList& texts) {
+        AttributeColumn made = textsOf(name, texts);
+        made.meaning = meaning;
+        made.values.append(QVariant());
+        return made;
+    };
+    const std::vector<AttributeColumn> columns{
+        column("day", TextMeaning::Date, {QStringLiteral("2024-02-29"), QStringLiteral("1850-06-01")}),
+        column("hour", TextMeaning::Time, {QStringLiteral("13:45:00"), QStringLiteral("23:59:59.999")}),
+        column("moment", TextMeaning::DateTime,
+               {QStringLiteral("2024-02-29T13:45:00Z"), QStringLiteral("1850-06-01T00:00:00.250Z")}),
+        column("zoned", TextMeaning::DateTime,
+               {QStringLiteral("2024-02-29T13:45:00+02:00"), QStringLiteral("1850-06-01T00:00:00Z")})};
+    const SaverRun run(format, {cloudOf(QStringLiteral("o"), {1, 2, 3}, columns)},
+                       path(QStringLiteral("moments.") + format), "crs=EPSG:4326;objectName=false;color=false");
+    QCOMPARE(run.fault(), QString());
+    QString told = run.findings();
+    QCOMPARE(told.remove(QRegularExpression(QStringLiteral("^z dropped: 3, |, missing text.*|^missing text.*"))),
+             findings);
+    const QString file = run.files.front().path;
+    {
+        const GDALDatasetUniquePtr dataset = openVector(file);
+        QStringList read;
+        for (const char* name : {"day", "hour", "moment", "zoned"}) {
+            OGRFeatureDefn* definition = dataset->GetLayer(0)->GetLayerDefn();
+            const int field = definition->GetFieldIndex(name);
+            read.append(QLatin1String(OGRFieldDefn::GetFieldTypeName(definition->GetFieldDefn(field)->GetType())));
+        }
+        QCOMPARE(read.join(QLatin1Char(' ')), types);
+    }
+    // Whatever its kind there, each comes back as it was.
+    const std::vector<ModelObject> back = loaded(file);
+    for (const AttributeColumn& wanted : columns) {
+        std::size_t hint = 0;
+        QVector<QVariant> values;
+        for (const ModelObject& object : back) {
+            const AttributeColumn* found = vertexAttributeOf(object, wanted.name, hint);
+            QVERIFY2(found, qPrintable(wanted.name));
+            values += found->values;
+        }
+        QCOMPARE(values.mid(0, 2), wanted.values.mid(0, 2));
+        QVERIFY(values.last().toString().isEmpty());
+    }
 }
 
 void OgrLimitsTest::styles()
@@ -333,8 +411,10 @@ void OgrLimitsTest::surfaces()
     SaverRun run("shp", {mesh, grid}, path("surface.shp"), "surfaces=points");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(geometryTexts(run.selection.path).size(), 4 + 8);
+    QCOMPARE(run.findings(), QStringLiteral("node without a height left out: 1"));
     QVERIFY(run.again("surfaces=polygons"));
     QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(), QStringLiteral("cell without a height left out: 1"));
     const QStringList polygons = geometryTexts(run.selection.path);
     QCOMPARE(polygons.size(), 2 + 3);
     QCOMPARE(polygons[1], QStringLiteral("POLYGON ((0 0 0,0 1 3,1 1 2,0 0 0))"));
