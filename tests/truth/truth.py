@@ -165,9 +165,8 @@ def export(program, path, key, folder):
     return files, findings, complaint
 
 
-def compare(program, path, key):
-    """\"equal\", \"told: ...\", \"refused\" or \"SILENT: ...\"."""
-    source = SOURCE_READERS[os.path.splitext(path)[1].lower()](path)
+def compare(program, path, source, key):
+    """"equal", "told", "refused" or "SILENT", and what about it."""
     with tempfile.TemporaryDirectory() as folder:
         files, findings, complaint = export(program, path, key, folder)
         if complaint:
@@ -209,7 +208,7 @@ def data_sets(folder, sample):
         except (ValueError, RuntimeError):
             continue
         if facts.positions:
-            sets.append(path)
+            sets.append((path, facts))
     return sets
 
 
@@ -226,14 +225,14 @@ def main():
         return 77
     lines = ["| data set | " + " | ".join(FORMATS) + " |", "|---" * (len(FORMATS) + 1) + "|"]
     count = {"equal": 0, "told": 0, "refused": 0, "SILENT": 0}
-    for path in sets:
+    for path, source in sets:
         cells = []
         for key in FORMATS:
-            verdict, text = compare(options.program, path, key)
+            verdict, text = compare(options.program, path, source, key)
             count[verdict] += 1
             cells.append(verdict)
             if verdict == "SILENT":
-                print("%s as %s: %s" % (os.path.basename(path), key, text))
+                print("%s as %s: %s" % (os.path.basename(path), key, text), flush=True)
         folder, name = os.path.split(path)
         lines.append("| %s/%s | %s |" % (os.path.basename(folder), name, " | ".join(cells)))
     summary = "%d pairs: %d equal, %d told, %d refused, %d silent" % (
