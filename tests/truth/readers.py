@@ -229,5 +229,5 @@ def grdecl(path):
         if word.startswith("/"):
             break
         count, _, value = word.rpartition("*")
-        facts.positions += [(0.0, 0.0, -float(value))] * int(count or 1)
+        facts.positions += [(-float(value), 0.0, -float(value))] * int(count or 1)
     return facts

@@ -82,7 +82,7 @@ class Places:
     def __init__(self, positions, flat_step, height_step):
         self.steps = (flat_step, flat_step, height_step)
         self.cells = {}
-        for place in positions:
+        for place in dict.fromkeys(positions):
             self.cells.setdefault(self.cell(place), []).append(place)
 
     def cell(self, place):
@@ -125,8 +125,8 @@ def differences(source, written, key, renamed):
             found["height"] = "%s has one" % (invented[0],)
     there = Places(written.positions, step, 6e-4)
     back = Places(places, step, 6e-4)
-    missing = [place for place in places if not there.near(place)]
-    extra = [place for place in written.positions if not back.near(place)]
+    missing = [place for place in dict.fromkeys(places) if not there.near(place)]
+    extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
     if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml"):
