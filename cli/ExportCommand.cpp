@@ -11,11 +11,15 @@
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
 #include "export/TargetPath.h"
+#include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -187,6 +191,28 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
     return codeOf(plan.foreseen, request);
 }
 
+/// A report with what it is of: the program, its inputs, the objects and every setting.
+QJsonObject withOrigin(QJsonObject report, const PreparedExport& prepared, const ExportRequest& request)
+{
+    report.insert(QStringLiteral("schema"), QStringLiteral("kpexport-report-1"));
+    report.insert(QStringLiteral("version"), QCoreApplication::applicationVersion());
+    report.insert(QStringLiteral("inputs"), QJsonArray::fromStringList(request.models));
+    QJsonArray objects;
+    for (const ModelObject* object : prepared.selection().objects) {
+        objects.append(QJsonObject{{QStringLiteral("id"), object->id},
+                                   {QStringLiteral("name"), object->name},
+                                   {QStringLiteral("source"), object->source},
+                                   {QStringLiteral("system"), crsName(object->crs)},
+                                   {QStringLiteral("unit"), object->lengthUnit}});
+    }
+    report.insert(QStringLiteral("objects"), objects);
+    QJsonObject settings;
+    for (const Setting& setting : prepared.settings().settings())
+        settings.insert(setting.key, prepared.settings().get(setting));
+    report.insert(QStringLiteral("settings"), settings);
+    return report;
+}
+
 int exitCode(const ExportReport& report, const ExportRequest& request)
 {
     if (report.cancelled) {
@@ -281,7 +307,7 @@ int runRequest(const ExportRequest& request)
             printProtected(existing);
             code = NotAllWritten;
         }
-        return reportFile.write(plan.toJson(request.format)) ? code : NotAllWritten;
+        return reportFile.write(withOrigin(plan.toJson(request.format), prepared, request)) ? code : NotAllWritten;
     }
     if (!existing.isEmpty()) {
         printProtected(existing);
@@ -289,7 +315,7 @@ int runRequest(const ExportRequest& request)
     }
     const ExportReport report = runExport(prepared, &progress);
     progress.progressFinished();
-    const bool reported = reportFile.write(report.toJson(request.format));
+    const bool reported = reportFile.write(withOrigin(report.toJson(request.format), prepared, request));
     const int code = exitCode(report, request);
     return code == AllWritten && !reported ? NotAllWritten : code;
 }

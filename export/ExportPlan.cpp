@@ -24,8 +24,10 @@ FileOutcome foreseenOutcome(const PreparedExport::Output& output)
     outcome.failedObjects = output.failedObjects;
     outcome.error = output.error;
     if (output.file) {
-        for (const ModelObject* object : output.file->file().objects)
+        for (const ModelObject* object : output.file->file().objects) {
             outcome.objects.append(object->name);
+            outcome.ids.append(object->id);
+        }
     }
     try {
         if (outcome.written())

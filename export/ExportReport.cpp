@@ -23,9 +23,13 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
 {
     QJsonArray files;
     for (const FileOutcome& file : m_files) {
+        QJsonArray ids;
+        for (const int id : file.ids)
+            ids.append(id);
         QJsonObject entry{
             {QStringLiteral("path"), file.path},
             {QStringLiteral("objects"), QJsonArray::fromStringList(file.objects)},
+            {QStringLiteral("ids"), ids},
             {QStringLiteral("outcome"), file.written() ? QStringLiteral("written") : QStringLiteral("failed")},
             {QStringLiteral("rows"), file.rows},
             {QStringLiteral("bytes"), file.bytes}};

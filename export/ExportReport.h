@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <optional>
 #include <vector>
@@ -28,6 +29,7 @@ struct KPFORMATS_EXPORT FileOutcome
 {
     QString path;
     QStringList objects;  ///< names of those written
+    QVector<int> ids;     ///< of them: names may be alike
     QStringList sidecars; ///< names of the files written beside it that belong to it
     std::vector<FailedObject> failedObjects;
     std::optional<Verification> verification; ///< when the file was read again

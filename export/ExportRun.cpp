@@ -43,8 +43,10 @@ public:
         }
         m_outcome.failedObjects = m_output.failedObjects;
         if (m_output.file) {
-            for (const ModelObject* object : m_output.file->file().objects)
+            for (const ModelObject* object : m_output.file->file().objects) {
                 m_outcome.objects.append(object->name);
+                m_outcome.ids.append(object->id);
+            }
         }
         return m_outcome;
     }

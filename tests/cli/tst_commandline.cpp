@@ -273,6 +273,15 @@ void CommandLineTest::reportAndStrict()
     const QJsonObject file = report.value(QStringLiteral("files")).toArray().first().toObject();
     QCOMPARE(file.value(QStringLiteral("outcome")).toString(), QStringLiteral("written"));
     QCOMPARE(file.value(QStringLiteral("rows")).toInt(), 2);
+    // What it is of can be told apart and repeated.
+    QCOMPARE(report.value(QStringLiteral("schema")).toString(), QStringLiteral("kpexport-report-1"));
+    QVERIFY(!report.value(QStringLiteral("version")).toString().isEmpty());
+    QVERIFY(report.value(QStringLiteral("inputs")).toArray().first().toString().endsWith(QLatin1String("points.csv")));
+    const QJsonObject object = report.value(QStringLiteral("objects")).toArray().first().toObject();
+    QCOMPARE(object.value(QStringLiteral("unit")).toString(), QStringLiteral("m"));
+    QCOMPARE(file.value(QStringLiteral("ids")).toArray(), (QJsonArray{object.value(QStringLiteral("id"))}));
+    QCOMPARE(report.value(QStringLiteral("settings")).toObject().value(QStringLiteral("quoting")).toString(),
+             QStringLiteral("none"));
     QStringList kinds;
     for (const QJsonValue& finding : report.value(QStringLiteral("findings")).toArray())
         kinds.append(finding.toObject().value(QStringLiteral("kind")).toString());

@@ -1,0 +1,233 @@
+# SPDX-License-Identifier: MIT
+"""Readers of data sets and of written files, independent of the program: GDAL/OGR, ezdxf and plain parsers."""
+import csv
+import math
+import re
+import xml.etree.ElementTree as xml
+import zipfile
+
+from osgeo import gdal, ogr, osr
+
+gdal.UseExceptions()
+
+
+class Facts:
+    """What a file holds: positions, with a height or None, and the values of each attribute, None for a missing one."""
+
+    def __init__(self):
+        self.positions = []
+        self.values = {}
+        self.system = None  # osr.SpatialReference
+        self.per_feature = True  # values are those of features, not of vertices
+
+    def add_row(self, names, values):
+        for name, value in zip(names, values):
+            self.values.setdefault(name, []).append(value)
+
+
+def system_of(reference):
+    """The system, or None for one that stands for none."""
+    if reference is None or reference.IsLocal() or (reference.GetName() or "").startswith("Undefined"):
+        return None
+    system = reference.Clone()
+    system.SetAxisMappingStrategy(osr.OAMS_TRADITIONAL_GIS_ORDER)
+    return system
+
+
+def number(text):
+    try:
+        value = float(text)
+    except (TypeError, ValueError):
+        return None
+    return value if math.isfinite(value) else None
+
+
+def _walk(geometry, positions):
+    if geometry.GetGeometryCount() == 0:
+        high = geometry.GetCoordinateDimension() == 3
+        for index in range(geometry.GetPointCount()):
+            positions.append((geometry.GetX(index), geometry.GetY(index), geometry.GetZ(index) if high else None))
+    for index in range(geometry.GetGeometryCount()):
+        _walk(geometry.GetGeometryRef(index), positions)
+
+
+def _value(feature, index, kind):
+    if not feature.IsFieldSetAndNotNull(index):
+        return None
+    if kind in (ogr.OFTInteger, ogr.OFTInteger64):
+        return feature.GetFieldAsInteger64(index)
+    if kind == ogr.OFTReal:
+        return number(feature.GetFieldAsDouble(index))
+    if kind in (ogr.OFTDate, ogr.OFTDateTime):
+        return feature.GetFieldAsString(index).replace("/", "-").replace(" ", "T")
+    return feature.GetFieldAsString(index)
+
+
+def vector(path):
+    facts = Facts()
+    dataset = gdal.OpenEx(path, gdal.OF_VECTOR)
+    for number_of in range(dataset.GetLayerCount()):
+        layer = dataset.GetLayer(number_of)
+        if layer.GetName() == "layer_styles":
+            continue
+        facts.system = facts.system or system_of(layer.GetSpatialRef())
+        fields = [layer.GetLayerDefn().GetFieldDefn(i) for i in range(layer.GetLayerDefn().GetFieldCount())]
+        names = [field.GetName() for field in fields]
+        for feature in layer:
+            if feature.GetGeometryRef() is not None:
+                _walk(feature.GetGeometryRef(), facts.positions)
+            facts.add_row(names, [_value(feature, i, field.GetType()) for i, field in enumerate(fields)])
+    return facts
+
+
+def mapinfo(path):
+    """Heights of points are in a field."""
+    facts = vector(path)
+    heights = facts.values.pop("z", None)
+    if heights and len(heights) == len(facts.positions):
+        facts.positions = [(x, y, z) for (x, y, _), z in zip(facts.positions, heights)]
+    return facts
+
+
+def table(path):
+    facts = Facts()
+    with open(path, encoding="utf-8-sig", newline="") as text:
+        rows = [row for row in csv.reader(text) if row]
+    names = [name.strip() for name in rows[0]]
+    lower = [name.lower() for name in names]
+    if not {"x", "y"} <= set(lower):
+        raise ValueError("no x and y")
+    axes = [lower.index(axis) if axis in lower else None for axis in "xyz"]
+    others = [i for i in range(len(names)) if i not in axes]
+    for row in rows[1:]:
+        if len(row) != len(names):
+            raise ValueError("a row of %d fields instead of %d: %s" % (len(row), len(names), row))
+        place = [number(row[i]) if i is not None else None for i in axes]
+        if place[0] is None or place[1] is None:
+            continue
+        facts.positions.append(tuple(place))
+        facts.add_row([names[i] for i in others], [row[i] if row[i] != "" else None for i in others])
+    return facts
+
+
+def raster(path):
+    facts = Facts()
+    dataset = gdal.Open(path)
+    band = dataset.GetRasterBand(1)
+    values = band.ReadAsArray()
+    nodata = band.GetNoDataValue()
+    left, dx, _, top, _, dy = dataset.GetGeoTransform()
+    for row in range(dataset.RasterYSize):
+        for column in range(dataset.RasterXSize):
+            value = float(values[row][column])
+            if math.isfinite(value) and abs(value) < 1e30 and (nodata is None or value != nodata):
+                facts.positions.append((left + (column + 0.5) * dx, top + (row + 0.5) * dy, value))
+    facts.system = system_of(dataset.GetSpatialRef())
+    return facts
+
+
+def gocad(path):
+    facts = Facts()
+    sign = 1.0
+    names = []
+    nulls = []
+    with open(path, encoding="utf-8") as lines:
+        for line in lines:
+            words = line.split()
+            if not words:
+                continue
+            if words[0] == "GOCAD":
+                sign, names, nulls = 1.0, [], []
+            elif words[0] == "ZPOSITIVE":
+                sign = -1.0 if words[1] == "Depth" else 1.0
+            elif words[0] == "PROPERTIES":
+                names = [word.strip('"') for word in words[1:]]
+            elif words[0] == "NO_DATA_VALUES":
+                nulls = [float(word) for word in words[1:]]
+            elif words[0] in ("VRTX", "PVRTX"):
+                place = [float(word) for word in words[2:5]]
+                facts.positions.append((place[0], place[1], sign * place[2]))
+                values = [float(word) for word in words[5:5 + len(names)]]
+                facts.add_row(names, [None if i < len(nulls) and v == nulls[i] else v for i, v in enumerate(values)])
+    facts.per_feature = False
+    return facts
+
+
+def off(path):
+    facts = Facts()
+    with open(path, encoding="utf-8") as lines:
+        words = [line.split("#")[0].split() for line in lines]
+    words = [line for line in words if line]
+    count = int(words[1][0])
+    facts.positions = [tuple(float(word) for word in line[:3]) for line in words[2:2 + count]]
+    return facts
+
+
+def zmap(path):
+    facts = Facts()
+    with open(path, encoding="utf-8") as text:
+        lines = [line for line in text if not line.startswith("!")]
+    null = float(lines[1].split(",")[1])
+    rows, columns, west, east, south, north = [float(word) for word in lines[2].split(",")]
+    rows, columns = int(rows), int(columns)
+    values = [float(word) for line in lines[5:] for word in line.split()]
+    for index, value in enumerate(values):
+        column, row = divmod(index, rows)
+        if value != null:
+            facts.positions.append((west + column * (east - west) / max(columns - 1, 1),
+                                    north - row * (north - south) / max(rows - 1, 1), value))
+    return facts
+
+
+def kml(path):
+    facts = Facts()
+    facts.per_feature = True
+    if path.endswith(".kmz"):
+        with zipfile.ZipFile(path) as archive:
+            root = xml.fromstring(archive.read("doc.kml"))
+    else:
+        root = xml.parse(path).getroot()
+    for element in root.iter():
+        tag = element.tag.split("}")[-1]
+        if tag == "coordinates":
+            for word in (element.text or "").split():
+                numbers = [float(part) for part in word.split(",")]
+                facts.positions.append((numbers[0], numbers[1], numbers[2] if len(numbers) > 2 else None))
+        elif tag == "Placemark":
+            text = "".join(child.text or "" for child in element if child.tag.split("}")[-1] == "description")
+            for name, value in re.findall(r"<tr><td>(.*?)</td><td>(.*?)</td></tr>", text, re.S):
+                unescape = lambda t: t.replace("&lt;", "<").replace("&gt;", ">").replace("&amp;", "&")
+                facts.values.setdefault(unescape(name), []).append(unescape(value))
+    return facts
+
+
+def dxf(path):
+    import ezdxf
+
+    facts = Facts()
+    for entity in ezdxf.readfile(path).modelspace():
+        kind = entity.dxftype()
+        if kind == "POINT":
+            facts.positions.append(tuple(entity.dxf.location))
+        elif kind == "POLYLINE":
+            facts.positions += [tuple(vertex.dxf.location) for vertex in entity.vertices]
+        elif kind == "3DFACE":
+            facts.positions += [tuple(corner) for corner in entity.wcs_vertices()]
+    return facts
+
+
+def grdecl(path):
+    """The depths of corners as heights; where they are is left aside."""
+    facts = Facts()
+    words = []
+    with open(path, encoding="latin-1") as lines:
+        for line in lines:
+            words += line.split("--")[0].split()
+    if "ZCORN" not in words:
+        raise ValueError("no ZCORN")
+    for word in words[words.index("ZCORN") + 1:]:
+        if word.startswith("/"):
+            break
+        count, _, value = word.rpartition("*")
+        facts.positions += [(-float(value), 0.0, -float(value))] * int(count or 1)
+    return facts
