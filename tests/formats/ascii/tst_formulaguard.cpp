@@ -65,9 +65,13 @@ void FormulaGuardTest::table_data()
     QTest::addColumn<QString>("settings");
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("finding");
-    QTest::newRow("on") << QStringLiteral("guardFormulas=true") << guarded << told;
-    QTest::newRow("blanks") << QStringLiteral("separator=blank;guardFormulas=true") << blanks << told;
-    QTest::newRow("off") << QString() << plain << QString();
+    QString quoted = guarded;
+    quoted.replace(QLatin1String("a;'-b,'+c"), QLatin1String("\"a;'-b,'+c\""))
+        .replace(QLatin1String(" \"'=x\""), QLatin1String("\" \"\"'=x\"\"\""));
+    QTest::newRow("on") << QStringLiteral("quoting=none;guardFormulas=true") << guarded << told;
+    QTest::newRow("quoted") << QStringLiteral("guardFormulas=true") << quoted << told;
+    QTest::newRow("blanks") << QStringLiteral("quoting=none;separator=blank;guardFormulas=true") << blanks << told;
+    QTest::newRow("off") << QStringLiteral("quoting=none") << plain << QString();
 }
 
 void FormulaGuardTest::table()
