@@ -50,7 +50,7 @@ public:
 
 private:
     struct LayerColumns;
-    struct Run;
+    struct Writing;
 
     QString getLayerOutFileName(bool singleLayer, QString name, OGRwkbGeometryType type);
     bool processLayer(const OGRLayerInfo& layer, bool singleLayer);
@@ -89,7 +89,7 @@ private:
     bool m_writeAttributes = false;
     OGRExporterOptions m_options;
     std::vector<OGRRefusal> m_refusals;
-    Run* m_run = nullptr; ///< lives for the time of a write()
+    Writing* m_writing = nullptr; ///< lives for the time of a write()
 };
 
 } // namespace kpBaseExport

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/GeoJsonFormat.h"
-#include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
 #include "formats/ogr/GeoJsonDecimals.h"
+#include "formats/ogr/OgrFindings.h"
 #include "geo/CoordinateSystems.h"
 
 #include <QFile>

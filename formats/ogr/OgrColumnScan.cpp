@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrColumnScan.h"
+
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/OgrMoments.h"
-
 #include "host/data/AbstractProgress.h"
 
 #include <algorithm>

@@ -21,10 +21,10 @@ bool isThere(const OgrExpectedPlaces& places, std::size_t vertex)
 void eachPoint(const OgrExpectedPlaces& places, const Look& look)
 {
     OgrExpectedFeature point;
-    point.runs.resize(1);
+    point.figures.resize(1);
     bool more = true;
     for (std::size_t vertex = 0; more && vertex < places.object().x->size(); ++vertex) {
-        point.runs.front().vertices.assign(1, vertex);
+        point.figures.front().vertices.assign(1, vertex);
         point.number = static_cast<qint64>(vertex) + 1;
         more = !isThere(places, vertex) || look(point);
     }
@@ -34,9 +34,9 @@ void eachCell(const OgrExpectedPlaces& places, const Look& look)
 {
     const ModelObject& object = places.object();
     OgrExpectedFeature cell;
-    cell.runs.resize(1);
-    cell.runs.front().ring = true;
-    std::vector<std::size_t>& corners = cell.runs.front().vertices;
+    cell.figures.resize(1);
+    cell.figures.front().ring = true;
+    std::vector<std::size_t>& corners = cell.figures.front().vertices;
     bool more = true;
     const auto lookAtCell = [&] {
         const bool whole = std::all_of(corners.begin(), corners.end(),
@@ -62,26 +62,26 @@ void eachCell(const OgrExpectedPlaces& places, const Look& look)
 }
 
 /// The vertices of a line or ring that have a place.
-OgrExpectedFeature::Run runOf(const Part& part, const OgrExpectedPlaces& places, bool ring, bool hasZ)
+OgrExpectedFeature::Figure figureOf(const Part& part, const OgrExpectedPlaces& places, bool ring, bool hasZ)
 {
     const auto height = [&](const Verification::Place& place) {
         return hasZ && !std::isnan(place[2]) ? place[2] : 0.0;
     };
-    OgrExpectedFeature::Run run;
-    run.ring = ring;
-    run.hole = ring && part.hole;
+    OgrExpectedFeature::Figure figure;
+    figure.ring = ring;
+    figure.hole = ring && part.hole;
     for (int index = 0; index < part.count; ++index) {
         const auto vertex = static_cast<std::size_t>(part.first + index);
         if (places.has(vertex))
-            run.vertices.push_back(vertex);
+            figure.vertices.push_back(vertex);
     }
-    if (ring && run.vertices.size() > 1) {
-        const Verification::Place& first = places.at(run.vertices.front());
-        const Verification::Place& last = places.at(run.vertices.back());
+    if (ring && figure.vertices.size() > 1) {
+        const Verification::Place& first = places.at(figure.vertices.front());
+        const Verification::Place& last = places.at(figure.vertices.back());
         if (first[0] == last[0] && first[1] == last[1] && height(first) == height(last))
-            run.vertices.pop_back();
+            figure.vertices.pop_back();
     }
-    return run;
+    return figure;
 }
 
 void eachWhole(const OgrLayer& layer, const OgrExpectedPlaces& places, const Look& look)
@@ -92,15 +92,15 @@ void eachWhole(const OgrLayer& layer, const OgrExpectedPlaces& places, const Loo
     feature.number = 1;
     bool outer = false;
     for (const Part& part : partsOf(places.object())) {
-        OgrExpectedFeature::Run run = runOf(part, places, rings, layer.hasZ);
+        OgrExpectedFeature::Figure figure = figureOf(part, places, rings, layer.hasZ);
         // A hole goes with the ring that it is in.
-        const bool there = run.vertices.size() >= least && (!run.hole || outer);
-        if (!run.hole)
+        const bool there = figure.vertices.size() >= least && (!figure.hole || outer);
+        if (!figure.hole)
             outer = there;
         if (there)
-            feature.runs.push_back(std::move(run));
+            feature.figures.push_back(std::move(figure));
     }
-    if (!feature.runs.empty())
+    if (!feature.figures.empty())
         look(feature);
 }
 

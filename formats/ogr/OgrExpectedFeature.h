@@ -13,18 +13,18 @@ namespace kpFormats
 /// A feature that must be in a file: a point, or lines or rings, as vertices of an object.
 struct OgrExpectedFeature
 {
-    struct Run
+    struct Figure
     {
         std::vector<std::size_t> vertices; ///< a ring without the repetition of its first
         bool ring = false;
         bool hole = false;
     };
 
-    std::vector<Run> runs;
+    std::vector<Figure> figures;
     qint64 number = 0; ///< in the object, from 1
 
     /// The vertex of a point.
-    std::size_t vertex() const { return runs.front().vertices.front(); }
+    std::size_t vertex() const { return figures.front().vertices.front(); }
 };
 
 /// Calls \a look with each feature that an object must have made, until it returns false. What has no place in the

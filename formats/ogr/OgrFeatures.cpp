@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrFeatures.h"
+
 #include "export/CommonFindings.h"
 #include "formats/ogr/OgrFindings.h"
 

@@ -11,9 +11,9 @@ namespace
 {
 
 /// A ring's length in a file, where its first position stands at its end too.
-std::size_t lengthOf(const OgrExpectedFeature::Run& run)
+std::size_t lengthOf(const OgrExpectedFeature::Figure& figure)
 {
-    return run.vertices.size() + (run.ring ? 1 : 0);
+    return figure.vertices.size() + (figure.ring ? 1 : 0);
 }
 
 std::size_t lengthOf(const OGRSimpleCurve& curve)
@@ -21,9 +21,9 @@ std::size_t lengthOf(const OGRSimpleCurve& curve)
     return static_cast<std::size_t>(curve.getNumPoints());
 }
 
-std::size_t vertexAt(const OgrExpectedFeature::Run& run, std::size_t index)
+std::size_t vertexAt(const OgrExpectedFeature::Figure& figure, std::size_t index)
 {
-    return run.vertices[index % run.vertices.size()];
+    return figure.vertices[index % figure.vertices.size()];
 }
 
 } // namespace
@@ -90,21 +90,22 @@ void OgrGeometryVerification::comparePlace(std::size_t vertex, const Verificatio
 
 bool OgrGeometryVerification::sameShape(const OgrExpectedFeature& feature, const std::vector<Curve>& curves) const
 {
-    return curves.size() == feature.runs.size()
-           && std::equal(curves.begin(), curves.end(), feature.runs.begin(), [](const Curve& curve, const auto& run) {
-                  return lengthOf(*curve.points) == lengthOf(run) && curve.hole == run.hole;
-              });
+    return curves.size() == feature.figures.size()
+           && std::equal(curves.begin(), curves.end(), feature.figures.begin(),
+                         [](const Curve& curve, const auto& figure) {
+                             return lengthOf(*curve.points) == lengthOf(figure) && curve.hole == figure.hole;
+                         });
 }
 
-/// Puts the curve that a run is most likely in into its place: drivers sort rings.
+/// Puts the curve that a figure is most likely in into its place: drivers sort rings.
 void OgrGeometryVerification::takeFitting(std::vector<Curve>& curves, std::size_t index,
-                                          const OgrExpectedFeature::Run& run) const
+                                          const OgrExpectedFeature::Figure& figure) const
 {
     const auto fits = [&](const Curve& curve) {
         const std::size_t length = lengthOf(*curve.points);
-        return length == lengthOf(run) && near(expected(run.vertices.front()), placeOf(*curve.points, 0))
-               && (near(expected(run.vertices[1]), placeOf(*curve.points, 1))
-                   || near(expected(run.vertices[1]), placeOf(*curve.points, length - 2)));
+        return length == lengthOf(figure) && near(expected(figure.vertices.front()), placeOf(*curve.points, 0))
+               && (near(expected(figure.vertices[1]), placeOf(*curve.points, 1))
+                   || near(expected(figure.vertices[1]), placeOf(*curve.points, length - 2)));
     };
     const auto first = curves.begin() + static_cast<std::ptrdiff_t>(index);
     const auto found = std::find_if(first, curves.end(), fits);
@@ -112,27 +113,27 @@ void OgrGeometryVerification::takeFitting(std::vector<Curve>& curves, std::size_
         std::iter_swap(first, found);
 }
 
-void OgrGeometryVerification::compareRun(const OGRSimpleCurve& curve, const OgrExpectedFeature::Run& run)
+void OgrGeometryVerification::compareFigure(const OGRSimpleCurve& curve, const OgrExpectedFeature::Figure& figure)
 {
-    const std::size_t length = lengthOf(run);
-    if (!m_result.compareCount(where(run.vertices.front()),
-                               run.ring ? QStringLiteral("positions of the ring that begins there")
-                                        : QStringLiteral("positions of the line that begins there"),
+    const std::size_t length = lengthOf(figure);
+    if (!m_result.compareCount(where(figure.vertices.front()),
+                               figure.ring ? QStringLiteral("positions of the ring that begins there")
+                                           : QStringLiteral("positions of the line that begins there"),
                                static_cast<qint64>(length), curve.getNumPoints()))
         return;
     // Drivers turn rings the way round that their format asks for.
     const auto farthest = [&](bool backwards) {
         double most = 0;
         for (std::size_t index = 0; index < length; ++index) {
-            const Verification::Place& wanted = m_places->at(vertexAt(run, index));
+            const Verification::Place& wanted = m_places->at(vertexAt(figure, index));
             const Verification::Place read = placeOf(curve, backwards ? length - 1 - index : index);
             most = std::max({most, std::abs(read[0] - wanted[0]), std::abs(read[1] - wanted[1])});
         }
         return most;
     };
-    const bool backwards = run.ring && farthest(true) < farthest(false);
+    const bool backwards = figure.ring && farthest(true) < farthest(false);
     for (std::size_t index = 0; index < length; ++index)
-        comparePlace(vertexAt(run, index), placeOf(curve, backwards ? length - 1 - index : index));
+        comparePlace(vertexAt(figure, index), placeOf(curve, backwards ? length - 1 - index : index));
 }
 
 bool OgrGeometryVerification::crosses180(const OgrExpectedFeature& feature) const
@@ -141,8 +142,8 @@ bool OgrGeometryVerification::crosses180(const OgrExpectedFeature& feature) cons
     constexpr double margin = 170.0;
     double least = 180.0;
     double most = -180.0;
-    for (const OgrExpectedFeature::Run& run : feature.runs) {
-        for (const std::size_t vertex : run.vertices) {
+    for (const OgrExpectedFeature::Figure& figure : feature.figures) {
+        for (const std::size_t vertex : figure.vertices) {
             least = std::min(least, m_places->at(vertex)[0]);
             most = std::max(most, m_places->at(vertex)[0]);
         }
@@ -175,8 +176,8 @@ void OgrGeometryVerification::compareCut(const OgrExpectedFeature& feature, cons
     }
     std::sort(read.begin(), read.end(), western);
     std::vector<Verification::Place> wanted;
-    for (const OgrExpectedFeature::Run& run : feature.runs) {
-        for (const std::size_t vertex : run.vertices) {
+    for (const OgrExpectedFeature::Figure& figure : feature.figures) {
+        for (const std::size_t vertex : figure.vertices) {
             wanted.push_back(canonical(expected(vertex)));
             const auto found = around(read, wanted.back());
             if (found == read.end())
@@ -201,11 +202,11 @@ void OgrGeometryVerification::compareCut(const OgrExpectedFeature& feature, cons
 void OgrGeometryVerification::tellShape(const OgrExpectedFeature& feature, const std::vector<Curve>& curves)
 {
     const QString name = QStringLiteral("%1, feature %2").arg(m_places->object().name).arg(feature.number);
-    if (!m_result.compareCount(name, QStringLiteral("parts"), static_cast<qint64>(feature.runs.size()),
+    if (!m_result.compareCount(name, QStringLiteral("parts"), static_cast<qint64>(feature.figures.size()),
                                static_cast<qint64>(curves.size())))
         return;
     for (std::size_t index = 0; m_habits.keepsRings && index < curves.size(); ++index) {
-        const bool hole = feature.runs[index].hole;
+        const bool hole = feature.figures[index].hole;
         if (curves[index].hole != hole)
             m_result.fail(QStringLiteral("%1: part %2 is %3 instead of %4")
                               .arg(name)
@@ -227,7 +228,7 @@ void OgrGeometryVerification::compare(const OGRGeometry* geometry, const OgrExpe
         return m_result.fail(QStringLiteral("%1: it has %2 heights")
                                  .arg(name(), hasZ ? QStringLiteral("no") : QStringLiteral("unexpected")));
     const bool isPoint = wkbFlatten(geometry->getGeometryType()) == wkbPoint;
-    const bool wantsPoint = feature.runs.size() == 1 && feature.runs.front().vertices.size() == 1;
+    const bool wantsPoint = feature.figures.size() == 1 && feature.figures.front().vertices.size() == 1;
     if (isPoint != wantsPoint)
         return m_result.fail(QStringLiteral("%1: it is a %2").arg(name(), QLatin1String(geometry->getGeometryName())));
     if (isPoint) {
@@ -241,8 +242,8 @@ void OgrGeometryVerification::compare(const OGRGeometry* geometry, const OgrExpe
     tellShape(feature, curves);
     for (std::size_t index = 0; m_result.good() && index < curves.size(); ++index) {
         if (!m_habits.keepsRings)
-            takeFitting(curves, index, feature.runs[index]);
-        compareRun(*curves[index].points, feature.runs[index]);
+            takeFitting(curves, index, feature.figures[index]);
+        compareFigure(*curves[index].points, feature.figures[index]);
     }
 }
 

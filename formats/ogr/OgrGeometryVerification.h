@@ -42,8 +42,8 @@ private:
     bool near(const Verification::Place& a, const Verification::Place& b) const;
     void comparePlace(std::size_t vertex, const Verification::Place& read);
     bool sameShape(const OgrExpectedFeature& feature, const std::vector<Curve>& curves) const;
-    void compareRun(const OGRSimpleCurve& curve, const OgrExpectedFeature::Run& run);
-    void takeFitting(std::vector<Curve>& curves, std::size_t index, const OgrExpectedFeature::Run& run) const;
+    void compareFigure(const OGRSimpleCurve& curve, const OgrExpectedFeature::Figure& figure);
+    void takeFitting(std::vector<Curve>& curves, std::size_t index, const OgrExpectedFeature::Figure& figure) const;
     bool crosses180(const OgrExpectedFeature& feature) const;
     void compareCut(const OgrExpectedFeature& feature, const std::vector<Curve>& curves);
     void tellShape(const OgrExpectedFeature& feature, const std::vector<Curve>& curves);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrTable.h"
-#include "export/CommonFindings.h"
-#include "formats/ogr/OgrFindings.h"
 
+#include "export/CommonFindings.h"
 #include "formats/ogr/OgrColumnScan.h"
+#include "formats/ogr/OgrFindings.h"
 #include "ogr/OGRAttributeInfo.h"
 
 #include <QColor>

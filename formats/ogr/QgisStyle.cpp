@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/QgisStyle.h"
+
 #include "formats/ogr/OgrFindings.h"
 
 #include <QMap>

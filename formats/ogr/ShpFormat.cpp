@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/ShpFormat.h"
-#include "formats/ogr/OgrFindings.h"
 
 #include "export/ExportError.h"
+#include "formats/ogr/OgrFindings.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/TabFormat.h"
+
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/TabSystem.h"
 #include "geo/CoordinateSystems.h"
-
 #include "host/data/AbstractProgress.h"
 #include "model/OutputUnit.h"
 
