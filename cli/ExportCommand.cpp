@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ExportCommand.h"
-#include "export/CommonFindings.h"
 
 #include "cli/CommandLine.h"
 #include "cli/ReportFile.h"
 #include "cli/StartUp.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalProgress.h"
+#include "export/CommonFindings.h"
 #include "export/EstimatedSize.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"

@@ -40,9 +40,10 @@ inline constexpr FindingKind attributeNotNumeric("attribute that is not a number
 inline constexpr FindingKind attributesLeftOut("the format has no attributes; left out",
                                                "an attribute was left out because the format has none",
                                                "%1 attributes were left out because the format has none");
-inline constexpr FindingKind positionsAlike("neighbouring positions written alike",
-                                            "a position was written like the one before it, from which it differs",
-                                            "%1 positions were written like the ones before them, from which they differ");
+inline constexpr FindingKind
+    positionsAlike("neighbouring positions written alike",
+                   "a position was written like the one before it, from which it differs",
+                   "%1 positions were written like the ones before them, from which they differ");
 inline constexpr FindingKind numberWrittenAs0("number rounded to 0", "a number was rounded to 0",
                                               "%1 numbers were rounded to 0");
 inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null value",

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/ExportRun.h"
-#include "export/CommonFindings.h"
 
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/ObjectError.h"
 #include "export/OutputTransaction.h"

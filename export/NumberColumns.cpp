@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "export/NumberColumns.h"
+
 #include "export/CommonFindings.h"
 
 #include <algorithm>

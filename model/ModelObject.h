@@ -62,8 +62,8 @@ struct ModelObject
     ObjectType type = ObjectType::VertexClouds;
     QColor color = QColor(Qt::darkGray);
     bool colorIsOwn = true; ///< false where the source has none and the loader gave it one
-    QString set; ///< name of the set (layer, group) that the object belongs to; may be empty
-    QString crs; ///< coordinate system as WKT; empty when unknown
+    QString set;            ///< name of the set (layer, group) that the object belongs to; may be empty
+    QString crs;            ///< coordinate system as WKT; empty when unknown
     QString lengthUnit = QStringLiteral("m"); ///< "m", "ft", "ftUS", "km"
     QString source;                           ///< file that the object came from, for messages
 

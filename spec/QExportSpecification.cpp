@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the editor of a layout holds, and how its maps and tables are kept the same.
 #include "spec/QExportSpecification.h"
-#include "spec/FormTexts.h"
 
 #include "host/data/FormatFile.h"
+#include "spec/FormTexts.h"
 
 #include <QHash>
 #include <QSignalBlocker>

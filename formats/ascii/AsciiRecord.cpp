@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiRecord.h"
+
 #include "export/CommonFindings.h"
 #include "formats/ascii/AsciiFindings.h"
 #include "formats/ascii/AsciiHints.h"
 #include "formats/ascii/AsciiOutput.h"
-
 #include "formats/ascii/ConstantMatrixData.h"
 #include "formats/ascii/FormulaGuard.h"
 #include "formats/ascii/GridIndexMatrix.h"

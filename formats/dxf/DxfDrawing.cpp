@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/dxf/DxfDrawing.h"
+
 #include "export/CommonFindings.h"
 #include "formats/dxf/DxfFindings.h"
-
 #include "geo/CoordinateSystems.h"
 #include "model/SurfaceFaces.h"
 

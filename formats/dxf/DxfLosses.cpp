@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/dxf/DxfLosses.h"
-#include "formats/dxf/DxfFindings.h"
 
+#include "formats/dxf/DxfFindings.h"
 #include "formats/dxf/DxfText.h"
 #include "geo/CoordinateSystems.h"
 #include "model/SurfaceFaces.h"

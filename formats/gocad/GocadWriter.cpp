@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadWriter.h"
-#include "export/CommonFindings.h"
-#include "formats/gocad/GocadFindings.h"
 
+#include "export/CommonFindings.h"
 #include "export/SafeNames.h"
+#include "formats/gocad/GocadFindings.h"
 #include "geo/CoordinateSystems.h"
 #include "model/SurfaceMesh.h"
 #include "writers/FixedNumber.h"

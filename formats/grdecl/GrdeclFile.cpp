@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/grdecl/GrdeclFile.h"
-#include "formats/grdecl/GrdeclFindings.h"
 
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
+#include "formats/grdecl/GrdeclFindings.h"
 #include "formats/grdecl/GrdeclVerification.h"
 #include "formats/grdecl/GrdeclWriter.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "formats/grdecl/GrdeclWriter.h"
-#include "export/CommonFindings.h"
-#include "formats/grdecl/GrdeclFindings.h"
 
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
+#include "formats/grdecl/GrdeclFindings.h"
 #include "geo/CoordinateSystems.h"
 #include "writers/FixedNumber.h"
 

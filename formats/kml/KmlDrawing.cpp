@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlDrawing.h"
-#include "export/CommonFindings.h"
-#include "formats/kml/KmlFindings.h"
 
 #include "export/AttributeTable.h"
+#include "export/CommonFindings.h"
 #include "formats/kml/GridPicture.h"
 #include "formats/kml/KmlDocumentWriter.h"
+#include "formats/kml/KmlFindings.h"
 #include "geo/CoordinateSystems.h"
 #include "model/OutputUnit.h"
 

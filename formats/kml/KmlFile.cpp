@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlFile.h"
-#include "export/CommonFindings.h"
 
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "formats/kml/KmlDocumentWriter.h"
 #include "formats/kml/KmlDrawing.h"

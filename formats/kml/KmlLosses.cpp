@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlLosses.h"
+
 #include "formats/kml/KmlFindings.h"
 
 #include <algorithm>

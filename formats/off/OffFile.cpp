@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/off/OffFile.h"
-#include "export/CommonFindings.h"
 
 #include "export/BlockWriter.h"
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/NumberColumns.h"
 #include "formats/off/OffVerification.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/opentec/OpenTecFile.h"
-#include "export/CommonFindings.h"
-#include "formats/opentec/OpenTecFindings.h"
 
 #include "core/GeoObject.h"
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/WriteErrors.h"
+#include "formats/opentec/OpenTecFindings.h"
 #include "formats/opentec/OpenTecVerification.h"
 #include "formats/opentec/SectionNames.h"
 #include "host/data/DoubleMatrixData.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "formats/zmap/ZMapFile.h"
-#include "export/CommonFindings.h"
-#include "formats/zmap/ZMapFindings.h"
 
 #include "export/BlockWriter.h"
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
+#include "formats/zmap/ZMapFindings.h"
 #include "formats/zmap/ZMapVerification.h"
 #include "geo/CoordinateSystems.h"
 #include "model/ProgressTicker.h"
