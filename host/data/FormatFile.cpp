@@ -6,9 +6,9 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QMap>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -73,6 +73,20 @@ FormatFile::Field fieldOf(const QJsonValue& value, int line)
     return field;
 }
 
+/// Whether a key holds a NUL. Qt orders such keys by where they stood, and then does not find them.
+bool hasKeyWithNul(const QJsonValue& value)
+{
+    const QJsonArray list = value.toArray();
+    if (value.isArray())
+        return std::any_of(list.begin(), list.end(), hasKeyWithNul);
+    const QJsonObject object = value.toObject();
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        if (member.key().contains(QChar(0)) || hasKeyWithNul(member.value()))
+            return true;
+    }
+    return false;
+}
+
 QJsonObject parsedObject(const QByteArray& content)
 {
     QJsonParseError error;
@@ -81,6 +95,8 @@ QJsonObject parsedObject(const QByteArray& content)
         throw FormatFileError(content.left(error.offset).count('\n') + 1, error.errorString());
     if (!document.isObject())
         throw FormatFileError(1, QStringLiteral("this is not a JSON object { ... }"));
+    if (hasKeyWithNul(document.object()))
+        throw FormatFileError(1, QStringLiteral("a key holds the character NUL"));
     return document.object();
 }
 
@@ -132,15 +148,6 @@ QByteArray member(const QString& key, const QJsonValue& value)
     return jsonText(key) + ": " + jsonText(value);
 }
 
-/// The members in one order. That of Qt depends on where they stood in the file when keys hold a NUL.
-QMap<QString, QJsonValue> membersOf(const QJsonObject& object)
-{
-    QMap<QString, QJsonValue> members;
-    for (auto entry = object.begin(); entry != object.end(); ++entry)
-        members.insert(entry.key(), entry.value());
-    return members;
-}
-
 QString nameOf(const FormatFile::Field& field)
 {
     impAttribute attribute;
@@ -157,8 +164,7 @@ QByteArray fieldLine(const FormatFile::Field& field)
         members.append(member(QLatin1String(text.key), QString::fromStdString(attribute.*text.member)));
     for (const NumberMember& number : numberMembers)
         members.append(member(QLatin1String(number.key), attribute.*number.member));
-    const QMap<QString, QJsonValue> unknown = membersOf(field.unknown());
-    for (auto extra = unknown.begin(); extra != unknown.end(); ++extra)
+    for (auto extra = field.unknown().begin(); extra != field.unknown().end(); ++extra)
         members.append(member(extra.key(), extra.value()));
     return "    {" + members.join(", ") + '}';
 }
@@ -236,8 +242,7 @@ QByteArray FormatFile::toBytes() const
                            member(QStringLiteral("version"), newestVersion),
                            member(QStringLiteral("type"), QLatin1String(m_type == FieldBased ? "fields" : "columns")),
                            member(QStringLiteral("name"), m_name)};
-    const QMap<QString, QJsonValue> unknown = membersOf(m_unknown);
-    for (auto extra = unknown.begin(); extra != unknown.end(); ++extra)
+    for (auto extra = m_unknown.begin(); extra != m_unknown.end(); ++extra)
         members.append(member(extra.key(), extra.value()));
     members.append(fields.isEmpty() ? "\"fields\": []" : "\"fields\": [\n" + fields.join(",\n") + "\n  ]");
     return "{\n  " + members.join(",\n  ") + "\n}\n";
