@@ -157,6 +157,8 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
     second->setSpacing(14);
     second->addWidget(setting("lineBreaks"));
     second->addWidget(setting("guardFormulas"));
+    second->addLayout(labelled(tr("&Quotes:"), setting("quoting")));
+    second->addLayout(labelled(tr("&Missing z:"), setting("missingZ")));
     second->addLayout(labelled(tr("&Files:"), setting("grouping")));
     m_useCustom = new QCheckBox(tr("&Own separator:"), this);
     m_useCustom->setObjectName(QStringLiteral("useCustomSeparator"));

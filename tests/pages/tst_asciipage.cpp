@@ -269,7 +269,8 @@ void AsciiPageTest::previewIsTheFile_data()
 {
     textRows({"settings"}, {{"separator=tab zIsElevation=false"},
                             {"preset=surfer"},
-                            {"mode=columns header=false lineBreaks=true"},
+                            {"mode=columns header=false lineBreaks=true missingZ=null"},
+                            {"quoting=all guardFormulas=true"},
                             {"separator=custom customSeparator=|| writeNullValue=false"}});
 }
 
@@ -306,8 +307,9 @@ void AsciiPageTest::separatorHint()
                      QStringLiteral("X,Y,Z,Unit\n1.000,1.000,1.000,\"sand, silt\"\n2.000,2.000,2.000,a;b\n"));
         QVERIFY(quoted.hints().isEmpty());
     }
-    m_context->formats.find("ascii")->settings.set(QStringLiteral("quoting"), QStringLiteral("none"));
     Page page(*m_context, {add(object)});
+    auto* quotes = page.child<QComboBox>("quoting");
+    quotes->setCurrentIndex(quotes->findText(QStringLiteral("none")));
     QTRY_COMPARE(page.hints(), QStringList{QStringLiteral("The separator stands in texts of Unit: \"sand, silt\".")});
     page.cure();
     QTRY_VERIFY(page.hints().isEmpty());
