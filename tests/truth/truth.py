@@ -34,8 +34,8 @@ SAMPLE = ["structures.geojson", "faults.geojson", "naturalearth_cities.shp", "ma
 # Words of the findings that speak of a kind of difference.
 TELLS = {
     "position": ["position", "vertex", "vertices", "node", "cell", "line of fewer", "ring", "object", "triangle",
-                 "transformed", "coordinates"],
-    "height": ["z dropped", "height", "no z", "without z"],
+                 "transformed", "coordinates", "picture"],
+    "height": ["z dropped", "height", "no z", "without z", "picture"],
     "attribute": ["attribute", "field", "left out on loading", "the format has no attributes"],
     "value": ["number", "text", "value", "missing", "dates", "yes or no", "empty", "attribute"],
     "system": ["coordinate system"],
