@@ -132,13 +132,17 @@ QWidget* AsciiSheet::addSetting(const QString& key)
 void AsciiSheet::buildSettings(QVBoxLayout& page)
 {
     const auto setting = [this](const char* key) { return addSetting(QString::fromLatin1(key)); };
-    auto* first = new QHBoxLayout;
-    first->setSpacing(14);
-    first->addWidget(setting("header"));
-    first->addLayout(labelled(tr("&Preset:"), setting("preset")));
-    first->addLayout(labelled(tr("&Decimals of new fields:"), setting("decimals")));
-    first->addWidget(setting("zIsElevation"));
-    first->addStretch();
+    const auto row = [&page] {
+        auto* controls = new QHBoxLayout;
+        controls->setSpacing(14);
+        page.addLayout(controls);
+        return controls;
+    };
+    QHBoxLayout* fields = row();
+    fields->addWidget(setting("header"));
+    fields->addLayout(labelled(tr("&Preset:"), setting("preset")));
+    fields->addLayout(labelled(tr("&Decimals of new fields:"), setting("decimals")));
+    fields->addStretch();
     auto* all = new QPushButton(tr("&All attributes"), this);
     all->setObjectName(QStringLiteral("allAttributes"));
     all->setToolTip(tr("Lay out every attribute of the chosen objects anew"));
@@ -152,25 +156,25 @@ void AsciiSheet::buildSettings(QVBoxLayout& page)
             fitColumns();
         scheduleRefresh();
     });
-    first->addWidget(all);
-    auto* second = new QHBoxLayout;
-    second->setSpacing(14);
-    second->addWidget(setting("lineBreaks"));
-    second->addWidget(setting("guardFormulas"));
-    second->addLayout(labelled(tr("&Quotes:"), setting("quoting")));
-    second->addLayout(labelled(tr("&Missing z:"), setting("missingZ")));
-    second->addLayout(labelled(tr("&Files:"), setting("grouping")));
+    fields->addWidget(all);
+    QHBoxLayout* objects = row();
+    objects->addWidget(setting("zIsElevation"));
+    objects->addLayout(labelled(tr("&Missing z:"), setting("missingZ")));
+    objects->addWidget(setting("lineBreaks"));
+    objects->addLayout(labelled(tr("&Files:"), setting("grouping")));
+    objects->addStretch();
+    QHBoxLayout* texts = row();
+    texts->addLayout(labelled(tr("&Quotes:"), setting("quoting")));
+    texts->addWidget(setting("guardFormulas"));
     m_useCustom = new QCheckBox(tr("&Own separator:"), this);
     m_useCustom->setObjectName(QStringLiteral("useCustomSeparator"));
     m_custom = new QLineEdit(this);
     m_custom->setObjectName(QStringLiteral("customSeparator"));
     m_custom->setAccessibleName(tr("Own separator"));
     m_custom->setMaximumWidth(80);
-    second->addWidget(m_useCustom);
-    second->addWidget(m_custom);
-    second->addStretch();
-    page.addLayout(first);
-    page.addLayout(second);
+    texts->addWidget(m_useCustom);
+    texts->addWidget(m_custom);
+    texts->addStretch();
 }
 
 void AsciiSheet::connectEditor()
