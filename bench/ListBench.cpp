@@ -3,6 +3,7 @@
 #include "core/saver/FileNaming.h"
 #include "window/ExportWizard.h"
 #include "window/HostContext.h"
+#include "wizard/QObjectListModel.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -70,6 +71,19 @@ void sortByName(benchmark::State& state)
     }
 }
 
+/// Checks each row by its id, as "Match Model Selection" does.
+void checkById(benchmark::State& state)
+{
+    kpBaseExport::QObjectListModel list(nullptr, QStringLiteral("Object"));
+    for (int index = 0; index < objects; ++index)
+        list.addName(QStringLiteral("Object %1").arg(index), index + 1, QStringLiteral("Wells"), false);
+    for (auto step : state) {
+        list.resetModel();
+        for (int id = objects; id > 0; --id)
+            list.setIdInListChecked(id);
+    }
+}
+
 void nameFiles(benchmark::State& state)
 {
     // All share one name, or half of them have taken the numbers that the others would get.
@@ -83,6 +97,7 @@ void nameFiles(benchmark::State& state)
 BENCHMARK(startUp)->Unit(benchmark::kMillisecond);
 BENCHMARK(selectAllTypes)->Unit(benchmark::kMillisecond);
 BENCHMARK(sortByName)->Unit(benchmark::kMillisecond);
+BENCHMARK(checkById)->Unit(benchmark::kMillisecond);
 BENCHMARK(nameFiles)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
