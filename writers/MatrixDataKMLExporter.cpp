@@ -2,7 +2,6 @@
 #include "writers/MatrixDataKMLExporter.h"
 
 #include "writers/KmlColour.h"
-#include "writers/KmlFrame.h"
 #include "writers/StreamNumber.h"
 #include "writers/VertexCheck.h"
 
@@ -13,6 +12,23 @@ namespace kpBaseExport
 
 namespace
 {
+
+// The fixed text around the features of a KML 2.1 document. The only substitution is the application's
+// version, which stands between beforeVersion and afterVersion.
+
+constexpr char beforeVersion[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                 "<kml xmlns=\"http://earth.google.com/kml/2.1\">\n"
+                                 "<Document><atom:author><![CDATA[";
+
+constexpr char afterVersion[] =
+    "]]></atom:author>"
+    "<Style id=\"transBluePoly\"><LineStyle><width>1.5</width></LineStyle>"
+    "<PolyStyle><color>7dff0000</color></PolyStyle></Style>\n"
+    "<Style id=\"sectionTrace\"><LineStyle><width>5</width><color>aa0000ff</color></LineStyle></Style>\n"
+    "<Style id=\"well\"><IconStyle><color>ffffff00</color><scale>1.0</scale>"
+    "<Icon><href>http://maps.google.com/mapfiles/kml/pal4/icon25.png</href></Icon></IconStyle></Style>\n";
+
+constexpr char epilogue[] = "</Document>\n</kml>\n";
 
 void appendName(std::string& text, const QString& name)
 {
@@ -35,8 +51,7 @@ bool MatrixDataKMLExporter::fileOpen()
 {
     if (!MatrixDataExporter::fileOpen())
         return false;
-    blockStream.text() +=
-        KmlFrame::beforeVersion + QCoreApplication::applicationVersion().toStdString() + KmlFrame::afterVersion;
+    blockStream.text() += beforeVersion + QCoreApplication::applicationVersion().toStdString() + afterVersion;
     blockStream.flush();
     return true;
 }
@@ -44,7 +59,7 @@ bool MatrixDataKMLExporter::fileOpen()
 void MatrixDataKMLExporter::fileClose()
 {
     if (stream.is_open())
-        blockStream.text() += KmlFrame::epilogue;
+        blockStream.text() += epilogue;
     MatrixDataExporter::fileClose();
 }
 

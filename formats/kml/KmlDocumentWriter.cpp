@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/kml/KmlDocumentWriter.h"
 
-#include "formats/kml/KmlDecimals.h"
 #include "writers/KmlColour.h"
 #include "writers/StreamNumber.h"
 

@@ -10,6 +10,10 @@
 namespace kpFormats
 {
 
+// A millionth of a degree is a tenth of a metre; nine decimals keep a tenth of a millimetre.
+inline constexpr int kmlDegreeDecimals = 9;
+inline constexpr int kmlHeightDecimals = 3; ///< of metres
+
 /// A rectangle on the earth, in degrees.
 struct DegreeBox
 {

@@ -2,9 +2,9 @@
 #include "formats/kml/KmlVerification.h"
 
 #include "formats/kml/KmlAttributeVerification.h"
-#include "formats/kml/KmlDecimals.h"
 #include "formats/kml/KmlDocumentWriter.h"
 #include "formats/kml/KmlExpectation.h"
+#include "formats/kml/KmlSink.h"
 #include "geo/GdalSession.h"
 
 #include <QFileInfo>
