@@ -21,6 +21,7 @@ namespace
 {
 
 bool networkForbidden = false;
+bool driversLimited = false; ///< GDAL's drivers are registered
 bool outsideForbidden = false;
 thread_local QString boundingModel;
 
@@ -61,18 +62,24 @@ void forbidNetwork()
     networkForbidden = true;
     // Read when PROJ is first used.
     qputenv("PROJ_NETWORK", "OFF");
-    RefusedFileSystem::install();
     CPLHTTPSetFetchCallback(refuse, nullptr);
     // These connect, or start a program, by themselves.
     const char* const drivers = "PostgreSQL,PostGISRaster,MySQL,MSSQLSpatial,ODBC,OCI,HANA,MongoDBv3,OGR_OGDI,DODS,"
                                 "Rasdaman,JPIPKAK,WMS,WMTS,WCS,OGCAPI,EEDA,EEDAI,DAAS,PLMOSAIC,PLSCENES,NGW,WFS,OAPIF,"
                                 "CSW,Elasticsearch,Carto,AmigoCloud,GPSBabel,HTTP";
     CPLSetConfigOption("GDAL_SKIP", drivers);
+    if (driversLimited)
+        limitDrivers();
 }
 
 void limitDrivers()
 {
-    GDALDriver* const netcdf = networkForbidden ? GetGDALDriverManager()->GetDriverByName("netCDF") : nullptr;
+    driversLimited = true;
+    if (!networkForbidden)
+        return;
+    // Not earlier: GDAL frees its file systems with its drivers, and a run that never asks for GDAL has neither.
+    RefusedFileSystem::install();
+    GDALDriver* const netcdf = GetGDALDriverManager()->GetDriverByName("netCDF");
     // Its library has a way to servers of its own, which nothing switches off.
     if (netcdf && netcdf->pfnOpen && netcdf->pfnOpen != openLocalNetcdf) {
         netcdfOpener = netcdf->pfnOpen;
