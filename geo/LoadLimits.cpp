@@ -77,7 +77,7 @@ void limitDrivers()
     driversLimited = true;
     if (!networkForbidden)
         return;
-    // Not earlier: GDAL frees its file systems with its drivers, and a run that never asks for GDAL has neither.
+    // Not earlier: a run that never asks for GDAL pays nothing for it.
     RefusedFileSystem::install();
     GDALDriver* const netcdf = GetGDALDriverManager()->GetDriverByName("netCDF");
     // Its library has a way to servers of its own, which nothing switches off.

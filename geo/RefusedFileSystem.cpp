@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include <cpl_string.h>
@@ -32,10 +33,18 @@ bool isLocal(const std::string& prefix)
 void RefusedFileSystem::install()
 {
     const CPLStringList prefixes(VSIFileManager::GetPrefixes(), true);
+    // GDAL deletes what stands under a prefix at the end, not what was replaced. Some stand under several prefixes.
+    std::set<VSIFilesystemHandler*> kept{VSIFileManager::GetHandler("")};
+    std::set<VSIFilesystemHandler*> replaced;
+    for (int index = 0; index < prefixes.size(); ++index)
+        (isLocal(prefixes[index]) ? kept : replaced).insert(VSIFileManager::GetHandler(prefixes[index]));
     for (int index = 0; index < prefixes.size(); ++index) {
-        // GDAL deletes it.
         if (!isLocal(prefixes[index]))
             VSIFileManager::InstallHandler(prefixes[index], new RefusedFileSystem);
+    }
+    for (VSIFilesystemHandler* const handler : replaced) {
+        if (kept.count(handler) == 0)
+            delete handler;
     }
 }
 
