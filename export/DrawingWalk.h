@@ -20,7 +20,7 @@ public:
     using Place = std::array<double, 3>;
     using TakePlace = std::function<void(const Place&)>;
 
-    /// Draws one line. Each member may be empty.
+    /// Draws one line. \a end and \a single may be empty.
     struct LinePen
     {
         std::function<void()> begin;

@@ -163,17 +163,24 @@ QString KmlDrawing::tableOf(const ModelObject& object, int vertex)
     return table;
 }
 
+DrawingWalk::LinePen KmlDrawing::linePen(std::function<void()> open)
+{
+    DrawingWalk::LinePen pen;
+    pen.begin = [this, open = std::move(open)] {
+        open();
+        m_sink.beginLine();
+    };
+    pen.take = [this](const PositionBlock& block) { m_sink.positions(block); };
+    pen.end = [this] { m_sink.endLine(); };
+    return pen;
+}
+
 void KmlDrawing::drawLines(const ModelObject& object)
 {
     PositionReader reader = readerOf(object);
     Placemark placemark(*this, object, KmlSink::Look::Line, object.parts.size() != 1);
     const DrawingWalk::PartCounts counts = m_walk.parts(object, false, [&](const Part& part, int end) {
-        DrawingWalk::LinePen pen;
-        pen.begin = [&] {
-            placemark.open();
-            m_sink.beginLine();
-        };
-        pen.take = [this](const PositionBlock& block) { m_sink.positions(block); };
+        DrawingWalk::LinePen pen = linePen([&] { placemark.open(); });
         pen.end = [&] {
             PositionBlock start;
             int first = part.first;
@@ -319,14 +326,7 @@ void KmlDrawing::drawSection(const ModelObject& object)
 {
     PositionReader reader = readerOf(PositionSource::of(object), object, AltitudeMode::Clamp);
     Placemark trace(*this, object, KmlSink::Look::Trace, false);
-    DrawingWalk::LinePen pen;
-    pen.begin = [&] {
-        trace.open();
-        m_sink.beginLine();
-    };
-    pen.take = [this](const PositionBlock& block) { m_sink.positions(block); };
-    pen.end = [this] { m_sink.endLine(); };
-    m_walk.line(reader, 0, object.vertexCount(), 2, pen);
+    m_walk.line(reader, 0, object.vertexCount(), 2, linePen([&] { trace.open(); }));
     trace.close();
     m_walk.noteLeftOut(object, reader);
     if (!object.section || m_settings.altitudeMode == AltitudeMode::Clamp)
@@ -345,12 +345,7 @@ void KmlDrawing::drawSegment(const ModelObject& object, const SectionSegment& se
         ++m_features;
     };
     PositionReader reader = readerOf(PositionSource::of(segment), object, m_settings.altitudeMode);
-    DrawingWalk::LinePen pen;
-    pen.begin = [&] {
-        begin(KmlSink::Look::Line);
-        m_sink.beginLine();
-    };
-    pen.take = [this](const PositionBlock& block) { m_sink.positions(block); };
+    DrawingWalk::LinePen pen = linePen([&] { begin(KmlSink::Look::Line); });
     pen.end = [this] {
         m_sink.endLine();
         m_sink.endPlacemark();

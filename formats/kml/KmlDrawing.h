@@ -50,6 +50,8 @@ private:
     void drawSurface(const ModelObject& object);
     void drawSection(const ModelObject& object);
     void drawSegment(const ModelObject& object, const SectionSegment& segment);
+    /// A line of its own; \a open is called before it begins.
+    DrawingWalk::LinePen linePen(std::function<void()> open);
     void polygon(const PositionBlock& corners);
 
     KmlSink& m_sink;
