@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <cstring>
 #include <utility>
@@ -90,15 +89,6 @@ void limitDrivers()
 bool isNetworkForbidden()
 {
     return networkForbidden;
-}
-
-QString networkSourceIn(const QByteArray& vrt)
-{
-    static const QRegularExpression source(
-        QStringLiteral("<(?:SourceFilename|SourceDataset|SrcDataSource)[^>]*>\\s*"
-                       "([^<]*(?:://|/vsi(?:curl|s3|gs|az|adls|oss|swift|hdfs|webhdfs))[^<]*)<"),
-        QRegularExpression::CaseInsensitiveOption);
-    return source.match(QString::fromUtf8(vrt)).captured(1).trimmed();
 }
 
 void forbidOutside()

@@ -3,7 +3,6 @@
 
 #include "model/kpFormatsExport.h"
 
-#include <QByteArray>
 #include <QString>
 
 namespace kpFormats
@@ -18,8 +17,6 @@ KPFORMATS_EXPORT void forbidNetwork();
 KPFORMATS_EXPORT bool isNetworkForbidden();
 /// The same for drivers that have been registered.
 void limitDrivers();
-/// The first place in the network from which a virtual raster or layer (.vrt) takes data; empty when there is none.
-KPFORMATS_EXPORT QString networkSourceIn(const QByteArray& vrt);
 
 /// Keeps model files from naming files outside their own folder.
 KPFORMATS_EXPORT void forbidOutside();

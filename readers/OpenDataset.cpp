@@ -2,10 +2,12 @@
 #include "readers/OpenDataset.h"
 
 #include "geo/LoadLimits.h"
+#include "geo/VirtualSources.h"
 #include "readers/LoadError.h"
 
-#include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 #include <cpl_string.h>
 
@@ -15,44 +17,42 @@ namespace kpFormats
 namespace
 {
 
-/// Opens a virtual raster or layer. \returns whether it is one
-bool openVirtual(QFile& file)
-{
-    return file.open(QIODevice::ReadOnly) && file.peek(64).contains("VRTData");
-}
-
 /// \throws LoadError when the file leads into the network, which is off
 void requireOnDisk(const QString& path)
 {
-    constexpr qint64 mostText = 16 * 1024 * 1024;
-    QFile file(path);
-    if (!isNetworkForbidden() || !openVirtual(file))
+    if (!isNetworkForbidden())
         return;
-    const QString source = networkSourceIn(file.read(mostText));
-    if (!source.isEmpty())
-        throw LoadError(path, QStringLiteral("it takes data from %1, and access to the network is off").arg(source),
+    const QStringList sources = virtualSources(path);
+    const auto network = std::find_if(sources.begin(), sources.end(), isNetworkSource);
+    if (network != sources.end())
+        throw LoadError(path, QStringLiteral("it takes data from %1, and access to the network is off").arg(*network),
                         QStringLiteral("add --allow-network if you trust the file"));
 }
 
-/// \throws LoadError when a virtual raster or layer takes data from outside the folder of the model that names it
-void requireInBounds(const QString& path, GDALDataset& dataset, int depth = 0)
+/// \throws LoadError when it takes data from outside the folder of the model that names it
+void requireInBounds(const QString& path, const QString& source)
+{
+    if (isOutOfBounds(source))
+        throw LoadError(path,
+                        QStringLiteral("it takes data from %1, which lies outside the model's folder").arg(source),
+                        QStringLiteral("move it there, or add --allow-outside"));
+}
+
+/// \throws LoadError when a virtual raster or layer, or what it names in turn, takes data from outside the folder of the
+/// model that names it
+void requireSourcesInBounds(const QString& path, int depth = 0)
 {
     constexpr int deepest = 8;
-    QFile virtualFile(path);
-    if (!hasBounds() || !openVirtual(virtualFile))
+    if (!hasBounds())
         return;
-    const CPLStringList files(dataset.GetFileList(), true);
-    for (int index = 0; index < files.size(); ++index) {
-        const QString file = QString::fromUtf8(files[index]);
-        if (isOutOfBounds(file) || depth > deepest)
+    for (const QString& source : virtualSources(path)) {
+        // A name of another kind ("NETCDF:...", "/vsisubfile/...") hides its path.
+        if (depth > deepest || !QFileInfo::exists(source))
             throw LoadError(path,
-                            QStringLiteral("it takes data from %1, which lies outside the model's folder").arg(file),
-                            QStringLiteral("move it there, or add --allow-outside"));
-        const GDALDatasetUniquePtr inner(QFileInfo(file) == QFileInfo(path)
-                                             ? nullptr
-                                             : GDALDataset::Open(files[index], GDAL_OF_RASTER | GDAL_OF_VECTOR));
-        if (inner)
-            requireInBounds(file, *inner, depth + 1);
+                            QStringLiteral("it takes data from %1, which is no file in the model's folder").arg(source),
+                            QStringLiteral("name a file there, or add --allow-outside"));
+        requireInBounds(path, source);
+        requireSourcesInBounds(source, depth + 1);
     }
 }
 
@@ -72,6 +72,7 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
                             QStringLiteral("export it again from its source"));
     }
     requireOnDisk(path);
+    requireSourcesInBounds(path);
     registerGdalDrivers();
     // Else GML's driver leaves a description of its own beside the file.
     CPLStringList open;
@@ -87,7 +88,12 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
         throw LoadError(path, QStringLiteral("the file could not be opened: %1").arg(QuietGdal::lastMessage()),
                         QStringLiteral("give a file in a format that GDAL reads"));
     }
-    requireInBounds(path, *dataset);
+    if (hasBounds()) {
+        // A label or header can name its data too.
+        const CPLStringList files(dataset->GetFileList(), true);
+        for (int index = 0; index < files.size(); ++index)
+            requireInBounds(path, QString::fromUtf8(files[index]));
+    }
     return dataset;
 }
 

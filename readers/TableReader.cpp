@@ -7,6 +7,7 @@
 #include "readers/TableColumn.h"
 #include "readers/VectorReader.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -233,6 +234,11 @@ LoadNotes readTable(Model& model, const QString& path, const LoadOptions& option
 
 bool isPointTable(const QString& path, const LoadOptions& options)
 {
+    // Markup that GDAL refused holds numbers, but no points.
+    QFile file(path);
+    constexpr qint64 beginning = 64;
+    if (!file.open(QIODevice::ReadOnly) || file.peek(beginning).trimmed().startsWith('<'))
+        return false;
     try {
         return PointTable(path, options).hasPositions();
     } catch (const LoadError&) {

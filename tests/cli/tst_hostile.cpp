@@ -80,6 +80,8 @@ private Q_SLOTS:
     void network_data();
     void network();
     void outside();
+    void hiddenPaths_data();
+    void hiddenPaths();
     void pipes();
     void controlCharacters();
     void fullOutput_data();
@@ -210,10 +212,10 @@ void HostileTest::network_data()
                       "</SimpleSource></VRTRasterBand></VRTDataset>")
         << QByteArray("/vsicurl/URL");
     QTest::newRow("layer") << QStringLiteral("l.vrt.xml") << layer << QByteArray("/vsicurl/URL");
-    // Where the look at the text does not find it, GDAL itself is kept from it.
+    // Where the look at the file itself does not find it, GDAL is kept from it.
     for (const char* source :
          {"/vsicurl/URL.json", "/vsicurl_streaming/URL.json", "/vsiwebhdfs/URL", "NETCDF:\"URL\":v"})
-        QTest::newRow(source) << QStringLiteral("hidden.vrt.xml") << layer << QByteArray(source);
+        QTest::newRow(source) << QStringLiteral("inner.vrt.xml") << layer << QByteArray(source);
 }
 
 void HostileTest::network()
@@ -224,13 +226,13 @@ void HostileTest::network()
     Listener listener;
     QVERIFY(listener.listens());
     source.replace("URL", listener.url());
-    if (name.startsWith(QLatin1String("hidden"))) {
-        QByteArray entities;
-        for (const char letter : qAsConst(source))
-            entities += "&#" + QByteArray::number(letter) + ';';
-        source = entities;
-    }
     write(name, content.replace("SOURCE", source));
+    if (name.startsWith(QLatin1String("inner"))) {
+        const QByteArray inner = name.toLatin1();
+        name = QStringLiteral("outer.vrt.xml");
+        write(name, "<OGRVRTDataSource><OGRVRTLayer name=\"x\"><SrcDataSource>" + inner
+                        + "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>");
+    }
     const Result result = run({QStringLiteral("inspect"), name});
     QCOMPARE(result.code, 1);
     QVERIFY2(!listener.wasCalled(), qPrintable(result.error));
@@ -271,7 +273,13 @@ void HostileTest::outside()
                                    + "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>");
     write("secret.inc", "SPECGRID\n1 1 1 1 /\n");
     write("sub/deck.grdecl", "INCLUDE\n'../secret.inc' /\n");
-    for (const char* file : {"inner.vrt", "outer.vrt", "layer.vrt.xml", "deck.grdecl"}) {
+    const QByteArray remark(2000, 'r');
+    write("sub/remark.vrt", "<!--" + remark + "-->" + QByteArray(grid).replace("FILE", path("g.asc").toUtf8()));
+    write("g.bil", QByteArray(16, '\1'));
+    write("sub/label.vrt", "<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Float32\" "
+                           "band=\"1\" subClass=\"VRTRawRasterBand\"><SourceFilename relativeToVRT=\"1\">../g.bil"
+                           "</SourceFilename><ImageOffset>0</ImageOffset></VRTRasterBand></VRTDataset>");
+    for (const char* file : {"inner.vrt", "outer.vrt", "layer.vrt.xml", "deck.grdecl", "remark.vrt", "label.vrt"}) {
         write("sub/m.kpmodel", R"({"version":1,"objects":[{"file":")" + QByteArray(file) + "\"}]}");
         const QString error = run({QStringLiteral("inspect"), QStringLiteral("sub/m.kpmodel")}).error;
         QVERIFY2(error.contains(QLatin1String("outside the model's folder (move it there, or add --allow-outside)")),
@@ -279,6 +287,44 @@ void HostileTest::outside()
         const QStringList named{QStringLiteral("inspect"), QStringLiteral("sub/") + QLatin1String(file)};
         QVERIFY(!run(named).error.contains(QLatin1String("outside")));
     }
+}
+
+void HostileTest::hiddenPaths_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    for (const char* source : {"NETCDF:\"FOLDER/g.nc\":Band1", "GTIFF_DIR:1:FOLDER/g.tif",
+                               "/vsisubfile/0_99999,FOLDER/g.tif", "vrt://FOLDER/g.tif",
+                               "<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Float32\" "
+                               "band=\"1\"><SimpleSource><SourceFilename>FOLDER/g.tif</SourceFilename></SimpleSource>"
+                               "</VRTRasterBand></VRTDataset>"})
+        QTest::newRow(QByteArray(source).left(20).constData()) << QByteArray(source);
+}
+
+void HostileTest::hiddenPaths()
+{
+    QFETCH(QByteArray, source);
+    write("g.asc", "ncols 2\nnrows 2\nxllcorner 0\nyllcorner 0\ncellsize 1\n1 2\n3 4\n");
+    for (const char* format : {"netCDF:g.nc", "GTiff:g.tif"}) {
+        const QStringList words = QString::fromLatin1(format).split(QLatin1Char(':'));
+        QCOMPARE(
+            QProcess::execute(QStringLiteral("gdal_translate"), {QStringLiteral("-q"), QStringLiteral("-of"), words[0],
+                                                                 path("g.asc"), path(words[1].toLatin1())}),
+            0);
+    }
+    QDir(path("")).mkdir(QStringLiteral("sub"));
+    source.replace("FOLDER", QDir(path("")).absolutePath().toUtf8());
+    const QString text = QString::fromUtf8(source).toHtmlEscaped();
+    write("sub/g.vrt", "<VRTDataset rasterXSize=\"2\" rasterYSize=\"2\"><VRTRasterBand dataType=\"Float32\" band=\"1\">"
+                       "<SimpleSource><SourceFilename>"
+                           + text.toUtf8()
+                           + "</SourceFilename><SourceBand>1</SourceBand>"
+                             "</SimpleSource></VRTRasterBand></VRTDataset>");
+    write("sub/m.kpmodel", R"({"version":1,"objects":[{"file":"g.vrt"}]})");
+    const Result result = run({QStringLiteral("inspect"), QStringLiteral("sub/m.kpmodel")});
+    QVERIFY2(result.error.contains(QLatin1String("which is no file in the model's folder (name a file there, or add "
+                                                 "--allow-outside)")),
+             qPrintable(result.error));
+    QCOMPARE(result.code, 1);
 }
 
 void HostileTest::pipes()
