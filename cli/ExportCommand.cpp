@@ -3,6 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/ReportFile.h"
+#include "cli/RunReport.h"
 #include "cli/StartUp.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalProgress.h"
@@ -11,18 +12,15 @@
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
 #include "export/TargetPath.h"
-#include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace refhost
 {
@@ -45,6 +43,23 @@ bool matchesAny(const ModelObject& object, const QStringList& patterns)
     });
 }
 
+/// Why a run comes to no file.
+class Refusal : public std::runtime_error
+{
+public:
+    Refusal(int code, const QString& error)
+        : std::runtime_error(error.toStdString())
+        , m_code(code)
+    {
+    }
+
+    int code() const { return m_code; }
+
+private:
+    int m_code;
+};
+
+/// \throws Refusal when there is none of that key
 std::unique_ptr<const Format> findFormat(const QString& key)
 {
     QStringList keys;
@@ -53,8 +68,9 @@ std::unique_ptr<const Format> findFormat(const QString& key)
             return std::move(format);
         keys.append(format->info().key);
     }
-    printError(QStringLiteral("%1: there is no such format (formats: %2)").arg(key, keys.join(QStringLiteral(", "))));
-    return nullptr;
+    throw Refusal(
+        WrongUse,
+        QStringLiteral("%1: there is no such format (formats: %2)").arg(key, keys.join(QStringLiteral(", "))));
 }
 
 /// The objects that the request names and the format takes; notes those that it does not take.
@@ -80,28 +96,24 @@ std::vector<const ModelObject*> choose(const Model& model, const ExportRequest& 
     return chosen;
 }
 
-bool checkRequest(const ExportRequest& request)
+/// \throws Refusal when something is missing or contradicts the rest
+void checkRequest(const ExportRequest& request)
 {
-    if (request.models.isEmpty())
-        printError(QStringLiteral("export: no file to export is named (give one or more)"));
-    else if (request.format.isEmpty())
-        printError(QStringLiteral("export: no format is given (add --format KEY)"));
-    else if (request.output.isEmpty())
-        printError(QStringLiteral("export: no output is given (add --output PATH)"));
-    else if (request.noAttributes && !request.attributes.isEmpty())
-        printError(QStringLiteral("export: --attribute and --no-attributes exclude each other (give one)"));
-    else if (!request.layout.isEmpty() && (request.noAttributes || !request.attributes.isEmpty()))
-        printError(QStringLiteral("export: a layout names its attributes itself (leave out --layout or --attribute)"));
-    else {
-        for (const QString& type : request.types) {
-            if (!typeFromKey(type.toStdString())) {
-                printError(QStringLiteral("%1: there is no such type (see kpexport formats)").arg(type));
-                return false;
-            }
-        }
-        return true;
+    const auto require = [](bool holds, const char* otherwise) {
+        if (!holds)
+            throw Refusal(WrongUse, QString::fromLatin1(otherwise));
+    };
+    require(!request.models.isEmpty(), "export: no file to export is named (give one or more)");
+    require(!request.format.isEmpty(), "export: no format is given (add --format KEY)");
+    require(!request.output.isEmpty(), "export: no output is given (add --output PATH)");
+    require(!request.noAttributes || request.attributes.isEmpty(),
+            "export: --attribute and --no-attributes exclude each other (give one)");
+    require(request.layout.isEmpty() || (!request.noAttributes && request.attributes.isEmpty()),
+            "export: a layout names its attributes itself (leave out --layout or --attribute)");
+    for (const QString& type : request.types) {
+        if (!typeFromKey(type.toStdString()))
+            throw Refusal(WrongUse, QStringLiteral("%1: there is no such type (see kpexport formats)").arg(type));
     }
-    return false;
 }
 
 /// A path of the command line. One that begins with a colon would be taken for something inside the program.
@@ -151,19 +163,16 @@ int codeOf(const ExportReport& report, const ExportRequest& request)
     return request.strict && !report.findings.isEmpty() ? SomethingLost : AllWritten;
 }
 
-/// The first file that exists and may not be replaced; empty when there is none.
+/// What stands in the way of the run: a file that exists and may not be replaced; empty when there is none.
 QString protectedFile(const PreparedExport& prepared, const ExportRequest& request)
 {
     const auto found =
         std::find_if(prepared.outputs().begin(), prepared.outputs().end(), [](const PreparedExport::Output& output) {
             return QFileInfo(output.planned.path).isFile() && !TargetPath(output.planned.path).isStream();
         });
-    return request.overwrite || found == prepared.outputs().end() ? QString() : found->planned.path;
-}
-
-void printProtected(const QString& path)
-{
-    printError(QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(path));
+    return request.overwrite || found == prepared.outputs().end()
+               ? QString()
+               : QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(found->planned.path);
 }
 
 /// What would be written. \returns the exit code that the run would have, as far as it can be told
@@ -191,28 +200,6 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
     return codeOf(plan.foreseen, request);
 }
 
-/// A report with what it is of: the program, its inputs, the objects and every setting.
-QJsonObject withOrigin(QJsonObject report, const PreparedExport& prepared, const ExportRequest& request)
-{
-    report.insert(QStringLiteral("schema"), QStringLiteral("kpexport-report-1"));
-    report.insert(QStringLiteral("version"), QCoreApplication::applicationVersion());
-    report.insert(QStringLiteral("inputs"), QJsonArray::fromStringList(request.models));
-    QJsonArray objects;
-    for (const ModelObject* object : prepared.selection().objects) {
-        objects.append(QJsonObject{{QStringLiteral("id"), object->id},
-                                   {QStringLiteral("name"), object->name},
-                                   {QStringLiteral("source"), object->source},
-                                   {QStringLiteral("system"), crsName(object->crs)},
-                                   {QStringLiteral("unit"), object->lengthUnit}});
-    }
-    report.insert(QStringLiteral("objects"), objects);
-    QJsonObject settings;
-    for (const Setting& setting : prepared.settings().settings())
-        settings.insert(setting.key, prepared.settings().get(setting));
-    report.insert(QStringLiteral("settings"), settings);
-    return report;
-}
-
 int exitCode(const ExportReport& report, const ExportRequest& request)
 {
     if (report.cancelled) {
@@ -235,38 +222,31 @@ int exitCode(const ExportReport& report, const ExportRequest& request)
     return codeOf(report, request);
 }
 
-} // namespace
-
-int runRequest(const ExportRequest& request)
+/// \throws SettingsError
+SettingsValue settingsOf(const ExportRequest& request, const Format& format)
 {
-    if (!checkRequest(request))
-        return WrongUse;
+    SettingsValue settings = format.defaults();
+    if (!request.layout.isEmpty())
+        format.loadLayout(request.layout, settings);
+    for (const auto& setting : request.settings)
+        format.overrule(settings, setting.first, setting.second);
+    format.requireUsable(settings);
+    return settings;
+}
+
+/// Carries the request out. \throws Refusal and other exceptions before anything is written
+int run(const ExportRequest& request)
+{
+    checkRequest(request);
     limitLoading(request.allowNetwork, request.allowOutside);
     const std::unique_ptr<const Format> format = findFormat(request.format);
-    if (!format)
-        return WrongUse;
-    SettingsValue settings = format->defaults();
-    try {
-        if (!request.layout.isEmpty())
-            format->loadLayout(request.layout, settings);
-        for (const auto& setting : request.settings)
-            format->overrule(settings, setting.first, setting.second);
-        format->requireUsable(settings);
-    } catch (const SettingsError& error) {
-        printError(QString::fromUtf8(error.what()));
-        return WrongUse;
-    }
+    SettingsValue settings = settingsOf(request, *format);
 
     TerminalProgress progress(request.quiet);
     Model model;
     LoadNotes notes;
-    try {
-        for (const QString& path : request.models)
-            notes += loadInto(model, path);
-    } catch (const LoadError& error) {
-        printError(QString::fromUtf8(error.what()));
-        return NotAllWritten;
-    }
+    for (const QString& path : request.models)
+        notes += loadInto(model, path);
     Findings before;
     for (const QString& note : qAsConst(notes))
         before.note(finding::lostOnLoading, QString(), 1, note);
@@ -278,10 +258,8 @@ int runRequest(const ExportRequest& request)
         selection.attributes = request.attributes;
     if (request.noAttributes)
         selection.attributes = QStringList();
-    if (selection.objects.empty()) {
-        printError(QStringLiteral("no object matches (kpexport inspect lists the names and types)"));
-        return NothingMatched;
-    }
+    if (selection.objects.empty())
+        throw Refusal(NothingMatched, QStringLiteral("no object matches (kpexport inspect lists the names and types)"));
 
     selection.verify = request.verify;
     selection.overwrite = request.overwrite;
@@ -300,24 +278,53 @@ int runRequest(const ExportRequest& request)
         return NotAllWritten;
     }
     const QString existing = protectedFile(prepared, request);
+    if (!request.dryRun && !existing.isEmpty())
+        throw Refusal(NotAllWritten, existing);
+    int code = AllWritten;
+    QJsonObject outcome;
     if (request.dryRun) {
         const ExportPlan plan = planOf(prepared);
-        int code = showPlan(plan, request);
+        code = showPlan(plan, request);
         if (!existing.isEmpty()) {
-            printProtected(existing);
+            printError(existing);
             code = NotAllWritten;
         }
-        return reportFile.write(withOrigin(plan.toJson(request.format), prepared, request)) ? code : NotAllWritten;
+        outcome = plan.toJson(request.format);
+    } else {
+        const ExportReport report = runExport(prepared, &progress);
+        progress.progressFinished();
+        code = exitCode(report, request);
+        outcome = report.toJson(request.format);
     }
-    if (!existing.isEmpty()) {
-        printProtected(existing);
-        return NotAllWritten;
-    }
-    const ExportReport report = runExport(prepared, &progress);
-    progress.progressFinished();
-    const bool reported = reportFile.write(withOrigin(report.toJson(request.format), prepared, request));
-    const int code = exitCode(report, request);
+    const bool reported = reportFile.write(runReport(outcome, prepared, request, code));
     return code == AllWritten && !reported ? NotAllWritten : code;
+}
+
+} // namespace
+
+int refuse(const ExportRequest& request, int code, const QString& error)
+{
+    printError(error);
+    const ReportFile file(request);
+    const QString noReport = file.refusalWithoutRun();
+    if (noReport.isEmpty())
+        file.write(refusedReport(request, code, error));
+    else
+        printError(noReport);
+    return code;
+}
+
+int runRequest(const ExportRequest& request)
+{
+    try {
+        return run(request);
+    } catch (const Refusal& refusal) {
+        return refuse(request, refusal.code(), QString::fromUtf8(refusal.what()));
+    } catch (const SettingsError& error) {
+        return refuse(request, WrongUse, QString::fromUtf8(error.what()));
+    } catch (const std::exception& error) {
+        return refuse(request, NotAllWritten, QString::fromUtf8(error.what()));
+    }
 }
 
 int exportCommand(const QStringList& arguments)
@@ -331,10 +338,7 @@ int exportCommand(const QStringList& arguments)
     for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run", "no-attributes",
                              "allow-network", "allow-outside"})
         parser.addOption({QString::fromLatin1(name), QString()});
-    if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)) {
-        printError(parser.errorText() + QStringLiteral(" (see kpexport --help)"));
-        return WrongUse;
-    }
+    const bool understood = parser.parse(QStringList(QStringLiteral("kpexport")) + arguments);
     ExportRequest request;
     for (const QString& model : parser.positionalArguments())
         request.models.append(pathOf(model));
@@ -353,16 +357,16 @@ int exportCommand(const QStringList& arguments)
     request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
     request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
     request.overwrite = parser.isSet(QStringLiteral("overwrite"));
-    if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite"))) {
-        printError(QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
-        return WrongUse;
-    }
+    if (!understood)
+        return refuse(request, WrongUse, parser.errorText() + QStringLiteral(" (see kpexport --help)"));
+    if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite")))
+        return refuse(request, WrongUse,
+                      QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
     for (const QString& setting : parser.values(QStringLiteral("set"))) {
         const int equals = setting.indexOf(QLatin1Char('='));
-        if (equals < 1) {
-            printError(QStringLiteral("--set %1: this is not a setting (write KEY=VALUE)").arg(setting));
-            return WrongUse;
-        }
+        if (equals < 1)
+            return refuse(request, WrongUse,
+                          QStringLiteral("--set %1: this is not a setting (write KEY=VALUE)").arg(setting));
         request.settings.append({setting.left(equals), setting.mid(equals + 1)});
     }
     return runRequest(request);

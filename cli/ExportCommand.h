@@ -13,6 +13,9 @@ namespace refhost
 /// Carries the request out and prints what was written. \returns the exit code
 int runRequest(const ExportRequest& request);
 
+/// Prints why a request is not carried out, and says so in the report that it asks for. \returns \a code
+int refuse(const ExportRequest& request, int code, const QString& error);
+
 /// kpexport export. \returns the exit code
 int exportCommand(const QStringList& arguments);
 

@@ -73,11 +73,19 @@ QString inFolder(const QDir& folder, const QString& name)
     return name.isEmpty() || name.startsWith(QLatin1Char('/')) ? name : folder.path() + QLatin1Char('/') + name;
 }
 
+/// Where the report of a job goes, whatever else stands in it.
+QString reportOf(const QString& path, const QJsonObject& job)
+{
+    const QJsonValue report = job.value(QLatin1String("report"));
+    return report.isString() ? inFolder(QFileInfo(path).absoluteDir(), report.toString()) : QString();
+}
+
 ExportRequest requestOf(const QString& path, const QJsonObject& job)
 {
     const QDir folder = QFileInfo(path).absoluteDir();
     ExportRequest request;
     request.jobFile = path;
+    request.report = reportOf(path, job);
     for (auto member = job.begin(); member != job.end(); ++member) {
         const QString key = member.key();
         const QJsonValue value = member.value();
@@ -89,7 +97,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
         } else if (key == QLatin1String("output")) {
             request.output = inFolder(folder, text(path, key, value));
         } else if (key == QLatin1String("report")) {
-            request.report = inFolder(folder, text(path, key, value));
+            text(path, key, value);
         } else if (key == QLatin1String("layout")) {
             request.layout = inFolder(folder, text(path, key, value));
         } else if (key == QLatin1String("objects")) {
@@ -164,15 +172,18 @@ int jobCommand(const QStringList& arguments)
         printError(QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
         return WrongUse;
     }
+    ExportRequest request;
+    request.jobFile = parser.positionalArguments().first();
     try {
-        ExportRequest request = readJobFile(parser.positionalArguments().first());
+        const QJsonObject job = readJob(request.jobFile);
+        request.report = reportOf(request.jobFile, job);
+        request = requestOf(request.jobFile, job);
         // A file cannot allow itself more.
         request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
         request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
         return runRequest(request);
     } catch (const std::invalid_argument& error) {
-        printError(QString::fromUtf8(error.what()));
-        return WrongUse;
+        return refuse(request, WrongUse, QString::fromUtf8(error.what()));
     }
 }
 

@@ -62,6 +62,16 @@ ReportFile::ReportFile(const ExportRequest& request)
 
 QString ReportFile::refusal(const QStringList& inputs, const QStringList& outputs) const
 {
+    return faultOf(inputs, outputs, m_request.overwrite);
+}
+
+QString ReportFile::refusalWithoutRun() const
+{
+    return faultOf(m_request.models, {m_request.output}, false);
+}
+
+QString ReportFile::faultOf(const QStringList& inputs, const QStringList& outputs, bool mayReplace) const
+{
     const QString& path = m_request.report;
     if (path.isEmpty())
         return {};
@@ -83,7 +93,7 @@ QString ReportFile::refusal(const QStringList& inputs, const QStringList& output
     } catch (const ExportError& error) {
         return QStringLiteral("%1: the report cannot go there: %2").arg(path, error.reason());
     }
-    if (m_existed && !m_request.overwrite && !isReport(path))
+    if (m_existed && !mayReplace && !isReport(path))
         return because(QStringLiteral("the file exists already and is not a report"),
                        QStringLiteral("add --overwrite to replace it"));
     return {};

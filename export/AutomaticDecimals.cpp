@@ -129,11 +129,11 @@ void notePositionsAlike(const ModelObject& object, const PositionDecimals& decim
             first = vertex;
     });
     findings.note(
-        finding::positionsAlike, object.name, alike,
+        finding::positionsAlike, object, alike,
         QStringLiteral("%1 decimals are too few for vertices %2 and %3").arg(decimals.flat).arg(first).arg(first + 1));
 }
 
-void RoundedToZero::note(const QString& object, const QString& column, Findings& findings) const
+void RoundedToZero::note(const FindingObject& object, const QString& column, Findings& findings) const
 {
     findings.note(finding::numberWrittenAs0, object, m_count,
                   QStringLiteral("%1 in %2").arg(m_example, 0, 'g', 6).arg(column));

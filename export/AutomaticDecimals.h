@@ -59,7 +59,7 @@ public:
         if (std::abs(number) < m_half && number != 0.0 && m_count++ == 0)
             m_example = number;
     }
-    void note(const QString& object, const QString& column, Findings& findings) const;
+    void note(const FindingObject& object, const QString& column, Findings& findings) const;
 
 private:
     double m_half;

@@ -36,7 +36,7 @@ void DrawingWalk::project(PositionBlock& block) const
 
 void DrawingWalk::noteLeftOut(const ModelObject& object, qint64 count, int first)
 {
-    m_findings.note(finding::positionLeftOut, object.name, count, m_noPlace.arg(first));
+    m_findings.note(finding::positionLeftOut, object, count, m_noPlace.arg(first));
 }
 
 void DrawingWalk::noteLeftOut(const ModelObject& object, const PositionReader& reader)
@@ -85,9 +85,8 @@ DrawingWalk::PartCounts DrawingWalk::parts(const ModelObject& object, bool areas
 void DrawingWalk::note(const ModelObject& object, const PartCounts& counts, const FindingKind& tooShort,
                        const PositionReader& reader)
 {
-    m_findings.note(tooShort, object.name, counts.tooShort, object.name);
-    m_findings.note(finding::ringClosed, object.name, counts.closed,
-                    QStringLiteral("its last point was not its first"));
+    m_findings.note(tooShort, object, counts.tooShort, object.name);
+    m_findings.note(finding::ringClosed, object, counts.closed, QStringLiteral("its last point was not its first"));
     noteLeftOut(object, reader);
 }
 

@@ -102,6 +102,7 @@ QJsonObject ExportPlan::toJson(const QString& formatKey) const
             {QStringLiteral("dryRun"), true},
             {QStringLiteral("files"), files},
             {QStringLiteral("findings"), foreseen.findings.toJson()},
+            {QStringLiteral("summary"), foreseen.findings.summaryToJson()},
             {QStringLiteral("estimatedBytes"), bytes()},
             {QStringLiteral("freeBytes"), freeBytes}};
 }

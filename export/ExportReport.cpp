@@ -10,7 +10,9 @@ QJsonArray FileOutcome::failedJson() const
 {
     QJsonArray failed;
     for (const FailedObject& object : failedObjects)
-        failed.append(QJsonObject{{QStringLiteral("name"), object.name}, {QStringLiteral("reason"), object.reason}});
+        failed.append(QJsonObject{{QStringLiteral("id"), object.id},
+                                  {QStringLiteral("name"), object.name},
+                                  {QStringLiteral("reason"), object.reason}});
     return failed;
 }
 
@@ -45,7 +47,8 @@ QJsonObject ExportReport::toJson(const QString& formatKey) const
     return {{QStringLiteral("format"), formatKey},
             {QStringLiteral("cancelled"), cancelled},
             {QStringLiteral("files"), files},
-            {QStringLiteral("findings"), findings.toJson()}};
+            {QStringLiteral("findings"), findings.toJson()},
+            {QStringLiteral("summary"), findings.summaryToJson()}};
 }
 
 } // namespace kpFormats

@@ -22,6 +22,7 @@ struct FailedObject
 {
     QString name;
     QString reason; ///< cause and cure
+    int id = 0;     ///< of the object
 };
 
 /// What became of one output file.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/FindingKind.h"
+#include "export/FindingObject.h"
 #include "model/kpFormatsExport.h"
 
 #include <QString>
@@ -14,7 +15,7 @@ struct KPFORMATS_EXPORT Finding
 {
     const FindingKind* sort; ///< a constant
     QString value;           ///< told with the kind; empty when it has none
-    QString object;          ///< name of the object, or empty
+    FindingObject object;
     qint64 count = 0;
     QString example; ///< the first case in words
 

@@ -6,13 +6,29 @@
 namespace kpFormats
 {
 
-void Findings::note(const FindingKind& kind, const QString& object, qint64 count, const QString& example,
+namespace
+{
+
+QString keyOf(const QString& kind, const QString& object)
+{
+    return kind + QChar::Null + object;
+}
+
+/// "polygon"; empty for something else than an object.
+QString typeText(const FindingObject& object)
+{
+    return object.type ? QString::fromStdString(typeKey(*object.type)) : QString();
+}
+
+} // namespace
+
+void Findings::note(const FindingKind& kind, const FindingObject& object, qint64 count, const QString& example,
                     const QString& value)
 {
     if (count <= 0)
         return;
     const Finding finding{&kind, value, object, count, example};
-    const QPair<QString, QString> key{finding.kind(), object};
+    const QString key = keyOf(finding.kind(), object.id != 0 ? QString::number(object.id) : object.name);
     const auto found = m_places.constFind(key);
     if (found != m_places.constEnd()) {
         m_findings[*found].count += count;
@@ -32,49 +48,75 @@ QJsonArray Findings::toJson() const
 {
     QJsonArray findings;
     for (const Finding& finding : m_findings) {
-        findings.append(QJsonObject{{QStringLiteral("kind"), finding.kind()},
-                                    {QStringLiteral("object"), finding.object},
-                                    {QStringLiteral("count"), finding.count},
-                                    {QStringLiteral("example"), finding.example}});
+        QJsonObject entry{{QStringLiteral("kind"), finding.kind()},
+                          {QStringLiteral("object"), finding.object.name},
+                          {QStringLiteral("count"), finding.count},
+                          {QStringLiteral("example"), finding.example}};
+        if (finding.object.id != 0) {
+            entry.insert(QStringLiteral("id"), finding.object.id);
+            entry.insert(QStringLiteral("type"), typeText(finding.object));
+        }
+        findings.append(entry);
     }
     return findings;
 }
 
-QStringList Findings::lines() const
+std::vector<Findings::Summary> Findings::summaries() const
 {
     // A user of a thousand objects wants to know what happened, not a thousand times that it did.
-    struct Summary
-    {
-        const Finding* first;
-        qint64 count = 0;
-        int objects = 0;
-    };
     std::vector<Summary> summaries;
     QHash<QString, std::size_t> places;
     for (const Finding& finding : m_findings) {
-        const auto place = places.constFind(finding.kind());
-        if (place == places.constEnd()) {
-            places.insert(finding.kind(), summaries.size());
-            summaries.push_back({&finding, finding.count, 1});
-            continue;
+        const QString key = keyOf(finding.kind(), typeText(finding.object));
+        const auto place = places.constFind(key);
+        const std::size_t index = place == places.constEnd() ? summaries.size() : *place;
+        if (index == summaries.size()) {
+            places.insert(key, index);
+            summaries.emplace_back();
         }
-        summaries[*place].count += finding.count;
-        ++summaries[*place].objects;
+        summaries[index].findings.push_back(&finding);
+        summaries[index].count += finding.count;
     }
+    return summaries;
+}
+
+QJsonArray Findings::summaryToJson() const
+{
+    QJsonArray all;
+    for (const Summary& summary : summaries()) {
+        const Finding& first = *summary.findings.front();
+        QJsonArray ids;
+        for (const Finding* finding : summary.findings) {
+            if (finding->object.id != 0)
+                ids.append(finding->object.id);
+        }
+        all.append(QJsonObject{{QStringLiteral("kind"), first.kind()},
+                               {QStringLiteral("type"), typeText(first.object)},
+                               {QStringLiteral("count"), summary.count},
+                               {QStringLiteral("ids"), ids},
+                               {QStringLiteral("example"), first.example}});
+    }
+    return all;
+}
+
+QStringList Findings::lines() const
+{
     QStringList lines;
-    for (const Summary& summary : summaries) {
-        const QString& object = summary.first->object;
-        QString line = summary.first->text(summary.count);
-        if (summary.objects == 1) {
+    for (const Summary& summary : summaries()) {
+        const Finding& first = *summary.findings.front();
+        const QString& object = first.object.name;
+        const auto objects = static_cast<qint64>(summary.findings.size());
+        QString line = first.text(summary.count);
+        if (objects == 1) {
             line.prepend(object.isEmpty() ? QString() : object + QStringLiteral(": "));
         } else {
-            // Objects that share a name are one here, so a number of objects is not told of as many others.
-            const bool inObjects = summary.count > summary.objects && !line.contains(QLatin1String(" objects"));
-            line += inObjects ? QStringLiteral(", in %1 objects").arg(summary.objects) : QString();
+            const bool inObjects = summary.count > objects && !line.contains(QLatin1String(" objects"));
+            const QString type = first.object.type ? typeName(*first.object.type) : QStringLiteral("objects");
+            line += inObjects ? QStringLiteral(", in %1 %2").arg(objects).arg(type) : QString();
             line += object.isEmpty() ? QString() : QStringLiteral(", first %1").arg(object);
         }
-        if (!summary.first->example.isEmpty() && summary.first->example != object)
-            line += QStringLiteral(" (%1)").arg(summary.first->example);
+        if (!first.example.isEmpty() && first.example != object)
+            line += QStringLiteral(" (%1)").arg(first.example);
         lines.append(line);
     }
     return lines;

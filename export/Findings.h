@@ -6,7 +6,6 @@
 
 #include <QHash>
 #include <QJsonArray>
-#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -20,7 +19,7 @@ class KPFORMATS_EXPORT Findings
 {
 public:
     /// Adds to the finding of that kind and object; the first example stays. A count of 0 is not a finding.
-    void note(const FindingKind& kind, const QString& object, qint64 count, const QString& example,
+    void note(const FindingKind& kind, const FindingObject& object, qint64 count, const QString& example,
               const QString& value = QString());
     void add(const Findings& other);
 
@@ -28,14 +27,25 @@ public:
     bool isEmpty() const { return m_findings.empty(); }
 
     QJsonArray toJson() const;
+    /// The findings of each kind and type of object as one, with the ids of the objects.
+    QJsonArray summaryToJson() const;
     /// As HTML for the wizard's report; empty when there are none.
     QString toHtml() const;
-    /// One line per kind of finding, with its first example.
+    /// One line per kind of finding and type of object, with its first example.
     QStringList lines() const;
 
 private:
+    /// The findings of one kind in objects of one type.
+    struct Summary
+    {
+        std::vector<const Finding*> findings;
+        qint64 count = 0;
+    };
+
+    std::vector<Summary> summaries() const;
+
     std::vector<Finding> m_findings;
-    QHash<QPair<QString, QString>, std::size_t> m_places; ///< of a finding by kind and object
+    QHash<QString, std::size_t> m_places; ///< of a finding by kind and object
 };
 
 } // namespace kpFormats

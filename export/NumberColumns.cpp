@@ -46,8 +46,7 @@ public:
 
     std::vector<NumberColumn> take(Findings& findings)
     {
-        findings.note(finding::attributeNotNumeric, m_object.name, m_refused,
-                      QStringLiteral("first %1").arg(m_example));
+        findings.note(finding::attributeNotNumeric, m_object, m_refused, QStringLiteral("first %1").arg(m_example));
         return std::move(m_columns);
     }
 
@@ -130,7 +129,7 @@ void noteAttributesLeftOut(const ModelObject& object, Findings& findings)
         return;
     const QString first =
         object.vertexAttributes.empty() ? object.objectAttributes.front().name : object.vertexAttributes.front().name;
-    findings.note(finding::attributesLeftOut, object.name, static_cast<qint64>(count),
+    findings.note(finding::attributesLeftOut, object, static_cast<qint64>(count),
                   QStringLiteral("first %1").arg(first));
 }
 

@@ -30,7 +30,7 @@ std::vector<const ModelObject*> soundObjects(PreparedExport::Output& output)
         if (fault.isEmpty())
             continue;
         output.failedObjects.push_back(
-            {object->name, QStringLiteral("%1 (load it again or repair its source)").arg(fault)});
+            {object->name, QStringLiteral("%1 (load it again or repair its source)").arg(fault), object->id});
         remove(sound, *object);
     }
     return sound;
@@ -88,7 +88,7 @@ void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> obj
             output.findings = std::move(found);
             return;
         } catch (const ObjectError& error) {
-            output.failedObjects.push_back({error.object()->name, error.reason()});
+            output.failedObjects.push_back({error.object()->name, error.reason(), error.object()->id});
             remove(objects, *error.object());
         } catch (const ExportError& error) {
             output.file.reset();
@@ -104,7 +104,7 @@ void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> obj
 void PreparedExport::leaveOut(Output& output, const ModelObject& object, const QString& reason) const
 {
     std::vector<const ModelObject*> objects = output.file->file().objects;
-    output.failedObjects.push_back({object.name, reason});
+    output.failedObjects.push_back({object.name, reason, object.id});
     remove(objects, object);
     prepare(output, std::move(objects));
 }

@@ -23,6 +23,11 @@ void addCount(QStringList& list, qint64 count, const char* one, const char* seve
 QString measure(double length, const QString& unit)
 {
     const QString number = QString::number(length, 'g', 3);
+    if (unit == QLatin1String("degrees") && length > 0) {
+        // The longest degree of WGS 84, of latitude at a pole.
+        constexpr double metresPerDegree = 111694.0;
+        return QStringLiteral("%1 degrees (up to %2 m)").arg(number).arg(length * metresPerDegree, 0, 'g', 2);
+    }
     return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
 }
 

@@ -5,6 +5,7 @@
 #include "export/PreparedExport.h"
 #include "export/WriteErrors.h"
 #include "formats/ascii/AsciiDecimals.h"
+#include "formats/ascii/AsciiHints.h"
 #include "formats/ascii/AsciiOutput.h"
 #include "formats/ascii/AsciiVerification.h"
 #include "model/ShareOfProgress.h"
@@ -27,6 +28,7 @@ AsciiFile::AsciiFile(PlannedFile planned, const ExportSelection& selected, Ascii
     const bool inColumns = m_settings.mode == AsciiExportSettings::Mode::Columns;
     if (m_settings.layout) {
         m_table = asciiTable(*m_settings.layout, selection().objects, inColumns, findings);
+        noteHints(file().objects, m_settings, findings);
     } else {
         m_table = asciiTable(file().objects, selection().attributes, m_settings.decimals, findings);
         m_laidOut = !inColumns;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ascii/AsciiHints.h"
 
+#include "formats/ascii/AsciiFindings.h"
 #include "formats/ascii/AsciiOutput.h"
 
 #include <algorithm>
@@ -159,6 +160,7 @@ void narrowHints(std::vector<AsciiHint>& hints, const AsciiProfile& profile, con
                                           .arg(longest)
                                           .arg(width)
                                     : QStringLiteral("%1: the name in the header is cut.").arg(shortened(field.name()));
+        hint.kind = &asciiFinding::columnTooNarrow;
         hint.cure = AsciiHint::Widen;
         hint.cureText = QStringLiteral("Widen");
         hint.field = row;
@@ -205,6 +207,7 @@ void presetHint(std::vector<AsciiHint>& hints, const Settings& settings, const F
     if (inOrder)
         return;
     AsciiHint hint;
+    hint.kind = &asciiFinding::headerOfAnotherLayout;
     hint.text = QStringLiteral("The preset header speaks of X, Y, Z first; the layout begins otherwise.");
     hint.cure = AsciiHint::NoPreset;
     hint.cureText = QStringLiteral("No preset header");
@@ -242,6 +245,24 @@ std::vector<AsciiHint> asciiHints(const AsciiProfile& profile, const Settings& s
     decimalsHint(hints, profile, fields);
     narrowHints(hints, profile, settings, fields);
     return hints;
+}
+
+void noteHints(const std::vector<const ModelObject*>& objects, const Settings& settings, Findings& findings)
+{
+    const bool inColumns = settings.mode == Settings::Mode::Columns;
+    if (!settings.layout || (!inColumns && settings.preset == Settings::Preset::None))
+        return;
+    const std::vector<OfferedField> offered = offeredFields(objects);
+    AsciiProfile profile;
+    profile.start(objects, inColumns ? offered : std::vector<OfferedField>(), {});
+    while (!profile.advance(1000)) {
+    }
+    const Fields fields = fieldsFor(*settings.layout, offered);
+    std::vector<AsciiHint> hints;
+    presetHint(hints, settings, fields);
+    narrowHints(hints, profile, settings, fields);
+    for (const AsciiHint& hint : hints)
+        findings.note(*hint.kind, QString(), 1, hint.text);
 }
 
 } // namespace kpFormats

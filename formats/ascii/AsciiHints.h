@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/Findings.h"
 #include "formats/ascii/AsciiExportSettings.h"
 #include "formats/ascii/AsciiProfile.h"
 #include "model/kpFormatsExport.h"
@@ -28,11 +29,16 @@ struct KPFORMATS_EXPORT AsciiHint
     int field = -1;
     int number = 0;
     QString newText;
+    const FindingKind* kind = nullptr; ///< how a run tells it; null where the writing itself finds it
 };
 
 /// What the values of the chosen objects have against a layout. \a fields are laid out; the profile is done.
 KPFORMATS_EXPORT std::vector<AsciiHint> asciiHints(const AsciiProfile& profile, const AsciiExportSettings& settings,
                                                    const QVector<kpBaseExport::QESAttribute>& fields);
+
+/// Notes the hints that the writing of a layout would not find.
+KPFORMATS_EXPORT void noteHints(const std::vector<const ModelObject*>& objects, const AsciiExportSettings& settings,
+                                Findings& findings);
 
 /// Characters that the longest value of a field, or its name in the header, takes.
 KPFORMATS_EXPORT int widthNeeded(const AsciiProfile& profile, const AsciiExportSettings& settings,

@@ -2,6 +2,7 @@
 #include "formats/ascii/AsciiRecord.h"
 
 #include "export/CommonFindings.h"
+#include "export/NumberColumns.h"
 #include "formats/ascii/AsciiFindings.h"
 #include "formats/ascii/AsciiHints.h"
 #include "formats/ascii/AsciiOutput.h"
@@ -147,11 +148,11 @@ public:
 
     void report(Findings& findings) const
     {
-        findings.note(asciiFinding::textHoldsTheSeparator, m_object.name, m_ambiguous,
+        findings.note(asciiFinding::textHoldsTheSeparator, m_object, m_ambiguous,
                       QStringLiteral("first in %1: \"%2\"; set quoting=needed").arg(m_attribute, m_example.left(80)));
         const QString where = QStringLiteral("in %1").arg(m_attribute);
-        findings.note(asciiFinding::lineEndInATextBecameABlank, m_object.name, m_broken, where);
-        findings.note(asciiFinding::guardedText, m_object.name, m_guarded, where);
+        findings.note(asciiFinding::lineEndInATextBecameABlank, m_object, m_broken, where);
+        findings.note(asciiFinding::guardedText, m_object, m_guarded, where);
     }
 
 private:
@@ -346,12 +347,28 @@ void noteHeights(const ModelObject& object, const AsciiExportSettings& settings,
                             : settings.writeNullValue    ? QStringLiteral("z is written as %1").arg(settings.nullValue)
                                                          : QStringLiteral("z is written as 0");
     if (!object.hasZ) {
-        findings.note(asciiFinding::noHeights, object.name, object.vertexCount(),
+        findings.note(asciiFinding::noHeights, object, object.vertexCount(),
                       QStringLiteral("the object is flat; ") + written);
         return;
     }
     const qint64 undefined = std::count_if(object.z->begin(), object.z->end(), [](double z) { return std::isnan(z); });
-    findings.note(asciiFinding::vertexWithoutZ, object.name, undefined, written);
+    findings.note(asciiFinding::vertexWithoutZ, object, undefined, written);
+}
+
+/// Notes values that a reader takes for missing ones.
+void noteNullValues(const ModelObject& object, const AttributeColumn& column, const AsciiExportSettings& settings,
+                    Findings& findings)
+{
+    bool isNumber = false;
+    const double null = settings.nullValue.toDouble(&isNumber);
+    if (!settings.writeNullValue || !isNumber || column.kind == AttributeKind::Text)
+        return;
+    const NumberColumn numbers(column);
+    qint64 count = 0;
+    for (int index = 0; index < object.vertexCount(); ++index)
+        count += numbers.at(index) == null ? 1 : 0;
+    findings.note(asciiFinding::valueReadsAsNull, object, count,
+                  QStringLiteral("%1 in %2; choose another nullValue").arg(settings.nullValue, column.name));
 }
 
 void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, const AsciiTable& table,
@@ -395,8 +412,9 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
         const QString& name = source.attribute;
         if (const AttributeColumn* column = vertexAttribute(object, name)) {
             matrices.push_back(vertexMatrix(object, *column, field, settings, findings));
+            noteNullValues(object, *column, settings, findings);
             if (column->kind != AttributeKind::Text && !settings.writeNullValue)
-                findings.note(asciiFinding::missingValueWrittenAs0, object.name, countMissing(*column),
+                findings.note(asciiFinding::missingValueWrittenAs0, object, countMissing(*column),
                               QStringLiteral("in %1; switch writeNullValue on").arg(name));
         } else if (const ObjectAttribute* attribute = objectAttribute(object, name)) {
             matrices.push_back(objectMatrix(object, *attribute, field, settings, findings));
@@ -405,7 +423,7 @@ void fillRecord(kpBaseExport::GeoObject& record, const ModelObject& object, cons
                 firstAbsent = name;
         }
     }
-    findings.note(finding::missingAttribute, object.name, absent, QStringLiteral("first %1").arg(firstAbsent));
+    findings.note(finding::missingAttribute, object, absent, QStringLiteral("first %1").arg(firstAbsent));
 }
 
 } // namespace kpFormats

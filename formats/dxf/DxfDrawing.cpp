@@ -47,7 +47,7 @@ qint64 DxfDrawing::draw(const std::vector<const ModelObject*>& objects)
         const qint64 before = m_entities;
         drawObject(*object);
         if (m_entities == before && !m_walk.stopped() && !m_undrawable.contains(object))
-            m_findings.note(finding::objectLeftOut, object->name, 1, QStringLiteral("nothing of it can be drawn"));
+            m_findings.note(finding::objectLeftOut, *object, 1, QStringLiteral("nothing of it can be drawn"));
     }
     return m_entities;
 }
@@ -213,8 +213,7 @@ void DxfDrawing::drawName(const ModelObject& object, const DxfSink::Corner& plac
     m_sink.text(place, m_textHeight, text);
     ++m_entities;
     if (changed)
-        m_findings.note(dxfFinding::textChanged, object.name, 1,
-                        QStringLiteral("characters that a drawing does not have"));
+        m_findings.note(dxfFinding::textChanged, object, 1, QStringLiteral("characters that a drawing does not have"));
 }
 
 void DxfDrawing::drawPoints(const ModelObject& object, bool points, bool names)
@@ -271,7 +270,7 @@ void DxfDrawing::drawFaces(const ModelObject& object)
             m_sink.face({corner(block, at), corner(block, at + 1), corner(block, at + 2), corner(block, at + 3)});
             ++m_entities;
         });
-    m_findings.note(dxfFinding::cellWithoutValues, object.name, empty, QStringLiteral("there is no face"));
+    m_findings.note(dxfFinding::cellWithoutValues, object, empty, QStringLiteral("there is no face"));
 }
 
 void DxfDrawing::drawBoundaries(const ModelObject& object)
@@ -285,7 +284,7 @@ void DxfDrawing::drawBoundaries(const ModelObject& object)
         if (m_walk.stopped())
             return;
         if (!drawBoundary(object, line, half / static_cast<double>(points)))
-            m_findings.note(dxfFinding::boundaryLeftOut, object.name, 1,
+            m_findings.note(dxfFinding::boundaryLeftOut, object, 1,
                             QStringLiteral("it has no place in the coordinate system"));
     }
 }

@@ -29,7 +29,7 @@ DxfFile::DxfFile(PlannedFile planned, const ExportSelection& selected, DxfExport
         const QString fault = undrawable(*object, m_settings);
         if (!fault.isEmpty()) {
             m_undrawable.insert(object);
-            findings.note(finding::objectLeftOut, object->name, 1, fault);
+            findings.note(finding::objectLeftOut, *object, 1, fault);
         }
         noteColours(*object, findings);
         noteAttributes(*object, selection(), findings);

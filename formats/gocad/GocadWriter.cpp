@@ -126,18 +126,17 @@ qint64 GocadWriter::write(const ModelObject& object, const std::vector<NumberCol
 void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, Findings& findings)
 {
     if (!object.hasZ)
-        findings.note(gocadFinding::objectWithoutHeights, object.name, 1, object.name);
+        findings.note(gocadFinding::objectWithoutHeights, object, 1, object.name);
     if (!settings.header)
-        findings.note(gocadFinding::nameAndColourNotWritten, object.name, 1,
-                      QStringLiteral("the header was not wanted"));
+        findings.note(gocadFinding::nameAndColourNotWritten, object, 1, QStringLiteral("the header was not wanted"));
 }
 
 void GocadWriter::noteLosses()
 {
-    m_findings.note(finding::vertexWithoutPosition, m_object->name, m_withoutPosition,
+    m_findings.note(finding::vertexWithoutPosition, *m_object, m_withoutPosition,
                     QStringLiteral("its height or place is missing"));
     m_findings.note(
-        finding::valueEqualToTheNullValue, m_object->name, m_equalToNull,
+        finding::valueEqualToTheNullValue, *m_object, m_equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(m_settings.nullValue));
 }
 
@@ -171,7 +170,7 @@ void GocadWriter::writeHeader(GocadKind kind)
     }
     text += "}\n";
     if (name != m_object->name)
-        m_findings.note(finding::renamed, m_object->name, 1,
+        m_findings.note(finding::renamed, *m_object, 1,
                         QStringLiteral("%1 is written as %2").arg(m_object->name, name));
 }
 
@@ -199,7 +198,7 @@ void GocadWriter::writePropertyLists()
         const QString name = taken.take(gocadWord(column.name()));
         names.push_back(name.toStdString());
         if (name != column.name())
-            m_findings.note(finding::renamed, m_object->name, 1,
+            m_findings.note(finding::renamed, *m_object, 1,
                             QStringLiteral("attribute %1 is written as %2").arg(column.name(), name));
     }
     std::size_t index = 0;
@@ -308,7 +307,7 @@ void GocadWriter::writeSurface()
 {
     const SurfaceMesh mesh(*m_object);
     m_withoutPosition = mesh.leftOutVertices();
-    m_findings.note(finding::triangleWithoutPosition, m_object->name, mesh.leftOutTriangles(),
+    m_findings.note(finding::triangleWithoutPosition, *m_object, mesh.leftOutTriangles(),
                     QStringLiteral("a corner's height or place is missing"));
     m_progress = ProgressTicker(m_whole, static_cast<double>(m_object->vertexCount() + mesh.triangleCount()));
     m_out.text() += "TFACE\n";

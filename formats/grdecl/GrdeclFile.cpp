@@ -16,7 +16,7 @@ namespace
 void noteUnit(const ModelObject& object, const GrdeclExportSettings& settings, OutputUnit unit, Findings& findings)
 {
     if (settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
-        findings.note(grdeclFinding::lengthUnitChanged, object.name, 1,
+        findings.note(grdeclFinding::lengthUnitChanged, object, 1,
                       QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
                           .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
 }

@@ -79,7 +79,7 @@ void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Fin
                                   .arg(object.name),
                               QStringLiteral("make the cell inactive or give it a depth"));
     }
-    findings.note(grdeclFinding::cornerWithoutDepth, object.name, undefined,
+    findings.note(grdeclFinding::cornerWithoutDepth, object, undefined,
                   QStringLiteral("the format has a number for every corner"));
 }
 
@@ -111,7 +111,7 @@ bool GrdeclWriter::write(const std::vector<NumberColumn>& columns, kpBase::Abstr
     for (const NumberColumn& column : columns) {
         const QString keyword = names.take(column.name());
         if (keyword != column.name())
-            m_findings.note(finding::renamed, m_object.name, 1,
+            m_findings.note(finding::renamed, m_object, 1,
                             QStringLiteral("attribute %1 is written as %2").arg(column.name(), keyword));
         if (!writeProperty(column, keyword, loop))
             return false;
@@ -208,7 +208,7 @@ bool GrdeclWriter::writeProperty(const NumberColumn& column, const QString& keyw
             return false;
     }
     record.end();
-    m_findings.note(grdeclFinding::missingValueOfActiveCell, m_object.name, missing,
+    m_findings.note(grdeclFinding::missingValueOfActiveCell, m_object, missing,
                     QStringLiteral("first property %1; the format knows no missing value").arg(column.name()),
                     QStringLiteral("%1").arg(m_settings.nullValue));
     return true;

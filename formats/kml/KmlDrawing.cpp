@@ -50,7 +50,7 @@ public:
     {
         if (!m_open) {
             if (!m_drawing.m_walk.stopped() && !m_drawing.m_undrawable.contains(&m_object))
-                m_drawing.m_findings.note(finding::objectLeftOut, m_object.name, 1,
+                m_drawing.m_findings.note(finding::objectLeftOut, m_object, 1,
                                           QStringLiteral("nothing of it can be drawn"));
             return;
         }
@@ -105,8 +105,7 @@ qint64 KmlDrawing::draw(const std::vector<const ModelObject*>& objects, const Ex
 void KmlDrawing::drawObject(const ModelObject& object)
 {
     if (xmlText(object.name) != object.name)
-        m_findings.note(finding::renamed, object.name, 1,
-                        QStringLiteral("characters that XML does not have are left out"));
+        m_findings.note(finding::renamed, object, 1, QStringLiteral("characters that XML does not have are left out"));
     m_ticker.step(1);
     switch (object.type) {
     case ObjectType::Polygons:
@@ -158,7 +157,7 @@ QString KmlDrawing::tableOf(const ModelObject& object, int vertex)
         return {};
     QString table = attributeTable(object, *m_selection, vertex);
     if (xmlText(table) != table)
-        m_findings.note(kmlFinding::attributeTextChanged, object.name, 1,
+        m_findings.note(kmlFinding::attributeTextChanged, object, 1,
                         QStringLiteral("characters that XML does not have are left out"));
     return table;
 }
@@ -293,8 +292,7 @@ void KmlDrawing::drawMesh(const ModelObject& object)
             polygon(triangle);
         });
     placemark.close();
-    m_findings.note(kmlFinding::triangleLeftOut, object.name, leftOut,
-                    QStringLiteral("a corner has no place on the earth"));
+    m_findings.note(kmlFinding::triangleLeftOut, object, leftOut, QStringLiteral("a corner has no place on the earth"));
 }
 
 void KmlDrawing::drawSurface(const ModelObject& object)
@@ -304,7 +302,7 @@ void KmlDrawing::drawSurface(const ModelObject& object)
         return;
     if (!picture) {
         if (!m_undrawable.contains(&object))
-            m_findings.note(finding::objectLeftOut, object.name, 1,
+            m_findings.note(finding::objectLeftOut, object, 1,
                             QStringLiteral("no node has a value and a place on the earth"));
         return;
     }
@@ -314,10 +312,10 @@ void KmlDrawing::drawSurface(const ModelObject& object)
                    QStringLiteral("Heights from ") + heights + QStringLiteral(", green is low, white is high."),
                    m_keepPicture(picture->image), picture->box);
     ++m_features;
-    m_findings.note(kmlFinding::surfaceWrittenAsAPicture, object.name, 1,
+    m_findings.note(kmlFinding::surfaceWrittenAsAPicture, object, 1,
                     QStringLiteral("heights of %1 are colours").arg(heights));
     if (picture->coarser)
-        m_findings.note(kmlFinding::pictureCoarserThanTheGrid, object.name, 1,
+        m_findings.note(kmlFinding::pictureCoarserThanTheGrid, object, 1,
                         QStringLiteral("%1 x %2 pixels").arg(picture->image.width()).arg(picture->image.height()));
 }
 

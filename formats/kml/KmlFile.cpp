@@ -147,7 +147,7 @@ KmlFile::KmlFile(PlannedFile planned, const ExportSelection& selected, KmlExport
         const QString fault = undrawable(*object);
         if (!fault.isEmpty()) {
             m_undrawable.insert(object);
-            findings.note(finding::objectLeftOut, object->name, 1, fault);
+            findings.note(finding::objectLeftOut, *object, 1, fault);
         }
         noteLinesOnGround(*object, m_settings, findings);
         if (fault.isEmpty() && hasOnePlacemark(object->type))

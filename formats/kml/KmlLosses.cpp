@@ -50,15 +50,14 @@ void noteVertexAttributes(const ModelObject& object, const KmlExportSettings& se
         if (selection.wantsAttribute(column.name) && lost++ == 0)
             first = column.name;
     }
-    findings.note(kmlFinding::attributeOfVerticesNotDrawn, object.name, lost, QStringLiteral("first %1").arg(first));
+    findings.note(kmlFinding::attributeOfVerticesNotDrawn, object, lost, QStringLiteral("first %1").arg(first));
 }
 
 void noteLinesOnGround(const ModelObject& section, const KmlExportSettings& settings, Findings& findings)
 {
     if (settings.altitudeMode != KmlExportSettings::AltitudeMode::Clamp || !section.section)
         return;
-    findings.note(kmlFinding::lineOnASectionLeftOut, section.name,
-                  static_cast<qint64>(section.section->segments.size()),
+    findings.note(kmlFinding::lineOnASectionLeftOut, section, static_cast<qint64>(section.section->segments.size()),
                   QStringLiteral("it has no place on the ground; set altitudeMode=absolute"));
 }
 

@@ -87,9 +87,9 @@ bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& 
 
 void noteLosses(const ModelObject& object, const SurfaceMesh& mesh, Findings& findings)
 {
-    findings.note(finding::vertexWithoutPosition, object.name, mesh.leftOutVertices(),
+    findings.note(finding::vertexWithoutPosition, object, mesh.leftOutVertices(),
                   QStringLiteral("its height or place is missing"));
-    findings.note(finding::triangleWithoutPosition, object.name, mesh.leftOutTriangles(),
+    findings.note(finding::triangleWithoutPosition, object, mesh.leftOutTriangles(),
                   QStringLiteral("a corner's height or place is missing"));
 }
 

@@ -85,18 +85,18 @@ void OgrFeatures::startObject()
 
 void OgrFeatures::endObject()
 {
-    const QString& name = m_layer.objects[m_object]->name;
-    m_findings.note(finding::vertexWithoutPosition, name, m_withoutPosition,
+    const FindingObject object = *m_layer.objects[m_object];
+    m_findings.note(finding::vertexWithoutPosition, object, m_withoutPosition,
                     QStringLiteral("it is not a number, or has no place in the output's coordinate system"));
-    m_findings.note(ogrFinding::unknownHeightWrittenAs0, name, m_withoutHeight, QStringLiteral("z is not a number"));
-    m_findings.note(m_layer.shape == OgrShape::Lines ? finding::shortLine : finding::shortRing, name, m_shortParts,
+    m_findings.note(ogrFinding::unknownHeightWrittenAs0, object, m_withoutHeight, QStringLiteral("z is not a number"));
+    m_findings.note(m_layer.shape == OgrShape::Lines ? finding::shortLine : finding::shortRing, object, m_shortParts,
                     QStringLiteral("a map cannot hold it"));
     const bool bare = m_layer.objects[m_object]->vertexAttributes.empty();
-    m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, name, m_emptyNodes,
+    m_findings.note(ogrFinding::nodeWithoutAHeightLeftOut, object, m_emptyNodes,
                     bare ? QStringLiteral("it is no point of the surface")
                          : QStringLiteral("and its attributes with it"));
-    m_findings.note(ogrFinding::cellLeftOut, name, m_emptyCells, QStringLiteral("a corner has no height"));
-    m_findings.note(ogrFinding::directionBeforeType, name, m_rewritten,
+    m_findings.note(ogrFinding::cellLeftOut, object, m_emptyCells, QStringLiteral("a corner has no height"));
+    m_findings.note(ogrFinding::directionBeforeType, object, m_rewritten,
                     QStringLiteral("where dip is 0 or 90; switch dipInType off to keep the text"));
     m_withoutPosition = m_withoutHeight = m_shortParts = m_emptyNodes = m_emptyCells = m_rewritten = 0;
 }

@@ -140,7 +140,7 @@ void noteDroppedHeights(const std::vector<OgrLayer>& layers, bool inField, Findi
             continue;
         for (const ModelObject* object : layer.objects) {
             if (object->hasZ)
-                findings.note(ogrFinding::zDropped, object->name, object->vertexCount(),
+                findings.note(ogrFinding::zDropped, *object, object->vertexCount(),
                               QStringLiteral("the format has two dimensions"));
         }
     }
@@ -154,14 +154,14 @@ void noteSystems(const PlannedFile& file, OgrSystems& systems, const OgrExportSe
     for (const ModelObject* object : file.objects) {
         try {
             if (systems.to(*object) && !asked && systems.followsObjects())
-                findings.note(ogrFinding::transformed, object->name, object->vertexCount(),
+                findings.note(ogrFinding::transformed, *object, object->vertexCount(),
                               QStringLiteral("from %1 to %2").arg(crsName(object->crs), crsName(target)));
         } catch (const std::exception& error) {
             throw ExportError(file.path, QStringLiteral("%1: %2").arg(object->name, QString::fromUtf8(error.what())),
                               QStringLiteral("leave the object out, or give another crs"));
         }
         if (!asked && object->crs.isEmpty() && !target.isEmpty())
-            findings.note(ogrFinding::coordinateSystemAssumed, object->name, 1,
+            findings.note(ogrFinding::coordinateSystemAssumed, *object, 1,
                           QStringLiteral("the object has none and is taken to be in that of the first one that has"));
     }
 }

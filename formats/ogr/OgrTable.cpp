@@ -171,7 +171,7 @@ void noteWhatHasNoField(const OgrLayer& layer, const ExportSelection& selection,
             if (selection.wantsAttribute(column.name) && lost++ == 0)
                 first = column.name;
         }
-        findings.note(ogrFinding::attributeOfVerticesNotCarried, object->name, lost,
+        findings.note(ogrFinding::attributeOfVerticesNotCarried, *object, lost,
                       QStringLiteral("%1: a line or polygon has one value per field").arg(first));
     }
 }

@@ -114,11 +114,10 @@ void requireNames(const PlannedFile& file, const ExportSelection& selection, con
 void noteForm(const ModelObject& object, const OpenTecExportSettings& settings, Findings& findings)
 {
     if (object.section->segments.empty())
-        findings.note(opentecFinding::sectionWithoutLines, object.name, 1,
-                      QStringLiteral("the file holds its trace only"));
+        findings.note(opentecFinding::sectionWithoutLines, object, 1, QStringLiteral("the file holds its trace only"));
     const QString unit = writtenUnit(object.lengthUnit, settings.lengthUnit);
     if (unit != QLatin1String("m"))
-        findings.note(opentecFinding::unitNotStated, object.name, 1,
+        findings.note(opentecFinding::unitNotStated, object, 1,
                       QStringLiteral("the file says metre, its lengths are in %1").arg(unit));
 }
 
@@ -163,7 +162,7 @@ qint64 OpenTecFile::write(const QString& path, Findings& findings, kpBase::Abstr
         matrix->setGeoType(typeName(segment.type));
         writer.geoObject()->sectionData().push_back(matrix.release());
         points += static_cast<qint64>(columns.z->size());
-        findings.note(finding::positionLeftOut, object.name, columns.leftOut,
+        findings.note(finding::positionLeftOut, object, columns.leftOut,
                       QStringLiteral("on the line of %1").arg(segment.name));
     }
     openWriter(writer, file().path);

@@ -159,13 +159,13 @@ void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, c
 {
     const std::size_t attributes =
         object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
-    findings.note(zmapFinding::attributesOfGridLeftOut, object.name, static_cast<qint64>(attributes),
+    findings.note(zmapFinding::attributesOfGridLeftOut, object, static_cast<qint64>(attributes),
                   QStringLiteral("choose one with the setting \"attribute\""));
     findings.note(
-        finding::valueEqualToTheNullValue, object.name, survey.equalToNull,
+        finding::valueEqualToTheNullValue, object, survey.equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
     if (survey.withoutValue == object.vertexCount())
-        findings.note(zmapFinding::gridWithoutAnyValue, object.name, 1, QStringLiteral("every node is the null value"));
+        findings.note(zmapFinding::gridWithoutAnyValue, object, 1, QStringLiteral("every node is the null value"));
 }
 
 } // namespace

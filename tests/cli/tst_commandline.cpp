@@ -42,6 +42,9 @@ private Q_SLOTS:
     void dryRun();
     void fileForEachObject();
     void reportAndStrict();
+    void reportsOfRefusals_data();
+    void reportsOfRefusals();
+    void findingsByType();
     void jobFile();
     void formatsAsJson();
     void interrupted();
@@ -288,6 +291,76 @@ void CommandLineTest::reportAndStrict()
     QCOMPARE(kinds, (QStringList{QStringLiteral("missing attribute"), QStringLiteral("text holds the separator")}));
 }
 
+void CommandLineTest::reportsOfRefusals_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* arguments, int code, const char* error) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << code << QString::fromLatin1(error);
+    };
+    row("points.csv --format nix --output o.x", 2, "nix: there is no such format");
+    row("points.csv --output o.x", 2, "no format is given");
+    row("points.csv --format ascii --output o.x --set decimals=many", 2, "decimals");
+    row("points.csv --format ascii --output o.x --nonsense", 2, "nonsense");
+    row("gone.csv --format ascii --output o.x", 1, "gone.csv: there is no such file");
+    row("points.csv --format ascii --output o.x --object gone", 3, "no object matches");
+    row("points.csv --format ascii --output points.csv", 1, "points.csv");
+}
+
+void CommandLineTest::reportsOfRefusals()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, code);
+    QFETCH(QString, error);
+    // Not what an earlier run left there.
+    write("r.json", R"({"format": "shp", "files": [{"outcome": "written"}], "findings": []})");
+    const QStringList words = QStringLiteral("export %1 --report r.json").arg(arguments).split(QLatin1Char(' '));
+    const Result result = run(words);
+    QCOMPARE(result.code, code);
+    const QJsonObject report = QJsonDocument::fromJson(read("r.json")).object();
+    QCOMPARE(report.value(QStringLiteral("exitCode")).toInt(), code);
+    const QString told = report.value(QStringLiteral("error")).toString();
+    QVERIFY2(told.contains(error), qPrintable(told));
+    QVERIFY(result.error.contains(told));
+    QVERIFY(report.value(QStringLiteral("files")).toArray().isEmpty());
+    // A run that never knew its files replaces nothing else.
+    if (code == 1)
+        return;
+    write("r.json", "{\"mine\": 1}");
+    QCOMPARE(run(words + QStringList{QStringLiteral("--overwrite")}).code, code);
+    QCOMPARE(read("r.json"), QByteArray("{\"mine\": 1}"));
+}
+
+void CommandLineTest::findingsByType()
+{
+    const QByteArray collection = R"({"type":"FeatureCollection","features":[%1]})";
+    const QByteArray line = R"({"type":"Feature","properties":{},"geometry":{"type":"LineString",)"
+                            R"("coordinates":[[1,1],[2,2],[2,2]]}})";
+    const QByteArray area = R"({"type":"Feature","properties":{},"geometry":{"type":"Polygon",)"
+                            R"("coordinates":[[[1,1],[2,2],[2,1],[1,1]]]}})";
+    write("m.geojson", QByteArray(collection).replace("%1", line + ',' + line + ',' + area));
+    const Result result =
+        run(QStringLiteral("export m.geojson --format ascii --output o.txt --report r.json").split(QLatin1Char(' ')));
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.error.contains(QLatin1String("6 vertices have no height, in 2 Polylines, first m 1")),
+             qPrintable(result.error));
+    const QJsonObject report = QJsonDocument::fromJson(read("r.json")).object();
+    QStringList told;
+    for (const QJsonValue& value : report.value(QStringLiteral("findings")).toArray()) {
+        const QJsonObject finding = value.toObject();
+        told.append(QStringLiteral("%1 %2 %3")
+                        .arg(finding[QStringLiteral("id")].toInt())
+                        .arg(finding[QStringLiteral("type")].toString())
+                        .arg(finding[QStringLiteral("count")].toInt()));
+    }
+    QCOMPARE(told.join(QStringLiteral(", ")), QStringLiteral("1 polyline 3, 2 polyline 3, 3 polygon 4"));
+    const QJsonArray summary = report.value(QStringLiteral("summary")).toArray();
+    QCOMPARE(summary.size(), 2);
+    QCOMPARE(summary.first().toObject().value(QStringLiteral("ids")).toArray(), (QJsonArray{1, 2}));
+    QCOMPARE(summary.first().toObject().value(QStringLiteral("count")).toInt(), 6);
+}
+
 void CommandLineTest::jobFile()
 {
     QDir(m_folder->path()).mkdir(QStringLiteral("jobs"));
@@ -295,10 +368,11 @@ void CommandLineTest::jobFile()
                          "\"settings\":{\"decimals\":0,\"header\":false},\"attributes\":[\"grade\"]}");
     QCOMPARE(run({QStringLiteral("run"), QStringLiteral("jobs/a.json")}).code, 0);
     QCOMPARE(read("j.txt"), QByteArray("6789012,101,-1,1\n2,3,4,99999\n"));
-    write("jobs/b.json", "{\"model\":\"x\"}");
+    write("jobs/b.json", "{\"model\":\"x\",\"report\":\"b-report.json\"}");
     const Result result = run({QStringLiteral("run"), QStringLiteral("jobs/b.json")});
     QCOMPARE(result.code, 2);
     QVERIFY(result.error.contains(QStringLiteral("\"model\" is not known (keys: models")));
+    QVERIFY(read("jobs/b-report.json").contains("is not known"));
 }
 
 void CommandLineTest::formatsAsJson()

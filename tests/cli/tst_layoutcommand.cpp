@@ -14,6 +14,7 @@ private Q_SLOTS:
     void wrong();
     void jobAndStrict();
     void objectsThatDiffer();
+    void hints();
 
 private:
     Result exportWith(const QString& layout, const QString& more = QString())
@@ -163,6 +164,22 @@ void LayoutCommandTest::objectsThatDiffer()
              QStringList({QStringLiteral("out_points.txt"), QStringLiteral("out_two 1.txt")}));
     QCOMPARE(read("out_points.txt"), QByteArray("Z,n,name\n-1.00,99999,Грифон\n4.00,99999,\"a, b\"\n"));
     QCOMPARE(read("out_two 1.txt"), QByteArray("Z,n,name\n5.00,1,99999\n6.00,1,99999\n"));
+}
+
+void LayoutCommandTest::hints()
+{
+    write("a.klf", klf("columns",
+                       "{\"name\":\"Ni:grade\",\"order\":0,\"start\":1,\"end\":9,\"precision\":2},\n"
+                       "{\"name\":\"X\",\"order\":1,\"start\":11,\"end\":15,\"precision\":1}",
+                       R"({"preset":"surfer"})"));
+    const QString told = exportWith(QStringLiteral("a.klf"), QStringLiteral("--set nullValue=1.25")).error;
+    for (const char* hint :
+         {"a value of the data reads as the null value (1.25 in Ni:grade; choose another nullValue)",
+          "a column is too narrow for its values, which are cut (X: \"6789012.3\" needs 9 columns, it has 5 and is "
+          "cut.)",
+          "the preset header is not that of the layout (The preset header speaks of X, Y, Z first; the layout begins "
+          "otherwise.)"})
+        QVERIFY2(told.contains(QLatin1String(hint)), qPrintable(told));
 }
 
 QTEST_MAIN(LayoutCommandTest)
