@@ -8,7 +8,7 @@
 #include "cli/Terminal.h"
 #include "cli/TerminalProgress.h"
 #include "export/CommonFindings.h"
-#include "export/EstimatedSize.h"
+#include "export/SizeTrial.h"
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
 #include "export/TargetPath.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "export/ExportPlan.h"
 
-#include "export/EstimatedSize.h"
 #include "export/ExportError.h"
 #include "export/OutputTransaction.h"
+#include "export/SizeTrial.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -111,7 +111,7 @@ ExportPlan planOf(const PreparedExport& prepared)
 {
     ExportPlan plan;
     plan.foreseen.findings = prepared.findings;
-    const FormatInfo format = prepared.format().info();
+    SizeTrial sizes(prepared.format(), prepared.selection(), prepared.settings());
     for (const PreparedExport::Output& foreseen : prepared.outputs()) {
         const QFileInfo info(foreseen.planned.path);
         ExportPlan::Output output;
@@ -123,7 +123,7 @@ ExportPlan planOf(const PreparedExport& prepared)
         const FileOutcome outcome = foreseenOutcome(foreseen);
         if (outcome.written()) {
             const PlannedFile& file = foreseen.file->file();
-            output.bytes = estimatedBytes(format, file, prepared.selection());
+            output.bytes = sizes.bytesOf(file);
             for (const ModelObject* object : file.objects)
                 output.vertices += object->rowCount();
             for (const QString& extension : foreseen.file->sidecars()) {

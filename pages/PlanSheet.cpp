@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/PlanSheet.h"
 
-#include "export/EstimatedSize.h"
+#include "export/SizeTrial.h"
 #include "export/ExportPlan.h"
 #include "wizard/PlainText.h"
 
