@@ -49,5 +49,8 @@ inline constexpr FindingKind numberWrittenAs0("number rounded to 0", "a number w
 inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null value",
                                                       "a value is equal to the null value",
                                                       "%1 values are equal to the null value");
+inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
+                                                        "the coordinate system was not written",
+                                                        "%1 coordinate systems were not written");
 
 } // namespace kpFormats::finding
