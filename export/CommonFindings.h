@@ -52,5 +52,11 @@ inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null v
 inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
                                                         "the coordinate system was not written",
                                                         "%1 coordinate systems were not written");
+inline constexpr FindingKind gridWithoutAnyValue("grid without any value", "the grid has no value at any node",
+                                                 "%1 grids have no value at any node");
+inline constexpr FindingKind
+    attributesOfGridLeftOut("a grid file holds one value per node; attributes left out",
+                            "an attribute was left out because a grid file holds one value per node",
+                            "%1 attributes were left out because a grid file holds one value per node");
 
 } // namespace kpFormats::finding
