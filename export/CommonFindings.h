@@ -49,5 +49,14 @@ inline constexpr FindingKind numberWrittenAs0("number rounded to 0", "a number w
 inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null value",
                                                       "a value is equal to the null value",
                                                       "%1 values are equal to the null value");
+inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
+                                                        "the coordinate system was not written",
+                                                        "%1 coordinate systems were not written");
+inline constexpr FindingKind gridWithoutAnyValue("grid without any value", "the grid has no value at any node",
+                                                 "%1 grids have no value at any node");
+inline constexpr FindingKind
+    attributesOfGridLeftOut("a grid file holds one value per node; attributes left out",
+                            "an attribute was left out because a grid file holds one value per node",
+                            "%1 attributes were left out because a grid file holds one value per node");
 
 } // namespace kpFormats::finding

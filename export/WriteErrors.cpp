@@ -2,7 +2,9 @@
 #include "export/WriteErrors.h"
 
 #include "core/MatrixDataExporter.h"
+#include "export/TargetPath.h"
 #include "export/platform/SystemError.h"
+#include "geo/CheckedWrites.h"
 
 namespace kpFormats
 {
@@ -25,6 +27,29 @@ ExportError cannotOpen(const QString& target, int error)
 ExportError cannotWrite(const QString& target, int error)
 {
     return {target, because(QStringLiteral("the file could not be written completely"), error), writingCure(error)};
+}
+
+void failIncomplete(const QString& target, const QString& why)
+{
+    throw ExportError(target, QStringLiteral("the file could not be written completely: %1").arg(why),
+                      QStringLiteral("check the disk, or choose another name or format"));
+}
+
+void requireWritten(const QString& target, const CheckedWrites& checked)
+{
+    const std::optional<CheckedWrites::Failure> failure = checked.failure();
+    if (failure)
+        throw ExportError(target,
+                          QStringLiteral("the file could not be written completely: %1 of %2: %3")
+                              .arg(failure->action, failure->file, errorText(failure->error)),
+                          writingCure(failure->error));
+}
+
+void refuseDevice(const QString& target, const QString& fileKind)
+{
+    if (TargetPath(target).isStream())
+        throw ExportError(target, QStringLiteral("a device cannot hold a %1").arg(fileKind),
+                          QStringLiteral("give the name of a file"));
 }
 
 void openWriter(kpBaseExport::MatrixDataExporter& writer, const QString& target)

@@ -11,6 +11,12 @@
 #include "formats/ogr/ShpFormat.h"
 #include "formats/ogr/TabFormat.h"
 #include "formats/opentec/OpenTecFormat.h"
+#include "formats/raster/ArcGridFormat.h"
+#include "formats/raster/CogFormat.h"
+#include "formats/raster/GeoTiffFormat.h"
+#include "formats/raster/Surfer6AsciiFormat.h"
+#include "formats/raster/Surfer6Format.h"
+#include "formats/raster/Surfer7Format.h"
 #include "formats/zmap/ZMapFormat.h"
 
 namespace kpFormats
@@ -31,6 +37,12 @@ Formats makeFormats()
     formats.push_back(std::make_unique<OffFormat>());
     formats.push_back(std::make_unique<ZMapFormat>());
     formats.push_back(std::make_unique<GrdeclFormat>());
+    formats.push_back(std::make_unique<GeoTiffFormat>());
+    formats.push_back(std::make_unique<CogFormat>());
+    formats.push_back(std::make_unique<ArcGridFormat>());
+    formats.push_back(std::make_unique<Surfer7Format>());
+    formats.push_back(std::make_unique<Surfer6Format>());
+    formats.push_back(std::make_unique<Surfer6AsciiFormat>());
     return formats;
 }
 

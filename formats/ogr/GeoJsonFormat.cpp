@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/GeoJsonFormat.h"
 
+#include "export/CommonFindings.h"
 #include "export/ExportError.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/GeoJsonDecimals.h"
 #include "formats/ogr/OgrFindings.h"
 #include "geo/CoordinateSystems.h"
@@ -135,7 +137,7 @@ WrittenSystem GeoJsonFormat::writtenSystem(OgrOutput& output, Findings& findings
     const QString& target = output.systems.target();
     if (output.settings.rfc7946 || target.isEmpty() || hasCode(target))
         return {target, 0.0};
-    findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+    findings.note(finding::coordinateSystemNotCarried, QString(), 1,
                   QStringLiteral("%1 has no number; readers will take the file for WGS 84").arg(crsName(target)));
     return {};
 }

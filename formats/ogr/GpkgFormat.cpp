@@ -2,6 +2,7 @@
 #include "formats/ogr/GpkgFormat.h"
 
 #include "export/ExportError.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/QgisStyle.h"
 #include "geo/CheckedWrites.h"
 #include "geo/GdalSession.h"

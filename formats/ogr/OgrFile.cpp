@@ -4,7 +4,7 @@
 #include "export/CommonFindings.h"
 #include "export/ExportError.h"
 #include "export/PreparedExport.h"
-#include "export/platform/SystemError.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/OgrFeatures.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/OgrFormat.h"
@@ -97,24 +97,13 @@ void noteRefusals(const std::vector<OGRRefusal>& refusals, Findings& findings)
 {
     for (const OGRRefusal& refusal : refusals) {
         if (refusal.kind == OGRRefusal::SpatialReference)
-            findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1, refusal.message);
+            findings.note(finding::coordinateSystemNotCarried, QString(), 1, refusal.message);
         else if (refusal.kind == OGRRefusal::Field)
             findings.note(ogrFinding::attributeLeftOut, QString(), 1,
                           QStringLiteral("%1: %2").arg(refusal.subject, refusal.message));
         else if (refusal.taken)
             findings.note(ogrFinding::changedByTheDriver, QString(), 1, refusal.message);
     }
-}
-
-/// \throws ExportError when something was not written, whether the driver has told of it or not
-void requireWritten(const QString& file, const CheckedWrites& checked)
-{
-    const std::optional<CheckedWrites::Failure> failure = checked.failure();
-    if (failure)
-        throw ExportError(file,
-                          QStringLiteral("the file could not be written completely: %1 of %2: %3")
-                              .arg(failure->action, failure->file, errorText(failure->error)),
-                          writingCure(failure->error));
 }
 
 /// What made the exporter give up.
@@ -180,7 +169,7 @@ OgrFile::OgrFile(const OgrFormat& format, PlannedFile planned, const ExportSelec
 OgrOutput OgrFile::newOutput(Findings& findings) const
 {
     const OgrTraits able = m_format.traits();
-    refuseDevice(file().path, able);
+    refuseDevice(file().path, able.fileKind);
     requirePositions(file());
     const std::vector<OgrLayer> layers = ogrLayers(file().objects, m_settings, able.heights);
     m_format.requireHoldable(file(), layers);
@@ -205,7 +194,7 @@ QStringList OgrFile::sidecars() const
 qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)
 {
     const OgrTraits able = m_format.traits();
-    refuseDevice(path, able);
+    refuseDevice(path, able.fileKind);
     registerGdalDrivers();
     m_output.path = path;
     m_output.features.clear();

@@ -21,9 +21,6 @@ inline constexpr FindingKind transformed("transformed", "a vertex was taken to a
                                          "%1 vertices were taken to another coordinate system");
 inline constexpr FindingKind coordinateSystemAssumed("coordinate system assumed", "a coordinate system was assumed",
                                                      "the coordinate systems of %1 objects were assumed");
-inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
-                                                        "the coordinate system was not written",
-                                                        "%1 coordinate systems were not written");
 inline constexpr FindingKind coordinateSystemApproximate(
     "coordinate system approximate", "the coordinate system is written by the numbers of its datum, near enough",
     "the coordinate systems of %1 files are written by the numbers of their datums, near enough");

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/OgrFormat.h"
 
+#include "export/CommonFindings.h"
 #include "export/CommonSettings.h"
 #include "export/ExportError.h"
 #include "export/SafeNames.h"
 #include "export/TargetPath.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/OgrFile.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/QgisStyle.h"
@@ -37,19 +39,6 @@ QString withOneOf(const QString& path, const QStringList& extensions)
 }
 
 } // namespace
-
-void failIncomplete(const QString& file, const QString& why)
-{
-    throw ExportError(file, QStringLiteral("the file could not be written completely: %1").arg(why),
-                      QStringLiteral("check the disk, or choose another name or format"));
-}
-
-void refuseDevice(const QString& path, const OgrTraits& able)
-{
-    if (TargetPath(path).isStream())
-        throw ExportError(path, QStringLiteral("a device cannot hold a %1").arg(able.fileKind),
-                          QStringLiteral("give the name of a file"));
-}
 
 FormatInfo OgrFormat::vectorInfo() const
 {
@@ -175,7 +164,7 @@ void OgrFormat::openAndCount(const OgrOutput& output, Findings& findings) const
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();
         if (!output.written.wkt.isEmpty() && (!system || system->IsLocal()))
-            findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+            findings.note(finding::coordinateSystemNotCarried, QString(), 1,
                           QStringLiteral("the format does not know %1").arg(crsName(output.systems.target())));
     }
 }

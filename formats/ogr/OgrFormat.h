@@ -60,9 +60,4 @@ protected:
                                 const OgrExportSettings& settings);
 };
 
-/// Throws that the file could not be written completely. \throws ExportError
-[[noreturn]] KPFORMATS_EXPORT void failIncomplete(const QString& file, const QString& why);
-/// A driver would put a file in a device's place. \throws ExportError
-void refuseDevice(const QString& path, const OgrTraits& able);
-
 } // namespace kpFormats

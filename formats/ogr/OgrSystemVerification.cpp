@@ -2,13 +2,11 @@
 #include "formats/ogr/OgrSystemVerification.h"
 
 #include "geo/CoordinateSystems.h"
-#include "geo/CoordinateTransform.h"
+#include "geo/SystemComparison.h"
 
 #include <ogr_spatialref.h>
 
 #include <algorithm>
-#include <cmath>
-#include <exception>
 
 namespace kpFormats
 {
@@ -36,38 +34,18 @@ void compareOgrSystem(const OGRSpatialReference* read, const QString& target, co
         return;
     }
     result.alsoCompared(QStringLiteral("coordinate system"));
-    if (found.isEmpty())
-        return result.fail(QStringLiteral("no coordinate system was read instead of %1").arg(crsName(target)));
-    if (wanted.IsLocal() || read->IsLocal()) {
-        if (!wanted.IsLocal() || !read->IsLocal())
-            result.fail(
-                QStringLiteral("the coordinate system %1 was read instead of %2").arg(crsName(found), crsName(target)));
+    if (traits.driver != QLatin1String("MapInfo File") || !read || wanted.IsLocal() || read->IsLocal()) {
+        const QString difference = differenceOfSystems(found, target, place[0], place[1]);
+        if (!difference.isEmpty())
+            result.fail(difference);
         return;
     }
-    if (traits.driver == QLatin1String("MapInfo File")) {
-        // Readers know the numbers of a datum, seldom its name: what counts is where on the globe a place is.
-        const double metres = metresApart(found, target, {{place[0], place[1]}});
-        if (!(metres <= std::max(0.01, 1.01 * written.off)))
-            result.fail(QStringLiteral("the coordinate system %1 was read instead of %2, which is %3 m off")
-                            .arg(crsName(found), crsName(target))
-                            .arg(metres));
-        return;
-    }
-    const double most = wanted.IsGeographic() ? 1e-7 : 0.01 / wanted.GetLinearUnits();
-    std::vector<double> x{place[0]};
-    std::vector<double> y{place[1]};
-    std::vector<double> z{0.0};
-    double apart = std::nan("");
-    try {
-        CoordinateTransform(found, target).transform(x, y, z);
-        apart = std::hypot(x[0] - place[0], y[0] - place[1]);
-    } catch (const std::exception&) {
-        // There is no way between them.
-    }
-    if (!(apart <= most))
-        result.fail(QStringLiteral("the coordinate system %1 was read instead of %2, which is %3 off")
+    // Readers know the numbers of a datum, seldom its name: what counts is where on the globe a place is.
+    const double metres = metresApart(found, target, {{place[0], place[1]}});
+    if (!(metres <= std::max(0.01, 1.01 * written.off)))
+        result.fail(QStringLiteral("the coordinate system %1 was read instead of %2, which is %3 m off")
                         .arg(crsName(found), crsName(target))
-                        .arg(apart));
+                        .arg(metres));
 }
 
 } // namespace kpFormats

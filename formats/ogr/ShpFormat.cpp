@@ -2,6 +2,7 @@
 #include "formats/ogr/ShpFormat.h"
 
 #include "export/ExportError.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/OgrFindings.h"
 
 #include <QFile>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/TabFormat.h"
 
+#include "export/CommonFindings.h"
+#include "export/WriteErrors.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/TabSystem.h"
 #include "geo/CoordinateSystems.h"
@@ -216,7 +218,7 @@ WrittenSystem TabFormat::writtenSystem(OgrOutput& output, Findings& findings) co
     const WrittenSystem system = tabSystem(target, places);
     constexpr double noticed = 0.01;
     if (system.wkt.isEmpty())
-        findings.note(ogrFinding::coordinateSystemNotCarried, QString(), 1,
+        findings.note(finding::coordinateSystemNotCarried, QString(), 1,
                       QStringLiteral("a MapInfo table has no way to say %1").arg(crsName(target)));
     else if (system.off > noticed)
         findings.note(ogrFinding::coordinateSystemApproximate, QString(), 1,

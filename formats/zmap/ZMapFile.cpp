@@ -4,7 +4,7 @@
 #include "export/BlockWriter.h"
 #include "export/CommonFindings.h"
 #include "export/ExportError.h"
-#include "formats/zmap/ZMapFindings.h"
+#include "export/GridNodes.h"
 #include "formats/zmap/ZMapVerification.h"
 #include "geo/CoordinateSystems.h"
 #include "model/ProgressTicker.h"
@@ -157,15 +157,12 @@ bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSetting
 
 void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, Findings& findings)
 {
-    const std::size_t attributes =
-        object.vertexAttributes.size() + object.objectAttributes.size() - (settings.attribute.isEmpty() ? 0 : 1);
-    findings.note(zmapFinding::attributesOfGridLeftOut, object, static_cast<qint64>(attributes),
-                  QStringLiteral("choose one with the setting \"attribute\""));
+    noteOtherAttributes(object, settings.attribute, findings);
     findings.note(
         finding::valueEqualToTheNullValue, object, survey.equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
     if (survey.withoutValue == object.vertexCount())
-        findings.note(zmapFinding::gridWithoutAnyValue, object, 1, QStringLiteral("every node is the null value"));
+        findings.note(finding::gridWithoutAnyValue, object, 1, QStringLiteral("every node is the null value"));
 }
 
 } // namespace

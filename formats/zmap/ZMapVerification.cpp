@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/zmap/ZMapVerification.h"
 
-#include "export/NumberColumns.h"
+#include "export/GridNodes.h"
 #include "geo/GdalSession.h"
 #include "readers/OpenDataset.h"
 
@@ -17,8 +17,6 @@ namespace
 
 // The header's limits have seven decimals, the places of nodes between them a little less.
 constexpr double mostHeaderError = 2e-7;
-// A grid that is turned by no more than this part of a cell is taken for one that is not.
-constexpr double mostTurn = 1e-3;
 
 double positionAllowance(const GridGeometry& grid, double factor)
 {

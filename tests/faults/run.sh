@@ -3,6 +3,7 @@
 # Lets every call by which an export changes the disk fail, and kills the program at each of them, for all formats. Takes
 # a quarter of an hour; ctest runs a sample of it.
 #   tests/faults/run.sh [ARGUMENT]...     such as "failures:tab" for one of the tests
+#   KP_FAULT_FORMATS=geotiff,cog build/dev/bin/tst_faults   the other fault tests for some formats
 #   tests/faults/run.sh --table           writes the table of docs/reliability.md by all fault tests
 set -euo pipefail
 cd "$(dirname "$0")/../.."

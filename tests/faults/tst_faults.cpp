@@ -114,8 +114,12 @@ void FaultsTest::initTestCase_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("extension");
     const QByteArray list = run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8();
+    // QtTest has no way to choose among these rows.
+    const QStringList wanted = qEnvironmentVariable("KP_FAULT_FORMATS").split(QLatin1Char(','), Qt::SkipEmptyParts);
     for (const QJsonValue& format : QJsonDocument::fromJson(list).array()) {
         const QString key = format[QLatin1String("key")].toString();
+        if (!wanted.isEmpty() && !wanted.contains(key))
+            continue;
         QTest::newRow(qPrintable(key)) << key << format[QLatin1String("extension")].toString();
     }
 }

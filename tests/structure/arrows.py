@@ -11,7 +11,7 @@ import tempfile
 from pathlib import Path
 
 # folder -> folders that it may include directly; the closure is allowed too.
-FORMATS = ["ascii", "dxf", "gocad", "grdecl", "kml", "off", "ogr", "opentec", "zmap"]
+FORMATS = ["ascii", "dxf", "gocad", "grdecl", "kml", "off", "ogr", "opentec", "raster", "zmap"]
 ARROWS = {
     "host/data": [],
     "host/ui": ["host/data"],
@@ -39,7 +39,7 @@ ARROWS = {
 # A format knows no other one.
 ARROWS.update({f"formats/{key}": ["export", "readers", "writers", "ogr", "spec/layout"] for key in FORMATS})
 WIDGETS_ALLOWED = {"host/ui", "core/saver", "wizard", "sheets", "spec", "pages", "window", "bench", "tests"}
-GDAL_ALLOWED = {"ogr", "geo", "readers", "formats/dxf", "formats/kml", "formats/ogr",
+GDAL_ALLOWED = {"ogr", "geo", "readers", "formats/dxf", "formats/kml", "formats/ogr", "formats/raster",
                 "bench", "tests"}
 GDAL = re.compile(r"^(gdal|ogr|cpl)[a-z_0-9]*\.h$")
 WIDGETS = re.compile(

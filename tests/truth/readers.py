@@ -3,6 +3,7 @@
 import csv
 import math
 import re
+import struct
 import xml.etree.ElementTree as xml
 import zipfile
 
@@ -116,13 +117,66 @@ def raster(path):
     band = dataset.GetRasterBand(1)
     values = band.ReadAsArray()
     nodata = band.GetNoDataValue()
-    left, dx, _, top, _, dy = dataset.GetGeoTransform()
+    t = dataset.GetGeoTransform()
     for row in range(dataset.RasterYSize):
         for column in range(dataset.RasterXSize):
             value = float(values[row][column])
             if math.isfinite(value) and abs(value) < 1e30 and (nodata is None or value != nodata):
-                facts.positions.append((left + (column + 0.5) * dx, top + (row + 0.5) * dy, value))
+                across, down = column + 0.5, row + 0.5
+                facts.positions.append((t[0] + across * t[1] + down * t[2], t[3] + across * t[4] + down * t[5], value))
     facts.system = system_of(dataset.GetSpatialRef())
+    return facts
+
+
+def grid(facts, columns, rows, west, south, dx, dy, values, is_null):
+    """Adds the nodes of a grid whose rows run from the south."""
+    if len(values) != columns * rows:
+        raise ValueError("%d values for %d x %d nodes" % (len(values), columns, rows))
+    for index, value in enumerate(values):
+        if not is_null(value):
+            row, column = divmod(index, columns)
+            facts.positions.append((west + column * dx, south + row * dy, value))
+    return facts
+
+
+def surfer(path):
+    """The three kinds of Surfer grids."""
+    with open(path, "rb") as file:
+        data = file.read()
+    blank = lambda value: value >= 1.70141e38
+    if data[:4] == b"DSRB":
+        rows, columns, west, south, dx, dy = struct.unpack_from("<2i4d", data, 20)
+        values = struct.unpack_from("<%dd" % (rows * columns), data, 100)
+        return grid(Facts(), columns, rows, west, south, dx, dy, values, blank)
+    if data[:4] == b"DSBB":
+        columns, rows, west, east, south, north = struct.unpack_from("<2h4d", data, 4)
+        values = struct.unpack_from("<%df" % (rows * columns), data, 56)
+    else:
+        words = data.decode("ascii").split()
+        columns, rows = int(words[1]), int(words[2])
+        west, east, south, north = [float(word) for word in words[3:7]]
+        values = [float(word) for word in words[9:]]
+    return grid(Facts(), columns, rows, west, south, (east - west) / (columns - 1), (north - south) / (rows - 1),
+                values, blank)
+
+
+def arcgrid(path):
+    with open(path, encoding="ascii") as text:
+        words = text.read().split()
+    head = dict(zip((word.lower() for word in words[0:12:2]), (float(word) for word in words[1:12:2])))
+    columns, rows = int(head["ncols"]), int(head["nrows"])
+    values = [float(word) for word in words[12:]]
+    southward = [value for row in range(rows - 1, -1, -1) for value in values[row * columns:(row + 1) * columns]]
+    step = head["cellsize"]
+    facts = grid(Facts(), columns, rows, head["xllcorner"] + step / 2, head["yllcorner"] + step / 2, step, step,
+                 southward, lambda value: value == head["nodata_value"])
+    system = osr.SpatialReference()
+    try:
+        with open(path[:-3] + "prj", encoding="utf-8") as text:
+            system.ImportFromESRI([text.read()])
+            facts.system = system_of(system)
+    except OSError:
+        pass
     return facts
 
 
