@@ -11,6 +11,9 @@
 #include "formats/ogr/ShpFormat.h"
 #include "formats/ogr/TabFormat.h"
 #include "formats/opentec/OpenTecFormat.h"
+#include "formats/vtk/VtiFormat.h"
+#include "formats/vtk/VtpFormat.h"
+#include "formats/vtk/VtuFormat.h"
 #include "formats/zmap/ZMapFormat.h"
 
 namespace kpFormats
@@ -31,6 +34,9 @@ Formats makeFormats()
     formats.push_back(std::make_unique<OffFormat>());
     formats.push_back(std::make_unique<ZMapFormat>());
     formats.push_back(std::make_unique<GrdeclFormat>());
+    formats.push_back(std::make_unique<VtpFormat>());
+    formats.push_back(std::make_unique<VtuFormat>());
+    formats.push_back(std::make_unique<VtiFormat>());
     return formats;
 }
 

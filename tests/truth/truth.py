@@ -21,10 +21,11 @@ except ImportError:
     print("no osgeo: skipped")
     sys.exit(77)
 
-FORMATS = ["ascii", "shp", "tab", "gpkg", "geojson", "kml", "dxf", "gocad", "off", "zmap", "grdecl", "opentec"]
+FORMATS = ["ascii", "shp", "tab", "gpkg", "geojson", "kml", "dxf", "gocad", "off", "zmap", "grdecl", "vtp", "vtu", "vti", "opentec"]
 OUTPUT_READERS = {"ascii": readers.table, "shp": readers.vector, "tab": readers.mapinfo, "gpkg": readers.vector,
                   "geojson": readers.vector, "kml": readers.kml, "dxf": readers.dxf, "gocad": readers.gocad,
-                  "off": readers.off, "zmap": readers.zmap, "grdecl": readers.grdecl}
+                  "off": readers.off, "zmap": readers.zmap, "grdecl": readers.grdecl,
+                  "vtp": readers.vtk_surface, "vtu": readers.vtk_cells, "vti": readers.vtk_image}
 EXTENSIONS = {"ascii": "csv", "gocad": "ts", "opentec": "otl"}
 SOURCE_READERS = {".geojson": readers.vector, ".json": readers.vector, ".gpkg": readers.vector, ".shp": readers.vector,
                   ".csv": readers.table, ".tif": readers.raster, ".asc": readers.raster, ".ts": readers.gocad,
@@ -119,7 +120,7 @@ def differences(source, written, key, renamed):
     step = 2e-8 if degrees else max(6e-4, 2e-9 * size)
     if any(z is not None for _, _, z in places) and not any(z is not None for _, _, z in written.positions):
         found["height"] = "no position has one"
-    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off"):
+    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off", "vtp"):
         invented = [place for place in written.positions if place[2] not in (None, 0.0)]
         if all(z is None for _, _, z in places) and invented:
             found["height"] = "%s has one" % (invented[0],)
@@ -129,7 +130,7 @@ def differences(source, written, key, renamed):
     extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
-    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml"):
+    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "vtp"):
         columns = {name.lower(): values for name, values in written.values.items()}
         for name, values in source.values.items():
             if not name or all(canonical(value) is None for value in values):
@@ -242,7 +243,7 @@ def main():
         with open(options.write, "w", encoding="utf-8") as text:
             text.write("# Equal, or told\n\nMade by `tests/truth/truth.py PROGRAM DATA --write docs/truth.md`: every data "
                        "set that it can read goes\nthrough every format with `--verify`, and is compared with the source "
-                       "by readers that are not the program's\n(GDAL/OGR, ezdxf, plain parsers). \"told\": it differs, "
+                       "by readers that are not the program's\n(GDAL/OGR, ezdxf, VTK, plain parsers). \"told\": it differs, "
                        "and findings of the report speak of each kind of\ndifference; \"refused\": no file was written, "
                        "and the error says why. " + summary + ".\n\nCompared: the set of positions, heights, the values "
                        "of each attribute in any order where a file has one for each of\nthe source, and that a "
