@@ -17,6 +17,12 @@ inline constexpr FindingKind typeNotTaken("object of a type that the format does
                                           "an object was left out because the format does not take its type",
                                           "%1 objects were left out because the format does not take their types");
 inline constexpr FindingKind objectLeftOut("object left out", "the object was left out", "%1 objects were left out");
+inline constexpr FindingKind objectWithoutPosition("object without a position left out",
+                                                   "the object was left out because it has no position",
+                                                   "%1 objects were left out because they have no position");
+inline constexpr FindingKind objectWithoutHeights("object without heights written at height 0",
+                                                  "the object has no heights and was written at height 0",
+                                                  "%1 objects have no heights and were written at height 0");
 inline constexpr FindingKind positionLeftOut("position left out", "a position was left out",
                                              "%1 positions were left out");
 inline constexpr FindingKind vertexWithoutPosition("vertex without a position left out",

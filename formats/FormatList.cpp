@@ -17,6 +17,9 @@
 #include "formats/raster/Surfer6AsciiFormat.h"
 #include "formats/raster/Surfer6Format.h"
 #include "formats/raster/Surfer7Format.h"
+#include "formats/vtk/VtiFormat.h"
+#include "formats/vtk/VtpFormat.h"
+#include "formats/vtk/VtuFormat.h"
 #include "formats/zmap/ZMapFormat.h"
 
 namespace kpFormats
@@ -43,6 +46,9 @@ Formats makeFormats()
     formats.push_back(std::make_unique<Surfer7Format>());
     formats.push_back(std::make_unique<Surfer6Format>());
     formats.push_back(std::make_unique<Surfer6AsciiFormat>());
+    formats.push_back(std::make_unique<VtpFormat>());
+    formats.push_back(std::make_unique<VtuFormat>());
+    formats.push_back(std::make_unique<VtiFormat>());
     return formats;
 }
 

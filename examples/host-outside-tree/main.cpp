@@ -47,7 +47,7 @@ void addHorizon(Model& model, const QString& name, const Numbers& x, const Numbe
     model.add(horizon);
 }
 
-/// The twelve formats of the kit and the one of this host.
+/// The formats of the kit and the one of this host.
 Formats allFormats()
 {
     Formats formats = makeFormats();

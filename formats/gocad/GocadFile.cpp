@@ -26,7 +26,7 @@ GocadFile::GocadFile(PlannedFile planned, const ExportSelection& selected, Gocad
             m_entries.push_back({object, numberColumns(*object, selection(), findings)});
             noteGocadForm(*object, m_settings, findings);
         } else {
-            findings.note(gocadFinding::objectWithoutPosition, *object, 1, object->name);
+            findings.note(finding::objectWithoutPosition, *object, 1, object->name);
         }
     }
     if (m_entries.empty())

@@ -10,7 +10,7 @@ namespace
 /// Small enough to be written on closing, or too large for any buffer.
 ModelObject objectFor(const QString& format, bool large)
 {
-    if (format == QLatin1String("grdecl"))
+    if (format == QLatin1String("grdecl") || format == QLatin1String("vtu"))
         return boxOf(large ? cellsOf(50, 50, sanitized ? 8 : 40) : cellsOf(1, 1, 1));
     if (!QByteArray(QTest::currentDataTag()).endsWith("lines"))
         return large ? gridOf(sanitized ? 200 : 1000, 300) : gridOf(3, 3);
@@ -50,7 +50,8 @@ void SaverFailuresTest::formatRows()
         QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0)
                             << QString::fromLatin1(settings);
     };
-    for (const char* name : {"dxf", "dxf lines", "gocad", "grdecl", "kml lines", "off", "opentec lines", "zmap"})
+    for (const char* name : {"dxf", "dxf lines", "gocad", "grdecl", "kml lines", "off", "opentec lines", "vti", "vtp",
+                             "vtp lines", "vtu", "zmap"})
         row(name);
     row("dxf boundaries", "boundaries=true");
     row("kml zipped lines", "compress=true");

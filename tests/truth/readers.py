@@ -285,3 +285,57 @@ def grdecl(path):
         count, _, value = word.rpartition("*")
         facts.positions += [(-float(value), 0.0, -float(value))] * int(count or 1)
     return facts
+
+
+def _vtk(reader, path):
+    complaints = []
+    reader.AddObserver("ErrorEvent", lambda *about: complaints.append(about))
+    reader.SetFileName(path)
+    reader.Update()
+    if complaints or reader.GetOutput().GetNumberOfPoints() == 0:
+        raise ValueError("VTK does not read it")
+    return reader.GetOutput()
+
+
+def _vtk_values(facts, data):
+    for index in range(data.GetNumberOfArrays()):
+        array = data.GetAbstractArray(index)
+        if array.GetNumberOfComponents() == 1:
+            values = [array.GetValue(i) for i in range(array.GetNumberOfValues())]
+            facts.values[array.GetName()] = [None if value == "" or value != value else value for value in values]
+
+
+def vtk_surface(path):
+    import vtk
+
+    facts = Facts()
+    data = _vtk(vtk.vtkXMLPolyDataReader(), path)
+    facts.positions = [data.GetPoint(i) for i in range(data.GetNumberOfPoints())]
+    _vtk_values(facts, data.GetCellData())
+    _vtk_values(facts, data.GetPointData())
+    facts.per_feature = False
+    return facts
+
+
+def vtk_image(path):
+    import vtk
+
+    facts = Facts()
+    data = _vtk(vtk.vtkXMLImageDataReader(), path)
+    heights = data.GetPointData().GetArray("elevation")
+    for i in range(data.GetNumberOfPoints()):
+        if math.isfinite(heights.GetValue(i)):
+            facts.positions.append(data.GetPoint(i)[:2] + (heights.GetValue(i),))
+    return facts
+
+
+def vtk_cells(path):
+    """The heights of corners; where they are is left aside, as for GRDECL."""
+    import vtk
+
+    facts = Facts()
+    data = _vtk(vtk.vtkXMLUnstructuredGridReader(), path)
+    for i in range(data.GetNumberOfPoints()):
+        z = data.GetPoint(i)[2]
+        facts.positions.append((z, 0.0, z))
+    return facts

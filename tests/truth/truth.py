@@ -21,15 +21,33 @@ except ImportError:
     print("no osgeo: skipped")
     sys.exit(77)
 
-FORMATS = ["ascii", "shp", "tab", "gpkg", "geojson", "kml", "dxf", "gocad", "off", "zmap", "grdecl", "opentec",
-           "geotiff", "cog", "arcgrid", "surfer7", "surfer6", "surfer6ascii"]
-OUTPUT_READERS = {"ascii": readers.table, "shp": readers.vector, "tab": readers.mapinfo, "gpkg": readers.vector,
-                  "geojson": readers.vector, "kml": readers.kml, "dxf": readers.dxf, "gocad": readers.gocad,
-                  "off": readers.off, "zmap": readers.zmap, "grdecl": readers.grdecl,
-                  "geotiff": readers.raster, "cog": readers.raster, "arcgrid": readers.arcgrid,
-                  "surfer7": readers.surfer, "surfer6": readers.surfer, "surfer6ascii": readers.surfer}
-EXTENSIONS = {"ascii": "csv", "gocad": "ts", "opentec": "otl", "geotiff": "tif", "cog": "tif", "arcgrid": "asc",
-              "surfer7": "grd", "surfer6": "grd", "surfer6ascii": "grd"}
+# The extension and the reader of each format; opentec has none that compares.
+OUTPUTS = {
+    "ascii": ("csv", readers.table),
+    "shp": ("shp", readers.vector),
+    "tab": ("tab", readers.mapinfo),
+    "gpkg": ("gpkg", readers.vector),
+    "geojson": ("geojson", readers.vector),
+    "kml": ("kml", readers.kml),
+    "dxf": ("dxf", readers.dxf),
+    "gocad": ("ts", readers.gocad),
+    "off": ("off", readers.off),
+    "zmap": ("zmap", readers.zmap),
+    "grdecl": ("grdecl", readers.grdecl),
+    "geotiff": ("tif", readers.raster),
+    "cog": ("tif", readers.raster),
+    "arcgrid": ("asc", readers.arcgrid),
+    "surfer7": ("grd", readers.surfer),
+    "surfer6": ("grd", readers.surfer),
+    "surfer6ascii": ("grd", readers.surfer),
+    "vtp": ("vtp", readers.vtk_surface),
+    "vtu": ("vtu", readers.vtk_cells),
+    "vti": ("vti", readers.vtk_image),
+    "opentec": ("otl", None),
+}
+FORMATS = list(OUTPUTS)
+OUTPUT_READERS = {key: reader for key, (_, reader) in OUTPUTS.items() if reader}
+EXTENSIONS = {key: extension for key, (extension, _) in OUTPUTS.items()}
 SOURCE_READERS = {".geojson": readers.vector, ".json": readers.vector, ".gpkg": readers.vector, ".shp": readers.vector,
                   ".csv": readers.table, ".tif": readers.raster, ".asc": readers.raster, ".ts": readers.gocad,
                   ".off": readers.off, ".grdecl": readers.grdecl}
@@ -123,7 +141,7 @@ def differences(source, written, key, renamed):
     step = 2e-8 if degrees else max(6e-4, 2e-9 * size)
     if any(z is not None for _, _, z in places) and not any(z is not None for _, _, z in written.positions):
         found["height"] = "no position has one"
-    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off"):
+    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off", "vtp"):
         invented = [place for place in written.positions if place[2] not in (None, 0.0)]
         if all(z is None for _, _, z in places) and invented:
             found["height"] = "%s has one" % (invented[0],)
@@ -133,7 +151,7 @@ def differences(source, written, key, renamed):
     extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
-    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml"):
+    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "vtp"):
         columns = {name.lower(): values for name, values in written.values.items()}
         for name, values in source.values.items():
             if not name or all(canonical(value) is None for value in values):
@@ -247,7 +265,7 @@ def main():
         with open(options.write, "w", encoding="utf-8") as text:
             text.write("# Equal, or told\n\nMade by `tests/truth/truth.py PROGRAM DATA --write docs/truth.md`: every data "
                        "set that it can read goes\nthrough every format with `--verify`, and is compared with the source "
-                       "by readers that are not the program's\n(GDAL/OGR, ezdxf, plain parsers). \"told\": it differs, "
+                       "by readers that are not the program's\n(GDAL/OGR, ezdxf, VTK, plain parsers). \"told\": it differs, "
                        "and findings of the report speak of each kind of\ndifference; \"refused\": no file was written, "
                        "and the error says why. " + summary + ".\n\nCompared: the set of positions, heights, the values "
                        "of each attribute in any order where a file has one for each of\nthe source, and that a "

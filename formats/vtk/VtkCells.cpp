@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "formats/vtk/VtkCells.h"
+
+#include "export/CoordinateFactors.h"
+#include "export/ExportError.h"
+#include "export/NumberColumns.h"
+#include "formats/vtk/VtkColumns.h"
+#include "formats/vtk/VtkFindings.h"
+#include "formats/vtk/VtkObjects.h"
+
+#include <cmath>
+#include <memory>
+
+namespace kpFormats
+{
+
+namespace
+{
+
+constexpr int cornersOfCell = 8;
+/// VTK_HEXAHEDRON
+constexpr int hexahedron = 12;
+
+bool hasPlace(const CellGrid& grid, qint64 cell)
+{
+    const CellIndex at = cellIndex(grid, cell);
+    for (const int low : {0, 1}) {
+        for (const int back : {0, 1}) {
+            for (const int right : {0, 1}) {
+                const std::array<double, 3> place = cornerPosition(grid, at, right, back, low);
+                if (!std::isfinite(place[0]) || !std::isfinite(place[1]) || !std::isfinite(place[2]))
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+using Cells = std::shared_ptr<const std::vector<qint64>>;
+
+/// An array with so many values for each cell; \a put gives out those of one.
+template <typename Put>
+VtkArray cellArray(const char* name, VtkType type, qint64 perCell, const Cells& cells, Put put)
+{
+    VtkArray array;
+    array.name = QString::fromLatin1(name);
+    array.type = type;
+    array.tuples = static_cast<qint64>(cells->size()) * perCell;
+    array.write = [cells, put](VtkValues& values) {
+        for (std::size_t index = 0; index < cells->size(); ++index) {
+            put(values, static_cast<qint64>(index), (*cells)[index]);
+            if (!values.next())
+                return;
+        }
+    };
+    return array;
+}
+
+std::vector<double> pillarsOf(const CellGrid& grid, const CoordinateFactors& by)
+{
+    std::vector<double> pillars;
+    pillars.reserve(grid.coord.size());
+    for (std::size_t index = 0; index + 2 < grid.coord.size(); index += 3) {
+        pillars.push_back(grid.coord[index] * by.flat);
+        pillars.push_back(grid.coord[index + 1] * by.flat);
+        pillars.push_back(-grid.coord[index + 2] * by.up);
+    }
+    return pillars;
+}
+
+} // namespace
+
+std::vector<qint64> vtkWrittenCells(const CellGrid& grid, const VtkExportSettings& settings)
+{
+    std::vector<qint64> cells;
+    const qint64 count = cellCount(grid);
+    for (qint64 cell = 0; cell < count; ++cell) {
+        if ((settings.inactiveCells || isActive(grid, cell)) && hasPlace(grid, cell))
+            cells.push_back(cell);
+    }
+    return cells;
+}
+
+std::array<VtkCorner, 8> vtkHexahedron(const CellGrid& grid, const VtkExportSettings& settings)
+{
+    std::array<VtkCorner, 4> ring{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}};
+    if (!rowsLieLeft(grid))
+        std::swap(ring[1], ring[3]);
+    const int first = settings.zIsElevation ? 1 : 0;
+    std::array<VtkCorner, 8> corners{};
+    for (std::size_t corner = 0; corner < ring.size(); ++corner) {
+        corners[corner] = {ring[corner].right, ring[corner].back, first};
+        corners[corner + ring.size()] = {ring[corner].right, ring[corner].back, 1 - first};
+    }
+    return corners;
+}
+
+VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, const VtkExportSettings& settings,
+                     Findings& findings)
+{
+    noteMissingAttributes(file.objects, selection, findings);
+    const ModelObject& object = *file.objects.front();
+    if (!object.cells)
+        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name),
+                          QStringLiteral("choose a corner-point grid"));
+    const CellGrid& grid = *object.cells;
+    const auto cells = std::make_shared<const std::vector<qint64>>(vtkWrittenCells(grid, settings));
+    const auto count = static_cast<qint64>(cells->size());
+    qint64 inactive = 0;
+    for (qint64 cell = 0; !settings.inactiveCells && cell < cellCount(grid); ++cell)
+        inactive += isActive(grid, cell) ? 0 : 1;
+    findings.note(vtkFinding::inactiveCellsLeftOut, object.name, inactive,
+                  QStringLiteral("inactiveCells=true writes them"));
+    findings.note(vtkFinding::cellWithoutPosition, object.name, cellCount(grid) - inactive - count,
+                  QStringLiteral("a depth or a pillar is missing"));
+    if (cells->empty())
+        throw ExportError(file.path, QStringLiteral("the volume %1 has no cell to write").arg(object.name),
+                          QStringLiteral("choose a grid with depths, or inactiveCells=true"));
+
+    const CoordinateFactors by = coordinateFactors(object, settings.lengthUnit, settings.zIsElevation);
+    const std::array<VtkCorner, 8> corners = vtkHexahedron(grid, settings);
+    VtkDocument document;
+    document.type = "UnstructuredGrid";
+    document.piece = " NumberOfPoints=\"" + std::to_string(count * cornersOfCell) + "\" NumberOfCells=\""
+                     + std::to_string(count) + '"';
+    document.rows = count;
+    document.fieldData = vtkObjects(file.objects, settings, findings);
+    document.fieldData.push_back(vtkWholes(QStringLiteral("grid_size"), 3, {grid.columns, grid.rows, grid.layers}));
+    document.fieldData.push_back(vtkReals(QStringLiteral("grid_pillars"), 6, pillarsOf(grid, by)));
+
+    const auto index = [&grid](int CellIndex::*axis) {
+        return [&grid, axis](VtkValues& values, qint64, qint64 cell) { values.whole(cellIndex(grid, cell).*axis + 1); };
+    };
+    VtkSection cellData{"CellData",
+                        {cellArray("column", VtkType::Int64, 1, cells, index(&CellIndex::column)),
+                         cellArray("row", VtkType::Int64, 1, cells, index(&CellIndex::row)),
+                         cellArray("layer", VtkType::Int64, 1, cells, index(&CellIndex::layer)),
+                         cellArray("active", VtkType::UInt8, 1, cells, [&grid](VtkValues& values, qint64, qint64 cell) {
+                             values.byte(isActive(grid, cell) ? 1 : 0);
+                         })}};
+    if (settings.colours) {
+        cellData.arrays.push_back(cellArray("colour", VtkType::UInt8, 1, cells,
+                                            [rgb = object.color.rgb()](VtkValues& values, qint64, qint64) {
+                                                values.byte(qRed(rgb));
+                                                values.byte(qGreen(rgb));
+                                                values.byte(qBlue(rgb));
+                                            }));
+        cellData.arrays.back().components = 3;
+    }
+    UniqueNames names;
+    for (const VtkArray& array : cellData.arrays)
+        names.take(array.name);
+    const VtkRows rows = [cells](const auto& visit) {
+        for (const qint64 cell : *cells) {
+            if (!visit(0, static_cast<int>(cell)))
+                return;
+        }
+    };
+    for (const VtkPlace place : {VtkPlace::Cells, VtkPlace::Object}) {
+        for (VtkColumn& column : vtkColumns(file.objects, place, selection, settings, names, findings))
+            cellData.arrays.push_back(vtkArrayOf(std::move(column), count, rows));
+    }
+
+    VtkArray points = cellArray(
+        "Points", VtkType::Float64, cornersOfCell, cells, [&grid, corners, by](VtkValues& values, qint64, qint64 cell) {
+            const CellIndex at = cellIndex(grid, cell);
+            for (const VtkCorner& corner : corners) {
+                const auto place = cornerPosition(grid, at, corner.right, corner.back, corner.low);
+                values.real(place[0] * by.flat);
+                values.real(place[1] * by.flat);
+                values.real(-place[2] * by.up);
+            }
+        });
+    points.components = 3;
+    VtkSection list{
+        "Cells",
+        {cellArray("connectivity", VtkType::Int64, cornersOfCell, cells,
+                   [](VtkValues& values, qint64 number, qint64) {
+                       for (int corner = 0; corner < cornersOfCell; ++corner)
+                           values.whole(number * cornersOfCell + corner);
+                   }),
+         cellArray("offsets", VtkType::Int64, 1, cells,
+                   [](VtkValues& values, qint64 number, qint64) { values.whole((number + 1) * cornersOfCell); }),
+         cellArray("types", VtkType::UInt8, 1, cells,
+                   [](VtkValues& values, qint64, qint64) { values.byte(hexahedron); })}};
+    document.sections = {std::move(cellData), {"Points", {std::move(points)}}, std::move(list)};
+    return document;
+}
+
+} // namespace kpFormats

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "model/CellCorners.h"
+
+namespace kpFormats
+{
+
+namespace
+{
+
+const double* pillarAt(const CellGrid& grid, int column, int row)
+{
+    return grid.coord.data() + 6 * (static_cast<std::size_t>(row) * (grid.columns + 1) + column);
+}
+
+} // namespace
+
+qint64 cellCount(const CellGrid& grid)
+{
+    return static_cast<qint64>(grid.columns) * grid.rows * grid.layers;
+}
+
+CellIndex cellIndex(const CellGrid& grid, qint64 cell)
+{
+    const qint64 line = cell / grid.columns;
+    return {static_cast<int>(cell % grid.columns), static_cast<int>(line % grid.rows),
+            static_cast<int>(line / grid.rows)};
+}
+
+std::size_t cornerIndex(const CellGrid& grid, const CellIndex& cell, int right, int back, int low)
+{
+    const auto wide = static_cast<std::size_t>(2) * grid.columns;
+    const auto deep = static_cast<std::size_t>(2) * grid.rows;
+    const auto at = [](int index, int next) { return static_cast<std::size_t>(2) * index + next; };
+    return (at(cell.layer, low) * deep + at(cell.row, back)) * wide + at(cell.column, right);
+}
+
+std::array<double, 3> cornerPosition(const CellGrid& grid, const CellIndex& cell, int right, int back, int low)
+{
+    const double* const pillar = pillarAt(grid, cell.column + right, cell.row + back);
+    const double depth = grid.zcorn[cornerIndex(grid, cell, right, back, low)];
+    const double height = pillar[5] - pillar[2];
+    const double share = height == 0.0 ? 0.0 : (depth - pillar[2]) / height;
+    return {pillar[0] + share * (pillar[3] - pillar[0]), pillar[1] + share * (pillar[4] - pillar[1]), depth};
+}
+
+bool rowsLieLeft(const CellGrid& grid)
+{
+    double area = 0.0;
+    for (int row = 0; row < grid.rows; ++row) {
+        for (int column = 0; column < grid.columns; ++column) {
+            const double* const here = pillarAt(grid, column, row);
+            const double* const right = pillarAt(grid, column + 1, row);
+            const double* const back = pillarAt(grid, column, row + 1);
+            area += (right[0] - here[0]) * (back[1] - here[1]) - (right[1] - here[1]) * (back[0] - here[0]);
+        }
+    }
+    return area >= 0.0;
+}
+
+} // namespace kpFormats

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelObject.h"
+#include "model/kpFormatsExport.h"
+
+#include <array>
+
+namespace kpFormats
+{
+
+/// A cell of a corner-point grid by its number, columns fastest.
+struct CellIndex
+{
+    int column;
+    int row;
+    int layer;
+};
+
+KPFORMATS_EXPORT qint64 cellCount(const CellGrid& grid);
+KPFORMATS_EXPORT CellIndex cellIndex(const CellGrid& grid, qint64 cell);
+inline bool isActive(const CellGrid& grid, qint64 cell)
+{
+    return grid.active.empty() || grid.active[static_cast<std::size_t>(cell)] != 0;
+}
+
+/// The place of a corner's depth in CellGrid::zcorn. \a right, \a back and \a low are 0 or 1: the corner at the next
+/// column, at the next row and at the base of the cell.
+KPFORMATS_EXPORT std::size_t cornerIndex(const CellGrid& grid, const CellIndex& cell, int right, int back, int low);
+/// x, y and depth of that corner: where its depth lies on its pillar. On a pillar of no height it is at the pillar's top.
+KPFORMATS_EXPORT std::array<double, 3> cornerPosition(const CellGrid& grid, const CellIndex& cell, int right, int back,
+                                                      int low);
+
+/// Whether rows lie to the left of columns, as north does of east. Seen from above; told from the pillars.
+KPFORMATS_EXPORT bool rowsLieLeft(const CellGrid& grid);
+
+} // namespace kpFormats
