@@ -49,5 +49,17 @@ inline constexpr FindingKind numberWrittenAs0("number rounded to 0", "a number w
 inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null value",
                                                       "a value is equal to the null value",
                                                       "%1 values are equal to the null value");
+inline constexpr FindingKind gridWithoutAnyValue("grid without any value", "the grid has no value at any node",
+                                                 "%1 grids have no value at any node");
+inline constexpr FindingKind
+    attributesOfGridLeftOut("a grid file holds one value per node; attributes left out",
+                            "an attribute was left out because a grid file holds one value per node",
+                            "%1 attributes were left out because a grid file holds one value per node");
+inline constexpr FindingKind objectWithoutPosition("object without a position left out",
+                                                   "the object was left out because it has no position",
+                                                   "%1 objects were left out because they have no position");
+inline constexpr FindingKind objectWithoutHeights("object without heights written at height 0",
+                                                  "the object has no heights and was written at height 0",
+                                                  "%1 objects have no heights and were written at height 0");
 
 } // namespace kpFormats::finding

@@ -126,7 +126,7 @@ qint64 GocadWriter::write(const ModelObject& object, const std::vector<NumberCol
 void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, Findings& findings)
 {
     if (!object.hasZ)
-        findings.note(gocadFinding::objectWithoutHeights, object.name, 1, object.name);
+        findings.note(finding::objectWithoutHeights, object.name, 1, object.name);
     if (!settings.header)
         findings.note(gocadFinding::nameAndColourNotWritten, object.name, 1,
                       QStringLiteral("the header was not wanted"));
