@@ -21,16 +21,19 @@ except ImportError:
     print("no osgeo: skipped")
     sys.exit(77)
 
-FORMATS = ["ascii", "shp", "tab", "gpkg", "geojson", "kml", "dxf", "gocad", "off", "zmap", "grdecl", "opentec"]
+FORMATS = ["ascii", "shp", "tab", "gpkg", "geojson", "kml", "dxf", "gocad", "off", "zmap", "grdecl", "opentec",
+           "irap", "irapbinary", "irappoints"]
 OUTPUT_READERS = {"ascii": readers.table, "shp": readers.vector, "tab": readers.mapinfo, "gpkg": readers.vector,
                   "geojson": readers.vector, "kml": readers.kml, "dxf": readers.dxf, "gocad": readers.gocad,
-                  "off": readers.off, "zmap": readers.zmap, "grdecl": readers.grdecl}
-EXTENSIONS = {"ascii": "csv", "gocad": "ts", "opentec": "otl"}
+                  "off": readers.off, "zmap": readers.zmap, "grdecl": readers.grdecl, "irap": readers.irap,
+                  "irapbinary": readers.irapbinary, "irappoints": readers.irappoints}
+EXTENSIONS = {"ascii": "csv", "gocad": "ts", "opentec": "otl", "irapbinary": "gri", "irappoints": "pol"}
 SOURCE_READERS = {".geojson": readers.vector, ".json": readers.vector, ".gpkg": readers.vector, ".shp": readers.vector,
                   ".csv": readers.table, ".tif": readers.raster, ".asc": readers.raster, ".ts": readers.gocad,
-                  ".off": readers.off, ".grdecl": readers.grdecl}
+                  ".off": readers.off, ".grdecl": readers.grdecl, ".gri": readers.irapbinary,
+                  ".poi": readers.irappoints, ".pol": readers.irappoints}
 SAMPLE = ["structures.geojson", "faults.geojson", "naturalearth_cities.shp", "map_fault_locations.csv", "F5.ts",
-          "simpleb8.grdecl", "faultpoly.gpkg"]
+          "simpleb8.grdecl", "faultpoly.gpkg", "ib_test_horizon2.gri", "mypoly.pol"]
 # Words of the findings that speak of a kind of difference.
 TELLS = {
     "position": ["position", "vertex", "vertices", "node", "cell", "line of fewer", "ring", "object", "triangle",
