@@ -133,6 +133,22 @@ void notePositionsAlike(const ModelObject& object, const PositionDecimals& decim
         QStringLiteral("%1 decimals are too few for vertices %2 and %3").arg(decimals.flat).arg(first).arg(first + 1));
 }
 
+int coordinateDecimals(const std::vector<const ModelObject*>& objects, int chosen, OutputUnit unit, Findings& findings)
+{
+    constexpr int usual = 4; // a tenth of a millimetre
+    int decimals = chosen;
+    if (chosen == automaticDecimals) {
+        decimals = usual;
+        for (const ModelObject* object : objects) {
+            const PositionDecimals needed = positionDecimals({object}, usual, unitFactor(object->lengthUnit, unit));
+            decimals = std::max({decimals, needed.flat, needed.heights});
+        }
+    }
+    for (const ModelObject* object : objects)
+        notePositionsAlike(*object, {decimals, decimals}, unitFactor(object->lengthUnit, unit), findings);
+    return decimals;
+}
+
 void RoundedToZero::note(const FindingObject& object, const QString& column, Findings& findings) const
 {
     findings.note(finding::numberWrittenAs0, object, m_count,

@@ -3,6 +3,7 @@
 
 #include "export/Findings.h"
 #include "model/ModelObject.h"
+#include "model/OutputUnit.h"
 #include "model/kpFormatsExport.h"
 
 #include <cmath>
@@ -45,6 +46,11 @@ KPFORMATS_EXPORT PositionDecimals positionDecimals(const std::vector<const Model
 /// Notes neighbouring vertices that differ but are written alike.
 KPFORMATS_EXPORT void notePositionsAlike(const ModelObject& object, const PositionDecimals& decimals, double factor,
                                          Findings& findings);
+
+/// The decimals of every coordinate in a file of lengths: those \a chosen or, for automaticDecimals, those that the
+/// objects need. Notes neighbouring vertices that are written alike.
+KPFORMATS_EXPORT int coordinateDecimals(const std::vector<const ModelObject*>& objects, int chosen, OutputUnit unit,
+                                        Findings& findings);
 
 /// Counts numbers that are not 0 but are written so.
 class KPFORMATS_EXPORT RoundedToZero

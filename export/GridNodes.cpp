@@ -84,7 +84,7 @@ void noteOtherAttributes(const ModelObject& object, const QString& attribute, Fi
 {
     const std::size_t attributes =
         object.vertexAttributes.size() + object.objectAttributes.size() - (attribute.isEmpty() ? 0 : 1);
-    findings.note(finding::attributesOfGridLeftOut, object.name, static_cast<qint64>(attributes),
+    findings.note(finding::attributesOfGridLeftOut, object, static_cast<qint64>(attributes),
                   QStringLiteral("choose one with the setting \"attribute\""));
 }
 

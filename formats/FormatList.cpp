@@ -4,6 +4,9 @@
 #include "formats/dxf/DxfFormat.h"
 #include "formats/gocad/GocadFormat.h"
 #include "formats/grdecl/GrdeclFormat.h"
+#include "formats/irap/IrapBinaryFormat.h"
+#include "formats/irap/IrapFormat.h"
+#include "formats/irap/IrapPointsFormat.h"
 #include "formats/kml/KmlFormat.h"
 #include "formats/off/OffFormat.h"
 #include "formats/ogr/GeoJsonFormat.h"
@@ -49,6 +52,9 @@ Formats makeFormats()
     formats.push_back(std::make_unique<VtpFormat>());
     formats.push_back(std::make_unique<VtuFormat>());
     formats.push_back(std::make_unique<VtiFormat>());
+    formats.push_back(std::make_unique<IrapFormat>());
+    formats.push_back(std::make_unique<IrapBinaryFormat>());
+    formats.push_back(std::make_unique<IrapPointsFormat>());
     return formats;
 }
 

@@ -48,7 +48,8 @@ FileKind fileKindOf(const QString& path)
         {QStringLiteral("gocad"), FileKind::Gocad},      {QStringLiteral("stl"), FileKind::Stl},
         {QStringLiteral("pol"), FileKind::IrapPolygons}, {QStringLiteral("csv"), FileKind::Table},
         {QStringLiteral("tsv"), FileKind::Table},        {QStringLiteral("txt"), FileKind::Table},
-        {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table}};
+        {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table},
+        {QStringLiteral("poi"), FileKind::IrapPoints}};
     if (isZMapGrid(path))
         return FileKind::ZMap;
     if (isIrapGrid(path))

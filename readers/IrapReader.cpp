@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -25,20 +26,25 @@ constexpr double mostNodes = 500e6;
 constexpr int headNumbers = 19;
 
 /// The order of the numbers in the head of the text form.
-enum Head { Mark, Rows, StepX, StepY, West, East, South, North, Columns, Rotation };
+enum Head { Mark, Rows, StepX, StepY, West, East, South, North, Columns, Rotation, AboutX, AboutY };
 
 RegularGrid gridOf(const std::array<double, headNumbers>& head, const QString& path)
 {
     const auto isCount = [](double number) { return number >= 1 && number <= 1e7 && number == std::floor(number); };
     if (head[Mark] != mark || !isCount(head[Rows]) || !isCount(head[Columns]) || head[Rows] * head[Columns] > mostNodes
-        || !(head[StepX] > 0) || !(head[StepY] > 0))
+        || !(head[StepX] > 0) || !(head[StepY] > 0)
+        || !std::all_of(head.begin(), head.end(), [](double number) { return std::isfinite(number); }))
         throw LoadError(path, QStringLiteral("its head does not describe a grid"),
                         QStringLiteral("copy the file again from its source"));
     RegularGrid grid;
     grid.geometry.columns = static_cast<int>(head[Columns]);
     grid.geometry.rows = static_cast<int>(head[Rows]);
-    grid.geometry.originX = head[West];
-    grid.geometry.originY = head[South];
+    // It is turned about a point, which is its origin as a rule.
+    const double turned = head[Rotation] * M_PI / 180.0;
+    const double east = head[West] - head[AboutX];
+    const double north = head[South] - head[AboutY];
+    grid.geometry.originX = head[AboutX] + (east * std::cos(turned) - north * std::sin(turned));
+    grid.geometry.originY = head[AboutY] + (east * std::sin(turned) + north * std::cos(turned));
     grid.geometry.stepX = head[StepX];
     grid.geometry.stepY = head[StepY];
     grid.geometry.rotation = head[Rotation];
@@ -118,9 +124,8 @@ RegularGrid readBinary(const QString& path)
     records.need(4);
     head[Columns] = records.integer(0);
     head[Rotation] = records.real(1);
-    // The point about which it is turned is its origin.
-    head[West] = records.real(2);
-    head[South] = records.real(3);
+    head[AboutX] = records.real(2);
+    head[AboutY] = records.real(3);
     records.need(7);
     RegularGrid grid = gridOf(head, path);
     const std::size_t count =
@@ -163,6 +168,44 @@ RegularGrid readText(const QString& path)
     return grid;
 }
 
+using Coordinates = std::array<std::vector<double>, 3>;
+
+/// Calls \a take with the points of each line. \throws LoadError when there is none
+template <typename Take>
+void eachIrapLine(const QString& path, Take take)
+{
+    TextScanner scanner(path);
+    Coordinates points;
+    bool any = false;
+    const auto end = [&] {
+        if (!points[0].empty()) {
+            take(points);
+            any = true;
+        }
+        points = {};
+    };
+    std::string_view word;
+    while (scanner.nextLine()) {
+        if (!scanner.nextWord(word))
+            continue;
+        std::array<double, 3> position{};
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            if (axis > 0 && !scanner.nextWord(word))
+                scanner.fail(QStringLiteral("a point needs three numbers"), QStringLiteral("correct the line"));
+            position[axis] = scanner.number(word);
+        }
+        if (position == std::array<double, 3>{999, 999, 999}) {
+            end();
+            continue;
+        }
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            points[axis].push_back(position[axis]);
+    }
+    end();
+    if (!any)
+        throw LoadError(path, QStringLiteral("there is no point in it"), QStringLiteral("check the file"));
+}
+
 } // namespace
 
 bool isIrapGrid(const QString& path)
@@ -186,13 +229,9 @@ LoadNotes readIrapGrid(Model& model, const QString& path, const LoadOptions& opt
 
 LoadNotes readIrapPolygons(Model& model, const QString& path, const LoadOptions& options)
 {
-    TextScanner scanner(path);
-    std::array<std::vector<double>, 3> points;
     int number = 0;
     const QString base = options.name.isEmpty() ? QFileInfo(path).completeBaseName() : options.name;
-    const auto end = [&] {
-        if (points[0].empty())
-            return;
+    eachIrapLine(path, [&](Coordinates& points) {
         const bool closed = points[0].size() > 3 && points[0].front() == points[0].back()
                             && points[1].front() == points[1].back() && points[2].front() == points[2].back();
         ModelObject object =
@@ -200,29 +239,23 @@ LoadNotes readIrapPolygons(Model& model, const QString& path, const LoadOptions&
                       QStringLiteral("%1 %2").arg(base).arg(++number), QFileInfo(path).completeBaseName());
         object.parts.push_back({0, static_cast<int>(points[0].size()), closed, false});
         setCoordinates(object, std::move(points[0]), std::move(points[1]), std::move(points[2]));
-        points = {};
         model.add(std::move(object));
-    };
-    std::string_view word;
-    while (scanner.nextLine()) {
-        if (!scanner.nextWord(word))
-            continue;
-        std::array<double, 3> position{};
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            if (axis > 0 && !scanner.nextWord(word))
-                scanner.fail(QStringLiteral("a point needs three numbers"), QStringLiteral("correct the line"));
-            position[axis] = scanner.number(word);
-        }
-        if (position == std::array<double, 3>{999, 999, 999}) {
-            end();
-            continue;
-        }
+    });
+    return {};
+}
+
+LoadNotes readIrapPoints(Model& model, const QString& path, const LoadOptions& options)
+{
+    Coordinates all;
+    eachIrapLine(path, [&all](const Coordinates& points) {
         for (std::size_t axis = 0; axis < 3; ++axis)
-            points[axis].push_back(position[axis]);
-    }
-    end();
-    if (number == 0)
-        throw LoadError(path, QStringLiteral("there is no point in it"), QStringLiteral("check the file"));
+            all[axis].insert(all[axis].end(), points[axis].begin(), points[axis].end());
+    });
+    const QString base = QFileInfo(path).completeBaseName();
+    ModelObject object =
+        newObject(path, options, ObjectType::VertexClouds, options.name.isEmpty() ? base : options.name, base);
+    setCoordinates(object, std::move(all[0]), std::move(all[1]), std::move(all[2]));
+    model.add(std::move(object));
     return {};
 }
 

@@ -17,5 +17,8 @@ KPFORMATS_EXPORT LoadNotes readIrapGrid(Model& model, const QString& path, const
 /// lines.
 /// \throws LoadError naming the line
 KPFORMATS_EXPORT LoadNotes readIrapPolygons(Model& model, const QString& path, const LoadOptions& options);
+/// Reads Irap points, x, y and z a line. A line of "999 999 999" is none.
+/// \throws LoadError naming the line
+KPFORMATS_EXPORT LoadNotes readIrapPoints(Model& model, const QString& path, const LoadOptions& options);
 
 } // namespace kpFormats

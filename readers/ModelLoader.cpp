@@ -59,6 +59,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readIrapGrid(model, path, options);
     case FileKind::IrapPolygons:
         return readIrapPolygons(model, path, options);
+    case FileKind::IrapPoints:
+        return readIrapPoints(model, path, options);
     case FileKind::Stl:
         return readStl(model, path, options);
     case FileKind::Table:

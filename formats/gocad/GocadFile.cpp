@@ -9,7 +9,6 @@
 #include "model/ShareOfProgress.h"
 #include "model/SurfaceMesh.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace kpFormats
@@ -34,25 +33,10 @@ GocadFile::GocadFile(PlannedFile planned, const ExportSelection& selected, Gocad
             file().path,
             QStringLiteral("none of its objects has a position, the first is %1").arg(file().objects.front()->name),
             QStringLiteral("choose objects with coordinates"));
-    chooseDecimals(findings);
-}
-
-void GocadFile::chooseDecimals(Findings& findings)
-{
-    constexpr int usual = 4; // a tenth of a millimetre
-    const auto factorOf = [this](const ModelObject& object) {
-        return unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    };
-    if (m_settings.decimals == automaticDecimals) {
-        m_settings.decimals = usual;
-        for (const Entry& entry : m_entries) {
-            const PositionDecimals needed = positionDecimals({entry.object}, usual, factorOf(*entry.object));
-            m_settings.decimals = std::max({m_settings.decimals, needed.flat, needed.heights});
-        }
-    }
+    std::vector<const ModelObject*> written;
     for (const Entry& entry : m_entries)
-        notePositionsAlike(*entry.object, {m_settings.decimals, m_settings.decimals}, factorOf(*entry.object),
-                           findings);
+        written.push_back(entry.object);
+    m_settings.decimals = coordinateDecimals(written, m_settings.decimals, m_settings.lengthUnit, findings);
 }
 
 qint64 GocadFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)

@@ -19,8 +19,6 @@ public:
     std::optional<Verification> verify(const QString& path) const override;
 
 private:
-    void chooseDecimals(Findings& findings);
-
     /// An object that goes into the file, with its properties.
     struct Entry
     {

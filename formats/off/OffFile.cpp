@@ -10,7 +10,6 @@
 #include "model/SurfaceMesh.h"
 #include "writers/FixedNumber.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace kpFormats
@@ -20,9 +19,6 @@ namespace
 {
 
 using kpBaseExport::appendFixed;
-
-/// A tenth of a millimetre.
-constexpr int usualDecimals = 4;
 
 void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings)
 {
@@ -106,12 +102,7 @@ OffFile::OffFile(PlannedFile planned, const ExportSelection& selected, OffExport
             QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
             QStringLiteral("choose a surface with values, or export its points as ASCII"));
     noteAttributesLeftOut(object, findings);
-    const double factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    if (m_settings.decimals == automaticDecimals) {
-        const PositionDecimals needed = positionDecimals({&object}, usualDecimals, factor);
-        m_settings.decimals = std::max(needed.flat, needed.heights);
-    }
-    notePositionsAlike(object, {m_settings.decimals, m_settings.decimals}, factor, findings);
+    m_settings.decimals = coordinateDecimals({&object}, m_settings.decimals, m_settings.lengthUnit, findings);
 }
 
 qint64 OffFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)

@@ -75,7 +75,7 @@ RasterFile::RasterFile(RasterTraits traits, PlannedFile planned, const ExportSel
     if (!m_traits.bands)
         noteOtherAttributes(object, m_settings.attribute, findings);
     if (!m_traits.system && !object.crs.isEmpty())
-        findings.note(finding::coordinateSystemNotCarried, object.name, 1,
+        findings.note(finding::coordinateSystemNotCarried, object, 1,
                       QStringLiteral("a %1 has no way to say %2").arg(m_traits.fileKind, crsName(object.crs)));
 }
 

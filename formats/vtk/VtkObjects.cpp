@@ -42,7 +42,7 @@ std::vector<VtkArray> vtkObjects(const std::vector<const ModelObject*>& objects,
     std::vector<VtkArray> arrays;
     if (!settings.texts) {
         for (const ModelObject* object : objects)
-            findings.note(vtkFinding::namesNotWritten, object->name, 1, QStringLiteral("texts were not wanted"));
+            findings.note(vtkFinding::namesNotWritten, *object, 1, QStringLiteral("texts were not wanted"));
         return arrays;
     }
     for (const QString& name : vtkObjectArrays())

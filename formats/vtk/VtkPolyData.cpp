@@ -227,12 +227,12 @@ void noteLosses(const Figures& figures, Findings& findings)
 {
     for (const VtkFigures& figure : figures.all) {
         const ModelObject& object = figure.object();
-        findings.note(finding::vertexWithoutPosition, object.name, figure.leftOutPoints(),
+        findings.note(finding::vertexWithoutPosition, object, figure.leftOutPoints(),
                       QStringLiteral("its height or place is missing"));
-        findings.note(finding::triangleWithoutPosition, object.name, figure.leftOutFaces(),
+        findings.note(finding::triangleWithoutPosition, object, figure.leftOutFaces(),
                       QStringLiteral("a corner's height or place is missing"));
         if (!object.hasZ)
-            findings.note(finding::objectWithoutHeights, object.name, 1, object.name);
+            findings.note(finding::objectWithoutHeights, object, 1, object.name);
     }
 }
 
@@ -255,7 +255,7 @@ VtkDocument vtkPolyData(const PlannedFile& file, const ExportSelection& selectio
     const std::vector<const ModelObject*> objects = vtkPlaced(file.objects);
     for (const ModelObject* object : file.objects) {
         if (!hasAnyPosition(*object))
-            findings.note(finding::objectWithoutPosition, object->name, 1, object->name);
+            findings.note(finding::objectWithoutPosition, *object, 1, object->name);
     }
     if (objects.empty())
         throw ExportError(

@@ -4,7 +4,6 @@
 #include "export/BlockWriter.h"
 #include "export/CommonFindings.h"
 #include "export/ExportError.h"
-#include "export/GridNodes.h"
 #include "formats/zmap/ZMapVerification.h"
 #include "geo/CoordinateSystems.h"
 #include "model/ProgressTicker.h"
@@ -35,31 +34,6 @@ std::string fixedText(double value, int decimals)
 
 using Survey = ZMapFile::Survey;
 
-/// Calls \a look with each value that is there.
-template <typename Look>
-void eachValue(const ZMapGrid& grid, Look look)
-{
-    for (int row = 0; row < grid.rows(); ++row) {
-        for (int column = 0; column < grid.columns(); ++column) {
-            const double value = grid.value(column, row);
-            if (std::isfinite(value))
-                look(value);
-        }
-    }
-}
-
-/// With the decimals that the values need where none are chosen.
-ZMapExportSettings withDecimals(ZMapExportSettings settings, const ZMapGrid& grid)
-{
-    constexpr int usual = 4;
-    if (settings.decimals != automaticDecimals)
-        return settings;
-    DecimalsNeed need;
-    eachValue(grid, [&need](double value) { need.add(value); });
-    settings.decimals = need.decimals(usual);
-    return settings;
-}
-
 /// \throws ExportError naming \a file when a value is too wide
 Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const QString& file)
 {
@@ -70,10 +44,8 @@ Survey surveyOf(const ZMapGrid& grid, const ZMapExportSettings& settings, const 
     for (int row = 0; row < grid.rows(); ++row) {
         for (int column = 0; column < grid.columns(); ++column) {
             const double value = grid.value(column, row);
-            if (!std::isfinite(value)) {
-                ++survey.withoutValue;
+            if (!std::isfinite(value))
                 continue;
-            }
             least = std::min(least, value);
             most = std::max(most, value);
             survey.equalToNull += std::abs(value - settings.nullValue) < half ? 1 : 0;
@@ -155,14 +127,11 @@ bool writeValues(BlockWriter& out, const ZMapGrid& grid, const ZMapExportSetting
     return true;
 }
 
-void noteLosses(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, Findings& findings)
+void noteNulls(const ModelObject& object, const ZMapExportSettings& settings, const Survey& survey, Findings& findings)
 {
-    noteOtherAttributes(object, settings.attribute, findings);
     findings.note(
         finding::valueEqualToTheNullValue, object, survey.equalToNull,
         QStringLiteral("readers will take it for missing; choose another nullValue than %1").arg(settings.nullValue));
-    if (survey.withoutValue == object.vertexCount())
-        findings.note(finding::gridWithoutAnyValue, object, 1, QStringLiteral("every node is the null value"));
 }
 
 } // namespace
@@ -173,13 +142,11 @@ ZMapFile::ZMapFile(PlannedFile planned, const ExportSelection& selected, ZMapExp
     , m_settings(std::move(settings))
     , m_grid(*file().objects.front(), m_settings, file().path)
 {
-    m_settings = withDecimals(m_settings, m_grid);
+    m_settings.decimals = m_grid.values().decimals(m_settings.decimals);
     m_survey = surveyOf(m_grid, m_settings, file().path);
-    noteLosses(*file().objects.front(), m_settings, m_survey, findings);
-    RoundedToZero zeros(m_settings.decimals);
-    eachValue(m_grid, [&zeros](double value) { zeros.add(value); });
-    zeros.note(file().objects.front()->name,
-               m_settings.attribute.isEmpty() ? QStringLiteral("the heights") : m_settings.attribute, findings);
+    m_grid.values().noteLosses(findings);
+    noteNulls(*file().objects.front(), m_settings, m_survey, findings);
+    m_grid.values().noteZeros(m_settings.decimals, findings);
 }
 
 qint64 ZMapFile::write(const QString& path, Findings&, kpBase::AbstractProgress* progress)

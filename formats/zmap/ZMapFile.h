@@ -16,7 +16,6 @@ public:
     struct Survey
     {
         std::size_t width = 0; ///< columns that a value takes, one blank included
-        qint64 withoutValue = 0;
         qint64 equalToNull = 0;
     };
 

@@ -10,29 +10,27 @@ namespace kpFormats
 
 ZMapGrid::ZMapGrid(const ModelObject& object, const ZMapExportSettings& settings, const QString& file)
     : m_object(object)
-    , m_factor(unitFactor(object.lengthUnit, settings.lengthUnit))
+    , m_factors(object, settings.lengthUnit, settings.zIsElevation)
+    , m_values(object, settings.attribute, m_factors, file)
 {
-    requireNodes(object, file);
     const QString kind = QStringLiteral("ZMap+ grid");
+    // A reader takes the step from the limits.
     requireSteps(object, file, kind);
     requireUnrotated(object, file, kind);
-    m_attribute = nodeAttribute(object, settings.attribute, file);
     const GridGeometry& grid = *object.grid;
-    // Only heights are lengths and have a direction.
-    m_valueFactor = m_attribute ? 1.0 : (settings.zIsElevation ? m_factor : -m_factor);
     m_northFirst = grid.stepY < 0.0;
-    m_west = grid.originX * m_factor;
-    m_south = (grid.originY + (m_northFirst ? (grid.rows - 1) * grid.stepY : 0.0)) * m_factor;
+    m_west = grid.originX * m_factors.flat;
+    m_south = (grid.originY + (m_northFirst ? (grid.rows - 1) * grid.stepY : 0.0)) * m_factors.flat;
 }
 
 double ZMapGrid::stepX() const
 {
-    return m_object.grid->stepX * m_factor;
+    return m_object.grid->stepX * m_factors.flat;
 }
 
 double ZMapGrid::stepY() const
 {
-    return std::abs(m_object.grid->stepY) * m_factor;
+    return std::abs(m_object.grid->stepY) * m_factors.flat;
 }
 
 } // namespace kpFormats

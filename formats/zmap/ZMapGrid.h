@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/NumberColumns.h"
+#include "export/GridValues.h"
 #include "formats/zmap/ZMapExportSettings.h"
-
-#include <optional>
 
 namespace kpFormats
 {
@@ -29,16 +27,14 @@ public:
     double value(int column, int rowFromNorth) const
     {
         const int row = m_northFirst ? rowFromNorth : rows() - 1 - rowFromNorth;
-        const int node = row * columns() + column;
-        return m_attribute ? m_attribute->at(node) * m_valueFactor
-                           : (*m_object.z)[static_cast<std::size_t>(node)] * m_valueFactor;
+        return m_values.at(row * columns() + column);
     }
+    const GridValues& values() const { return m_values; }
 
 private:
     const ModelObject& m_object;
-    std::optional<NumberColumn> m_attribute;
-    double m_factor;
-    double m_valueFactor;
+    LengthFactors m_factors;
+    GridValues m_values;
     bool m_northFirst; ///< row 0 of the model lies in the north
     double m_west = 0.0;
     double m_south = 0.0;

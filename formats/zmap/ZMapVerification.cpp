@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "formats/zmap/ZMapVerification.h"
 
+#include "export/GridNodeCheck.h"
 #include "export/GridNodes.h"
 #include "geo/GdalSession.h"
 #include "readers/OpenDataset.h"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace kpFormats
 {
@@ -27,17 +27,13 @@ double positionAllowance(const GridGeometry& grid, double factor)
 class GridCheck
 {
 public:
-    GridCheck(const ModelObject& object, const ZMapExportSettings& settings, Verification& result)
+    GridCheck(const ModelObject& object, const ZMapExportSettings& settings, const LengthFactors& factors,
+              Verification& result)
         : m_object(object)
         , m_settings(settings)
         , m_result(result)
-        , m_factor(unitFactor(object.lengthUnit, settings.lengthUnit))
+        , m_nodes(object, settings.attribute, factors, result)
     {
-        for (const AttributeColumn& column : object.vertexAttributes) {
-            const bool number = column.kind != AttributeKind::Text && column.kind != AttributeKind::Color;
-            if (!m_attribute && number && !settings.attribute.isEmpty() && column.name == settings.attribute)
-                m_attribute.emplace(column);
-        }
     }
 
     void compare(GDALDataset& dataset)
@@ -69,35 +65,18 @@ private:
     {
         const int columns = m_object.grid->columns;
         for (int column = 0; column < columns; ++column) {
-            const int node = row * columns + column;
-            const auto vertex = static_cast<std::size_t>(node);
-            const auto where = [&] {
-                return QStringLiteral("%1, column %2, row %3").arg(m_object.name).arg(column + 1).arg(row + 1);
-            };
-            const double z = (*m_object.z)[vertex] * (m_settings.zIsElevation ? m_factor : -m_factor);
-            const double wanted = m_attribute ? m_attribute->at(node) : z;
             const double read = m_line[static_cast<std::size_t>(column)];
-            const Verification::Place place{m_transform[0] + (column + 0.5) * m_transform[1],
-                                            m_transform[3] + (line + 0.5) * m_transform[5], read};
-            const Verification::Place expected{(*m_object.x)[vertex] * m_factor, (*m_object.y)[vertex] * m_factor,
-                                               wanted};
-            const bool missing = !std::isfinite(wanted);
-            if (missing || m_attribute)
-                m_result.compareFlatPosition(expected, place, where);
-            else
-                m_result.comparePosition(expected, place, where);
-            if (missing)
-                m_result.compareMissing(read == m_noData, QString::number(read), where);
-            else if (m_attribute)
-                m_result.compareValue(wanted, read, 0.5 * std::pow(10.0, -m_settings.decimals), where);
+            m_nodes.compare(row * columns + column,
+                            {m_transform[0] + (column + 0.5) * m_transform[1],
+                             m_transform[3] + (line + 0.5) * m_transform[5], read},
+                            read == m_noData, 0.5 * std::pow(10.0, -m_settings.decimals));
         }
     }
 
     const ModelObject& m_object;
     const ZMapExportSettings& m_settings;
     Verification& m_result;
-    double m_factor;
-    std::optional<NumberColumn> m_attribute;
+    GridNodeCheck m_nodes;
     double m_transform[6] = {};
     double m_noData = 0;
     std::vector<double> m_line;
@@ -107,16 +86,16 @@ private:
 
 Verification verifyZMap(const ModelObject& object, const QString& path, const ZMapExportSettings& settings)
 {
-    const QString unit = writtenUnit(object.lengthUnit, settings.lengthUnit);
-    const double factor = unitFactor(object.lengthUnit, settings.lengthUnit);
-    Verification result(QStringLiteral("GDAL driver ZMap"), {positionAllowance(*object.grid, factor), unit},
-                        Allowance::ofDecimals(settings.decimals, unit));
+    const LengthFactors factors(object, settings.lengthUnit, settings.zIsElevation);
+    Verification result(QStringLiteral("GDAL driver ZMap"),
+                        {positionAllowance(*object.grid, factors.flat), factors.flatUnit},
+                        Allowance::ofDecimals(settings.decimals, factors.heightUnit));
     try {
         const QuietGdal quiet;
         const bool nodes = settings.registration == ZMapExportSettings::Registration::Nodes;
         const GdalOption option("ZMAP_PIXEL_IS_POINT", nodes ? "TRUE" : "FALSE");
         const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER);
-        GridCheck(object, settings, result).compare(*dataset);
+        GridCheck(object, settings, factors, result).compare(*dataset);
     } catch (const std::exception& error) {
         result.fail(QString::fromUtf8(error.what()));
     }

@@ -163,11 +163,16 @@ Outcome EveryCallTest::run(const QString& model, const QString& name, int at, co
     environment.insert(QStringLiteral("KP_FAULT_AT"), QString::number(at));
     environment.insert(QStringLiteral("KP_FAULT_HOW"), QString::fromLatin1(how));
     environment.insert(QStringLiteral("KP_FAULT_LOG"), log);
+    QStringList arguments{QStringLiteral("export"),     model,
+                          QStringLiteral("--format"),   m_format,
+                          QStringLiteral("--output"),   m_folder.filePath(name + QLatin1Char('.') + m_extension),
+                          QStringLiteral("--overwrite")};
+    // Points would be a second output, which succeeds or fails on its own.
+    if (m_format == QLatin1String("irappoints"))
+        arguments += {QStringLiteral("--type"), QStringLiteral("polyline")};
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KP_PROGRAM),
-                  {QStringLiteral("export"), model, QStringLiteral("--format"), m_format, QStringLiteral("--output"),
-                   m_folder.filePath(name + QLatin1Char('.') + m_extension), QStringLiteral("--overwrite")});
+    process.start(QStringLiteral(KP_PROGRAM), arguments);
     if (!process.waitForFinished(120000))
         return {false, -1, QStringLiteral("did not end"), {}};
     Outcome outcome{process.exitStatus() == QProcess::CrashExit,

@@ -46,7 +46,7 @@ ModelObject section()
 
 std::vector<ModelObject> samplesOf(const QString& format)
 {
-    if (format == QLatin1String("zmap") || format == QLatin1String("off"))
+    if (format == QLatin1String("zmap") || format == QLatin1String("off") || format == QLatin1String("irap"))
         return {gridOf(QStringLiteral("G"), 3, {11.5, 12.5, none, 14.5, 15.5, 16.5}, 1000, 2000, 10)};
     if (format == QLatin1String("grdecl"))
         return {boxOf(cellsOf(2, 1, 2))};
@@ -123,6 +123,18 @@ void DamagesTest::texts_data()
          {"grdecl size", "grdecl", " 2 1 2 1 F", " 2 2 1 1 F"},
          {"grdecl unit", "grdecl", "GRIDUNIT\n 'METRES'", "GRIDUNIT\n 'FEET'"},
          {"grdecl keyword", "grdecl", "PORO", "PORV"},
+         {"irap value", "irap", " 15.5000", " 15.5002"},
+         {"irap null", "irap", "9999900.0000", "0.0000"},
+         {"irap place", "irap", "\n1000.000000000", "\n1000.000001000"},
+         {"irap step", "irap", "-996 2 10.000000000", "-996 2 10.000010000"},
+         {"irap rotation", "irap", "3 0.000000000", "3 0.001000000"},
+         {"irap size", "irap", "-996 2 ", "-996 3 "},
+         {"irap order", "irap", "12.5000 9999900.0000", "9999900.0000 12.5000"},
+         {"irap points position", "irappoints", "117.75000000", "117.75000009"},
+         {"irap points height", "irappoints", "50.50000000", "50.50000009"},
+         {"irap points end", "irappoints", "999.00000000 999.00000000 999.00000000\n", ""},
+         {"irap points order", "irappoints", "117.75000000 -22.75000000", "-22.75000000 117.75000000"},
+         {"irap points missing", "irappoints", "117.75000000 -22.75000000 50.50000000\n", ""},
          {"off position", "off", "1010.00000000 2000.00000000 12.5", "1010.00010000 2000.00000000 12.5"},
          {"off height", "off", "12.50000000", "12.50010000"},
          {"off corner", "off", "3 0 3 2", "3 0 3 4"},

@@ -153,6 +153,11 @@ void MeshGridsTest::zmapAttribute()
     QCOMPARE(run.findings(), QStringLiteral("value equal to the null value: 1"));
     QVERIFY(!run.again("attribute=other"));
     QVERIFY(run.error().contains(QStringLiteral("it has: thickness")));
+    // Degrees are no lengths.
+    surface.crs = wktOf(QStringLiteral("EPSG:4326"));
+    const SaverRun degrees("zmap", {surface}, path("d.dat"), "lengthUnit=ft");
+    QCOMPARE(degrees.fault(), QString());
+    QVERIFY(degrees.bytes().contains("\n2, 2, 1000.0000000, 1010.0000000, 2000.0000000, 2010.0000000\n"));
 }
 
 void MeshGridsTest::zmapTerrain()

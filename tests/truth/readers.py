@@ -339,3 +339,56 @@ def vtk_cells(path):
         z = data.GetPoint(i)[2]
         facts.positions.append((z, 0.0, z))
     return facts
+
+
+def _irap(numbers, values, none):
+    """Nodes of an Irap classic grid from the numbers of its head and its values, row by row."""
+    facts = Facts()
+    rows, step_x, step_y, west, south, columns, turned = numbers
+    cosine, sine = math.cos(math.radians(turned)), math.sin(math.radians(turned))
+    if len(values) != rows * columns:
+        raise ValueError("%d values instead of %d" % (len(values), rows * columns))
+    for node, value in enumerate(values):
+        row, column = divmod(node, columns)
+        if value < none:
+            facts.positions.append((west + column * step_x * cosine - row * step_y * sine,
+                                    south + column * step_x * sine + row * step_y * cosine, value))
+    return facts
+
+
+def irap(path):
+    with open(path, encoding="ascii") as text:
+        words = text.read().split()
+    head = [float(word) for word in words[:19]]
+    if head[0] != -996 or head[10:12] != [head[4], head[6]]:
+        raise ValueError("not an Irap grid turned about its origin")
+    return _irap((int(head[1]), head[2], head[3], head[4], head[6], int(head[8]), head[9]),
+                 [float(word) for word in words[19:]], 9999900.0)
+
+
+def irapbinary(path):
+    with open(path, "rb") as file:
+        data = file.read()
+    records = []
+    while data:
+        size = struct.unpack(">i", data[:4])[0]
+        if data[4 + size:8 + size] != data[:4]:
+            raise ValueError("a record does not end with its size")
+        records.append(data[4:4 + size])
+        data = data[8 + size:]
+    mark, rows, west, _, south, _, step_x, step_y = struct.unpack(">2i6f", records[0])
+    columns, turned, about_x, about_y = struct.unpack(">i3f", records[1])
+    if mark != -996 or (about_x, about_y) != (west, south):
+        raise ValueError("not an Irap grid turned about its origin")
+    values = [value for record in records[3:] for (value,) in struct.iter_unpack(">f", record)]
+    return _irap((rows, step_x, step_y, west, south, columns, turned), values, 9999900.0)
+
+
+def irappoints(path):
+    facts = Facts()
+    with open(path, encoding="ascii") as lines:
+        for line in lines:
+            place = tuple(float(word) for word in line.split())
+            if len(place) == 3 and place != (999.0, 999.0, 999.0):
+                facts.positions.append(place)
+    return facts

@@ -43,6 +43,9 @@ OUTPUTS = {
     "vtp": ("vtp", readers.vtk_surface),
     "vtu": ("vtu", readers.vtk_cells),
     "vti": ("vti", readers.vtk_image),
+    "irap": ("irap", readers.irap),
+    "irapbinary": ("gri", readers.irapbinary),
+    "irappoints": ("pol", readers.irappoints),
     "opentec": ("otl", None),
 }
 FORMATS = list(OUTPUTS)
@@ -50,7 +53,8 @@ OUTPUT_READERS = {key: reader for key, (_, reader) in OUTPUTS.items() if reader}
 EXTENSIONS = {key: extension for key, (extension, _) in OUTPUTS.items()}
 SOURCE_READERS = {".geojson": readers.vector, ".json": readers.vector, ".gpkg": readers.vector, ".shp": readers.vector,
                   ".csv": readers.table, ".tif": readers.raster, ".asc": readers.raster, ".ts": readers.gocad,
-                  ".off": readers.off, ".grdecl": readers.grdecl}
+                  ".off": readers.off, ".grdecl": readers.grdecl, ".gri": readers.irapbinary,
+                  ".poi": readers.irappoints, ".pol": readers.irappoints}
 SAMPLE = ["structures.geojson", "faults.geojson", "naturalearth_cities.shp", "map_fault_locations.csv", "F5.ts",
           "simpleb8.grdecl", "faultpoly.gpkg", "dtm_rp.asc"]
 # Words of the findings that speak of a kind of difference.
