@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/PlanSheet.h"
 
-#include "export/SizeTrial.h"
 #include "export/ExportPlan.h"
+#include "export/SizeTrial.h"
 #include "wizard/PlainText.h"
 
 #include <QCheckBox>

@@ -47,9 +47,6 @@ IrapGrid::IrapGrid(const ModelObject& object, const IrapGridExportSettings& sett
     , m_geometry(ascending(*object.grid, m_factors.flat))
     , m_fromEnd{object.grid->stepX < 0.0, object.grid->stepY < 0.0}
 {
-    if (!(m_geometry.stepX > 0.0) || !(m_geometry.stepY > 0.0))
-        throw ExportError(file, QStringLiteral("columns or rows of the grid %1 lie on each other").arg(object.name),
-                          QStringLiteral("give the grid a step in both directions"));
     // A little below the mark, since values are rounded.
     constexpr double greatest = irapNull - 1.0;
     constexpr double least = -1e29;

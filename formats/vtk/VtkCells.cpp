@@ -109,8 +109,7 @@ VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, 
     qint64 inactive = 0;
     for (qint64 cell = 0; !settings.inactiveCells && cell < cellCount(grid); ++cell)
         inactive += isActive(grid, cell) ? 0 : 1;
-    findings.note(vtkFinding::inactiveCellsLeftOut, object, inactive,
-                  QStringLiteral("inactiveCells=true writes them"));
+    findings.note(vtkFinding::inactiveCellsLeftOut, object, inactive, QStringLiteral("inactiveCells=true writes them"));
     findings.note(vtkFinding::cellWithoutPosition, object, cellCount(grid) - inactive - count,
                   QStringLiteral("a depth or a pillar is missing"));
     if (cells->empty())

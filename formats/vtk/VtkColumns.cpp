@@ -199,8 +199,7 @@ std::vector<VtkColumn> vtkColumns(const std::vector<const ModelObject*>& objects
                 if (!selection.wantsAttribute(attribute.name))
                     continue;
                 if (isText(attribute.kind) && !settings.texts)
-                    findings.note(vtkFinding::textLeftOut, object, 1,
-                                  QStringLiteral("first %1").arg(attribute.name));
+                    findings.note(vtkFinding::textLeftOut, object, 1, QStringLiteral("first %1").arg(attribute.name));
                 else
                     list.add(index, attribute);
             }

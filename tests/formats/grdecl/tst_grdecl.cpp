@@ -196,9 +196,10 @@ void GrdeclTest::realGrids()
 
     // Debian's own interpreter, for which the package is made.
     QProcess other;
-    other.start(QStringLiteral("/usr/bin/python3"),
-                QStringList{QStringLiteral(KP_SOURCE_DIR "/tests/formats/grdecl/compare_grdecl.py"), run.files[0].path, source}
-                    + properties.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    other.start(
+        QStringLiteral("/usr/bin/python3"),
+        QStringList{QStringLiteral(KP_SOURCE_DIR "/tests/formats/grdecl/compare_grdecl.py"), run.files[0].path, source}
+            + properties.split(QLatin1Char(' '), Qt::SkipEmptyParts));
     if (!other.waitForStarted())
         QSKIP("python3 is not here");
     QVERIFY(other.waitForFinished(120000));
