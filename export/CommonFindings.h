@@ -38,6 +38,10 @@ inline constexpr FindingKind shortRing("ring of fewer than three points left out
                                        "a ring of fewer than three points was left out",
                                        "%1 rings of fewer than three points were left out");
 inline constexpr FindingKind ringClosed("ring closed", "an open ring was closed", "%1 open rings were closed");
+inline constexpr FindingKind countedFromAnOffset("coordinates counted from an offset",
+                                                 "the coordinates count from an offset that the file states",
+                                                 "the coordinates of %1 objects count from an offset that the file "
+                                                 "states");
 inline constexpr FindingKind missingAttribute("missing attribute", "an attribute is missing",
                                               "%1 attributes are missing");
 inline constexpr FindingKind attributeNotNumeric("attribute that is not a number left out",

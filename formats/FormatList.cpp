@@ -8,18 +8,21 @@
 #include "formats/irap/IrapFormat.h"
 #include "formats/irap/IrapPointsFormat.h"
 #include "formats/kml/KmlFormat.h"
+#include "formats/obj/ObjFormat.h"
 #include "formats/off/OffFormat.h"
 #include "formats/ogr/GeoJsonFormat.h"
 #include "formats/ogr/GpkgFormat.h"
 #include "formats/ogr/ShpFormat.h"
 #include "formats/ogr/TabFormat.h"
 #include "formats/opentec/OpenTecFormat.h"
+#include "formats/ply/PlyFormat.h"
 #include "formats/raster/ArcGridFormat.h"
 #include "formats/raster/CogFormat.h"
 #include "formats/raster/GeoTiffFormat.h"
 #include "formats/raster/Surfer6AsciiFormat.h"
 #include "formats/raster/Surfer6Format.h"
 #include "formats/raster/Surfer7Format.h"
+#include "formats/stl/StlFormat.h"
 #include "formats/vtk/VtiFormat.h"
 #include "formats/vtk/VtpFormat.h"
 #include "formats/vtk/VtuFormat.h"
@@ -55,6 +58,9 @@ Formats makeFormats()
     formats.push_back(std::make_unique<IrapFormat>());
     formats.push_back(std::make_unique<IrapBinaryFormat>());
     formats.push_back(std::make_unique<IrapPointsFormat>());
+    formats.push_back(std::make_unique<ObjFormat>());
+    formats.push_back(std::make_unique<PlyFormat>());
+    formats.push_back(std::make_unique<StlFormat>());
     return formats;
 }
 

@@ -49,7 +49,7 @@ FileKind fileKindOf(const QString& path)
         {QStringLiteral("pol"), FileKind::IrapPolygons}, {QStringLiteral("csv"), FileKind::Table},
         {QStringLiteral("tsv"), FileKind::Table},        {QStringLiteral("txt"), FileKind::Table},
         {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table},
-        {QStringLiteral("poi"), FileKind::IrapPoints}};
+        {QStringLiteral("poi"), FileKind::IrapPoints},   {QStringLiteral("ply"), FileKind::Ply}};
     if (isZMapGrid(path))
         return FileKind::ZMap;
     if (isIrapGrid(path))

@@ -14,6 +14,7 @@
 #include "readers/ObjectUnits.h"
 #include "readers/OffReader.h"
 #include "readers/OpenDataset.h"
+#include "readers/PlyReader.h"
 #include "readers/StlReader.h"
 #include "readers/TableReader.h"
 #include "readers/VectorReader.h"
@@ -63,6 +64,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readIrapPoints(model, path, options);
     case FileKind::Stl:
         return readStl(model, path, options);
+    case FileKind::Ply:
+        return readPly(model, path, options);
     case FileKind::Table:
         return readTable(model, path, options);
     case FileKind::Other:

@@ -3,6 +3,7 @@
 
 #include "readers/LoadError.h"
 #include "readers/MeshBuilder.h"
+#include "readers/StatedOffset.h"
 
 #include <QFileInfo>
 
@@ -66,6 +67,7 @@ LoadNotes readObj(Model& model, const QString& path, const LoadOptions& options)
     MeshBuilder mesh;
     std::vector<Group> groups(1);
     std::vector<int> corners;
+    StatedOffset offset;
     int lines = 0;
     std::string_view word;
     while (scanner.nextLine()) {
@@ -86,6 +88,8 @@ LoadNotes readObj(Model& model, const QString& path, const LoadOptions& options)
         } else if (word == "o") {
             const std::string_view name = scanner.rest();
             groups.push_back({QString::fromUtf8(name.data(), static_cast<int>(name.size())), {}});
+        } else if (word.front() == '#') {
+            offset.take(scanner.line());
         } else if (word == "l" || word == "p") {
             ++lines;
         }
@@ -93,6 +97,7 @@ LoadNotes readObj(Model& model, const QString& path, const LoadOptions& options)
     LoadNotes notes;
     if (lines > 0)
         notes.append(QStringLiteral("%1: %2 lines and points were left out").arg(path).arg(lines));
+    offset.addTo(mesh.x, mesh.y, mesh.z);
     std::vector<int> numbers(mesh.x.size(), -1);
     bool any = false;
     for (const Group& group : groups) {

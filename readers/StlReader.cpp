@@ -3,6 +3,7 @@
 
 #include "readers/LoadError.h"
 #include "readers/MeshBuilder.h"
+#include "readers/StatedOffset.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -61,14 +62,18 @@ qint64 binaryFacets(QFile& file)
     return file.size() == titleSize + 4 + count * facetSize ? count : -1;
 }
 
-void readBinary(QFile& file, const QString& path, qint64 count, StlMesh& stl)
+StlFacets facetsOf(QFile& file, const QString& path, qint64 count)
 {
+    StlFacets facets;
+    file.seek(0);
+    facets.title = file.read(titleSize).toStdString();
+    file.seek(titleSize + 4);
+    facets.corners.reserve(static_cast<std::size_t>(count) * 3);
     for (qint64 facet = 0; facet < count; ++facet) {
         char bytes[facetSize];
         if (file.read(bytes, facetSize) != facetSize)
             throw LoadError(path, QStringLiteral("reading facet %1 failed").arg(facet + 1),
                             QStringLiteral("copy the file again from its source"));
-        std::array<int, 3> corners{};
         for (std::size_t corner = 0; corner < 3; ++corner) {
             std::array<double, 3> position{};
             for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -80,10 +85,30 @@ void readBinary(QFile& file, const QString& path, qint64 count, StlMesh& stl)
                                     QStringLiteral("repair it at its source"));
                 position[axis] = static_cast<double>(value);
             }
-            corners[corner] = stl.vertexAt(position);
+            facets.corners.push_back(position);
         }
+    }
+    return facets;
+}
+
+void readBinary(const StlFacets& facets, StlMesh& stl)
+{
+    for (std::size_t first = 0; first < facets.corners.size(); first += 3) {
+        std::array<int, 3> corners{};
+        for (std::size_t corner = 0; corner < 3; ++corner)
+            corners[corner] = stl.vertexAt(facets.corners[first + corner]);
         stl.add(corners);
     }
+    StatedOffset offset;
+    offset.take(facets.title);
+    offset.addTo(stl.mesh.x, stl.mesh.y, stl.mesh.z);
+}
+
+void openStl(QFile& file, const QString& path)
+{
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        throw LoadError(path, QStringLiteral("the file cannot be read"),
+                        QStringLiteral("check the path and its permissions"));
 }
 
 void readText(const QString& path, StlMesh& stl)
@@ -122,16 +147,25 @@ void readText(const QString& path, StlMesh& stl)
 
 } // namespace
 
+StlFacets readStlFacets(const QString& path)
+{
+    QFile file(path);
+    openStl(file, path);
+    const qint64 facets = binaryFacets(file);
+    if (facets < 0)
+        throw LoadError(path, QStringLiteral("its size is not that of its facets"),
+                        QStringLiteral("give a whole binary STL file"));
+    return facetsOf(file, path, facets);
+}
+
 LoadNotes readStl(Model& model, const QString& path, const LoadOptions& options)
 {
     StlMesh stl;
     QFile file(path);
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
-        throw LoadError(path, QStringLiteral("the file cannot be read"),
-                        QStringLiteral("check the path and its permissions"));
+    openStl(file, path);
     const qint64 facets = binaryFacets(file);
     if (facets >= 0)
-        readBinary(file, path, facets, stl);
+        readBinary(facetsOf(file, path, facets), stl);
     else
         readText(path, stl);
     if (stl.mesh.triangles.empty())

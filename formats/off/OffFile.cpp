@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "formats/off/OffFile.h"
 
+#include "export/AutomaticDecimals.h"
 #include "export/BlockWriter.h"
-#include "export/CommonFindings.h"
-#include "export/ExportError.h"
 #include "export/NumberColumns.h"
+#include "export/WrittenSurface.h"
 #include "formats/off/OffVerification.h"
 #include "model/ProgressTicker.h"
-#include "model/SurfaceMesh.h"
 #include "writers/FixedNumber.h"
-
-#include <cmath>
 
 namespace kpFormats
 {
@@ -34,27 +31,21 @@ void writeHead(std::string& text, const ModelObject& object, const SurfaceMesh& 
     text += " 0\n";
 }
 
-bool writeVertices(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh,
-                   const OffExportSettings& settings, ProgressTicker& progress)
+bool writeVertices(BlockWriter& out, const WrittenSurface& surface, const OffExportSettings& settings,
+                   ProgressTicker& progress)
 {
-    const double factor = unitFactor(object.lengthUnit, settings.lengthUnit);
-    const double zFactor = settings.zIsElevation ? factor : -factor;
-    std::string& text = out.text();
-    for (int vertex = 0; vertex < object.vertexCount(); ++vertex) {
-        if (mesh.number(vertex) >= 0) {
-            const auto index = static_cast<std::size_t>(vertex);
-            appendFixed(text, (*object.x)[index] * factor, settings.decimals);
-            text += ' ';
-            appendFixed(text, (*object.y)[index] * factor, settings.decimals);
-            text += ' ';
-            appendFixed(text, (*object.z)[index] * zFactor, settings.decimals);
-            text += '\n';
-            out.check();
-        }
-        if (!progress.next())
-            return false;
-    }
-    return true;
+    surface.eachVertex([&](int, const WrittenSurface::Place& place) {
+        std::string& text = out.text();
+        appendFixed(text, place[0], settings.decimals);
+        text += ' ';
+        appendFixed(text, place[1], settings.decimals);
+        text += ' ';
+        appendFixed(text, place[2], settings.decimals);
+        text += '\n';
+        out.check();
+        return progress.next();
+    });
+    return !progress.cancelled();
 }
 
 bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& mesh, const OffExportSettings& settings,
@@ -81,14 +72,6 @@ bool writeFaces(BlockWriter& out, const ModelObject& object, const SurfaceMesh& 
     return !progress.cancelled();
 }
 
-void noteLosses(const ModelObject& object, const SurfaceMesh& mesh, Findings& findings)
-{
-    findings.note(finding::vertexWithoutPosition, object, mesh.leftOutVertices(),
-                  QStringLiteral("its height or place is missing"));
-    findings.note(finding::triangleWithoutPosition, object, mesh.leftOutTriangles(),
-                  QStringLiteral("a corner's height or place is missing"));
-}
-
 } // namespace
 
 OffFile::OffFile(PlannedFile planned, const ExportSelection& selected, OffExportSettings settings, Findings& findings)
@@ -96,11 +79,7 @@ OffFile::OffFile(PlannedFile planned, const ExportSelection& selected, OffExport
     , m_settings(std::move(settings))
 {
     const ModelObject& object = *file().objects.front();
-    if (!hasAnyFace(object))
-        throw ExportError(
-            file().path,
-            QStringLiteral("the surface %1 has no triangle: too few of its nodes have a height").arg(object.name),
-            QStringLiteral("choose a surface with values, or export its points as ASCII"));
+    requireTriangles(object, file().path);
     noteAttributesLeftOut(object, findings);
     m_settings.decimals = coordinateDecimals({&object}, m_settings.decimals, m_settings.lengthUnit, findings);
 }
@@ -108,12 +87,13 @@ OffFile::OffFile(PlannedFile planned, const ExportSelection& selected, OffExport
 qint64 OffFile::write(const QString& path, Findings& findings, kpBase::AbstractProgress* progress)
 {
     const ModelObject& object = *file().objects.front();
-    const SurfaceMesh mesh(object);
-    noteLosses(object, mesh, findings);
-    ProgressTicker loop(progress, static_cast<double>(object.vertexCount() + mesh.triangleCount()));
+    const WrittenSurface surface(object, m_settings.lengthUnit, m_settings.zIsElevation);
+    const SurfaceMesh& mesh = surface.mesh();
+    surface.noteLosses(findings);
+    ProgressTicker loop(progress, static_cast<double>(surface.steps()));
     BlockWriter out(path, file().path);
     writeHead(out.text(), object, mesh, m_settings);
-    if (writeVertices(out, object, mesh, m_settings, loop) && writeFaces(out, object, mesh, m_settings, loop))
+    if (writeVertices(out, surface, m_settings, loop) && writeFaces(out, object, mesh, m_settings, loop))
         out.close();
     return mesh.triangleCount();
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/vtk/VtkCells.h"
 
-#include "export/CoordinateFactors.h"
 #include "export/ExportError.h"
+#include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
 #include "formats/vtk/VtkColumns.h"
 #include "formats/vtk/VtkFindings.h"
@@ -56,14 +56,14 @@ VtkArray cellArray(const char* name, VtkType type, qint64 perCell, const Cells& 
     return array;
 }
 
-std::vector<double> pillarsOf(const CellGrid& grid, const CoordinateFactors& by)
+std::vector<double> pillarsOf(const CellGrid& grid, const LengthFactors& by)
 {
     std::vector<double> pillars;
     pillars.reserve(grid.coord.size());
     for (std::size_t index = 0; index + 2 < grid.coord.size(); index += 3) {
         pillars.push_back(grid.coord[index] * by.flat);
         pillars.push_back(grid.coord[index + 1] * by.flat);
-        pillars.push_back(-grid.coord[index + 2] * by.up);
+        pillars.push_back(-grid.coord[index + 2] * by.height);
     }
     return pillars;
 }
@@ -116,7 +116,7 @@ VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, 
         throw ExportError(file.path, QStringLiteral("the volume %1 has no cell to write").arg(object.name),
                           QStringLiteral("choose a grid with depths, or inactiveCells=true"));
 
-    const CoordinateFactors by = coordinateFactors(object, settings.lengthUnit, settings.zIsElevation);
+    const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     const std::array<VtkCorner, 8> corners = vtkHexahedron(grid, settings);
     VtkDocument document;
     document.type = "UnstructuredGrid";
@@ -167,7 +167,7 @@ VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, 
                 const auto place = cornerPosition(grid, at, corner.right, corner.back, corner.low);
                 values.real(place[0] * by.flat);
                 values.real(place[1] * by.flat);
-                values.real(-place[2] * by.up);
+                values.real(-place[2] * by.height);
             }
         });
     points.components = 3;

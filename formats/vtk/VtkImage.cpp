@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/vtk/VtkImage.h"
 
-#include "export/CoordinateFactors.h"
 #include "export/ExportError.h"
+#include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
 #include "formats/vtk/VtkColumns.h"
 #include "formats/vtk/VtkObjects.h"
@@ -53,7 +53,7 @@ VtkDocument vtkImage(const PlannedFile& file, const ExportSelection& selection, 
         throw ExportError(file.path, QStringLiteral("the grid %1 is empty").arg(object.name),
                           QStringLiteral("choose a grid with nodes"));
     const GridGeometry& grid = *object.grid;
-    const CoordinateFactors by = coordinateFactors(object, settings.lengthUnit, settings.zIsElevation);
+    const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     const std::string extent = "0 " + std::to_string(grid.columns - 1) + " 0 " + std::to_string(grid.rows - 1) + " 0 0";
     VtkDocument document;
     document.type = "ImageData";
@@ -71,7 +71,7 @@ VtkDocument vtkImage(const PlannedFile& file, const ExportSelection& selection, 
     heights.unit = writtenUnit(object.lengthUnit, settings.lengthUnit);
     heights.write = [&object, by](VtkValues& values) {
         for (const double z : *object.z) {
-            values.real(object.hasZ ? z * by.up : std::numeric_limits<double>::quiet_NaN());
+            values.real(object.hasZ ? z * by.height : std::numeric_limits<double>::quiet_NaN());
             if (!values.next())
                 return;
         }

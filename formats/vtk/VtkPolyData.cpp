@@ -2,8 +2,8 @@
 #include "formats/vtk/VtkPolyData.h"
 
 #include "export/CommonFindings.h"
-#include "export/CoordinateFactors.h"
 #include "export/ExportError.h"
+#include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
 #include "formats/vtk/VtkColumns.h"
 #include "formats/vtk/VtkFigures.h"
@@ -26,7 +26,7 @@ public:
         for (const ModelObject* object : objects) {
             all.emplace_back(*object);
             m_firstPoints.push_back(points);
-            m_factors.push_back(coordinateFactors(*object, settings.lengthUnit, settings.zIsElevation));
+            m_factors.emplace_back(*object, settings.lengthUnit, settings.zIsElevation);
             points += all.back().pointCount();
             verts += all.back().vertCount();
             lines += all.back().lineCount();
@@ -42,12 +42,12 @@ public:
     {
         for (std::size_t object = 0; object < all.size(); ++object) {
             const ModelObject& source = all[object].object();
-            const CoordinateFactors& by = m_factors[object];
+            const LengthFactors& by = m_factors[object];
             all[object].eachPoint([&](int vertex) {
                 const auto at = static_cast<std::size_t>(vertex);
                 values.real((*source.x)[at] * by.flat);
                 values.real((*source.y)[at] * by.flat);
-                values.real((*source.z)[at] * by.up);
+                values.real((*source.z)[at] * by.height);
                 return values.next();
             });
         }
@@ -156,7 +156,7 @@ private:
     }
 
     std::vector<qint64> m_firstPoints;
-    std::vector<CoordinateFactors> m_factors;
+    std::vector<LengthFactors> m_factors;
 };
 
 using SharedFigures = std::shared_ptr<const Figures>;

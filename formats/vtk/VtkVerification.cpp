@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/vtk/VtkVerification.h"
 
-#include "export/CoordinateFactors.h"
+#include "export/LengthFactors.h"
 #include "formats/vtk/VtkCells.h"
 #include "formats/vtk/VtkColumns.h"
 #include "formats/vtk/VtkImage.h"
@@ -293,16 +293,16 @@ void comparePolyData(FileCheck& check, const ExportSelection& selection, const V
     if (!result.compareCount(QStringLiteral("file"), QStringLiteral("points"),
                              static_cast<qint64>(expected.points.size()), static_cast<qint64>(read.pointCount())))
         return;
-    std::vector<CoordinateFactors> factors;
+    std::vector<LengthFactors> factors;
     for (const ModelObject* object : check.objects())
-        factors.push_back(coordinateFactors(*object, settings.lengthUnit, settings.zIsElevation));
+        factors.emplace_back(*object, settings.lengthUnit, settings.zIsElevation);
     for (std::size_t point = 0; point < expected.points.size(); ++point) {
         const Row& row = expected.points[point];
         const ModelObject& object = *check.objects()[row.object];
-        const CoordinateFactors& by = factors[row.object];
+        const LengthFactors& by = factors[row.object];
         const auto vertex = static_cast<std::size_t>(row.row);
         result.comparePosition(
-            {(*object.x)[vertex] * by.flat, (*object.y)[vertex] * by.flat, (*object.z)[vertex] * by.up},
+            {(*object.x)[vertex] * by.flat, (*object.y)[vertex] * by.flat, (*object.z)[vertex] * by.height},
             {read.points[3 * point], read.points[3 * point + 1], read.points[3 * point + 2]},
             [&] { return QStringLiteral("%1, vertex %2").arg(object.name).arg(vertex + 1); });
     }
@@ -339,7 +339,7 @@ void compareCells(FileCheck& check, const ExportSelection& selection, const VtkE
     const VtkDataSet& read = check.read();
     const ModelObject& object = *check.objects().front();
     const CellGrid& grid = *object.cells;
-    const CoordinateFactors by = coordinateFactors(object, settings.lengthUnit, settings.zIsElevation);
+    const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     const std::vector<qint64> cells = vtkWrittenCells(grid, settings);
     const std::array<VtkCorner, 8> corners = vtkHexahedron(grid, settings);
     if (!result.compareCount(object.name, QStringLiteral("cells"), static_cast<qint64>(cells.size()),
@@ -357,7 +357,7 @@ void compareCells(FileCheck& check, const ExportSelection& selection, const VtkE
             const auto place =
                 cornerPosition(grid, at, corners[corner].right, corners[corner].back, corners[corner].low);
             const auto point = static_cast<std::size_t>(read.cells.points[read.cells.begin(index) + corner]) * 3;
-            result.comparePosition({place[0] * by.flat, place[1] * by.flat, -place[2] * by.up},
+            result.comparePosition({place[0] * by.flat, place[1] * by.flat, -place[2] * by.height},
                                    {read.points[point], read.points[point + 1], read.points[point + 2]}, [&] {
                                        return QStringLiteral("%1, cell %2, corner %3")
                                            .arg(object.name)
@@ -378,7 +378,7 @@ void compareCells(FileCheck& check, const ExportSelection& selection, const VtkE
         return static_cast<double>(axis == 0 ? grid.columns : axis == 1 ? grid.rows : grid.layers);
     });
     check.compareOwn("grid_pillars", 6, read.fieldData, grid.coord.size() / 6,
-                     [&](std::size_t index) { return grid.coord[index] * (index % 3 == 2 ? -by.up : by.flat); });
+                     [&](std::size_t index) { return grid.coord[index] * (index % 3 == 2 ? -by.height : by.flat); });
     check.compareColours(rows);
     if (!result.good())
         return;
@@ -397,7 +397,7 @@ void compareImage(FileCheck& check, const ExportSelection& selection, const VtkE
     Verification& result = check.result();
     const VtkDataSet& read = check.read();
     const ModelObject& object = *check.objects().front();
-    const CoordinateFactors by = coordinateFactors(object, settings.lengthUnit, settings.zIsElevation);
+    const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     const VtkDataArray* const heights = arrayNamed(read.pointData, vtkHeightName(settings));
     if (!heights || heights->kind != VtkDataArray::Kind::Real)
         return result.fail(QStringLiteral("there are no heights"));
@@ -418,7 +418,7 @@ void compareImage(FileCheck& check, const ExportSelection& selection, const VtkE
                                     read.origin[1] + along * read.direction[3] + across * read.direction[4], 0.0},
                                    where);
         if (known)
-            result.compareValue((*object.z)[index] * by.up, z, 0.0, where);
+            result.compareValue((*object.z)[index] * by.height, z, 0.0, where);
         else
             result.compareMissing(std::isnan(z), QString::number(z), where);
     }
@@ -449,7 +449,7 @@ Verification verifyVtk(VtkKind kind, const std::vector<const ModelObject*>& obje
 {
     const Objects placed = kind == VtkKind::PolyData ? vtkPlaced(objects) : objects;
     const ModelObject& first = *placed.front();
-    const CoordinateFactors by = coordinateFactors(first, settings.lengthUnit, settings.zIsElevation);
+    const LengthFactors by(first, settings.lengthUnit, settings.zIsElevation);
     const double allowed = kind == VtkKind::Image ? imageAllowance(first, by.flat) : 0.0;
     Verification result(QStringLiteral("the program's VTK reader"),
                         Allowance(allowed, writtenUnit(first.lengthUnit, settings.lengthUnit)));

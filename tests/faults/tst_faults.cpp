@@ -200,7 +200,8 @@ void FaultsTest::fullDevice()
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), device));
     // One object only: several would go into files beside it in some formats.
     QStringList arguments = command(m_moved, device);
-    if (m_format == QLatin1String("off"))
+    static const QStringList meshes{QStringLiteral("off"), QStringLiteral("ply"), QStringLiteral("stl")};
+    if (meshes.contains(m_format))
         arguments << QStringLiteral("--type") << QStringLiteral("mesh_surface");
     const Result result = run(arguments);
     QVERIFY(QFile::remove(device));

@@ -50,8 +50,9 @@ void SaverFailuresTest::formatRows()
         QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0)
                             << QString::fromLatin1(settings);
     };
-    for (const char* name : {"dxf", "dxf lines", "gocad", "grdecl", "irap", "irapbinary", "irappoints lines",
-                             "kml lines", "off", "opentec lines", "vti", "vtp", "vtp lines", "vtu", "zmap"})
+    for (const char* name :
+         {"dxf", "dxf lines", "gocad", "grdecl", "irap", "irapbinary", "irappoints lines", "kml lines", "obj", "off",
+          "opentec lines", "ply", "stl", "vti", "vtp", "vtp lines", "vtu", "zmap"})
         row(name);
     row("dxf boundaries", "boundaries=true");
     row("kml zipped lines", "compress=true");

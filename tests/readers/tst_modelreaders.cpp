@@ -33,6 +33,7 @@ private Q_SLOTS:
     void grdecl();
     void grdeclOnTheMap();
     void deck();
+    void ply();
     void concaveFaces_data();
     void concaveFaces();
     void hostile_data();
@@ -200,6 +201,33 @@ void ModelReadersTest::deck()
     QVERIFY_EXCEPTION_THROWN(load(QStringLiteral("m.data"), "INCLUDE\n 'm.data' /\n"), LoadError);
 }
 
+void ModelReadersTest::ply()
+{
+    const QString seeds = QStringLiteral(KP_SOURCE_DIR "/tests/fuzz/corpus/ply/");
+    Model model;
+    const LoadNotes notes = loadInto(model, seeds + QStringLiteral("text.ply"));
+    QCOMPARE(notes.join(QLatin1Char('|')).replace(seeds, QString()),
+             QStringLiteral("text.ply: 1 elements called edge were left out|"
+                            "text.ply: 1 faces with fewer than three corners were left out"));
+    const ModelObject& mesh = model.objects().front();
+    QCOMPARE(mesh.name, QStringLiteral("cube corner"));
+    QCOMPARE(mesh.color, QColor(1, 2, 3));
+    QCOMPARE(*mesh.z, (std::vector<double>{300, 300, 300, 301}));
+    QCOMPARE(mesh.triangles, (std::vector<std::array<int, 3>>{{0, 1, 2}, {0, 2, 3}}));
+    QCOMPARE(mesh.vertexAttributes.size(), std::size_t(1));
+    QCOMPARE(mesh.vertexAttributes[0].unit, QStringLiteral("g/t"));
+    QCOMPARE((*mesh.vertexAttributes[0].missing)[1], static_cast<unsigned char>(1));
+    // Either order of bytes says the same.
+    for (const char* name : {"little.ply", "big.ply"}) {
+        Model binary;
+        QVERIFY(loadInto(binary, seeds + QLatin1String(name)).isEmpty());
+        const ModelObject& object = binary.objects().front();
+        QCOMPARE(*object.z, (std::vector<double>{0, 0, 5}));
+        QCOMPARE(object.vertexAttributes[0].values, (QVector<QVariant>{1, -2, 3}));
+        QCOMPARE(object.triangles.size(), std::size_t(1));
+    }
+}
+
 void ModelReadersTest::concaveFaces_data()
 {
     QTest::addColumn<QByteArray>("corners");
@@ -238,6 +266,9 @@ void ModelReadersTest::concaveFaces()
 
 void ModelReadersTest::hostile_data()
 {
+    const QByteArray plyHead =
+        "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\nproperty float z\n";
+    const QByteArray plyFaces = plyHead + "element face 1\nproperty list int int vertex_indices\nend_header\n";
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("message");
@@ -266,6 +297,27 @@ void ModelReadersTest::hostile_data()
     row("obj, far back", "a.obj", "v 0 0 0\nf -2 1 1\n", "line 2: there is no vertex -2");
     row("obj, two corners", "a.obj", "v 0 0 0\nf 1 1\n", "line 2: a face needs three corners");
     row("obj, nothing", "a.obj", "# x\n", "there is no face");
+    row("ply, empty", "a.ply", "", "line 1: the header does not end");
+    row("ply, no format", "a.ply", "ply\nend_header\n", "line 2: the header has no format");
+    row("ply, another format", "a.ply", "ply\nformat morse 1.0\n", "line 2: \"morse\" is no format");
+    row("ply, type", "a.ply", plyHead + "property complex c\n", "line 7: \"complex\" is no type");
+    row("ply, count beyond all", "a.ply", "ply\nformat ascii 1.0\nelement vertex 99999999999\n",
+        "line 3: 99999999999 rows are more");
+    row("ply, rows of nothing", "a.ply", "ply\nformat binary_big_endian 1.0\nelement v 2000000000\nend_header\n",
+        "the element v has no properties");
+    row("ply, no z", "a.ply", "ply\nformat ascii 1.0\nelement vertex 1\nproperty int x\nend_header\n1\n",
+        "no x, y and z");
+    row("ply, no vertex", "a.ply", "ply\nformat ascii 1.0\nend_header\n", "there is no vertex");
+    row("ply, cut short", "a.ply", plyHead + "end_header\n0 0 0\n", "after line 8: it has fewer rows");
+    row("ply, half a row", "a.ply", plyHead + "end_header\n0 0\n", "line 8: the row has fewer values");
+    row("ply, coordinate missing", "a.ply", plyHead + "end_header\n0 0 nan\n",
+        "vertex 1: a coordinate is not a number");
+    row("ply, bytes missing", "a.ply", QByteArray(plyHead).replace("ascii", "binary_little_endian") + "end_header\n12",
+        "byte 118: it has fewer rows");
+    row("ply, no such vertex", "a.ply", plyFaces + "0 0 0\n0 1 0\n1 1 0\n3 0 1 3\n",
+        "face 1: there is no vertex 3, only 0 to 2");
+    row("ply, a list that lies", "a.ply", plyFaces + "0 0 0\n0 1 0\n1 1 0\n2000000000 0 1 2\n",
+        "line 13: the row has fewer");
     row("gocad, other text", "a.ts", "hello\n", "line 1: \"hello\" stands where an object should begin");
     row("gocad, cut short", "a.ts", "GOCAD VSet 1\nHEADER {name:x}\nVRTX 1 2 3 4\n",
         "after line 3: the object x has no END");

@@ -392,3 +392,51 @@ def irappoints(path):
             if len(place) == 3 and place != (999.0, 999.0, 999.0):
                 facts.positions.append(place)
     return facts
+
+
+def _stated_offset(text):
+    found = re.search(r"offset to add: (\S+) (\S+) (\S+)", text)
+    return tuple(float(word) for word in found.groups()) if found else (0.0, 0.0, 0.0)
+
+
+def obj(path):
+    facts = Facts()
+    with open(path, encoding="utf-8") as lines:
+        text = lines.read()
+    offset = _stated_offset(text)
+    for line in text.split("\n"):
+        if line.startswith("v "):
+            facts.positions.append(tuple(float(word) + by for word, by in zip(line.split()[1:], offset)))
+    return facts
+
+
+def stl(path):
+    facts = Facts()
+    with open(path, "rb") as data:
+        title = data.read(80).decode("ascii")
+        count = struct.unpack("<I", data.read(4))[0]
+        for _ in range(count):
+            numbers = struct.unpack("<12fH", data.read(50))
+            for corner in (3, 6, 9):
+                facts.positions.append(tuple(n + by for n, by in zip(numbers[corner:corner + 3], _stated_offset(title))))
+    return facts
+
+
+def ply(path):
+    """Binary, vertices before faces."""
+    facts = Facts()
+    with open(path, "rb") as data:
+        content = data.read()
+    head, _, rows = content.partition(b"end_header\n")
+    lines = head.decode("utf-8").split("\n")
+    count = [int(line.split()[2]) for line in lines if line.startswith("element vertex")][0]
+    properties = [line.split()[1:] for line in lines if line.startswith("property ") and "list" not in line]
+    form = struct.Struct("<" + "".join({"double": "d", "uchar": "B"}[kind] for kind, _ in properties))
+    names = [name for _, name in properties]
+    offset = _stated_offset(head.decode("utf-8"))
+    for index in range(count):
+        row = form.unpack_from(rows, index * form.size)
+        facts.positions.append(tuple(row[names.index(axis)] + by for axis, by in zip("xyz", offset)))
+        facts.add_row(names, [None if value != value else value for value in row])
+    facts.per_feature = False
+    return facts

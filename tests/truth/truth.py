@@ -46,6 +46,9 @@ OUTPUTS = {
     "irap": ("irap", readers.irap),
     "irapbinary": ("gri", readers.irapbinary),
     "irappoints": ("pol", readers.irappoints),
+    "obj": ("obj", readers.obj),
+    "ply": ("ply", readers.ply),
+    "stl": ("stl", readers.stl),
     "opentec": ("otl", None),
 }
 FORMATS = list(OUTPUTS)
@@ -145,7 +148,7 @@ def differences(source, written, key, renamed):
     step = 2e-8 if degrees else max(6e-4, 2e-9 * size)
     if any(z is not None for _, _, z in places) and not any(z is not None for _, _, z in written.positions):
         found["height"] = "no position has one"
-    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off", "vtp"):
+    elif any(z is None for _, _, z in places) and key not in ("dxf", "gocad", "off", "obj", "ply", "stl", "vtp"):
         invented = [place for place in written.positions if place[2] not in (None, 0.0)]
         if all(z is None for _, _, z in places) and invented:
             found["height"] = "%s has one" % (invented[0],)
@@ -155,7 +158,7 @@ def differences(source, written, key, renamed):
     extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
-    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "vtp"):
+    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "ply", "vtp"):
         columns = {name.lower(): values for name, values in written.values.items()}
         for name, values in source.values.items():
             if not name or all(canonical(value) is None for value in values):
