@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "model/CellCorners.h"
 
+#include <utility>
+
 namespace kpFormats
 {
 
@@ -34,13 +36,19 @@ std::size_t cornerIndex(const CellGrid& grid, const CellIndex& cell, int right, 
     return (at(cell.layer, low) * deep + at(cell.row, back)) * wide + at(cell.column, right);
 }
 
+std::array<double, 2> pillarPosition(const double* pillar, double depth)
+{
+    const double height = pillar[5] - pillar[2];
+    const double share = height == 0.0 ? 0.0 : (depth - pillar[2]) / height;
+    return {pillar[0] + share * (pillar[3] - pillar[0]), pillar[1] + share * (pillar[4] - pillar[1])};
+}
+
 std::array<double, 3> cornerPosition(const CellGrid& grid, const CellIndex& cell, int right, int back, int low)
 {
     const double* const pillar = pillarAt(grid, cell.column + right, cell.row + back);
     const double depth = grid.zcorn[cornerIndex(grid, cell, right, back, low)];
-    const double height = pillar[5] - pillar[2];
-    const double share = height == 0.0 ? 0.0 : (depth - pillar[2]) / height;
-    return {pillar[0] + share * (pillar[3] - pillar[0]), pillar[1] + share * (pillar[4] - pillar[1]), depth};
+    const std::array<double, 2> place = pillarPosition(pillar, depth);
+    return {place[0], place[1], depth};
 }
 
 bool rowsLieLeft(const CellGrid& grid)
@@ -55,6 +63,20 @@ bool rowsLieLeft(const CellGrid& grid)
         }
     }
     return area >= 0.0;
+}
+
+std::array<CellCorner, 8> hexahedronCorners(const CellGrid& grid, bool baseFirst)
+{
+    std::array<CellCorner, 4> ring{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}};
+    if (!rowsLieLeft(grid))
+        std::swap(ring[1], ring[3]);
+    const int first = baseFirst ? 1 : 0;
+    std::array<CellCorner, 8> corners{};
+    for (std::size_t corner = 0; corner < ring.size(); ++corner) {
+        corners[corner] = {ring[corner].right, ring[corner].back, first};
+        corners[corner + ring.size()] = {ring[corner].right, ring[corner].back, 1 - first};
+    }
+    return corners;
 }
 
 } // namespace kpFormats

@@ -49,7 +49,10 @@ FileKind fileKindOf(const QString& path)
         {QStringLiteral("pol"), FileKind::IrapPolygons}, {QStringLiteral("csv"), FileKind::Table},
         {QStringLiteral("tsv"), FileKind::Table},        {QStringLiteral("txt"), FileKind::Table},
         {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table},
-        {QStringLiteral("poi"), FileKind::IrapPoints},   {QStringLiteral("ply"), FileKind::Ply}};
+        {QStringLiteral("poi"), FileKind::IrapPoints},   {QStringLiteral("ply"), FileKind::Ply},
+        {QStringLiteral("vtp"), FileKind::Vtk},          {QStringLiteral("vtu"), FileKind::Vtk},
+        {QStringLiteral("vti"), FileKind::Vtk},          {QStringLiteral("vts"), FileKind::Vtk},
+        {QStringLiteral("vtk"), FileKind::Vtk}};
     if (isZMapGrid(path))
         return FileKind::ZMap;
     if (isIrapGrid(path))

@@ -9,7 +9,22 @@ namespace kpFormats
 {
 
 /// Which reader takes a file. Other: GDAL decides.
-enum class FileKind { Grid, ZMap, Off, Obj, Grdecl, Gocad, IrapGrid, IrapPolygons, IrapPoints, Stl, Ply, Table, Other };
+enum class FileKind {
+    Grid,
+    ZMap,
+    Off,
+    Obj,
+    Grdecl,
+    Gocad,
+    IrapGrid,
+    IrapPolygons,
+    IrapPoints,
+    Stl,
+    Ply,
+    Vtk,
+    Table,
+    Other
+};
 
 /// By what the file begins with, else by the ending of its name.
 KPFORMATS_EXPORT FileKind fileKindOf(const QString& path);

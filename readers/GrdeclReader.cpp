@@ -65,7 +65,6 @@ private:
     void needDimensions(const QString& keyword) const;
     void moveToMap();
     void turnDown();
-    void addVertices(ModelObject& object) const;
 
     DeckWords m_words;
     QString m_path;
@@ -306,46 +305,6 @@ void GrdeclFile::turnDown()
         depth = -depth;
 }
 
-/// Where the pillar has that depth.
-std::array<double, 2> onPillar(const double* pillar, double depth)
-{
-    const double height = pillar[5] - pillar[2];
-    const double share = height == 0.0 ? 0.0 : (depth - pillar[2]) / height;
-    return {pillar[0] + share * (pillar[3] - pillar[0]), pillar[1] + share * (pillar[4] - pillar[1])};
-}
-
-void GrdeclFile::addVertices(ModelObject& object) const
-{
-    const auto columns = static_cast<std::size_t>(m_grid.columns);
-    const auto rows = static_cast<std::size_t>(m_grid.rows);
-    const std::size_t plane = 4 * columns * rows;
-    std::vector<double> x;
-    std::vector<double> y;
-    std::vector<double> z;
-    for (const bool base : {false, true}) {
-        const std::size_t offset = base ? (2 * static_cast<std::size_t>(m_grid.layers) - 1) * plane : 0;
-        for (std::size_t pillar = 0; pillar < (columns + 1) * (rows + 1); ++pillar) {
-            const std::size_t column = pillar % (columns + 1);
-            const std::size_t row = pillar / (columns + 1);
-            // Up to four cells meet at a pillar, at different depths where there is a fault.
-            double depth = std::numeric_limits<double>::quiet_NaN();
-            for (const std::size_t i : {2 * column - 1, 2 * column}) {
-                for (const std::size_t j : {2 * row - 1, 2 * row}) {
-                    if (i >= 2 * columns || j >= 2 * rows)
-                        continue;
-                    const double corner = m_grid.zcorn[offset + j * 2 * columns + i];
-                    depth = base ? std::fmax(depth, corner) : std::fmin(depth, corner);
-                }
-            }
-            const auto position = onPillar(m_grid.coord.data() + 6 * pillar, depth);
-            x.push_back(position[0]);
-            y.push_back(position[1]);
-            z.push_back(-depth);
-        }
-    }
-    setCoordinates(object, std::move(x), std::move(y), std::move(z));
-}
-
 void GrdeclFile::addTo(Model& model, const LoadOptions& options)
 {
     if (m_gridUnit.isEmpty())
@@ -358,7 +317,7 @@ void GrdeclFile::addTo(Model& model, const LoadOptions& options)
                                    QStringLiteral("Cell grids"));
     if (!m_gridUnit.isEmpty())
         object.lengthUnit = m_gridUnit;
-    addVertices(object);
+    setOutline(object, m_grid);
     object.cells = std::make_shared<const CellGrid>(std::move(m_grid));
     model.add(std::move(object));
 }

@@ -33,5 +33,7 @@ KPFORMATS_EXPORT ModelObject newObject(const QString& path, const LoadOptions& o
 /// Moves the coordinates into the object.
 KPFORMATS_EXPORT void setCoordinates(ModelObject& object, std::vector<double> x, std::vector<double> y,
                                      std::vector<double> z);
+/// Gives a volume the tops and bases of its pillars as vertices.
+KPFORMATS_EXPORT void setOutline(ModelObject& object, const CellGrid& grid);
 
 } // namespace kpFormats

@@ -18,6 +18,7 @@
 #include "readers/StlReader.h"
 #include "readers/TableReader.h"
 #include "readers/VectorReader.h"
+#include "readers/VtkReader.h"
 #include "readers/WellReader.h"
 #include "readers/ZMapReader.h"
 
@@ -66,6 +67,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readStl(model, path, options);
     case FileKind::Ply:
         return readPly(model, path, options);
+    case FileKind::Vtk:
+        return readVtk(model, path, options);
     case FileKind::Table:
         return readTable(model, path, options);
     case FileKind::Other:

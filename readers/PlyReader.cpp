@@ -47,12 +47,20 @@ public:
                 m_scanner.failAtEnd(QStringLiteral("it has fewer rows than its header says"));
         } while (m_scanner.rest().empty());
     }
-    double next(PlyType) override
+    double next(PlyType type) override
     {
         std::string_view word;
         if (!m_scanner.nextWord(word))
             m_scanner.fail(QStringLiteral("the row has fewer values than the header says"),
                            QStringLiteral("correct the line"));
+        if (!isReal(type)) {
+            constexpr qint64 most = std::numeric_limits<quint32>::max();
+            const qint64 number = m_scanner.integer(word);
+            if (number > most || number < -most)
+                m_scanner.fail(QStringLiteral("%1 does not fit its type").arg(number),
+                               QStringLiteral("correct it at its source"));
+            return static_cast<double>(number);
+        }
         if (word == "nan" || word == "-nan" || word == "NaN")
             return std::numeric_limits<double>::quiet_NaN();
         return m_scanner.number(word);
@@ -287,9 +295,11 @@ private:
             if (column.empty()
                 || std::any_of(column.begin(), column.end(), [&](double value) { return value != column.front(); }))
                 return false;
+            if (column.front() < 0.0 || column.front() > 255.0)
+                return false;
             rgb[channel] = static_cast<int>(column.front());
         }
-        if (options.color.isEmpty() && rgb[0] <= 255 && rgb[1] <= 255 && rgb[2] <= 255)
+        if (options.color.isEmpty())
             object.color = QColor(rgb[0], rgb[1], rgb[2]);
         return true;
     }

@@ -71,7 +71,9 @@ public:
 
     std::vector<VtkDataSet> read()
     {
-        if (!m_xml.readNextStartElement() || m_xml.name() != QLatin1String("VTKFile"))
+        const bool begins = m_xml.readNextStartElement();
+        requireXml();
+        if (!begins || m_xml.name() != QLatin1String("VTKFile"))
             fail(QStringLiteral("it does not begin with the element VTKFile"),
                  QStringLiteral("give a file of VTK's XML"));
         readRoot();

@@ -81,20 +81,6 @@ std::vector<qint64> vtkWrittenCells(const CellGrid& grid, const VtkExportSetting
     return cells;
 }
 
-std::array<VtkCorner, 8> vtkHexahedron(const CellGrid& grid, const VtkExportSettings& settings)
-{
-    std::array<VtkCorner, 4> ring{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}};
-    if (!rowsLieLeft(grid))
-        std::swap(ring[1], ring[3]);
-    const int first = settings.zIsElevation ? 1 : 0;
-    std::array<VtkCorner, 8> corners{};
-    for (std::size_t corner = 0; corner < ring.size(); ++corner) {
-        corners[corner] = {ring[corner].right, ring[corner].back, first};
-        corners[corner + ring.size()] = {ring[corner].right, ring[corner].back, 1 - first};
-    }
-    return corners;
-}
-
 VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, const VtkExportSettings& settings,
                      Findings& findings)
 {
@@ -117,7 +103,8 @@ VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, 
                           QStringLiteral("choose a grid with depths, or inactiveCells=true"));
 
     const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
-    const std::array<VtkCorner, 8> corners = vtkHexahedron(grid, settings);
+    // The face of the smaller z first.
+    const std::array<CellCorner, 8> corners = hexahedronCorners(grid, settings.zIsElevation);
     VtkDocument document;
     document.type = "UnstructuredGrid";
     document.piece = " NumberOfPoints=\"" + std::to_string(count * cornersOfCell) + "\" NumberOfCells=\""
@@ -163,7 +150,7 @@ VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, 
     VtkArray points = cellArray(
         "Points", VtkType::Float64, cornersOfCell, cells, [&grid, corners, by](VtkValues& values, qint64, qint64 cell) {
             const CellIndex at = cellIndex(grid, cell);
-            for (const VtkCorner& corner : corners) {
+            for (const CellCorner& corner : corners) {
                 const auto place = cornerPosition(grid, at, corner.right, corner.back, corner.low);
                 values.real(place[0] * by.flat);
                 values.real(place[1] * by.flat);

@@ -341,7 +341,7 @@ void compareCells(FileCheck& check, const ExportSelection& selection, const VtkE
     const CellGrid& grid = *object.cells;
     const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     const std::vector<qint64> cells = vtkWrittenCells(grid, settings);
-    const std::array<VtkCorner, 8> corners = vtkHexahedron(grid, settings);
+    const std::array<CellCorner, 8> corners = hexahedronCorners(grid, settings.zIsElevation);
     if (!result.compareCount(object.name, QStringLiteral("cells"), static_cast<qint64>(cells.size()),
                              static_cast<qint64>(read.cells.size()))
         || !result.compareCount(object.name, QStringLiteral("points"), static_cast<qint64>(8 * cells.size()),

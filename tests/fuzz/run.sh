@@ -9,7 +9,7 @@ seconds=${1:?how many seconds for each target}
 shift
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] || targets=(FuzzDelimited FuzzGocad FuzzGrdecl FuzzIrap FuzzIrapPoints FuzzJob FuzzLas FuzzLayout FuzzModel FuzzObj FuzzOff
-    FuzzOpenTec FuzzPly FuzzStl FuzzTable FuzzZMap)
+    FuzzOpenTec FuzzPly FuzzStl FuzzTable FuzzVtk FuzzZMap)
 mkdir -p build/fuzz/findings
 export QT_QPA_PLATFORM=offscreen LSAN_OPTIONS=suppressions=tests/lsan.supp:print_suppressions=0
 for target in "${targets[@]}"; do

@@ -21,6 +21,24 @@ const char smallGrid[] = "SPECGRID\n 1 1 1 1 F /\nCOORD\n 0 0 10 0 0 20 5 0 10 5
 
 } // namespace
 
+/// The beginning of a file of VTK's XML.
+QByteArray vtkHead(const char* type)
+{
+    return "<VTKFile type=\"" + QByteArray(type) + "\" byte_order=\"LittleEndian\">\n";
+}
+
+/// One with an array of points alone; \a appended are the bytes behind the XML.
+QByteArray vtkPoints(const char* count, const char* array, const QByteArray& appended = QByteArray())
+{
+    return vtkHead("PolyData") + "<PolyData><Piece NumberOfPoints=\"" + count
+           + "\">\n<Points><DataArray type=\"Float64\" Name=\"P\" NumberOfComponents=\"3\" " + array
+           + "</DataArray></Points></Piece></PolyData>"
+           + (appended.isEmpty() ? QByteArray() : "<AppendedData encoding=\"raw\">_" + appended + "</AppendedData>")
+           + "</VTKFile>";
+}
+
+const QByteArray vtkLegacy = "# vtk DataFile Version 3.0\ntitle\nASCII\nDATASET POLYDATA\n";
+
 class ModelReadersTest : public QObject
 {
     Q_OBJECT
@@ -318,6 +336,35 @@ void ModelReadersTest::hostile_data()
         "face 1: there is no vertex 3, only 0 to 2");
     row("ply, a list that lies", "a.ply", plyFaces + "0 0 0\n0 1 0\n1 1 0\n2000000000 0 1 2\n",
         "line 13: the row has fewer");
+    row("vtk, no XML", "a.vtp", "hello", "line 1: it is no XML");
+    row("vtk, other XML", "a.vtp", "<kml/>", "line 1: it does not begin with the element VTKFile");
+    row("vtk, other data", "a.vtu", vtkHead("Table"), "a data set of type \"Table\" is not read");
+    row("vtk, compressor", "a.vtp", "<VTKFile type=\"PolyData\" compressor=\"vtkLZ4DataCompressor\">",
+        "it is compressed by vtkLZ4DataCompressor");
+    row("vtk, nothing", "a.vtp", vtkHead("PolyData") + "<PolyData/></VTKFile>", "there is no piece");
+    row("vtk, points lie", "a.vtp", vtkPoints("2", "format=\"ascii\">0 0 0"), "line 2: it has 1 of 2 points");
+    row("vtk, no number", "a.vtp", vtkPoints("1", "format=\"ascii\">0 0 x"),
+        "line 3: the array \"P\": \"x\" is not a number");
+    row("vtk, behind the end", "a.vtp", vtkPoints("1", "format=\"appended\" offset=\"999999\">", "abc"),
+        "line 3: the array \"P\": it begins behind the end");
+    row("vtk, size lies", "a.vtp",
+        vtkPoints("1", "format=\"appended\" offset=\"0\">", QByteArray("\xff\xff\xff\x7f", 4)),
+        "line 3: the array \"P\": its size of 2147483647 bytes is more");
+    row("vtk, cut short", "a.vtp", vtkPoints("1", "format=\"appended\" offset=\"0\">", QByteArray("\x78\0\0\0abc", 7)),
+        "line 3: the array \"P\": the file ends within it");
+    row("vtk, cell outside", "a.vtp",
+        vtkPoints("1", "format=\"ascii\">0 0 0")
+            .replace("</Piece>", "<Verts><DataArray type=\"Int64\" Name=\"connectivity\">5</DataArray>"
+                                 "<DataArray type=\"Int64\" Name=\"offsets\">1</DataArray></Verts></Piece>"),
+        "line 2: a cell has a point that is not there");
+    row("vtk, extent", "a.vti",
+        vtkHead("ImageData") + "<ImageData><Piece Extent=\"0 9999999 0 9999999 0 0\"/></ImageData>",
+        "it has more points than an object can have");
+    row("vtk legacy, no data", "a.vtk", "# vtk DataFile Version 3.0\n\nASCII\n", "there is no DATASET");
+    row("vtk legacy, count lies", "a.vtk", vtkLegacy + "POINTS 2000000000 float\n0 0 0\n", "the file ends too early");
+    row("vtk legacy, cells lie", "a.vtk", vtkLegacy + "POINTS 1 float\n0 0 0\nVERTICES 1 2\n9 0\n",
+        "cell 1 has other corners");
+    row("vtk legacy, word", "a.vtk", vtkLegacy + "HELLO\n", "byte 63: \"HELLO\" is no word");
     row("gocad, other text", "a.ts", "hello\n", "line 1: \"hello\" stands where an object should begin");
     row("gocad, cut short", "a.ts", "GOCAD VSet 1\nHEADER {name:x}\nVRTX 1 2 3 4\n",
         "after line 3: the object x has no END");

@@ -90,6 +90,10 @@ private Q_SLOTS:
     void realData_data();
     void realData();
     void grouped();
+    void readAgain_data();
+    void readAgain();
+    void readAgainAsObjects();
+    void encodings();
     void damages_data();
     void damages();
     void refused();
@@ -344,6 +348,106 @@ void VtkTest::grouped()
     const SaverRun run("vtp", figures(), path(), "grouping=set;filePrefix=r");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(listing(), QStringLiteral("r_S.vtp r_unnamed.vtp"));
+}
+
+void VtkTest::readAgain_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("settings");
+    QTest::newRow("lines") << "vtp" << sample("faults_3d.gpkg") << "";
+    QTest::newRow("points") << "vtp" << sample("map_contacts.csv") << "zIsElevation=false";
+    QTest::newRow("mesh") << "vtp" << sample("terrain_mesh.off") << "";
+    QTest::newRow("cells") << "vtu" << sample("blocks.grdecl") << "";
+    QTest::newRow("cells with depths") << "vtu" << shared("data/eclipse/b.grdecl") << "zIsElevation=false";
+    QTest::newRow("terrain") << "vti" << sample("dtm_rp.tif") << "";
+}
+
+void VtkTest::readAgain()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, file);
+    QFETCH(QString, settings);
+    if (file.isEmpty())
+        QSKIP("the data are not there");
+    const SaverRun run(format, loaded(file), path("one"), settings);
+    QCOMPARE(run.fault(), QString());
+    // What is read again gives the same file, to the byte.
+    const SaverRun again(format, loaded(run.files[0].path), path("two"), settings);
+    QCOMPARE(again.fault(), QString());
+    QVERIFY(again.bytes() == run.bytes());
+}
+
+void VtkTest::readAgainAsObjects()
+{
+    std::vector<ModelObject> objects = figures();
+    for (ModelObject& object : objects)
+        object.crs = wktOf(QStringLiteral("EPSG:28350"));
+    // Written in feet, the coordinates come back in the metres of the system.
+    const SaverRun run("vtp", objects, path("f.vtp"), "lengthUnit=ft;zIsElevation=false");
+    QCOMPARE(run.fault(), QString());
+    const std::vector<ModelObject> read = loaded(run.files[0].path);
+    QCOMPARE(read.size(), objects.size());
+    for (std::size_t index = 0; index < read.size(); ++index) {
+        QCOMPARE(read[index].name, objects[index].name);
+        QCOMPARE(read[index].set, objects[index].set);
+        QCOMPARE(read[index].color, objects[index].color);
+        QCOMPARE(crsName(read[index].crs), QStringLiteral("GDA94 / MGA zone 50 (EPSG:28350)"));
+        QCOMPARE(read[index].lengthUnit, QStringLiteral("m"));
+        QVERIFY(std::abs(read[index].x->front() - objects[index].x->front()) < 1e-9);
+        QVERIFY(std::abs(read[index].z->front() - objects[index].z->front()) < 1e-9);
+    }
+    const ModelObject& rings = read[1];
+    QCOMPARE(rings.type, ObjectType::Polygons);
+    QCOMPARE(rings.parts.size(), std::size_t(4)); // a line with a gap is two
+    QVERIFY(rings.parts[0].closed && !rings.parts[0].hole && rings.parts[1].hole && !rings.parts[2].closed);
+    QCOMPARE(rings.parts[1].count, 4); // closed by its first vertex
+    QCOMPARE(rings.objectAttributes.size(), std::size_t(2));
+    QCOMPARE(rings.objectAttributes[0].unit, QStringLiteral("Ma"));
+    QCOMPARE(rings.objectAttributes[1].value.toString(), QStringLiteral("thrust"));
+    QCOMPARE(read[2].type, ObjectType::Wells);
+    QCOMPARE(read[0].vertexAttributes.size(), std::size_t(4));
+    QCOMPARE(read[0].vertexAttributes[0].unit, QStringLiteral("g/t"));
+    QCOMPARE((*read[0].vertexAttributes[0].missing)[1], static_cast<unsigned char>(1));
+}
+
+void VtkTest::encodings()
+{
+    const QString names = foreignReader("vtk/write_vtk.py", {path()});
+    if (names == QLatin1String("absent"))
+        QSKIP("VTK is not there");
+    std::vector<ModelObject> first;
+    for (const QString& name : names.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const std::vector<ModelObject> read = loaded(path(name));
+        QCOMPARE(read.size(), std::size_t(3));
+        if (first.empty())
+            first = read;
+        for (std::size_t index = 0; index < read.size(); ++index) {
+            QCOMPARE(*read[index].x, *first[index].x);
+            QCOMPARE(*read[index].z, *first[index].z);
+            QCOMPARE(read[index].parts.size(), first[index].parts.size());
+            QCOMPARE(read[index].triangles, first[index].triangles);
+            QCOMPARE(read[index].vertexAttributes.size(), first[index].vertexAttributes.size());
+            for (const AttributeColumn& wanted : first[index].vertexAttributes) {
+                const auto& columns = read[index].vertexAttributes;
+                const auto found = std::find_if(columns.begin(), columns.end(), [&](const AttributeColumn& column) {
+                    return column.name == wanted.name;
+                });
+                QVERIFY2(found != columns.end(), qPrintable(name + wanted.name));
+                QCOMPARE(found->kind, wanted.kind);
+                QCOMPARE(found->values, wanted.values);
+                if (wanted.numbers && !wanted.missing)
+                    QCOMPARE(*found->numbers, *wanted.numbers);
+                QCOMPARE(!found->missing, !wanted.missing);
+            }
+        }
+    }
+    QCOMPARE(first[2].triangles, (std::vector<std::array<int, 3>>{{0, 1, 2}, {0, 2, 3}, {1, 4, 2}, {4, 5, 2}}));
+    QCOMPARE(first[1].parts.size(), std::size_t(2));
+    QCOMPARE(first[1].objectAttributes.size(), std::size_t(1)); // the same for both lines
+    QCOMPARE(first[2].vertexAttributes[0].name, QStringLiteral("gra de"));
+    QCOMPARE(first[2].vertexAttributes[0].unit, QStringLiteral("g/t"));
+    QCOMPARE(first[2].vertexAttributes[1].values[0].toString(), QString::fromUtf8("é a"));
 }
 
 void VtkTest::damages_data()
