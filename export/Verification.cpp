@@ -38,6 +38,11 @@ Verification::Verification(const QString& reader, const Allowance& positions)
 {
 }
 
+Verification::Verification(const QString& reader, double allowed, const LengthFactors& factors)
+    : Verification(reader, {allowed, factors.flatUnit}, {allowed, factors.heightUnit})
+{
+}
+
 Verification::Verification(const QString& reader, const Allowance& positions, const Allowance& heights)
     : m_reader(reader)
     , m_allowed(positions)

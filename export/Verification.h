@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/Allowance.h"
+#include "export/LengthFactors.h"
 #include "model/kpFormatsExport.h"
 
 #include <QJsonObject>
@@ -35,6 +36,8 @@ public:
     Verification(const QString& reader, const Allowance& positions);
     /// Where heights count in another unit, or have other decimals.
     Verification(const QString& reader, const Allowance& positions, const Allowance& heights);
+    /// Where they may be off by the same number, in the units of \a factors.
+    Verification(const QString& reader, double allowed, const LengthFactors& factors);
 
     template <typename Where>
     void comparePosition(const Place& expected, const Place& read, Where where)

@@ -43,9 +43,9 @@ QString objObjectName(const QString& name)
 Verification verifyObj(const std::vector<const ModelObject*>& objects, const QString& path,
                        const ObjExportSettings& settings)
 {
-    Verification result(
-        QStringLiteral("the program's OBJ reader"),
-        Allowance::ofDecimals(settings.decimals, writtenUnit(objects.front()->lengthUnit, settings.lengthUnit)));
+    Verification result(QStringLiteral("the program's OBJ reader"),
+                        Allowance::ofDecimals(settings.decimals, QString()).most,
+                        LengthFactors(*objects.front(), settings.lengthUnit, settings.zIsElevation));
     Model model;
     try {
         const LoadNotes notes = readObj(model, path, LoadOptions());

@@ -38,7 +38,8 @@ void compareColours(const ModelObject& object, const QString& path, Verification
 Verification verifyOff(const ModelObject& object, const QString& path, const OffExportSettings& settings)
 {
     Verification result(QStringLiteral("the program's OFF reader"),
-                        Allowance::ofDecimals(settings.decimals, writtenUnit(object.lengthUnit, settings.lengthUnit)));
+                        Allowance::ofDecimals(settings.decimals, QString()).most,
+                        LengthFactors(object, settings.lengthUnit, settings.zIsElevation));
     Model model;
     try {
         const LoadNotes notes = readOff(model, path, LoadOptions());

@@ -37,8 +37,8 @@ void compareProperty(const ModelObject& object, const NumberColumn& wanted, cons
 Verification verifyPly(const ModelObject& object, const QString& path, const std::vector<NumberColumn>& columns,
                        const QStringList& names, const PlyExportSettings& settings)
 {
-    Verification result(QStringLiteral("the program's PLY reader"),
-                        Allowance(0.0, writtenUnit(object.lengthUnit, settings.lengthUnit)));
+    Verification result(QStringLiteral("the program's PLY reader"), 0.0,
+                        LengthFactors(object, settings.lengthUnit, settings.zIsElevation));
     Model model;
     try {
         const LoadNotes notes = readPly(model, path, LoadOptions());

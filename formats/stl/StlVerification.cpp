@@ -13,8 +13,8 @@ namespace kpFormats
 Verification verifyStl(const ModelObject& object, const QString& path, const StlExportSettings& settings,
                        const MapOffset& offset)
 {
-    Verification result(QStringLiteral("the program's STL reader"),
-                        Allowance(offset.mostRounding(), writtenUnit(object.lengthUnit, settings.lengthUnit)));
+    Verification result(QStringLiteral("the program's STL reader"), offset.mostRounding(),
+                        LengthFactors(object, settings.lengthUnit, settings.zIsElevation));
     StlFacets read;
     try {
         read = readStlFacets(path);

@@ -451,8 +451,7 @@ Verification verifyVtk(VtkKind kind, const std::vector<const ModelObject*>& obje
     const ModelObject& first = *placed.front();
     const LengthFactors by(first, settings.lengthUnit, settings.zIsElevation);
     const double allowed = kind == VtkKind::Image ? imageAllowance(first, by.flat) : 0.0;
-    Verification result(QStringLiteral("the program's VTK reader"),
-                        Allowance(allowed, writtenUnit(first.lengthUnit, settings.lengthUnit)));
+    Verification result(QStringLiteral("the program's VTK reader"), allowed, by);
     std::vector<VtkDataSet> read;
     try {
         read = readVtkXml(path);

@@ -226,6 +226,8 @@ void SurfacesTest::degreesStay()
     for (const char* format : {"off", "obj", "ply", "stl"}) {
         const SaverRun run(format, {object}, path(format), "lengthUnit=km");
         QCOMPARE(run.fault(), QString());
+        QCOMPARE(run.readBack[0].allowed().unit, QStringLiteral("degrees"));
+        QCOMPARE(run.readBack[0].allowedHeight().unit, QStringLiteral("km"));
         const ModelObject read = loaded(run.files[0].path).front();
         QVERIFY2(std::abs((*read.x)[0] - 117.5) < 1e-5, format);
         QVERIFY2(std::abs((*read.z)[0] - 0.001) < 1e-5, format);
