@@ -99,9 +99,15 @@ private:
     {
         m_header.offset.take(std::string_view(remark.constData(), static_cast<std::size_t>(remark.size())));
         const QString text = QString::fromUtf8(remark);
+        static const QStringList units{QStringLiteral("m"), QStringLiteral("ft"), QStringLiteral("ftUS"),
+                                       QStringLiteral("km")};
         const QString unitOf = QStringLiteral("unit of ");
         if (text.startsWith(QLatin1String("name: ")))
             m_header.name = text.mid(6).trimmed();
+        else if (text.startsWith(QLatin1String("unit: ")) && units.contains(text.mid(6)))
+            m_header.lengthUnit = text.mid(6);
+        else if (text == QLatin1String("z: depth, positive down"))
+            m_header.zIsDepth = true;
         else if (text.startsWith(unitOf))
             m_header.units.insert(text.mid(unitOf.size()).section(QStringLiteral(": "), 0, 0),
                                   text.section(QStringLiteral(": "), 1));

@@ -41,6 +41,8 @@ struct PlyHeader
     std::vector<PlyElement> elements;
     QString name;                 ///< from a remark
     QMap<QString, QString> units; ///< of properties, from remarks
+    QString lengthUnit;           ///< from a remark, one of those of the model; empty when none says so
+    bool zIsDepth = false;        ///< a remark says that z counts downwards
     StatedOffset offset;          ///< from a remark
     qint64 lines = 0;             ///< that it takes
     qint64 bytes = 0;

@@ -152,8 +152,12 @@ public:
                       options.name.isEmpty() ? named : options.name,
                       m_ends.empty() ? QStringLiteral("Points") : QStringLiteral("Meshes"));
         m_header.offset.addTo(m_x, m_y, m_z);
+        if (object.lengthUnit.isEmpty())
+            object.lengthUnit = m_header.lengthUnit;
         takeTriangles(object);
         takeColumns(object, options);
+        if (m_header.zIsDepth)
+            std::transform(m_z.begin(), m_z.end(), m_z.begin(), [](double depth) { return -depth; });
         setCoordinates(object, std::move(m_x), std::move(m_y), std::move(m_z));
         model.add(std::move(object));
         return std::move(m_notes);

@@ -54,7 +54,10 @@ Verification verifyPly(const ModelObject& object, const QString& path, const std
                            read.name.left(900));
     if (settings.colours)
         result.compareSame(QStringLiteral("colour"), object.name, object.color.name(), read.color.name());
-    WrittenSurface(object, settings.lengthUnit, settings.zIsElevation).compare(read, result);
+    result.compareSame(QStringLiteral("unit"), object.name, writtenUnit(object.lengthUnit, settings.lengthUnit),
+                       read.lengthUnit);
+    // The reader turns depths into elevations.
+    WrittenSurface(object, settings.lengthUnit, true).compare(read, result);
     if (!result.good()
         || !result.compareCount(object.name, QStringLiteral("properties"), static_cast<qint64>(columns.size()),
                                 static_cast<qint64>(read.vertexAttributes.size())))

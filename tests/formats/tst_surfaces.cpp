@@ -170,7 +170,7 @@ void SurfacesTest::plyPoints()
     cloud.vertexAttributes = {
         columnOf(QStringLiteral("X"), AttributeKind::Integer, {7, 8}),
         columnOf(QStringLiteral("rock"), AttributeKind::Text, {QStringLiteral("a"), QStringLiteral("b")})};
-    const SaverRun run("ply", {cloud}, path("c"), "origin=local");
+    const SaverRun run("ply", {cloud}, path("c"), "origin=local;zIsElevation=false;lengthUnit=km");
     QCOMPARE(run.fault(), QString());
     QCOMPARE(run.findings(),
              QStringLiteral(
@@ -179,8 +179,9 @@ void SurfacesTest::plyPoints()
     QCOMPARE(read.name, cloud.name);
     QCOMPARE(read.type, ObjectType::VertexClouds);
     QCOMPARE(read.color, cloud.color);
-    QCOMPARE(*read.x, *cloud.x);
-    QCOMPARE(*read.z, *cloud.z);
+    QCOMPARE(read.lengthUnit, QStringLiteral("km"));
+    QCOMPARE((*read.x)[1], (*cloud.x)[1] * 0.001);
+    QCOMPARE((*read.z)[1], (*cloud.z)[1] * 0.001);
     QCOMPARE(read.vertexAttributes.size(), std::size_t(1));
     QCOMPARE(*read.vertexAttributes[0].numbers, (std::vector<double>{7, 8}));
 }
@@ -308,6 +309,8 @@ void SurfacesTest::damages_data()
     row("ply property", "ply", reals({1.5}), reals({1.6}));
     row("ply missing value", "ply", reals({none}), reals({0}));
     row("ply name", "ply", "name: m x", "name: n x");
+    row("ply length unit", "ply", "comment unit: m", "comment unit: ft");
+    row("ply direction", "ply", "z: elevation, positive up", "z: depth, positive down");
     row("ply unit", "ply", "my_age: Ma", "my_age: ka");
     row("ply colour", "ply", QByteArray("\xff\x00\x33", 3) + reals({1.5}),
         QByteArray("\xff\x00\x34", 3) + reals({1.5}));
