@@ -10,9 +10,12 @@
 #include "formats/kml/KmlFormat.h"
 #include "formats/obj/ObjFormat.h"
 #include "formats/off/OffFormat.h"
+#include "formats/ogr/FgbFormat.h"
 #include "formats/ogr/GeoJsonFormat.h"
+#include "formats/ogr/GmlFormat.h"
 #include "formats/ogr/GpkgFormat.h"
 #include "formats/ogr/ShpFormat.h"
+#include "formats/ogr/SqliteFormat.h"
 #include "formats/ogr/TabFormat.h"
 #include "formats/opentec/OpenTecFormat.h"
 #include "formats/ply/PlyFormat.h"
@@ -61,6 +64,9 @@ Formats makeFormats()
     formats.push_back(std::make_unique<ObjFormat>());
     formats.push_back(std::make_unique<PlyFormat>());
     formats.push_back(std::make_unique<StlFormat>());
+    formats.push_back(std::make_unique<FgbFormat>());
+    formats.push_back(std::make_unique<GmlFormat>());
+    formats.push_back(std::make_unique<SqliteFormat>());
     return formats;
 }
 

@@ -5,6 +5,9 @@
 #include <QSet>
 #include <QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace kpFormats
 {
 
@@ -20,6 +23,37 @@ bool isPlain(QChar character)
 bool isAsciiPlain(QChar character)
 {
     return character.unicode() < 0x80 && isPlain(character);
+}
+
+/// Letters that readers of XML take in the name of an element, of the fourth edition too.
+bool isXmlLetter(QChar character)
+{
+    struct Range
+    {
+        ushort first;
+        ushort last;
+    };
+    constexpr Range ranges[] = {{'A', 'Z'},     {'_', '_'},       {'a', 'z'},       {0xc0, 0xd6},     {0xd8, 0xf6},
+                                {0xf8, 0x131},  {0x134, 0x13e},   {0x141, 0x148},   {0x14a, 0x17e},   {0x38e, 0x3a1},
+                                {0x3a3, 0x3ce}, {0x401, 0x40c},   {0x40e, 0x44f},   {0x451, 0x45c},   {0x5d0, 0x5ea},
+                                {0x641, 0x64a}, {0x3041, 0x3094}, {0x30a1, 0x30fa}, {0x4e00, 0x9fa5}, {0xac00, 0xd7a3}};
+    const ushort code = character.unicode();
+    return character.isLetter() == (code != '_')
+           && std::any_of(std::begin(ranges), std::end(ranges),
+                          [code](Range range) { return code >= range.first && code <= range.last; });
+}
+
+/// \a name as that of an element.
+QString inXml(const QString& name)
+{
+    QString made;
+    for (const QChar character : name) {
+        const bool digit = character >= QLatin1Char('0') && character <= QLatin1Char('9');
+        if (digit && made.isEmpty())
+            made += QLatin1Char('_');
+        made += digit || isXmlLetter(character) ? character : QChar(QLatin1Char('_'));
+    }
+    return made;
 }
 
 /// Letters that no accent explains, in ASCII; upper case where all of them begin with one.
@@ -48,6 +82,8 @@ QString inAscii(QChar letter)
 /// \a name with the characters that the format takes.
 QString allowed(const QString& name, const FieldNameRules& rules)
 {
+    if (rules.xml)
+        return inXml(name);
     if (!rules.ascii && !rules.plain)
         return name;
     QString made;

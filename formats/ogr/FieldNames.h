@@ -10,9 +10,10 @@ namespace kpFormats
 /// What a format takes as the name of a field.
 struct FieldNameRules
 {
-    int mostBytes = 0;        ///< of UTF-8; 0 for no limit
-    bool ascii = false;       ///< only A to Z, a to z, 0 to 9 and "_"; others are spelled in these where that is known
-    bool plain = false;       ///< only letters and digits of any script and "_"
+    int mostBytes = 0;  ///< of UTF-8; 0 for no limit
+    bool ascii = false; ///< only A to Z, a to z, 0 to 9 and "_"; others are spelled in these where that is known
+    bool plain = false; ///< only letters and digits of any script and "_"
+    bool xml = false;   ///< names of elements: as plain, in scripts that every reader of XML takes, no digit first
     bool caseMatters = false; ///< "A" and "a" are two names
     QStringList reserved;     ///< names that the format keeps for itself
 };

@@ -100,6 +100,8 @@ OgrTraits GeoJsonFormat::traits() const
     traits.driver = QStringLiteral("GeoJSON");
     traits.fileKind = QStringLiteral("GeoJSON file");
     traits.names.caseMatters = true;
+    // Text that looks like a date is text.
+    traits.readOptions = QStringList{QStringLiteral("DATE_AS_STRING=YES")};
     return traits;
 }
 

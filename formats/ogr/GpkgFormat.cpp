@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/GpkgFormat.h"
 
-#include "export/ExportError.h"
 #include "export/WriteErrors.h"
 #include "formats/ogr/QgisStyle.h"
+#include "formats/ogr/SqliteFiles.h"
 #include "geo/CheckedWrites.h"
 #include "geo/GdalSession.h"
-
-#include <QFileInfo>
 
 #include <ogrsf_frmts.h>
 
@@ -74,8 +72,7 @@ QStringList GpkgFormat::extensions() const
 
 QStringList GpkgFormat::sidecars() const
 {
-    // The journal of an earlier file would be played into the new one.
-    return {QStringLiteral("gpkg-wal"), QStringLiteral("gpkg-shm"), QStringLiteral("gpkg-journal")};
+    return sqliteJournals(extensions());
 }
 
 OgrTraits GpkgFormat::traits() const
@@ -92,18 +89,14 @@ OgrTraits GpkgFormat::traits() const
         traits.reserved.append(sign);
     traits.moments = {TextMeaning::Date, TextMeaning::DateTime};
     traits.utc = true;
-    traits.mostFields = 1990; // SQLite has 2000 columns in a table
+    traits.mostFields = mostSqliteFields;
     traits.manyLayers = true;
     return traits;
 }
 
 void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrLayer>&) const
 {
-    // SQLite keeps a journal beside the file, under its name and nine bytes more.
-    constexpr int longestName = 255 - 9;
-    if (QFileInfo(file.path).fileName().toUtf8().size() > longestName)
-        throw ExportError(file.path, QStringLiteral("the name is too long for a GeoPackage"),
-                          QStringLiteral("shorten it to %1 bytes").arg(longestName));
+    requireRoomForJournal(file.path, traits().fileKind);
 }
 
 void GpkgFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings&,

@@ -76,9 +76,9 @@ void OgrFeatures::startObject()
                 source.values ? nullptr : objectAttributeOf(object, column.attribute, source.objectHint);
             source.constant = whole ? writtenValue(column, whole->value) : QVariant();
             const bool sameKind = source.values && source.values->kind == column.kind;
-            source.asItIs =
-                sameKind
-                && (column.kind == AttributeKind::Integer || (column.kind == AttributeKind::Text && column.cutTo == 0));
+            source.asItIs = sameKind
+                            && (column.kind == AttributeKind::Integer
+                                || (column.kind == AttributeKind::Text && column.cutTo == 0 && !column.xml));
         }
     }
 }

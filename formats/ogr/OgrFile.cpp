@@ -39,9 +39,12 @@ QString layerName(const QString& path, const OgrLayer& layer, bool single, const
     const bool reserved = std::any_of(able.reserved.begin(), able.reserved.end(), [&wanted](const QString& beginning) {
         return wanted.startsWith(beginning, Qt::CaseInsensitive);
     });
-    if (!reserved)
-        return wanted;
-    const QString name = QStringLiteral("data_") + wanted;
+    FieldNameRules rules = able.names;
+    rules.reserved.clear();
+    const QString fitting = able.layersAsFields ? fieldNames({wanted}, rules).front() : wanted;
+    const QString name = reserved ? QStringLiteral("data_") + wanted : fitting;
+    if (name == wanted)
+        return name;
     findings.note(finding::renamed, QString(), 1, QStringLiteral("layer %1 is written as %2").arg(wanted, name));
     return name;
 }

@@ -83,10 +83,20 @@ std::vector<PlannedFile> OgrFormat::files(const ExportSelection& selection, cons
     if (!folder)
         named.path = withOneOf(selection.path, extensions());
     const std::vector<PlannedFile> groups = planFiles(named, settings.grouping, extensions().first());
-    if (traits().manyLayers)
-        return groups;
     std::vector<PlannedFile> files;
     UniqueNames names;
+    if (traits().manyLayers) {
+        for (PlannedFile file : groups) {
+            // Names that the user gives stay, or are refused.
+            const QFileInfo info(file.path);
+            if (traits().xml && settings.grouping != FileGrouping::Single)
+                file.path = names.take(info.path() + QLatin1Char('/')
+                                       + info.completeBaseName().replace(QLatin1Char('&'), QLatin1Char('_')))
+                            + QLatin1Char('.') + info.suffix();
+            files.push_back(file);
+        }
+        return files;
+    }
     for (const PlannedFile& group : groups) {
         const std::vector<OgrLayer> layers = ogrLayers(group.objects, settings, traits().heights);
         for (const OgrLayer& layer : layers) {
@@ -171,6 +181,11 @@ void OgrFormat::openAndCount(const OgrOutput& output, Findings& findings) const
 
 void OgrFormat::addStyle(const OgrOutput& output, Findings& findings) const
 {
+    if (output.layers.size() > 1)
+        findings.note(ogrFinding::colourNotCarried, QString(), static_cast<qint64>(output.layers.size()),
+                      QStringLiteral("a style beside the file serves one layer; export a file per object or set"));
+    if (output.layers.size() > 1)
+        return;
     const QFileInfo info(output.path);
     const QString path = info.absolutePath() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".qml");
     const QByteArray style =

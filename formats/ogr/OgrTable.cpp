@@ -211,6 +211,13 @@ QString withDirection(const QString& type, const QVariant& dip)
     return degrees == 90.0 ? QStringLiteral("Vertical ") + type : type;
 }
 
+bool isBeyondXml(QChar character)
+{
+    // A line end is read as a line feed, whatever it was.
+    const ushort code = character.unicode();
+    return (code < 0x20 && code != '\t' && code != '\n') || code >= 0xfffe;
+}
+
 QVariant writtenValue(const OgrColumn& column, const QVariant& value)
 {
     if (value.isNull())
@@ -221,10 +228,12 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
             text = value.value<QColor>().name();
         else if (value.userType() == QMetaType::Double)
             text = QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-        else if (column.cutTo == 0 && value.userType() == QMetaType::QString)
+        else if (column.cutTo == 0 && !column.xml && value.userType() == QMetaType::QString)
             return value;
         else
             text = value.toString();
+        if (column.xml)
+            text.truncate(static_cast<int>(std::remove_if(text.begin(), text.end(), isBeyondXml) - text.begin()));
         return cutToBytes(text, column.cutTo);
     }
     const double number =

@@ -18,6 +18,7 @@ struct OgrTraits
     QString driver;                   ///< its name, "ESRI Shapefile"
     QString fileKind;                 ///< for messages, "Shapefile"
     FieldNameRules names;             ///< of fields
+    bool layersAsFields = false;      ///< layers have names of the same kind
     QStringList reserved;             ///< beginnings of names that a layer may not have
     int mostFields = 0;               ///< 0 for no limit
     int mostTextBytes = 0;            ///< of a text in a field; 0 for no limit
@@ -25,11 +26,15 @@ struct OgrTraits
     bool sizedNumbers = false;        ///< numbers are decimal text in a field of a width
     std::vector<TextMeaning> moments; ///< dates and times that have fields of their own
     bool utc = false;                 ///< such a field can say that it is in UTC; in no other zone
+    bool xml = false;                 ///< texts are XML, which has no place for some characters
     bool booleans = true;             ///< false: they become 0 and 1
     bool nulls = true;                ///< false: a missing number becomes 0, a missing text an empty one
     bool emptyTexts = true;           ///< an empty text can be told from a missing one
     bool heights = true;              ///< coordinates have a z
+    int digits = 0;                   ///< of real numbers that are text; 0: they are exact
+    int positionDigits = 0;           ///< the same of coordinates
     int firstId = 1;                  ///< number that the driver gives the first feature
+    QStringList readOptions;          ///< for reading what was written and no more, "NAME=VALUE"
     bool manyLayers = false;          ///< points, lines and polygons go into one file
 };
 

@@ -8,7 +8,10 @@
 #include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
 
+#include <cpl_string.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -28,30 +31,58 @@ bool isMapInfo(const OgrFileExpectation& file)
     return file.traits.driver == QLatin1String("MapInfo File");
 }
 
+struct Extent
+{
+    std::array<double, 3> least;
+    std::array<double, 3> most;
+};
+
+/// Of everything that has a place.
+Extent extentOf(OgrFileExpectation& file)
+{
+    Extent extent;
+    extent.least.fill(std::numeric_limits<double>::max());
+    extent.most.fill(std::numeric_limits<double>::lowest());
+    for (const OgrLayer& layer : file.layers) {
+        for (const ModelObject* object : layer.objects) {
+            const OgrExpectedPlaces places(*object, file.systems);
+            for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
+                for (std::size_t axis = 0; places.has(vertex) && axis < 3; ++axis) {
+                    // An unknown height is neither.
+                    extent.least[axis] = std::fmin(extent.least[axis], places.at(vertex)[axis]);
+                    extent.most[axis] = std::fmax(extent.most[axis], places.at(vertex)[axis]);
+                }
+            }
+        }
+    }
+    return extent;
+}
+
 /// Half a step of the whole numbers that a MapInfo table has for positions, over the extent of all of them, and half of
 /// the last decimal to which the driver rounds what it reads: that nearest to a step.
 double mapInfoAllowance(OgrFileExpectation& file)
 {
     constexpr double steps = 2e9;
-    double least[2] = {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
-    double most[2] = {std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
-    for (const OgrLayer& layer : file.layers) {
-        for (const ModelObject* object : layer.objects) {
-            const OgrExpectedPlaces places(*object, file.systems);
-            for (std::size_t vertex = 0; vertex < object->x->size(); ++vertex) {
-                for (std::size_t axis = 0; places.has(vertex) && axis < 2; ++axis) {
-                    least[axis] = std::min(least[axis], places.at(vertex)[axis]);
-                    most[axis] = std::max(most[axis], places.at(vertex)[axis]);
-                }
-            }
-        }
-    }
+    const Extent extent = extentOf(file);
     double allowed = 0;
-    for (const int axis : {0, 1}) {
-        const double step = std::max(1.02 * (most[axis] - least[axis]), most[axis] - least[axis] + 2.0) / steps;
+    for (const std::size_t axis : {0, 1}) {
+        const double width = extent.most[axis] - extent.least[axis];
+        const double step = std::max(1.02 * width, width + 2.0) / steps;
         allowed = std::max(allowed, 0.5 * step + 0.5 * std::pow(10.0, -std::round(std::log10(1.0 / step))));
     }
     return allowed;
+}
+
+/// Half of the last digit of the largest number of the coordinates, of an axis from \a first to \a last.
+double digitsAllowance(OgrFileExpectation& file, std::size_t first, std::size_t last)
+{
+    const Extent extent = extentOf(file);
+    double largest = 0;
+    for (std::size_t axis = first; axis <= last; ++axis) {
+        if (extent.least[axis] <= extent.most[axis])
+            largest = std::max({largest, std::abs(extent.least[axis]), std::abs(extent.most[axis])});
+    }
+    return 5.0 * std::pow(10.0, -file.traits.positionDigits) * largest;
 }
 
 /// The driver takes a last decimal behind five zeros or nines for noise and rounds it off.
@@ -71,6 +102,8 @@ Verification emptyVerification(OgrFileExpectation& file)
     const Allowance heights(0.0, file.systems.isOnGlobe() ? QStringLiteral("m") : first.lengthUnit);
     if (isMapInfo(file))
         return Verification(reader, {mapInfoAllowance(file), unit}, heights);
+    if (file.traits.positionDigits > 0)
+        return Verification(reader, {digitsAllowance(file, 0, 1), unit}, {digitsAllowance(file, 2, 2), heights.unit});
     if (!isGeoJson(file))
         return Verification(reader, {0.0, unit}, heights);
     const int usual = unit == QLatin1String("degrees") ? geoJsonDegreeDecimals : geoJsonLengthDecimals;
@@ -177,10 +210,11 @@ Verification verifyOgrFile(const QString& path, OgrFileExpectation expected)
 {
     const QuietGdal quiet;
     Verification result = emptyVerification(expected);
-    // Text that looks like a date is text.
-    const char* const options[] = {isGeoJson(expected) ? "DATE_AS_STRING=YES" : nullptr, nullptr};
+    CPLStringList options;
+    for (const QString& option : expected.traits.readOptions)
+        options.AddString(option.toLatin1().constData());
     const GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options));
+        GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options.List()));
     if (!dataset) {
         result.fail(QStringLiteral("it cannot be opened: %1").arg(QuietGdal::lastMessage()));
         return result;

@@ -156,6 +156,13 @@ void DamagesTest::texts_data()
          {"geojson system", "geojson", "\"features\"",
           "\"crs\": { \"type\": \"name\", \"properties\": { \"name\": \"urn:ogc:def:crs:EPSG::28350\" } "
           "},\n\"features\""},
+         {"gml position", "gml", "<gml:pos>-22.25 117.25 20.5<", "<gml:pos>-22.25 117.2500001 20.5<"},
+         {"gml height", "gml", "<gml:pos>-22.25 117.25 20.5<", "<gml:pos>-22.25 117.25 20.6<"},
+         {"gml value", "gml", "8.3<", "8.30001<"},
+         {"gml text", "gml", "gneiss", "Gneiss"},
+         {"gml null", "gml", "<ogr:rock>chert", "<ogr:grade>0</ogr:grade><ogr:rock>chert"},
+         {"fgb text", "fgb", "gneiss", "Gneiss"},
+         {"fgb field", "fgb", "grade", "Grade"},
          {"opentec position", "opentec", "5.00 0.00 7.00", "5.00 0.00 7.02"},
          {"opentec age", "opentec", "section_age 0.00", "section_age 1.00"}});
 }

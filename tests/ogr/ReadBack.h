@@ -11,6 +11,8 @@ inline GDALDatasetUniquePtr openVector(const QString& path, unsigned mode = GDAL
 {
     if (GDALGetDriverCount() == 0)
         GDALAllRegister();
+    // A number that the driver gives each feature is none of its fields.
+    CPLSetConfigOption("GML_EXPOSE_GML_ID", "NO");
     return GDALDatasetUniquePtr(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | mode));
 }
 

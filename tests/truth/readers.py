@@ -3,6 +3,7 @@
 import csv
 import math
 import re
+import sqlite3
 import struct
 import xml.etree.ElementTree as xml
 import zipfile
@@ -78,6 +79,24 @@ def vector(path):
             if feature.GetGeometryRef() is not None:
                 _walk(feature.GetGeometryRef(), facts.positions)
             facts.add_row(names, [_value(feature, i, field.GetType()) for i, field in enumerate(fields)])
+    return facts
+
+
+def database(path):
+    """Of SQLite, by SQLite itself and a reader of WKB."""
+    facts = Facts()
+    with sqlite3.connect(path) as connection:
+        tables = connection.execute("SELECT f_table_name, f_geometry_column, srtext FROM geometry_columns "
+                                    "LEFT JOIN spatial_ref_sys USING (srid)").fetchall()
+        for table_name, column, definition in tables:
+            rows = connection.execute('SELECT * FROM "%s"' % table_name)
+            names = [entry[0] for entry in rows.description]
+            others = [i for i, name in enumerate(names) if name not in ("ogc_fid", column)]
+            for row in rows:
+                _walk(ogr.CreateGeometryFromWkb(row[names.index(column)]), facts.positions)
+                facts.add_row([names[i] for i in others], [row[i] for i in others])
+            if definition:
+                facts.system = system_of(osr.SpatialReference(definition))
     return facts
 
 

@@ -49,6 +49,9 @@ OUTPUTS = {
     "obj": ("obj", readers.obj),
     "ply": ("ply", readers.ply),
     "stl": ("stl", readers.stl),
+    "fgb": ("fgb", readers.vector),
+    "gml": ("gml", readers.vector),
+    "sqlite": ("sqlite", readers.database),
     "opentec": ("otl", None),
 }
 FORMATS = list(OUTPUTS)
@@ -158,7 +161,7 @@ def differences(source, written, key, renamed):
     extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
-    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "ply", "vtp"):
+    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "fgb", "gml", "sqlite", "ply", "vtp"):
         columns = {name.lower(): values for name, values in written.values.items()}
         for name, values in source.values.items():
             if not name or all(canonical(value) is None for value in values):
@@ -170,7 +173,7 @@ def differences(source, written, key, renamed):
                 found.setdefault("attribute", name)
             elif len(column) == len(values) and not same_values(values, column, {"half": 6e-4, "null": True}):
                 found.setdefault("value", name)
-    if key in ("shp", "tab", "gpkg", "geojson", "geotiff", "cog", "arcgrid") and source.system is not None:
+    if key in ("shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite", "geotiff", "cog", "arcgrid") and source.system is not None:
         if written.system is None:
             found["system"] = "none was read"
     return found

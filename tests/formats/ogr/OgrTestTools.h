@@ -47,7 +47,7 @@ inline std::vector<Positions> runsIn(const QString& path)
 inline void ogrFormatRows()
 {
     QTest::addColumn<QString>("format");
-    for (const char* format : {"shp", "tab", "gpkg", "geojson"})
+    for (const char* format : {"shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite"})
         QTest::newRow(format) << QString::fromLatin1(format);
 }
 

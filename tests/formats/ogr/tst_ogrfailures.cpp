@@ -91,7 +91,11 @@ void OgrFailuresTest::fullSidecars_data()
                                        {"tab", "id"},
                                        {"geojson", "geojson"},
                                        {"geojson", "qml"},
-                                       {"gpkg", "gpkg"}});
+                                       {"gpkg", "gpkg"},
+                                       {"fgb", "fgb"},
+                                       {"gml", "gml"},
+                                       {"gml", "xsd"},
+                                       {"sqlite", "sqlite"}});
 }
 
 void OgrFailuresTest::fullSidecars()

@@ -50,34 +50,37 @@ private Q_SLOTS:
     void degenerate();
     void geoPackageWithoutSystem();
     void geoPackageNames();
+    void gmlTexts();
 };
 
 void OgrLimitsTest::names_data()
 {
-    textRows({"wanted", "made", "ascii"}, {{"short", "short", ""},
-                                           {"porosity_mean|porosity_m", "porosity_1|porosity_m", ""},
-                                           {"a b-c|A b c", "a_b_c|A_b_c_1", ""},
-                                           {"Grad|grad|GRAD", "Grad|grad_1|GRAD_2", ""},
-                                           {"grad|grad_1|grad", "grad|grad_1|grad_2", ""},
-                                           {"地層の名前", "地層の", ""},
-                                           {"пористость|пористость2", "порис|пори_1", ""},
-                                           {"", "field", ""},
-                                           {"fid", "fid_1", ""},
-                                           {"Größe|Grösse", "Grosse|Grosse_1", "ascii"},
-                                           {"Глубина|Щебень", "Glubina|Shcheben", "ascii"},
-                                           {"Βάθος", "Bathos", "ascii"},
-                                           {"深度", "__", "ascii"}});
+    textRows({"wanted", "made", "script"}, {{"short", "short", ""},
+                                            {"porosity_mean|porosity_m", "porosity_1|porosity_m", ""},
+                                            {"a b-c|A b c", "a_b_c|A_b_c_1", ""},
+                                            {"Grad|grad|GRAD", "Grad|grad_1|GRAD_2", ""},
+                                            {"grad|grad_1|grad", "grad|grad_1|grad_2", ""},
+                                            {"地層の名前", "地層の", ""},
+                                            {"пористость|пористость2", "порис|пори_1", ""},
+                                            {"", "field", ""},
+                                            {"fid", "fid_1", ""},
+                                            {"Größe|Grösse", "Grosse|Grosse_1", "ascii"},
+                                            {"Глубина|Щебень", "Glubina|Shcheben", "ascii"},
+                                            {"Βάθος", "Bathos", "ascii"},
+                                            {"深度", "__", "ascii"},
+                                            {"1st|a b|Глуб|µ|深", "_1st|a_b|Глуб|_|深", "xml"}});
 }
 
 void OgrLimitsTest::names()
 {
     QFETCH(QString, wanted);
     QFETCH(QString, made);
-    QFETCH(QString, ascii);
+    QFETCH(QString, script);
     FieldNameRules rules;
     rules.mostBytes = 10;
     rules.plain = true;
-    rules.ascii = !ascii.isEmpty();
+    rules.ascii = script == QLatin1String("ascii");
+    rules.xml = script == QLatin1String("xml");
     rules.reserved = QStringList{QStringLiteral("FID")};
     QCOMPARE(fieldNames(wanted.split(QLatin1Char('|')), rules).join(QLatin1Char('|')), made);
 }
@@ -143,7 +146,19 @@ void OgrLimitsTest::limits_data()
               {"geojson", "geojson",
                "1e-05|-2147483648|null|100|1|3333333.5\n1e+15|5|a|100|0|3333333.33333333\n"
                "null|null|Zürich 東|100|null|3333333.25\n1e+33|7||100|1|null",
-               "number that is not finite written as missing: 1"}});
+               "number that is not finite written as missing: 1"},
+              {"fgb", "fgb",
+               "1e-05|-2147483648|null|100|1|3333333.5\n1e+15|5|a|100|0|3333333.33333333\n"
+               "null|null|Zürich 東|100|null|3333333.25\n1e+33|7||100|1|null",
+               "number that is not finite written as missing: 1"},
+              {"sqlite", "sqlite",
+               "1e-05|-2147483648|null|100|1|3333333.5\n1e+15|5|a|100|0|3333333.33333333\n"
+               "null|null|Zürich 東|100|null|3333333.25\n1e+33|7||100|1|null",
+               "number that is not finite written as missing: 1"},
+              {"gml", "gml",
+               "1e-05|-2147483648|null|100|1|3333333.5\n1e+15|5|a|100|0|3333333.33333333\n"
+               "null|null|Zürich 東|100|null|3333333.25\n1e+33|7|null|100|1|null",
+               "number that is not finite written as missing: 1, empty text, read back as missing: 1"}});
 }
 
 void OgrLimitsTest::limits()
@@ -270,7 +285,10 @@ void OgrLimitsTest::moments_data()
              {{"shp", "shp", "Date String String String", ""},
               {"tab", "tab", "Date Time String String", "dates written as texts: 2"},
               {"gpkg", "gpkg", "Date String DateTime String", "dates written as texts: 1"},
-              {"geojson", "geojson", "Date Time DateTime DateTime", ""}});
+              {"geojson", "geojson", "Date Time DateTime DateTime", ""},
+              {"fgb", "fgb", "String String DateTime String", "dates written as texts: 1"},
+              {"gml", "gml", "Date Time DateTime String", "dates written as texts: 1"},
+              {"sqlite", "sqlite", "Date Time DateTime String", "dates written as texts: 1"}});
 }
 
 void OgrLimitsTest::moments()
@@ -460,6 +478,27 @@ void OgrLimitsTest::geoPackageNames()
         QCOMPARE(run.fault() + run.findings(), QStringLiteral("renamed: 1"));
         QCOMPARE(QByteArray(openVector(run.files.front().path)->GetLayer(0)->GetName()), QByteArray("data_") + name);
     }
+}
+
+void OgrLimitsTest::gmlTexts()
+{
+    // What XML has no place for is told; blanks at the end, marks and line feeds stay.
+    const ModelObject object =
+        cloudOf(QStringLiteral("o"), {1, 2, 3, 4},
+                {textsOf("t", {QStringLiteral("a\x01") + QStringLiteral("b\r\nc"), QStringLiteral("<&\"'>\t "),
+                               QStringLiteral("\x02"), QStringLiteral("plain")})});
+    SaverRun run("gml", {object}, path("1 texts.gml"), "objectName=false;color=false");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(fieldTexts(run.files.front().path, "t"),
+             (QStringList{QStringLiteral("ab\nc"), QStringLiteral("<&\"'>\t "), QString(), QStringLiteral("plain")}));
+    QCOMPARE(run.findings(), QStringLiteral("renamed: 1, text without the characters that XML does not have: 2"));
+    QVERIFY(!run.damaged("ab\nc", "ac\nb").fault().isEmpty());
+    QProcess lint;
+    lint.start(QStringLiteral("xmllint"), {QStringLiteral("--noout"), run.files.front().path});
+    if (lint.waitForFinished())
+        QCOMPARE(lint.readAllStandardError(), QByteArray());
+    const SaverRun named("gml", {object}, path("a&b.gml"));
+    QVERIFY2(named.error().contains(QStringLiteral("cannot have &")), qPrintable(named.error()));
 }
 
 QTEST_GUILESS_MAIN(OgrLimitsTest)

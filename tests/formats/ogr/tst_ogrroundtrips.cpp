@@ -136,7 +136,7 @@ void OgrRoundTripsTest::roundTrip_data()
           "structural/duplex.csv", "structural/intrusion.csv", "structural/map_fault_orientations.csv",
           "reek/faultpoly.gpkg", "reek/poi_attr.csv", "babbitt/traces.gpkg", "babbitt/collars.gpkg"})
         sets.append(QStringLiteral(KP_SOURCE_DIR "/../shared/data/") + QString::fromLatin1(name));
-    for (const char* format : {"shp", "tab", "gpkg", "geojson"}) {
+    for (const char* format : {"shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite"}) {
         for (const QString& data : qAsConst(sets))
             QTest::addRow("%s %s", format, qPrintable(QFileInfo(data).fileName()))
                 << QString::fromLatin1(format) << data;
@@ -170,7 +170,7 @@ void OgrRoundTripsTest::roundTrip()
         QCOMPARE(compare(layer, file.objects, points, format), QString());
         // A MapInfo table has whole numbers between the outermost positions: here are traces all over the globe.
         const double tab = data.endsWith(QLatin1String("fault_trace.shp")) ? 1e-2 : 1e-4;
-        const double tolerance = format == QLatin1String("tab") ? tab : geoJson ? 1e-8 : 0.0;
+        const double tolerance = format == QLatin1String("tab") ? tab : geoJson || format == QLatin1String("gml") ? 1e-8 : 0.0;
         const double worst = run.readBack[index].worst().difference;
         QVERIFY2(worst <= tolerance, qPrintable(QString::number(worst)));
         const OGRSpatialReference* read = layer.GetSpatialRef();

@@ -70,7 +70,7 @@ void OgrVerificationTest::damages_data()
     QTest::addColumn<QString>("what");
     QTest::addColumn<QString>("fault");
     const auto row = [](const QString& what, const char* fault) {
-        for (const char* format : {"gpkg", "shp", "tab"}) {
+        for (const char* format : {"gpkg", "shp", "sqlite", "tab"}) {
             // A table has no heights and no missing numbers, and its driver cannot take a field's name back.
             const bool table = QLatin1String(format) == QLatin1String("tab");
             if (table && (what == QLatin1String("height") || what == QLatin1String("name of a field")))
