@@ -22,6 +22,7 @@
 #include "formats/raster/ArcGridFormat.h"
 #include "formats/raster/CogFormat.h"
 #include "formats/raster/GeoTiffFormat.h"
+#include "formats/raster/NetcdfFormat.h"
 #include "formats/raster/Surfer6AsciiFormat.h"
 #include "formats/raster/Surfer6Format.h"
 #include "formats/raster/Surfer7Format.h"
@@ -55,6 +56,7 @@ Formats makeFormats()
     formats.push_back(std::make_unique<Surfer7Format>());
     formats.push_back(std::make_unique<Surfer6Format>());
     formats.push_back(std::make_unique<Surfer6AsciiFormat>());
+    formats.push_back(std::make_unique<NetcdfFormat>());
     formats.push_back(std::make_unique<VtpFormat>());
     formats.push_back(std::make_unique<VtuFormat>());
     formats.push_back(std::make_unique<VtiFormat>());

@@ -40,6 +40,7 @@ OUTPUTS = {
     "surfer7": ("grd", readers.surfer),
     "surfer6": ("grd", readers.surfer),
     "surfer6ascii": ("grd", readers.surfer),
+    "netcdf": ("nc", readers.raster),
     "vtp": ("vtp", readers.vtk_surface),
     "vtu": ("vtu", readers.vtk_cells),
     "vti": ("vti", readers.vtk_image),
@@ -173,7 +174,7 @@ def differences(source, written, key, renamed):
                 found.setdefault("attribute", name)
             elif len(column) == len(values) and not same_values(values, column, {"half": 6e-4, "null": True}):
                 found.setdefault("value", name)
-    if key in ("shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite", "geotiff", "cog", "arcgrid") and source.system is not None:
+    if key in ("shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite", "geotiff", "cog", "arcgrid", "netcdf") and source.system is not None:
         if written.system is None:
             found["system"] = "none was read"
     return found

@@ -70,6 +70,18 @@ QByteArray bytesOf(Number number)
     return (Bytes() << number).all();
 }
 
+/// As netCDF has a number.
+QByteArray turned(double number)
+{
+    return bytesOf(qToBigEndian(number));
+}
+
+template <std::size_t size>
+QByteArray bytesFrom(const char (&text)[size])
+{
+    return QByteArray(text, static_cast<int>(size) - 1);
+}
+
 constexpr float blank = 1.70141e38f;
 
 /// What a program prints; empty when it, or what it needs, is not here.
@@ -95,6 +107,7 @@ private Q_SLOTS:
     void tags_data();
     void tags();
     void cloudOptimized();
+    void netcdf();
     void rotation();
     void refused_data();
     void refused();
@@ -212,6 +225,42 @@ void RasterTest::cloudOptimized()
     QVERIFY2(said.contains(QStringLiteral("is a valid cloud optimized GeoTIFF")), qPrintable(said));
 }
 
+void RasterTest::netcdf()
+{
+    ModelObject grid = surface();
+    grid.vertexAttributes.resize(1);
+    grid.vertexAttributes[0].name = QString::fromUtf8("Größe 1");
+    grid.vertexAttributes[0].unit = QStringLiteral("%");
+    grid.vertexAttributes[0].numbers = numbersOf({0.5, 1.5, 2.5, 3.5, 4.5, 1e300});
+    grid.crs.clear();
+    grid.lengthUnit = QStringLiteral("ftUS");
+    const SaverRun run("netcdf", {grid}, path("a.nc"), "precision=double;zIsElevation=false");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(), QStringLiteral("renamed: 1"));
+    const QString dumped = printedBy(QStringLiteral("ncdump"), {run.files[0].path});
+    if (!dumped.isEmpty())
+        QCOMPARE(
+            dumped.simplified(),
+            QString::fromUtf8(
+                "netcdf a { dimensions: y = 2 ; x = 3 ; variables: double y(y) ; y:units = \"US_survey_foot\" ; "
+                "y:axis = \"Y\" ; double x(x) ; x:units = \"US_survey_foot\" ; x:axis = \"X\" ; double depth(y, "
+                "x) ; depth:long_name = \"depth\" ; depth:units = \"US_survey_foot\" ; depth:positive = \"down\" "
+                "; depth:_FillValue = -99999. ; double Gro_e_1(y, x) ; Gro_e_1:long_name = \"Größe 1\" ; "
+                "Gro_e_1:units = \"%\" ; Gro_e_1:_FillValue = -99999. ; // global attributes: :Conventions = "
+                "\"CF-1.8\" ; :title = \"Top\" ; data: y = 7502000, 7502010 ; x = 501000, 501010, 501020 ; depth = "
+                "-11.5, -12.1, -13.5, _, -15.5, -16.5 ; Gro_e_1 = 0.5, _, 2.5, 3.5, 4.5, 1e+300 ; }"));
+    // Systems in the words of CF, or as WKT alone.
+    for (const char* system : {"EPSG:28350", "EPSG:4326", "EPSG:2154", "EPSG:2263"}) {
+        ModelObject placed = qstrcmp(system, "EPSG:4326") == 0
+                                 ? gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4}, 10, 20, 0.5)
+                                 : gridOf(QStringLiteral("G"), 2, {1, 2, 3, 4}, 700000, 6600000, 10);
+        placed.crs = wktOf(QString::fromLatin1(system));
+        const SaverRun one("netcdf", {placed}, path("s.nc"));
+        QCOMPARE(one.fault(), QString());
+        QVERIFY(one.readBack[0].comparedText().contains(QStringLiteral("coordinate system")));
+    }
+}
+
 void RasterTest::rotation()
 {
     for (const double degrees : {30.0, -75.0, 180.0, 200.5}) {
@@ -227,6 +276,8 @@ void RasterTest::refused_data()
     textRows({"format", "grid", "message"},
              {{"surfer7", "rotated", "is rotated by 30 degrees, and a Surfer 7 grid cannot be"},
               {"arcgrid", "rotated", "is rotated by 30 degrees"},
+              {"netcdf", "rotated", "is rotated by 30 degrees"},
+              {"netcdf", "one row", "has a single row or column"},
               {"arcgrid", "oblong", "has cells of 20 x 10, and those of a Arc ASCII grid are square"},
               {"surfer6", "one row", "has a single row or column"},
               {"surfer6ascii", "one row", "has a single row or column"},
@@ -298,7 +349,7 @@ void RasterTest::realData_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("file");
-    for (const char* format : {"geotiff", "cog", "arcgrid", "surfer7", "surfer6", "surfer6ascii"}) {
+    for (const char* format : {"geotiff", "cog", "arcgrid", "surfer7", "surfer6", "surfer6ascii", "netcdf"}) {
         QTest::newRow(format) << QString::fromLatin1(format) << sample("dtm_rp.tif");
         if (!shared("data/reek/topreek.tif").isEmpty())
             QTest::addRow("%s reek", format) << QString::fromLatin1(format) << shared("data/reek/topreek.tif");
@@ -345,6 +396,11 @@ void RasterTest::damages_data()
     row("geotiff area", "geotiff", bytesOf(qint16(1025)) + bytesOf(qint16(0)) + bytesOf(qint16(1)) + bytesOf(qint16(2)),
         bytesOf(qint16(1025)) + bytesOf(qint16(0)) + bytesOf(qint16(1)) + bytesOf(qint16(1)));
     row("geotiff band", "geotiff", ">elevation<", ">elevatiom<");
+    row("netcdf value", "netcdf", turned(15.5), turned(15.500001));
+    row("netcdf null", "netcdf", turned(-99999.0) + turned(15.5), turned(0.0) + turned(15.5));
+    row("netcdf place", "netcdf", turned(501010.0), turned(501010.001));
+    row("netcdf unit", "netcdf", bytesFrom("units\0\0\0\0\0\0\2\0\0\0\1m\0\0\0\0\0\0\x8positive"),
+        bytesFrom("units\0\0\0\0\0\0\2\0\0\0\1k\0\0\0\0\0\0\x8positive"));
     row("surfer7 value", "surfer7", bytesOf(15.5), bytesOf(15.500001));
     row("surfer7 null", "surfer7", "DATA" + bytesOf(qint32(48)) + bytesOf(11.5),
         "DATA" + bytesOf(qint32(48)) + bytesOf(double(blank)));
@@ -388,7 +444,7 @@ void RasterTest::devicesAndSidecars()
 
 void RasterTest::cancelled_data()
 {
-    textRows({"format"}, {{"geotiff"}, {"cog"}, {"arcgrid"}, {"surfer7"}, {"surfer6"}, {"surfer6ascii"}});
+    textRows({"format"}, {{"geotiff"}, {"cog"}, {"arcgrid"}, {"surfer7"}, {"surfer6"}, {"surfer6ascii"}, {"netcdf"}});
 }
 
 void RasterTest::cancelled()
