@@ -14,6 +14,7 @@
 #include "formats/ogr/GeoJsonFormat.h"
 #include "formats/ogr/GmlFormat.h"
 #include "formats/ogr/GpkgFormat.h"
+#include "formats/ogr/PgDumpFormat.h"
 #include "formats/ogr/ShpFormat.h"
 #include "formats/ogr/SqliteFormat.h"
 #include "formats/ogr/TabFormat.h"
@@ -69,6 +70,7 @@ Formats makeFormats()
     formats.push_back(std::make_unique<FgbFormat>());
     formats.push_back(std::make_unique<GmlFormat>());
     formats.push_back(std::make_unique<SqliteFormat>());
+    formats.push_back(std::make_unique<PgDumpFormat>());
     return formats;
 }
 

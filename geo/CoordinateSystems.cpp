@@ -101,4 +101,14 @@ QString crsUnit(const QString& wkt)
     return reference.GetLinearUnits(&name) == 1.0 ? QStringLiteral("m") : QString::fromUtf8(name);
 }
 
+int epsgCodeOf(const QString& wkt)
+{
+    const QuietGdal quiet;
+    OGRSpatialReference reference;
+    if (wkt.isEmpty() || reference.SetFromUserInput(wkt.toUtf8().constData()) != OGRERR_NONE)
+        return 0;
+    const char* const authority = reference.GetAuthorityName(nullptr);
+    return authority && EQUAL(authority, "EPSG") ? QByteArray(reference.GetAuthorityCode(nullptr)).toInt() : 0;
+}
+
 } // namespace kpFormats

@@ -24,6 +24,8 @@ struct SystemUnits
 KPFORMATS_EXPORT SystemUnits unitsOf(const QString& wkt);
 /// A short name such as "GDA94 / MGA zone 50 (EPSG:28350)"; empty for empty WKT.
 KPFORMATS_EXPORT QString crsName(const QString& wkt);
+/// The EPSG number of a system given as WKT; 0 when it has none.
+KPFORMATS_EXPORT int epsgCodeOf(const QString& wkt);
 /// The unit of positions in a system given as WKT, "degrees", "m" or its name there; empty when there is none.
 KPFORMATS_EXPORT QString crsUnit(const QString& wkt);
 

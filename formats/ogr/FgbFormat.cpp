@@ -23,11 +23,6 @@ QStringList FgbFormat::extensions() const
     return {QStringLiteral("fgb")};
 }
 
-QStringList FgbFormat::sidecars() const
-{
-    return {QStringLiteral("qml")};
-}
-
 OgrTraits FgbFormat::traits() const
 {
     OgrTraits traits;

@@ -18,7 +18,6 @@ public:
     SettingsTable settings() const override;
     OgrTraits traits() const override;
     QStringList extensions() const override;
-    QStringList sidecars() const override;
     void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
 };

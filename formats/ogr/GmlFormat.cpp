@@ -30,7 +30,7 @@ QStringList GmlFormat::extensions() const
 QStringList GmlFormat::sidecars() const
 {
     // The driver's notes on an earlier file would be taken for those on the new one.
-    return {QStringLiteral("xsd"), QStringLiteral("gfs"), QStringLiteral("qml")};
+    return {QStringLiteral("xsd"), QStringLiteral("gfs")};
 }
 
 OgrTraits GmlFormat::traits() const
@@ -48,7 +48,7 @@ OgrTraits GmlFormat::traits() const
     traits.readOptions = QStringList{QStringLiteral("EXPOSE_GML_ID=NO"), QStringLiteral("WRITE_GFS=NO")};
     traits.firstId = 0;
     traits.emptyTexts = false;
-    traits.xml = true;
+    traits.texts = OgrTraits::Texts::Xml;
     traits.digits = 15;
     traits.positionDigits = 15;
     return traits;

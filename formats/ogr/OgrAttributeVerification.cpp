@@ -38,11 +38,13 @@ QString withoutPadding(const QString& text)
     return text.mid(first, end - first);
 }
 
-/// XML has no control characters but these, and the report tells of the others.
-QString withoutBeyondXml(QString text, const OgrTraits& traits)
+/// A format has no place for some control characters, and the report tells of them.
+QString withoutLeftOut(QString text, const OgrTraits& traits)
 {
     static const QRegularExpression control(QStringLiteral("[\\x{0}-\\x{8}\\x{b}-\\x{1f}\\x{fffe}\\x{ffff}]"));
-    return traits.xml ? text.remove(control) : text;
+    if (traits.texts == OgrTraits::Texts::Copy)
+        return text.remove(QLatin1Char('\r'));
+    return traits.texts == OgrTraits::Texts::Xml ? text.remove(control) : text;
 }
 
 /// Of a field of texts, dates or times.
@@ -183,7 +185,7 @@ void OgrAttributeVerification::compareText(const OgrColumn& column, const QStrin
     // The reader of GML leaves out blanks before a text, which are there.
     const auto first = [this](const QString& text) {
         int blanks = 0;
-        while (m_traits.xml && blanks < text.size() && text[blanks].isSpace())
+        while (m_traits.texts == OgrTraits::Texts::Xml && blanks < text.size() && text[blanks].isSpace())
             ++blanks;
         return text.mid(blanks);
     };
@@ -211,8 +213,8 @@ void OgrAttributeVerification::compareValue(std::size_t index, const OGRFeature&
                                               : read.GetFieldAsDouble(field) == 0.0;
         return m_result.compareMissing(asMissing, readText(), place);
     }
-    const QString text = isText ? withoutBeyondXml(textOf(value), m_traits) : QString();
-    const bool empty = isText && (m_traits.xml ? text.trimmed() : text).isEmpty();
+    const QString text = isText ? withoutLeftOut(textOf(value), m_traits) : QString();
+    const bool empty = isText && (m_traits.texts == OgrTraits::Texts::Xml ? text.trimmed() : text).isEmpty();
     if (!there && !(empty && !m_traits.emptyTexts))
         return m_result.fail(QStringLiteral("%1: nothing was read instead of %2").arg(where(), textOf(value)));
     m_sources[index].anyValue = true;

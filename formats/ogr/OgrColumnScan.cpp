@@ -99,8 +99,9 @@ void OgrColumnScan::lookAtText(const QString& text, qint64 features)
     if (m_column.meaning != TextMeaning::Plain && m_notMoment.isEmpty()
         && !holdsMoment(text, m_column.meaning, m_traits))
         m_notMoment = text;
-    if (m_traits.xml && std::any_of(text.begin(), text.end(), isBeyondXml))
-        m_beyondXml += features;
+    const auto leftOut = [this](QChar each) { return isLeftOut(each, m_traits.texts); };
+    if (m_traits.texts != OgrTraits::Texts::Any && std::any_of(text.begin(), text.end(), leftOut))
+        m_leftOut += features;
     const int bytes = utf8Size(text);
     m_longest = std::max(m_longest, bytes);
     if (m_traits.mostTextBytes > 0 && bytes > m_traits.mostTextBytes) {
@@ -211,7 +212,7 @@ void OgrColumnScan::size(OgrColumn& column, int decimals) const
     if (column.kind == AttributeKind::Text) {
         if (m_traits.sizedTexts)
             column.width = m_traits.mostTextBytes > 0 ? std::min(m_longest, m_traits.mostTextBytes) : m_longest;
-        column.xml = m_beyondXml > 0;
+        column.leaveOut = m_leftOut > 0 ? m_traits.texts : OgrTraits::Texts::Any;
         column.cutTo = m_long > 0 ? m_traits.mostTextBytes : 0;
         return;
     }
@@ -245,7 +246,7 @@ void OgrColumnScan::report(const OgrColumn& column, Findings& findings) const
     findings.note(
         ogrFinding::textCut, QString(), m_long,
         QStringLiteral("in %1 after %2 bytes: \"%3...\"").arg(name).arg(m_traits.mostTextBytes).arg(m_longExample));
-    findings.note(ogrFinding::characterBeyondXml, QString(), m_beyondXml, QStringLiteral("in %1").arg(name));
+    findings.note(ogrFinding::characterLeftOut, QString(), m_leftOut, QStringLiteral("in %1").arg(name));
     if (!m_traits.nulls) {
         findings.note(column.kind == AttributeKind::Text ? ogrFinding::missingTextAsEmpty
                                                          : ogrFinding::missingNumberWrittenAs0,

@@ -54,7 +54,7 @@ private:
     qint64 m_notFinite = 0;
     qint64 m_empty = 0;
     qint64 m_long = 0;
-    qint64 m_beyondXml = 0;
+    qint64 m_leftOut = 0;
     qint64 m_wide = 0;
     QString m_notMoment; ///< the first text that a field of dates does not hold
     QString m_longExample;

@@ -78,7 +78,8 @@ void OgrFeatures::startObject()
             const bool sameKind = source.values && source.values->kind == column.kind;
             source.asItIs = sameKind
                             && (column.kind == AttributeKind::Integer
-                                || (column.kind == AttributeKind::Text && column.cutTo == 0 && !column.xml));
+                                || (column.kind == AttributeKind::Text && column.cutTo == 0
+                                    && column.leaveOut == OgrTraits::Texts::Any));
         }
     }
 }

@@ -32,8 +32,9 @@ using kpBaseExport::OGRExporterOptions;
 using kpBaseExport::OGRLayerInfo;
 using kpBaseExport::OGRRefusal;
 
-/// The name of one of the layers of a file, which is the file's where the format leaves it free.
-QString layerName(const QString& path, const OgrLayer& layer, bool single, const OgrTraits& able, Findings& findings)
+/// The name of one of the layers of a file beside those that are \a taken, which is the file's where the format leaves it free.
+QString layerName(const QString& path, const OgrLayer& layer, const QStringList& taken, bool single,
+                  const OgrTraits& able, Findings& findings)
 {
     const QString wanted = QFileInfo(single ? path : OGRExporter::layerFileName(path, layer.type())).completeBaseName();
     const bool reserved = std::any_of(able.reserved.begin(), able.reserved.end(), [&wanted](const QString& beginning) {
@@ -41,7 +42,7 @@ QString layerName(const QString& path, const OgrLayer& layer, bool single, const
     });
     FieldNameRules rules = able.names;
     rules.reserved.clear();
-    const QString fitting = able.layersAsFields ? fieldNames({wanted}, rules).front() : wanted;
+    const QString fitting = able.layersAsFields ? fieldNames(taken + QStringList{wanted}, rules).last() : wanted;
     const QString name = reserved ? QStringLiteral("data_") + wanted : fitting;
     if (name == wanted)
         return name;
@@ -181,7 +182,7 @@ OgrOutput OgrFile::newOutput(Findings& findings) const
     if (!able.heights)
         noteDroppedHeights(layers, m_settings.attributes && m_settings.zField, findings);
     for (const OgrLayer& layer : layers) {
-        output.names.append(layerName(file().path, layer, layers.size() == 1, able, findings));
+        output.names.append(layerName(file().path, layer, output.names, layers.size() == 1, able, findings));
         output.tables.emplace_back();
         output.tables.back().columns = ogrColumns(layer, selection(), m_settings, able, findings);
     }
@@ -218,6 +219,11 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
         layers.append(info);
     }
     LayersProgress share = layersProgress(progress, m_output.layers);
+    std::vector<std::unique_ptr<GdalOption>> configuration;
+    for (const QString& option : able.configuration)
+        configuration.push_back(
+            std::make_unique<GdalOption>(option.section(QLatin1Char('='), 0, 0).toLatin1().constData(),
+                                         option.section(QLatin1Char('='), 1).toLatin1().constData()));
     const CheckedWrites checked(path);
     OGRExporter exporter(CheckedWrites::pathFor(path), able.driver, &share);
     exporter.options(options);
@@ -247,7 +253,8 @@ std::optional<Verification> OgrFile::verify(const QString& path) const
 {
     registerGdalDrivers();
     return verifyOgrFile(
-        path, {m_output.layers, m_output.tables, m_output.systems, m_output.written, m_format.traits(), m_settings});
+        path, m_format,
+        {m_output.layers, m_output.tables, m_output.systems, m_output.written, m_format.traits(), m_settings});
 }
 
 } // namespace kpFormats

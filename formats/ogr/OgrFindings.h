@@ -48,9 +48,9 @@ inline constexpr FindingKind momentAsText("dates written as texts",
                                           "an attribute of dates or times was written as texts",
                                           "%1 attributes of dates or times were written as texts");
 inline constexpr FindingKind textCut("text cut", "a text was cut", "%1 texts were cut");
-inline constexpr FindingKind characterBeyondXml("text without the characters that XML does not have",
-                                                "a text was written without characters that XML does not have",
-                                                "%1 texts were written without characters that XML does not have");
+inline constexpr FindingKind characterLeftOut("text without the characters that the format does not have",
+                                              "a text was written without characters that the format does not have",
+                                              "%1 texts were written without characters that the format does not have");
 inline constexpr FindingKind textsOfSeveralScripts("texts of several scripts", "the texts are of several scripts",
                                                    "the texts of %1 files are of several scripts");
 inline constexpr FindingKind emptyText("empty text, read back as missing",

@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cpl_string.h>
 #include <ogr_spatialref.h>
 #include <ogrsf_frmts.h>
 
@@ -89,7 +90,7 @@ std::vector<PlannedFile> OgrFormat::files(const ExportSelection& selection, cons
         for (PlannedFile file : groups) {
             // Names that the user gives stay, or are refused.
             const QFileInfo info(file.path);
-            if (traits().xml && settings.grouping != FileGrouping::Single)
+            if (traits().texts == OgrTraits::Texts::Xml && settings.grouping != FileGrouping::Single)
                 file.path = names.take(info.path() + QLatin1Char('/')
                                        + info.completeBaseName().replace(QLatin1Char('&'), QLatin1Char('_')))
                             + QLatin1Char('.') + info.suffix();
@@ -154,11 +155,19 @@ void OgrFormat::check(const OgrOutput& output, Findings& findings) const
     openAndCount(output, findings);
 }
 
+GDALDatasetUniquePtr OgrFormat::open(const QString& path) const
+{
+    CPLStringList options;
+    for (const QString& option : traits().readOptions)
+        options.AddString(option.toLatin1().constData());
+    return GDALDatasetUniquePtr(
+        GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options.List()));
+}
+
 void OgrFormat::openAndCount(const OgrOutput& output, Findings& findings) const
 {
     const QuietGdal quiet;
-    const GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(output.path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    const GDALDatasetUniquePtr dataset = open(output.path);
     if (!dataset || dataset->GetLayerCount() < static_cast<int>(output.layers.size()))
         failIncomplete(output.file.path, QStringLiteral("it cannot be opened again; %1").arg(QuietGdal::lastMessage()));
     for (int index = 0; index < static_cast<int>(output.layers.size()); ++index) {

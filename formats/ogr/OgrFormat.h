@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 
+#include <gdal_priv.h>
+
 namespace kpFormats
 {
 
@@ -43,6 +45,8 @@ public:
                       const kpBase::AbstractProgress* progress) const;
     /// WKT written where the objects have no system.
     virtual QString noSystem() const { return {}; }
+    /// What was written, for reading it again; null and a message of GDAL's when it is none.
+    virtual GDALDatasetUniquePtr open(const QString& path) const;
     /// Whether all that was written is there: GDAL closes files without a word when the disk is full.
     /// \throws ExportError
     virtual void check(const OgrOutput& output, Findings& findings) const;

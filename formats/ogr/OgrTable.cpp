@@ -211,11 +211,13 @@ QString withDirection(const QString& type, const QVariant& dip)
     return degrees == 90.0 ? QStringLiteral("Vertical ") + type : type;
 }
 
-bool isBeyondXml(QChar character)
+bool isLeftOut(QChar character, OgrTraits::Texts texts)
 {
-    // A line end is read as a line feed, whatever it was.
     const ushort code = character.unicode();
-    return (code < 0x20 && code != '\t' && code != '\n') || code >= 0xfffe;
+    if (texts == OgrTraits::Texts::Copy)
+        return code == '\r';
+    // A line end is read as a line feed, whatever it was.
+    return texts == OgrTraits::Texts::Xml && ((code < 0x20 && code != '\t' && code != '\n') || code >= 0xfffe);
 }
 
 QVariant writtenValue(const OgrColumn& column, const QVariant& value)
@@ -228,12 +230,16 @@ QVariant writtenValue(const OgrColumn& column, const QVariant& value)
             text = value.value<QColor>().name();
         else if (value.userType() == QMetaType::Double)
             text = QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-        else if (column.cutTo == 0 && !column.xml && value.userType() == QMetaType::QString)
+        else if (column.cutTo == 0 && column.leaveOut == OgrTraits::Texts::Any
+                 && value.userType() == QMetaType::QString)
             return value;
         else
             text = value.toString();
-        if (column.xml)
-            text.truncate(static_cast<int>(std::remove_if(text.begin(), text.end(), isBeyondXml) - text.begin()));
+        if (column.leaveOut != OgrTraits::Texts::Any)
+            text.truncate(
+                static_cast<int>(std::remove_if(text.begin(), text.end(),
+                                                [&column](QChar each) { return isLeftOut(each, column.leaveOut); })
+                                 - text.begin()));
         return cutToBytes(text, column.cutTo);
     }
     const double number =

@@ -37,9 +37,9 @@ struct OgrColumn
     QString field;                            ///< name in the file
     int width = 0;
     int decimals = 0;
-    bool xml = false; ///< texts go without the characters that XML does not have
-    int cutTo = 0;    ///< bytes that longer texts are cut to; 0 when none is longer
-    double most = 0;  ///< numbers beyond this are left out; 0 for no limit
+    OgrTraits::Texts leaveOut = OgrTraits::Texts::Any; ///< texts go without the characters that have no place there
+    int cutTo = 0;                                     ///< bytes that longer texts are cut to; 0 when none is longer
+    double most = 0;                                   ///< numbers beyond this are left out; 0 for no limit
 };
 
 /// The fields of a layer, made for the values that are there.
@@ -67,8 +67,8 @@ std::vector<OgrColumn> ogrColumns(const OgrLayer& layer, const ExportSelection& 
 void sizeColumns(OgrTable& table, const OgrLayer& layer, const OgrExportSettings& settings, const OgrTraits& traits,
                  Findings& findings, const kpBase::AbstractProgress* progress);
 
-/// Whether XML has no place for the character.
-bool isBeyondXml(QChar character);
+/// Whether the character has no place in such texts.
+bool isLeftOut(QChar character, OgrTraits::Texts texts);
 
 /// \a value as the column holds it; an invalid one for a missing value.
 QVariant writtenValue(const OgrColumn& column, const QVariant& value);

@@ -15,6 +15,12 @@ namespace kpFormats
 /// What the files of an OGR driver can hold.
 struct OgrTraits
 {
+    enum class Texts {
+        Any,
+        Xml, ///< no control characters, but tabs and line feeds
+        Copy ///< of COPY lines: no carriage returns
+    };
+
     QString driver;                   ///< its name, "ESRI Shapefile"
     QString fileKind;                 ///< for messages, "Shapefile"
     FieldNameRules names;             ///< of fields
@@ -26,7 +32,7 @@ struct OgrTraits
     bool sizedNumbers = false;        ///< numbers are decimal text in a field of a width
     std::vector<TextMeaning> moments; ///< dates and times that have fields of their own
     bool utc = false;                 ///< such a field can say that it is in UTC; in no other zone
-    bool xml = false;                 ///< texts are XML, which has no place for some characters
+    Texts texts = Texts::Any;         ///< which characters have a place in a text
     bool booleans = true;             ///< false: they become 0 and 1
     bool nulls = true;                ///< false: a missing number becomes 0, a missing text an empty one
     bool emptyTexts = true;           ///< an empty text can be told from a missing one
@@ -34,6 +40,7 @@ struct OgrTraits
     int digits = 0;                   ///< of real numbers that are text; 0: they are exact
     int positionDigits = 0;           ///< the same of coordinates
     int firstId = 1;                  ///< number that the driver gives the first feature
+    QStringList configuration;        ///< of GDAL while it is written, "NAME=VALUE"
     QStringList readOptions;          ///< for reading what was written and no more, "NAME=VALUE"
     bool manyLayers = false;          ///< points, lines and polygons go into one file
 };

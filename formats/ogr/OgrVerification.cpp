@@ -3,12 +3,11 @@
 
 #include "formats/ogr/GeoJsonDecimals.h"
 #include "formats/ogr/OgrAttributeVerification.h"
+#include "formats/ogr/OgrFormat.h"
 #include "formats/ogr/OgrGeometryVerification.h"
 #include "formats/ogr/OgrSystemVerification.h"
 #include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
-
-#include <cpl_string.h>
 
 #include <algorithm>
 #include <array>
@@ -98,7 +97,9 @@ Verification emptyVerification(OgrFileExpectation& file)
     const ModelObject& first = *file.layers.front().objects.front();
     const QString named = crsUnit(file.systems.target());
     const QString unit = named.isEmpty() ? first.lengthUnit : named;
-    const QString reader = QStringLiteral("GDAL driver %1").arg(file.traits.driver);
+    const QString reader = file.traits.driver == QLatin1String("PGDUMP")
+                               ? QStringLiteral("a reader of COPY lines")
+                               : QStringLiteral("GDAL driver %1").arg(file.traits.driver);
     const Allowance heights(0.0, file.systems.isOnGlobe() ? QStringLiteral("m") : first.lengthUnit);
     if (isMapInfo(file))
         return Verification(reader, {mapInfoAllowance(file), unit}, heights);
@@ -206,15 +207,11 @@ std::vector<OGRLayer*> objectLayers(GDALDataset& dataset)
 
 } // namespace
 
-Verification verifyOgrFile(const QString& path, OgrFileExpectation expected)
+Verification verifyOgrFile(const QString& path, const OgrFormat& format, OgrFileExpectation expected)
 {
     const QuietGdal quiet;
     Verification result = emptyVerification(expected);
-    CPLStringList options;
-    for (const QString& option : expected.traits.readOptions)
-        options.AddString(option.toLatin1().constData());
-    const GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options.List()));
+    const GDALDatasetUniquePtr dataset = format.open(path);
     if (!dataset) {
         result.fail(QStringLiteral("it cannot be opened: %1").arg(QuietGdal::lastMessage()));
         return result;

@@ -9,6 +9,8 @@
 namespace kpFormats
 {
 
+class OgrFormat;
+
 /// What a vector file must hold.
 struct OgrFileExpectation
 {
@@ -23,6 +25,6 @@ struct OgrFileExpectation
 /// Opens a vector file with GDAL and compares it with the model: layers, coordinate system, fields, and of each feature
 /// its parts, rings, positions and values. Positions are expected where the model's own are in the file's system.
 /// Not compared: which rings are holes in Shapefiles and MapInfo tables, where readers find that by position.
-Verification verifyOgrFile(const QString& path, OgrFileExpectation expected);
+Verification verifyOgrFile(const QString& path, const OgrFormat& format, OgrFileExpectation expected);
 
 } // namespace kpFormats

@@ -27,7 +27,7 @@ QStringList SqliteFormat::extensions() const
 
 QStringList SqliteFormat::sidecars() const
 {
-    return sqliteJournals(extensions()) + QStringList{QStringLiteral("qml")};
+    return sqliteJournals(extensions());
 }
 
 OgrTraits SqliteFormat::traits() const

@@ -100,6 +100,36 @@ def database(path):
     return facts
 
 
+def dump(path):
+    """Of a PostGIS dump, the lines of COPY as the server's documentation has them."""
+    facts = Facts()
+    with open(path, encoding="utf-8", newline="\n") as text:
+        content = text.read()
+    marks = {"n": "\n", "t": "\t", "r": "\r"}
+    unescape = lambda value: re.sub(r"\\(.)", lambda match: marks.get(match[1], match[1]), value, flags=re.S)
+    system = re.search(r"AddGeometryColumn\(.*?,(-?\d+),", content)
+    if system and int(system[1]) > 0:
+        facts.system = osr.SpatialReference()
+        facts.system.ImportFromEPSG(int(system[1]))
+    for names, rows in re.findall(r"^COPY .*? \((.*)\) FROM STDIN;\n(.*?)^\\\.$", content, re.S | re.M):
+        names = [name.replace('""', '"') for name in re.findall(r'"((?:[^"]|"")*)"', names)]
+        for row in re.split(r"(?<!\\)((?:\\\\)*)\n", rows)[:-1:2]:
+            values = re.split(r"(?<!\\)\t", row)
+            _walk(ogr.CreateGeometryFromWkb(plain_wkb(bytes.fromhex(values[0]))), facts.positions)
+            facts.add_row(names[1:], [None if value == "\\N" else unescape(value).replace("/", "-")
+                                      if re.fullmatch(r"\d{4}/\d\d/\d\d", value) else unescape(value)
+                                      for value in values[1:]])
+    return facts
+
+
+def plain_wkb(data):
+    """Without the number of the system that extended WKB may have."""
+    kind = struct.unpack_from("<I", data, 1)[0]
+    if kind & 0x20000000:
+        data = data[:1] + struct.pack("<I", kind & ~0x20000000) + data[9:]
+    return data
+
+
 def mapinfo(path):
     """Heights of points are in a field."""
     facts = vector(path)

@@ -53,6 +53,7 @@ OUTPUTS = {
     "fgb": ("fgb", readers.vector),
     "gml": ("gml", readers.vector),
     "sqlite": ("sqlite", readers.database),
+    "pgdump": ("sql", readers.dump),
     "opentec": ("otl", None),
 }
 FORMATS = list(OUTPUTS)
@@ -162,7 +163,7 @@ def differences(source, written, key, renamed):
     extra = [place for place in dict.fromkeys(written.positions) if not back.near(place)]
     if missing or extra:
         found["position"] = "%d missing, %d more, %s" % (len(missing), len(extra), (missing + extra)[0])
-    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "fgb", "gml", "sqlite", "ply", "vtp"):
+    if key in ("ascii", "shp", "tab", "gpkg", "geojson", "gocad", "kml", "fgb", "gml", "sqlite", "pgdump", "ply", "vtp"):
         columns = {name.lower(): values for name, values in written.values.items()}
         for name, values in source.values.items():
             if not name or all(canonical(value) is None for value in values):
@@ -174,7 +175,7 @@ def differences(source, written, key, renamed):
                 found.setdefault("attribute", name)
             elif len(column) == len(values) and not same_values(values, column, {"half": 6e-4, "null": True}):
                 found.setdefault("value", name)
-    if key in ("shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite", "geotiff", "cog", "arcgrid", "netcdf") and source.system is not None:
+    if key in ("shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite", "pgdump", "geotiff", "cog", "arcgrid", "netcdf") and source.system is not None:
         if written.system is None:
             found["system"] = "none was read"
     return found

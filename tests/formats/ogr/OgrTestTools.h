@@ -44,11 +44,14 @@ inline std::vector<Positions> runsIn(const QString& path)
     return runs;
 }
 
-inline void ogrFormatRows()
+/// A dump is read by nothing of GDAL's.
+inline void ogrFormatRows(bool dump = false)
 {
     QTest::addColumn<QString>("format");
     for (const char* format : {"shp", "tab", "gpkg", "geojson", "fgb", "gml", "sqlite"})
         QTest::newRow(format) << QString::fromLatin1(format);
+    if (dump)
+        QTest::newRow("pgdump") << QStringLiteral("pgdump");
 }
 
 } // namespace kpFormats

@@ -52,13 +52,13 @@ class OgrFailuresTest : public SaverTest
 
 private Q_SLOTS:
     void init() { emptyFolder(); }
-    void devices_data() { ogrFormatRows(); }
+    void devices_data() { ogrFormatRows(true); }
     void devices();
     void fullSidecars_data();
     void fullSidecars();
-    void fullDiskAtEverySize_data() { ogrFormatRows(); }
+    void fullDiskAtEverySize_data() { ogrFormatRows(true); }
     void fullDiskAtEverySize();
-    void cancelledAtEveryPercent_data() { ogrFormatRows(); }
+    void cancelledAtEveryPercent_data() { ogrFormatRows(true); }
     void cancelledAtEveryPercent();
     void staleSidecars();
     void unknownSystems();

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void geoPackageWithoutSystem();
     void geoPackageNames();
     void gmlTexts();
+    void dumpText();
 };
 
 void OgrLimitsTest::names_data()
@@ -491,7 +492,8 @@ void OgrLimitsTest::gmlTexts()
     QCOMPARE(run.fault(), QString());
     QCOMPARE(fieldTexts(run.files.front().path, "t"),
              (QStringList{QStringLiteral("ab\nc"), QStringLiteral("<&\"'>\t "), QString(), QStringLiteral("plain")}));
-    QCOMPARE(run.findings(), QStringLiteral("renamed: 1, text without the characters that XML does not have: 2"));
+    QCOMPARE(run.findings(),
+             QStringLiteral("renamed: 1, text without the characters that the format does not have: 2"));
     QVERIFY(!run.damaged("ab\nc", "ac\nb").fault().isEmpty());
     QProcess lint;
     lint.start(QStringLiteral("xmllint"), {QStringLiteral("--noout"), run.files.front().path});
@@ -499,6 +501,41 @@ void OgrLimitsTest::gmlTexts()
         QCOMPARE(lint.readAllStandardError(), QByteArray());
     const SaverRun named("gml", {object}, path("a&b.gml"));
     QVERIFY2(named.error().contains(QStringLiteral("cannot have &")), qPrintable(named.error()));
+}
+
+void OgrLimitsTest::dumpText()
+{
+    // What a server takes for the end of a field or a line has a backslash before it; a carriage return it never takes.
+    AttributeColumn day = textsOf("day", {QStringLiteral("2024-02-29"), QString()});
+    day.meaning = TextMeaning::Date;
+    day.values[1] = QVariant();
+    const ModelObject object =
+        cloudOf(QStringLiteral("o"), {1, 2},
+                {textsOf("te\"xt", {QStringLiteral("a\tb\\\r\n\\."), QStringLiteral("\\N")}), day,
+                 columnOf(QStringLiteral("yes"), AttributeKind::Boolean, {true, QVariant()}),
+                 columnOf(QStringLiteral("real"), AttributeKind::Real, {1.0 / 3.0, none})});
+    const SaverRun run("pgdump", {object}, path("d.sql"), "color=false;spatialIndex=false;crs=EPSG:28350");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(),
+             QStringLiteral("text without the characters that the format does not have: 1, number that is "
+                            "not finite written as missing: 1"));
+    QCOMPARE(
+        run.readBack[0].comparedText(),
+        QStringLiteral("2 positions, 2 values, 5 texts, 3 missing values, names of fields, coordinate system, kinds of "
+                       "fields"));
+    const QByteArray text = run.bytes();
+    QCOMPARE(
+        text.mid(text.indexOf("ALTER TABLE")),
+        QByteArray("ALTER TABLE \"public\".\"d\" ADD COLUMN \"name\" VARCHAR;\n"
+                   "ALTER TABLE \"public\".\"d\" ADD COLUMN \"te\"\"xt\" VARCHAR;\n"
+                   "ALTER TABLE \"public\".\"d\" ADD COLUMN \"day\" date;\n"
+                   "ALTER TABLE \"public\".\"d\" ADD COLUMN \"yes\" BOOLEAN;\n"
+                   "ALTER TABLE \"public\".\"d\" ADD COLUMN \"real\" FLOAT8;\n"
+                   "COPY \"public\".\"d\" (\"geom\", \"name\", \"te\"\"xt\", \"day\", \"yes\", \"real\") FROM STDIN;\n"
+                   "01010000A0BE6E0000000000000000F03F000000000000F03F000000000000F03F\to\ta\\\tb\\\\\\\n"
+                   "\\\\.\t2024/02/29\t1\t0.333333333333333\n"
+                   "01010000A0BE6E0000000000000000004000000000000000400000000000000040\to\t\\\\N\t\\N\t\\N\t\\N\n"
+                   "\\.\nEND;\nCOMMIT;\n"));
 }
 
 QTEST_GUILESS_MAIN(OgrLimitsTest)

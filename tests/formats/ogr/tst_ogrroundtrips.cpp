@@ -170,7 +170,9 @@ void OgrRoundTripsTest::roundTrip()
         QCOMPARE(compare(layer, file.objects, points, format), QString());
         // A MapInfo table has whole numbers between the outermost positions: here are traces all over the globe.
         const double tab = data.endsWith(QLatin1String("fault_trace.shp")) ? 1e-2 : 1e-4;
-        const double tolerance = format == QLatin1String("tab") ? tab : geoJson || format == QLatin1String("gml") ? 1e-8 : 0.0;
+        const double tolerance = format == QLatin1String("tab")              ? tab
+                                 : geoJson || format == QLatin1String("gml") ? 1e-8
+                                                                             : 0.0;
         const double worst = run.readBack[index].worst().difference;
         QVERIFY2(worst <= tolerance, qPrintable(QString::number(worst)));
         const OGRSpatialReference* read = layer.GetSpatialRef();

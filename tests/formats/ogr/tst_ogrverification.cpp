@@ -124,7 +124,7 @@ void OgrVerificationTest::system()
 
 void OgrVerificationTest::rightlyMissing_data()
 {
-    ogrFormatRows();
+    ogrFormatRows(true);
 }
 
 void OgrVerificationTest::rightlyMissing()
