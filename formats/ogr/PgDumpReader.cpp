@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ogr/PgDumpReader.h"
 
+#include "geo/GdalSession.h"
+
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
@@ -234,6 +236,7 @@ private:
 
 GDALDatasetUniquePtr readPgDump(const QString& path)
 {
+    registerGdalDrivers();
     GDALDriver* const memory = GetGDALDriverManager()->GetDriverByName("Memory");
     GDALDatasetUniquePtr dataset(memory ? memory->Create("", 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
     QFile file(path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/kpFormatsExport.h"
+
 #include <QString>
 
 #include <gdal_priv.h>
@@ -10,6 +12,6 @@ namespace kpFormats
 
 /// The tables of a PostGIS dump as layers in memory: what CREATE TABLE, AddGeometryColumn, ADD COLUMN and the lines of
 /// COPY say. Null, and a message of GDAL's, when it is none. For dumps as the export writes them, not for any SQL.
-GDALDatasetUniquePtr readPgDump(const QString& path);
+KPFORMATS_EXPORT GDALDatasetUniquePtr readPgDump(const QString& path);
 
 } // namespace kpFormats

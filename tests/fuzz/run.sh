@@ -8,8 +8,7 @@ cd "$(dirname "$0")/../.."
 seconds=${1:?how many seconds for each target}
 shift
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(FuzzDelimited FuzzGocad FuzzGrdecl FuzzIrap FuzzIrapPoints FuzzJob FuzzLas FuzzLayout FuzzModel FuzzObj FuzzOff
-    FuzzOpenTec FuzzPly FuzzStl FuzzTable FuzzVtk FuzzZMap)
+[ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(find build/fuzz/fuzz -maxdepth 1 -name "Fuzz*" -perm -u+x -type f -printf "%f\n" | sort)
 mkdir -p build/fuzz/findings
 export QT_QPA_PLATFORM=offscreen LSAN_OPTIONS=suppressions=tests/lsan.supp:print_suppressions=0
 for target in "${targets[@]}"; do
