@@ -26,7 +26,7 @@ using Attribute = NetcdfHeader::Attribute;
 enum Axis { Y, X };
 
 /// Names of variables that every program takes: ASCII letters, digits and "_", a letter first.
-QStringList variableNames(const std::vector<RasterGrid::Band>& bands, const QString& object, Findings& findings)
+QStringList variableNames(const std::vector<RasterGrid::Band>& bands, const ModelObject& object, Findings& findings)
 {
     UniqueNames names;
     for (const char* own : {"x", "y", "crs"})
@@ -174,7 +174,7 @@ NetcdfFile::NetcdfFile(RasterTraits traits, PlannedFile planned, const ExportSel
     , m_settings(std::move(settings))
     , m_grid(*file().objects.front(), m_traits, m_settings, selected, file().path, findings)
     , m_numbers(m_grid, m_traits, m_settings, findings)
-    , m_names(variableNames(m_grid.bands(), m_grid.object().name, findings))
+    , m_names(variableNames(m_grid.bands(), m_grid.object(), findings))
 {
     // Of the classic format every variable but the last.
     constexpr double mostBytes = 4294967292.0;

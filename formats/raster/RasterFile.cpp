@@ -137,7 +137,7 @@ void RasterFile::check(const QString& path, Findings& findings)
     if (!m_saysSystem || (system && (!system->IsLocal() || isLocal(m_grid.object().crs))))
         return;
     m_saysSystem = false;
-    findings.note(finding::coordinateSystemNotCarried, m_grid.object().name, 1,
+    findings.note(finding::coordinateSystemNotCarried, m_grid.object(), 1,
                   QStringLiteral("the format does not know %1").arg(crsName(m_grid.object().crs)));
 }
 
