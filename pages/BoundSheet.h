@@ -42,6 +42,7 @@ public:
         Sheet::deactivate();
         m_binding.leave();
     }
+    bool isComplete() const override { return Sheet::isComplete() && m_binding.isComplete(); }
     QString optionSummary() const override { return m_binding.summary(); }
     // Overrides that of the library's page or that of the interface.
     std::vector<std::string> selectedAttributeNames() override { return m_binding.selectedAttributeNames(); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/SettingControl.h"
 
+#include "pages/CrsField.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -136,20 +138,25 @@ SettingControl makeSettingControl(SettingsValue& settings, const Setting& settin
     } else if (setting.kind == Setting::Real) {
         control = realBox(settings, setting, parent, changed);
     } else {
-        auto* edit = new QLineEdit(parent);
+        auto* field = setting.key == crsKey ? new CrsField(parent) : nullptr;
+        auto* edit = field ? field->edit() : new QLineEdit(parent);
         QObject::connect(edit, &QLineEdit::textChanged, edit,
                          [&settings, key = setting.key, changed](const QString& text) {
                              settings.set(key, text);
                              changed();
                          });
-        if (setting.key == QLatin1String("crs"))
-            edit->setPlaceholderText(QObject::tr("such as EPSG:28350"));
-        else if (setting.key == QLatin1String("attribute"))
+        if (setting.key == QLatin1String("attribute"))
             edit->setPlaceholderText(QObject::tr("heights"));
-        control = {edit, [edit, &settings, key = setting.key] {
-                       const QSignalBlocker blocker(edit);
+        edit->setObjectName(setting.key);
+        edit->setToolTip(toolTipOf(setting));
+        edit->setAccessibleName(setting.label);
+        control = {field ? static_cast<QWidget*>(field) : edit, [edit, field, &settings, key = setting.key] {
+                       // A field that explains its text has to hear of it.
+                       const QSignalBlocker blocker(field ? nullptr : edit);
                        edit->setText(settings.get(key));
                    }};
+        control.show();
+        return control;
     }
     control.widget->setObjectName(setting.key);
     control.widget->setToolTip(toolTipOf(setting));

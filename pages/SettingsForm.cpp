@@ -8,7 +8,8 @@
 namespace kpFormats
 {
 
-SettingsForm::SettingsForm(SettingsValue& settings, const QStringList& except, QWidget* parent)
+SettingsForm::SettingsForm(SettingsValue& settings, const QStringList& except, QWidget* parent,
+                           const std::function<void()>& changed)
     : QWidget(parent)
 {
     auto* form = new QFormLayout(this);
@@ -16,7 +17,7 @@ SettingsForm::SettingsForm(SettingsValue& settings, const QStringList& except, Q
     for (const Setting& setting : settings.settings()) {
         if (except.contains(setting.key))
             continue;
-        QWidget* control = makeSettingControl(settings, setting, setting.label, this, [] {}).widget;
+        QWidget* control = makeSettingControl(settings, setting, setting.label, this, changed).widget;
         // A check box carries its own text, so that a click on the text counts too.
         if (setting.kind == Setting::Boolean)
             form->setWidget(form->rowCount(), QFormLayout::FieldRole, control);

@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace kpFormats
 {
 
@@ -14,7 +16,10 @@ class KPFORMATSUI_EXPORT SettingsForm : public QWidget
 {
 public:
     /// Leaves out the keys \a except. What the settings are bound to outlives the form.
-    SettingsForm(SettingsValue& settings, const QStringList& except, QWidget* parent);
+    /// \a changed is called after the user has set a value.
+    SettingsForm(
+        SettingsValue& settings, const QStringList& except, QWidget* parent,
+        const std::function<void()>& changed = [] {});
 
     /// True when there is nothing to set.
     bool isEmpty() const { return m_empty; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/SettingsMemory.h"
 
+#include "pages/CrsField.h"
+
 #include <QSettings>
 
 namespace kpFormats
@@ -8,6 +10,8 @@ namespace kpFormats
 
 namespace
 {
+
+const QString lastFormatKey = QStringLiteral("lastFormat");
 
 /// Under which of its names a setting is stored; an earlier version knew the former ones. Empty when it is not.
 QString storedKey(const QSettings& stored, const Setting& setting)
@@ -30,6 +34,9 @@ QString settingsGroup(const QString& formatKey)
 
 void restoreSettings(SettingsValue& settings, const QString& formatKey)
 {
+    // Nor does a name that means no system outlive the page on which it was written.
+    if (!areSystemsKnown(settings))
+        settings.set(crsKey, QString());
     QSettings stored;
     stored.beginGroup(settingsGroup(formatKey));
     for (const Setting& setting : settings.settings()) {
@@ -50,7 +57,9 @@ void storeSettings(const SettingsValue& settings, const QString& formatKey, cons
     QSettings stored;
     stored.beginGroup(settingsGroup(formatKey));
     for (const Setting& setting : settings.settings()) {
-        if (!except.contains(setting.key))
+        // A name that means no system would only be wrong the next time too.
+        const bool faulty = setting.key == crsKey && !areSystemsKnown(settings);
+        if (!except.contains(setting.key) && !faulty)
             stored.setValue(setting.key, settings.get(setting));
     }
 }
@@ -60,6 +69,16 @@ void storeSetting(const QString& formatKey, const QString& key, const QString& v
     QSettings stored;
     stored.beginGroup(settingsGroup(formatKey));
     stored.setValue(key, value);
+}
+
+QString lastFormat()
+{
+    return QSettings().value(lastFormatKey).toString();
+}
+
+void storeLastFormat(const QString& formatKey)
+{
+    QSettings().setValue(lastFormatKey, formatKey);
 }
 
 QString summaryOf(const SettingsValue& settings)

@@ -15,6 +15,9 @@ KPFORMATSUI_EXPORT void restoreSettings(SettingsValue& settings, const QString& 
 void storeSettings(const SettingsValue& settings, const QString& formatKey, const QStringList& except = {});
 /// Stores one value for the next time.
 KPFORMATSUI_EXPORT void storeSetting(const QString& formatKey, const QString& key, const QString& value);
+/// The key of the format that was written last; empty at first.
+QString lastFormat();
+void storeLastFormat(const QString& formatKey);
 /// The settings as "key=value, key=value".
 KPFORMATSUI_EXPORT QString summaryOf(const SettingsValue& settings);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/SettingsSheet.h"
 
+#include "pages/CrsField.h"
 #include "pages/SettingsForm.h"
 #include "pages/SettingsMemory.h"
 #include "wizard/QExportAttributeWidget.h"
@@ -27,7 +28,7 @@ void SettingsSheet::initialize(const QString&)
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     auto* left = new QVBoxLayout;
-    left->addWidget(new SettingsForm(m_setup.settings, {}, this));
+    left->addWidget(new SettingsForm(m_setup.settings, {}, this, [this] { m_wizard->update_navigation(); }));
     left->addStretch();
     columns->addLayout(left, 1);
     if (m_setup.format->info().supportsAttributes) {
@@ -43,6 +44,11 @@ void SettingsSheet::activate()
     if (ids != m_shownFor)
         m_attributes.refill();
     m_shownFor = ids;
+}
+
+bool SettingsSheet::isComplete() const
+{
+    return areSystemsKnown(m_setup.settings);
 }
 
 void SettingsSheet::deactivate()

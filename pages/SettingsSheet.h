@@ -27,6 +27,8 @@ public:
     void initialize(const QString& text) override;
     void activate() override;
     void deactivate() override;
+    /// False while a coordinate system is named that there is not.
+    bool isComplete() const override;
     QString optionSummary() const override;
     std::vector<std::string> selectedAttributeNames() override;
 

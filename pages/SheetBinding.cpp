@@ -2,6 +2,7 @@
 #include "pages/SheetBinding.h"
 
 #include "host/ui/QImportUnitSelector.h"
+#include "pages/CrsField.h"
 #include "pages/SettingsForm.h"
 #include "pages/SettingsMemory.h"
 #include "wizard/QExportAttributeWidget.h"
@@ -88,7 +89,10 @@ void SheetBinding::arrange(QWidget& page)
 {
     auto* more = new QGroupBox(QWidget::tr("More options"), &page);
     more->setObjectName(QStringLiteral("moreOptions"));
-    auto* settings = new SettingsForm(m_setup.settings, boundKeys(), more);
+    auto* settings = new SettingsForm(m_setup.settings, boundKeys(), more, [this] {
+        if (m_wizard)
+            m_wizard->update_navigation();
+    });
     auto* moreLayout = new QVBoxLayout(more);
     moreLayout->setContentsMargins(8, 8, 8, 8);
     moreLayout->addWidget(settings);
@@ -243,6 +247,11 @@ void SheetBinding::readControl(const ControlBinding& binding)
     case ControlBinding::ByPage:
         break;
     }
+}
+
+bool SheetBinding::isComplete() const
+{
+    return areSystemsKnown(m_setup.settings);
 }
 
 void SheetBinding::leave()

@@ -37,6 +37,7 @@ public:
         showUnits();
         FormArea::growWindow(*m_page);
     }
+    bool isComplete() const;
     /// The page is left: settings are filled from the controls and remembered.
     void leave();
 
