@@ -126,11 +126,8 @@ ExportPlan planOf(const PreparedExport& prepared)
             output.bytes = sizes.bytesOf(file);
             for (const ModelObject* object : file.objects)
                 output.vertices += object->rowCount();
-            for (const QString& extension : foreseen.file->sidecars()) {
-                const QString sidecar = info.completeBaseName() + QLatin1Char('.') + extension;
-                if (QFileInfo(info.absolutePath() + QLatin1Char('/') + sidecar).isFile())
-                    output.sidecars.append(sidecar);
-            }
+            for (const QString& sidecar : foreseen.file->earlierSidecars())
+                output.sidecars.append(QFileInfo(sidecar).fileName());
         }
         plan.foreseen.findings.add(foreseen.findings);
         plan.foreseen.add(outcome);

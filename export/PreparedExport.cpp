@@ -2,6 +2,7 @@
 #include "export/PreparedExport.h"
 
 #include "export/CommonFindings.h"
+#include "export/FreePaths.h"
 #include "export/ObjectError.h"
 #include "model/ObjectCheck.h"
 
@@ -40,17 +41,25 @@ std::vector<const ModelObject*> soundObjects(PreparedExport::Output& output)
 /// \throws ExportError when what goes with a file would take the place of a source
 void requireSourcesStay(const PreparedFile& file, const QStringList& sources)
 {
-    const QFileInfo target(file.file().path);
-    for (const QString& extension : file.sidecars()) {
-        const QFileInfo sidecar(target.absolutePath() + QLatin1Char('/') + target.completeBaseName() + QLatin1Char('.')
-                                + extension);
+    for (const QString& path : file.earlierSidecars()) {
+        const QFileInfo sidecar(path);
         if (std::any_of(sources.begin(), sources.end(),
-                        [&sidecar](const QString& source) { return sidecar.exists() && QFileInfo(source) == sidecar; }))
+                        [&sidecar](const QString& source) { return QFileInfo(source) == sidecar; }))
             throw ExportError(
                 file.file().path,
                 QStringLiteral("%1 goes with it, and is a file that the export reads").arg(sidecar.fileName()),
                 QStringLiteral("choose another name"));
     }
+}
+
+QStringList earlierFilesOf(const PreparedExport::Output& output)
+{
+    QStringList files;
+    if (QFileInfo(output.planned.path).isFile())
+        files.append(output.planned.path);
+    if (output.file)
+        files += output.file->earlierSidecars();
+    return files;
 }
 
 } // namespace
@@ -61,10 +70,23 @@ PreparedExport::PreparedExport(const Format& format, ExportSelection selection, 
     , m_selection(std::move(selection))
     , m_settings(std::move(settings))
 {
-    for (PlannedFile& file : m_format.files(m_selection, m_settings)) {
+    std::vector<PlannedFile> files = m_format.files(m_selection, m_settings);
+    FreePaths free(m_selection.keepEarlier ? files : std::vector<PlannedFile>());
+    for (PlannedFile& file : files) {
         Output output;
         output.planned = std::move(file);
-        prepare(output, soundObjects(output));
+        const std::vector<const ModelObject*> objects = soundObjects(output);
+        const std::vector<FailedObject> unsound = output.failedObjects;
+        prepare(output, objects);
+        if (m_selection.keepEarlier && !earlierFilesOf(output).isEmpty()) {
+            // The same once more, under a name beside which nothing stands.
+            if (output.planned.renamedFrom.isEmpty())
+                output.planned.renamedFrom = QFileInfo(output.planned.path).fileName();
+            output.planned.path = free.take(output.planned.path);
+            output.error.clear();
+            output.failedObjects = unsound;
+            prepare(output, objects);
+        }
         m_outputs.push_back(std::move(output));
     }
 }
@@ -99,6 +121,16 @@ void PreparedExport::prepare(Output& output, std::vector<const ModelObject*> obj
             return;
         }
     }
+}
+
+QStringList PreparedExport::earlierFiles() const
+{
+    QStringList files;
+    for (const Output& output : m_outputs) {
+        if (output.wanted && output.file)
+            files += earlierFilesOf(output);
+    }
+    return files;
 }
 
 void PreparedExport::leaveOut(Output& output, const ModelObject& object, const QString& reason) const

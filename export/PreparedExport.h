@@ -41,6 +41,9 @@ public:
     /// Prepares a file anew without an object that turned out to be impossible to write.
     void leaveOut(Output& output, const ModelObject& object, const QString& reason) const;
 
+    /// The files that would go, sidecars included, and that exist now.
+    QStringList earlierFiles() const;
+
     /// What was lost before there were files, such as on loading.
     Findings findings;
     /// Read each file again before it replaces an earlier one.

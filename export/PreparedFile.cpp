@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/PreparedFile.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace kpFormats
@@ -13,6 +15,19 @@ PreparedFile::PreparedFile(PlannedFile file, const ExportSelection& selection)
 }
 
 PreparedFile::~PreparedFile() = default;
+
+QStringList PreparedFile::earlierSidecars() const
+{
+    const QFileInfo target(m_file.path);
+    QStringList paths;
+    for (const QString& extension : sidecars()) {
+        const QString path =
+            target.absolutePath() + QLatin1Char('/') + target.completeBaseName() + QLatin1Char('.') + extension;
+        if (QFileInfo::exists(path))
+            paths.append(path);
+    }
+    return paths;
+}
 
 std::optional<Verification> PreparedFile::verify(const QString&) const
 {

@@ -36,6 +36,8 @@ public:
 
     /// Every extension, without dot, of the files that can stand beside this one and belong to it.
     virtual QStringList sidecars() const { return {}; }
+    /// Paths of those that stand there now.
+    QStringList earlierSidecars() const;
     /// Writes the file to \a path, which has the final name but lies in a folder of its own, and its sidecars beside
     /// it. Everything that is in the folder afterwards moves to the final place together; an earlier sidecar that was
     /// not written again goes. Notes what only the values show. Stops early when the user cancels.

@@ -61,4 +61,9 @@ QString UniqueNames::take(const QString& name)
     return result;
 }
 
+void UniqueNames::reserve(const QString& name)
+{
+    m_taken.insert(name.toCaseFolded());
+}
+
 } // namespace kpFormats

@@ -19,6 +19,8 @@ class KPFORMATS_EXPORT UniqueNames
 public:
     /// \a name, or the first of "name_2", "name_3" ... that has not been given out.
     QString take(const QString& name);
+    /// \a name is taken, perhaps more than once.
+    void reserve(const QString& name);
 
 private:
     QSet<QString> m_taken;

@@ -45,7 +45,8 @@ bool sameSettings(const Format& format, const SettingsValue& one, const Settings
 
 bool sameSelection(const ExportSelection& one, const ExportSelection& other)
 {
-    return one.path == other.path && one.objects == other.objects && one.attributes == other.attributes;
+    return one.path == other.path && one.objects == other.objects && one.attributes == other.attributes
+           && one.keepEarlier == other.keepEarlier;
 }
 
 } // namespace
@@ -73,6 +74,7 @@ void FormatSaver::set_selection(const QString& path, const std::vector<int>& geo
     ExportSelection selection;
     selection.path = path;
     selection.sources = m_model.sources();
+    selection.keepEarlier = m_keepEarlier;
     for (const int id : geoIds) {
         if (const ModelObject* object = m_model.find(id))
             selection.objects.push_back(object);
@@ -90,8 +92,8 @@ void FormatSaver::set_selection(const QString& path, const std::vector<int>& geo
             selection.attributes = chosen;
     }
     prepare(std::move(selection));
-    for (PreparedExport::Output& output : m_prepared->outputs())
-        output.wanted = !m_retry || m_failed.count(output.planned.path) > 0;
+    for (std::size_t index = 0; index < m_prepared->outputs().size(); ++index)
+        m_prepared->outputs()[index].wanted = !m_retry || m_failed.count(index) > 0;
     m_retry = false;
 }
 
@@ -129,25 +131,26 @@ void FormatSaver::generateFileNames(const QString&, const std::vector<int>&, con
 bool FormatSaver::save(const std::vector<QString>& acceptedFiles, kpBase::AbstractProgress* progress)
 {
     const QSet<QString> accepted(acceptedFiles.begin(), acceptedFiles.end());
-    std::vector<QString> paths;
-    for (PreparedExport::Output& output : m_prepared->outputs()) {
-        output.wanted = output.wanted && accepted.contains(output.planned.path);
-        if (output.wanted)
-            paths.push_back(output.planned.path);
+    std::vector<PreparedExport::Output>& outputs = m_prepared->outputs();
+    std::vector<std::size_t> wanted;
+    for (std::size_t index = 0; index < outputs.size(); ++index) {
+        outputs[index].wanted = outputs[index].wanted && accepted.contains(outputs[index].planned.path);
+        if (outputs[index].wanted)
+            wanted.push_back(index);
     }
     m_failed.clear();
     m_written = true;
     m_prepared->verify = m_verify;
     const ExportReport report = runExport(*m_prepared, progress);
     // Outcomes come in the order of the files, up to the one at which the user cancelled.
-    for (std::size_t index = 0; index < paths.size(); ++index) {
+    for (std::size_t index = 0; index < wanted.size(); ++index) {
         const FileOutcome* const outcome =
             !report.cancelled && index < report.files().size() ? &report.files()[index] : nullptr;
-        const QFileInfo info(paths[index]);
+        const QFileInfo info(outputs[wanted[index]].planned.path);
         if (!(outcome && outcome->written()) && info.isFile() && info.size() == 0)
             QFile::remove(info.filePath());
         if (!(outcome && outcome->complete()))
-            m_failed.insert(paths[index]);
+            m_failed.insert(wanted[index]);
     }
     reportTo(report);
     return !report.cancelled && !report.anyFailed();

@@ -39,6 +39,8 @@ public:
     /// Read each file again before it replaces an earlier one.
     void setVerification(bool on) { m_verify = on; }
     bool verifies() const { return m_verify; }
+    /// Name files otherwise that would replace earlier ones.
+    void setKeepEarlier(bool on) { m_keepEarlier = on; }
     /// Whether a file or object of the last save could not be written.
     bool hasFailures() const { return !m_failed.empty(); }
     /// The next save writes only the files that the last one could not write completely.
@@ -53,10 +55,11 @@ private:
     FormatSetup& m_setup;
     const Model& m_model;
     std::unique_ptr<PreparedExport> m_prepared;
-    bool m_written = false;     ///< what is prepared has been written
-    std::set<QString> m_failed; ///< files of the last save
+    bool m_written = false;         ///< what is prepared has been written
+    std::set<std::size_t> m_failed; ///< files of the last save, by their place among the outputs
     bool m_verify = false;
     bool m_retry = false;
+    bool m_keepEarlier = false;
 };
 
 /// Makes the savers of one format. Registers itself; outlives every wizard.

@@ -3,13 +3,18 @@
 
 #include "export/AttributeNames.h"
 #include "export/ExportPlan.h"
+#include "host/ui/WizardProgress.h"
 #include "pages/FormatSaver.h"
 #include "pages/ObjectSelectionSheet.h"
 #include "pages/PlanSheet.h"
+#include "pages/SettingsMemory.h"
 #include "wizard/QExportSheetSaveFile.h"
 
+#include <QFileInfo>
+#include <QPushButton>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace kpFormats
@@ -74,6 +79,8 @@ void FormatWizard::populate_sheets()
     // The plan comes between the choice of the file and the save run.
     disconnect(m_fileSheet, SIGNAL(saveClicked(QString, bool)), this, nullptr);
     connect(m_fileSheet, &kpBaseExport::QExportSheetSaveFile::saveClicked, this, &FormatWizard::showPlan);
+    connect(m_planSheet, &PlanSheet::completeChanged, this, &FormatWizard::update_navigation);
+    connect(m_planSheet, &PlanSheet::keepBothRequested, this, [this] { plan(true); });
 }
 
 void FormatWizard::activate_next_sheet()
@@ -88,6 +95,12 @@ void FormatWizard::activate_next_sheet()
 
 void FormatWizard::activate_previous_sheet()
 {
+    if (current_sheet() == m_reportSheet) {
+        // With everything kept; the plan is made anew, since files may have been written.
+        set_cancel_button_mode();
+        plan(false);
+        return;
+    }
     const bool fromPlan = current_sheet() == m_planSheet;
     QExportWizard::activate_previous_sheet();
     // Back from the plan is another choice of the file.
@@ -115,25 +128,59 @@ void FormatWizard::showPlan(const QString& path, bool accepted)
         return slotSaveClicked(path, accepted); // a saver of the host's own plans nothing
     m_path = path;
     m_accepted = accepted;
-    saver->set_selection(path, selectedGeoIds(), selectedGeoNames(), selectedAttributeNames());
-    m_planSheet->showPlan(planOf(*saver->prepared()));
+    plan(false);
+}
+
+void FormatWizard::plan(bool keepEarlier)
+{
+    FormatSaver& saver = *formatSaver();
+    saver.setKeepEarlier(keepEarlier);
+    saver.set_selection(m_path, selectedGeoIds(), selectedGeoNames(), selectedAttributeNames());
+    m_replaced = replacedUnasked();
+    m_planSheet->showPlan(planOf(*saver.prepared()), m_replaced.size());
     activate_sheet(m_planSheet, true);
     show_next_previous(true, tr("Save"));
 }
 
+QStringList FormatWizard::replacedUnasked() const
+{
+    QStringList files = formatSaver()->prepared()->earlierFiles();
+    if (m_accepted) {
+        const QFileInfo agreed(m_path);
+        files.erase(std::remove_if(files.begin(), files.end(),
+                                   [&agreed](const QString& file) { return QFileInfo(file) == agreed; }),
+                    files.end());
+    }
+    return files;
+}
+
 void FormatWizard::save()
 {
+    // What has appeared since the plan was shown is asked about too.
+    if (replacedUnasked() != m_replaced)
+        plan(false);
+    else
+        run();
+}
+
+void FormatWizard::run()
+{
     formatSaver()->setVerification(m_planSheet->wantsVerification());
+    storeLastFormat(QString::fromStdString(formatSaver()->key()));
+    setReplacingAgreed(true);
     runBegins();
-    slotSaveClicked(m_path, m_accepted);
+    slotSaveClicked(m_path, true);
+    if (formatSaver()->hasFailures() || get_progress()->isCancelled()) {
+        show_next_previous(true, tr("Save"));
+        nextButton()->hide();
+    }
     runReported();
 }
 
 void FormatWizard::retryFailed()
 {
     formatSaver()->retryFailed();
-    m_accepted = true;
-    save();
+    run();
 }
 
 void FormatWizard::availableAttributes(QVector<kpBase::UnitRegistry::AttributeInfo>& list, bool, bool)

@@ -47,7 +47,11 @@ protected:
 
 private:
     void showPlan(const QString& path, bool accepted);
+    void plan(bool keepEarlier);
+    /// Files that exist, would be replaced, and were not named in the file dialog.
+    QStringList replacedUnasked() const;
     void save();
+    void run();
 
     const Model& m_objects;
     kpBaseExport::QExportSheetSaveFile* m_fileSheet = nullptr;
@@ -55,6 +59,7 @@ private:
     PlanSheet* m_planSheet = nullptr;
     QString m_path;
     bool m_accepted = false;
+    QStringList m_replaced;  ///< files that the plan has asked about
     std::string m_presetKey; ///< of a preset whose object page has not been shown; empty for none
     std::vector<int> m_presetIds;
 };

@@ -8,8 +8,10 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QSettings>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -91,6 +93,9 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     : AbstractSheet(wizard)
     , m_summary(new QLabel(this))
     , m_files(new QTreeWidget(this))
+    , m_replacing(new QWidget(this))
+    , m_replace(new QCheckBox(m_replacing))
+    , m_keepBoth(new QPushButton(tr("&Keep Both"), m_replacing))
     , m_verify(new QCheckBox(tr("&Read the files again and compare them with the model"), this))
 {
     m_pageWidget = this;
@@ -109,15 +114,32 @@ PlanSheet::PlanSheet(kpBase::AbstractSheetHandler* wizard)
     m_verify->setToolTip(tr("Takes longer. A file that differs from the model is not put into place."));
     m_verify->setChecked(QSettings().value(verifyKey, false).toBool());
     connect(m_verify, &QCheckBox::toggled, this, [](bool on) { QSettings().setValue(verifyKey, on); });
+    m_replace->setObjectName(QStringLiteral("replaceExisting"));
+    m_keepBoth->setObjectName(QStringLiteral("keepBoth"));
+    m_keepBoth->setAutoDefault(false);
+    m_keepBoth->setToolTip(tr("Gives the new files other names"));
+    connect(m_replace, &QCheckBox::toggled, this, &PlanSheet::completeChanged);
+    connect(m_keepBoth, &QPushButton::clicked, this, &PlanSheet::keepBothRequested);
+    auto* replacing = new QHBoxLayout(m_replacing);
+    replacing->setContentsMargins(0, 0, 0, 0);
+    replacing->addWidget(m_replace);
+    replacing->addWidget(m_keepBoth);
+    replacing->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_summary);
     layout->addWidget(m_files, 1);
+    layout->addWidget(m_replacing);
     layout->addWidget(m_verify);
 }
 
-void PlanSheet::showPlan(const ExportPlan& plan)
+void PlanSheet::showPlan(const ExportPlan& plan, int replaced)
 {
+    m_writesAny = plan.refused() < static_cast<int>(plan.outputs.size());
+    m_replacing->setVisible(replaced > 0);
+    m_replace->setChecked(false);
+    m_replace->setText(replaced == 1 ? tr("Re&place 1 existing file")
+                                     : tr("Re&place %1 existing files").arg(QLocale().toString(replaced)));
     QString summary = plan.summary();
     if (plan.freeBytes >= 0 && plan.bytes() > plan.freeBytes)
         summary = QStringLiteral("<b>%1</b> ").arg(tr("The disk may be too small.")) + summary;
@@ -144,6 +166,11 @@ void PlanSheet::showPlan(const ExportPlan& plan)
         m_files->resizeColumnToContents(column);
     for (int column = 1; column < 4; ++column)
         m_files->header()->resizeSection(column, m_files->columnWidth(column) + cellPadding);
+}
+
+bool PlanSheet::isComplete() const
+{
+    return m_writesAny && (m_replacing->isHidden() || m_replace->isChecked());
 }
 
 bool PlanSheet::wantsVerification() const

@@ -72,7 +72,8 @@ ExportRequest wizardRequest(const HostContext& context, const FormatSaver& saver
         request.noAttributes =
             selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
     }
-    request.overwrite = true;
+    // A command that keeps nothing of earlier files must not come from a run that kept them all.
+    request.overwrite = !saver.prepared()->selection().keepEarlier;
     request.verify = saver.verifies();
     const SettingsValue& settings = saver.setup().settings;
     for (const Setting& setting : settings.settings()) {

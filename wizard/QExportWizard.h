@@ -82,6 +82,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void populate_sheets() override;
     virtual void insertFileFormatDependentSheet();
+    /// The user has agreed already to replace every file of the next run: it asks no more. Off at first.
+    void setReplacingAgreed(bool agreed) { m_replacingAgreed = agreed; }
 
     QExportAbstractSheet::FileInfo fileCanBeSaved(const QString& fileName, bool& askAgain, bool single, bool ask);
     void checkFileNamesUserAccepted(const QStringList& names, const QString& path,
@@ -108,6 +110,7 @@ private:
     std::string m_presetKey;
     std::vector<int> m_presetIds;
     bool m_directoryMode = false;
+    bool m_replacingAgreed = false;
 };
 
 } // namespace kpBaseExport

@@ -103,7 +103,7 @@ void QExportWizard::saveNameFirst(const QString& path, bool userAlreadyAccepted)
                                       otherFiles);
     std::vector<QString> accepted;
     const bool single = geoAttributeFiles.size() < 2 && geometryFiles.size() < 2;
-    bool askAgain = true;
+    bool askAgain = !m_replacingAgreed;
     closeButton()->setText(tr("Close"));
     checkFileNamesUserAccepted(geoAttributeFiles, path, QExportAbstractSheet::GEO_AND_ATTRIBUTE_DATA, askAgain,
                                accepted, single, userAlreadyAccepted);

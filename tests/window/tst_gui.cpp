@@ -136,6 +136,27 @@ Script::Step readReport(QString& text)
     };
 }
 
+/// A control that is shown and cannot be used.
+Script::Step blocked(const char* name)
+{
+    return [name](QWidget& window) {
+        auto* control = window.findChild<QWidget*>(QString::fromLatin1(name));
+        return control && control->isVisible() && !control->isEnabled();
+    };
+}
+
+/// Checks a box that has this text.
+Script::Step check(const char* name, const char* text)
+{
+    return [name, text](QWidget& window) {
+        auto* box = window.findChild<QCheckBox*>(QString::fromLatin1(name));
+        if (!box || !box->isVisible() || box->text() != QLatin1String(text) || box->isChecked())
+            return false;
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+        return box->isChecked();
+    };
+}
+
 Script::Step choose(const char* combo, const char* value)
 {
     return [combo, value](QWidget& window) {
@@ -161,6 +182,9 @@ private Q_SLOTS:
     void failedPartAgain();
     void failureIsReported();
     void selectionInTheWindow();
+    void theChoiceIsKept();
+    void unknownSystem();
+    void backFromAFailure();
     void everyFormatHasItsPage();
     void ampersandIsShown();
     void noGridChosen();
@@ -222,9 +246,9 @@ void GuiTest::walk()
                  && report.contains(QStringLiteral("out.csv: 4 rows, %1 bytes").arg(expected.size())),
              qPrintable(report));
 
-    // The extension came after the file dialog's own question, so the wizard's check leaves out nothing: the file
-    // named there was accepted. A second run replaces it; settings are remembered.
-    Script second({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"), readReport(report),
+    // The extension came after the file dialog's own question, so the plan asks. Settings are remembered.
+    Script second({click("nextButton"), click("nextButton"), nameFile(path), blocked("nextButton"),
+                   check("replaceExisting", "Re&place 1 existing file"), click("nextButton"), readReport(report),
                    click("closeButton")});
     exportWith(second);
     QCOMPARE(read(QStringLiteral("out.csv")), expected);
@@ -233,21 +257,31 @@ void GuiTest::walk()
 
 void GuiTest::aFileForEachObject()
 {
-    // The second object's file exists: it is asked about, and kept.
+    // The second object's file exists: it is kept, and the new one is called otherwise.
     writeFile(m_folder.filePath(QStringLiteral("each_lines 2.txt")), "earlier");
     QString report;
     const QString path = m_folder.filePath(QStringLiteral("each.txt"));
     Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path),
-                   click("nextButton"), answerBox(QMessageBox::No), readReport(report), click("closeButton")});
+                   blocked("nextButton"), click("keepBoth"), click("nextButton"), readReport(report),
+                   click("closeButton")});
     exportWith(script);
     QCOMPARE(read(QStringLiteral("each_lines 1.txt")),
              QByteArray("X;Y;Z;n\n0.000;1.000;5.000;1\n2.000;3.000;6.000;1\n"));
     QCOMPARE(read(QStringLiteral("each_lines 2.txt")), QByteArray("earlier"));
-    QVERIFY(report.contains(QStringLiteral("user did not accept overwriting")));
+    QCOMPARE(read(QStringLiteral("each_lines 2_2.txt")),
+             QByteArray("X;Y;Z;n\n7.000;8.000;9.000;2\n8.000;8.000;9.000;2\n"));
+    QVERIFY2(report.contains(QStringLiteral("the file is named differently")), qPrintable(report));
 
     QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("each_lines 1.txt"))));
-    Script all({click("nextButton"), click("nextButton"), nameFile(path), click("nextButton"),
-                answerBox(QMessageBox::YesToAll), readReport(report), click("closeButton")});
+    // What appears while the plan is shown is asked about too.
+    const auto appears = [this](QWidget&) {
+        writeFile(m_folder.filePath(QStringLiteral("each_lines 1.txt")), "a stranger's");
+        return true;
+    };
+    Script all({click("nextButton"), click("nextButton"), nameFile(path),
+                check("replaceExisting", "Re&place 1 existing file"), appears, click("nextButton"),
+                check("replaceExisting", "Re&place 2 existing files"), click("nextButton"), readReport(report),
+                click("closeButton")});
     exportWith(all);
     QVERIFY(read(QStringLiteral("each_lines 2.txt")).startsWith("X;Y;Z;n"));
     Script restore({click("nextButton"), choose("grouping", "One file"), click("closeButton")});
@@ -318,8 +352,8 @@ void GuiTest::failedPartAgain()
     };
     const QString path = m_folder.filePath(QStringLiteral("again.txt"));
     Script script({click("nextButton"), choose("grouping", "A file per object"), click("nextButton"), nameFile(path),
-                   click("nextButton"), answerBox(QMessageBox::Yes), readReport(failure), clearTheWay,
-                   click("retryFailed"), readSuccess, click("closeButton")});
+                   click("nextButton"), readReport(failure), clearTheWay, click("retryFailed"), readSuccess,
+                   click("closeButton")});
     exportWith(script);
     QVERIFY2(failure.contains(QStringLiteral("again_lines 2.txt"))
                  && failure.contains(QStringLiteral("this is a directory")),
@@ -394,6 +428,8 @@ void GuiTest::selectionInTheWindow()
     ExportWizard wizard(*m_context, m_window.get());
     wizard.startup();
     wizard.show();
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{2});
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonSelectAllObjects")), Qt::LeftButton);
     QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{1, 2}));
     QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonMatchModelSelection")), Qt::LeftButton);
     QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{2});
@@ -414,6 +450,112 @@ void GuiTest::selectionInTheWindow()
                          .value(0);
     QVERIFY(sections && sections->isDisabled() && sections->checkState(0) == Qt::Checked);
     QCOMPARE(sections->data(0, Qt::UserRole).toString(), QStringLiteral("cross_section"));
+}
+
+/// What is unchecked stays so whatever the format; the search shows some rows, and the buttons act on those.
+void GuiTest::theChoiceIsKept()
+{
+    m_window->findChild<QTreeWidget*>(QStringLiteral("objectTree"))->clearSelection();
+    ExportWizard wizard(*m_context, m_window.get());
+    wizard.startup();
+    wizard.show();
+    auto* view = wizard.findChild<QTableView*>(QStringLiteral("listViewObjects"));
+    auto* search = wizard.findChild<QLineEdit*>(QStringLiteral("objectSearch"));
+    const auto* summary = wizard.findChild<QLabel*>(QStringLiteral("objectSummary"));
+    QCOMPARE(summary->text(), QStringLiteral("2 of 2 objects, 4 vertices, 1 coordinate system"));
+    // The second row's check box by its key; the set tells objects of one name apart.
+    view->setCurrentIndex(view->model()->index(1, 1));
+    QTest::keyClick(view, Qt::Key_Space);
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{1});
+    QCOMPARE(summary->text(), QStringLiteral("1 of 2 objects, 2 vertices, 1 coordinate system"));
+    QCOMPARE(view->model()->columnCount(), 4);
+    QCOMPARE(view->model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("Set"));
+    QCOMPARE(view->model()->index(0, 3).data().toString(), m_context->model.find(1)->set);
+    auto* formats = wizard.findChild<QComboBox*>(QStringLiteral("fileFormatComboBox"));
+    for (const char* key : {"kml", "grdecl", "ascii"}) {
+        formats->setCurrentIndex(formats->findData(QString::fromLatin1(key)));
+        Q_EMIT formats->activated(formats->currentIndex());
+        QCOMPARE(wizard.selectedGeoIds(), key == QByteArray("grdecl") ? std::vector<int>() : std::vector<int>{1});
+    }
+    QTest::mousePress(wizard.findChild<QPushButton*>(QStringLiteral("deselectAllButton")), Qt::LeftButton);
+    QTest::mousePress(wizard.findChild<QPushButton*>(QStringLiteral("selectAllButton")), Qt::LeftButton);
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{1});
+
+    QTest::keyClicks(search, QStringLiteral("LINES 2"));
+    QCOMPARE(view->model()->rowCount(), 1);
+    QTest::mouseClick(wizard.findChild<QPushButton*>(QStringLiteral("pushButtonDeselectAllObjects")), Qt::LeftButton);
+    QCOMPARE(wizard.selectedGeoIds(), std::vector<int>{1});
+    search->clear();
+    auto* checkedOnly = wizard.findChild<QCheckBox*>(QStringLiteral("checkedOnly"));
+    checkedOnly->setChecked(true);
+    QCOMPARE(view->model()->rowCount(), 1);
+    checkedOnly->setChecked(false);
+    view->selectAll();
+    view->setCurrentIndex(view->model()->index(1, 0));
+    view->selectAll();
+    QTest::keyClick(view, Qt::Key_Space);
+    QCOMPARE(wizard.selectedGeoIds(), (std::vector<int>{1, 2}));
+    // Tab goes on to the next control, and no cell can be edited.
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_Tab);
+    QVERIFY(!view->hasFocus());
+    QVERIFY(!(view->model()->index(0, 0).flags() & Qt::ItemIsEditable));
+}
+
+/// A system that there is not is said on the page, is in the way of going on, and is not remembered.
+void GuiTest::unknownSystem()
+{
+    for (const char* format : {"kml", "shp", "gpkg"}) {
+        {
+            ExportWizard wizard(*m_context, m_window.get());
+            wizard.setFormatAndSelectedGeo(format, {1});
+            wizard.startup();
+            wizard.show();
+            auto* crs = wizard.findChild<QLineEdit*>(QStringLiteral("crs"));
+            const auto* meaning = wizard.findChild<QLabel*>(QStringLiteral("crsMeaning"));
+            QTest::keyClicks(crs, QStringLiteral("EPSG:2835"));
+            QVERIFY2(wizard.nextButton()->isEnabled(), qPrintable(meaning->text()));
+            QTest::keyClicks(crs, QStringLiteral("000"));
+            QVERIFY(!wizard.nextButton()->isEnabled());
+            QVERIFY(meaning->isVisible() && meaning->text().startsWith(QStringLiteral("There is no such")));
+            wizard.current_sheet()->deactivate();
+            crs->clear();
+            QTest::keyClicks(crs, QStringLiteral("EPSG:28350"));
+            QVERIFY(wizard.nextButton()->isEnabled());
+            QCOMPARE(meaning->text(), QStringLiteral("GDA94 / MGA zone 50 (EPSG:28350)"));
+            crs->clear();
+            crs->setText(QStringLiteral("nowhere"));
+            wizard.close();
+        }
+        ExportWizard next(*m_context, m_window.get());
+        next.setFormatAndSelectedGeo(format, {1});
+        next.startup();
+        const QString remembered = next.findChild<QLineEdit*>(QStringLiteral("crs"))->text();
+        QVERIFY2(!remembered.contains(QStringLiteral("nowhere")) && !remembered.endsWith(QStringLiteral("000")),
+                 qPrintable(remembered));
+        next.findChild<QLineEdit*>(QStringLiteral("crs"))->clear();
+        next.current_sheet()->deactivate();
+    }
+}
+
+/// From the report of a failure one goes back to the plan and the pages before it, with everything as it was.
+void GuiTest::backFromAFailure()
+{
+    const QString target = m_folder.filePath(QStringLiteral("back.csv"));
+    QString report;
+    const auto inTheWay = [&target](QWidget&) { return QDir().mkdir(target); };
+    const auto outOfTheWay = [&target](QWidget&) { return QDir().rmdir(target); };
+    QString success;
+    const auto readSuccess = [&success](QWidget& window) {
+        success = window.findChild<QTextEdit*>(QStringLiteral("reportView"))->toPlainText();
+        return success.contains(QStringLiteral("successfully!"));
+    };
+    Script script({click("nextButton"), click("nextButton"), nameFile(target), inTheWay, click("nextButton"),
+                   readReport(report), outOfTheWay, click("backButton"), click("nextButton"), readSuccess,
+                   click("closeButton")});
+    exportWith(script);
+    QVERIFY2(report.contains(QStringLiteral("this is a directory")), qPrintable(report));
+    QVERIFY2(read(QStringLiteral("back.csv")).startsWith("X"), qPrintable(success));
 }
 
 /// Each control of a library's page stands for a setting that the format really has.
