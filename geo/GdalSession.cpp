@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "geo/GdalSession.h"
 
+#include "geo/GdalWarnings.h"
+
 #include "geo/LoadLimits.h"
 
 #include <QFileInfo>
@@ -13,6 +15,7 @@ void registerGdalDrivers()
     static const bool registered = [] {
         // It tells of every driver that is switched off and was not there.
         const QuietGdal quiet;
+        const GdalWarnings ofNobody;
         GDALAllRegister();
         limitDrivers();
         return true;
@@ -22,7 +25,10 @@ void registerGdalDrivers()
 
 QuietGdal::QuietGdal()
 {
-    CPLPushErrorHandler(CPLQuietErrorHandler);
+    CPLPushErrorHandler([](CPLErr severity, CPLErrorNum, const char* message) {
+        if (severity == CE_Warning)
+            GdalWarnings::note(message);
+    });
     CPLErrorReset();
 }
 

@@ -14,7 +14,7 @@ namespace kpFormats
 /// Registers GDAL's drivers the first time it is called. Not done at start: it takes longer than most commands.
 KPFORMATS_EXPORT void registerGdalDrivers();
 
-/// Keeps GDAL's messages off the terminal while it lives.
+/// Keeps GDAL's messages off the terminal while it lives. Who wants to tell its warnings collects them in a GdalWarnings.
 class KPFORMATS_EXPORT QuietGdal
 {
 public:

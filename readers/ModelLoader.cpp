@@ -3,6 +3,7 @@
 
 #include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
+#include "geo/GdalWarnings.h"
 #include "readers/FileKind.h"
 #include "readers/GocadReader.h"
 #include "readers/GrdeclReader.h"
@@ -36,6 +37,7 @@ namespace
 bool isRaster(const QString& path)
 {
     const QuietGdal quiet;
+    const GdalWarnings toldAgain; // by the reader
     const GDALDatasetUniquePtr dataset = openDataset(path, GDAL_OF_RASTER | GDAL_OF_VECTOR);
     return dataset->GetRasterCount() > 0 || (dataset->GetLayerCount() == 0 && dataset->GetMetadata("SUBDATASETS"));
 }
@@ -107,7 +109,9 @@ LoadNotes loadInto(Model& model, const QString& path, const LoadOptions& options
     try {
         // Nothing of a file that fails comes into the model.
         Model loaded;
+        const GdalWarnings warnings;
         LoadNotes notes = readAny(loaded, path, options);
+        notes += warnings.lines();
         ObjectUnits units;
         for (ModelObject& object : loaded.take()) {
             units.settle(object);

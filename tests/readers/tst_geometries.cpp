@@ -6,6 +6,8 @@
 #include "readers/ModelLoader.h"
 #include "tests/support/FileContent.h"
 
+#include <ogrsf_frmts.h>
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void heights();
     void kinds();
     void fields();
+    void warnings();
     void drawing();
     void gmlLeavesNothing();
     void scaledBands();
@@ -113,6 +116,32 @@ void GeometriesTest::fields()
     QCOMPARE(found.join(QStringLiteral(", ")),
              QStringLiteral("id 9007199254740993 0, day 2024-02-29 1, at 2024-02-29T13:45:10Z 3, list [ 1, 2 ] 0"));
     QCOMPARE(notes.size(), 1);
+}
+
+/// What GDAL warns of comes with the other things that loading lost, once; what it says of options does not.
+void GeometriesTest::warnings()
+{
+    registerGdalDrivers();
+    const QByteArray file = path("w.gpkg").toUtf8();
+    {
+        GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
+        const GDALDatasetUniquePtr data(driver->Create(file.constData(), 0, 0, 0, GDT_Unknown, nullptr));
+        OGRLayer* layer = data->CreateLayer("w", nullptr, wkbPoint);
+        OGRFieldDefn day("day", OFTDate);
+        QCOMPARE(layer->CreateField(&day), OGRERR_NONE);
+        for (int x = 0; x < 30; ++x) {
+            OGRFeature feature(layer->GetLayerDefn());
+            const OGRPoint place(x, 0.0, 0.0);
+            feature.SetGeometry(&place);
+            feature.SetField("day", "2024/02/29");
+            QCOMPARE(layer->CreateFeature(&feature), OGRERR_NONE);
+        }
+        data->ExecuteSQL("UPDATE w SET day = 'some day' WHERE fid > 3", nullptr, nullptr);
+    }
+    Model model;
+    QCOMPARE(loadInto(model, QString::fromUtf8(file)).filter(QStringLiteral("GDAL")),
+             QStringList(QStringLiteral("GDAL warned: Invalid content for record 4 in column day: some day")));
+    QCOMPARE(model.objects().front().vertexAttributes.front().values.count(QVariant()), 27);
 }
 
 void GeometriesTest::drawing()
