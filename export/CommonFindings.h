@@ -62,6 +62,17 @@ inline constexpr FindingKind valueEqualToTheNullValue("value equal to the null v
 inline constexpr FindingKind coordinateSystemNotCarried("coordinate system not carried",
                                                         "the coordinate system was not written",
                                                         "%1 coordinate systems were not written");
+inline constexpr FindingKind
+    measuredDepthComputed("measured depth computed", "the well has no measured depth: it was computed along its path",
+                          "%1 wells have no measured depth: it was computed along their paths");
+inline constexpr FindingKind depthReferenceAssumed("elevation of depth 0 assumed",
+                                                   "the elevation of depth 0 is not known and was taken from the path",
+                                                   "the elevations of depth 0 of %1 wells are not known and were taken "
+                                                   "from their paths");
+inline constexpr FindingKind rowWithoutDepth("row without a depth left out", "a row without a depth was left out",
+                                             "%1 rows without a depth were left out");
+inline constexpr FindingKind lengthUnitChanged("length unit changed", "the unit of length was changed",
+                                               "the units of length of %1 objects were changed");
 inline constexpr FindingKind gridWithoutAnyValue("grid without any value", "the grid has no value at any node",
                                                  "%1 grids have no value at any node");
 inline constexpr FindingKind

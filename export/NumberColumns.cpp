@@ -100,6 +100,13 @@ std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportS
     return collector.take(findings);
 }
 
+std::vector<NumberColumn> vertexColumns(const ModelObject& object, const ExportSelection& selection, Findings& findings)
+{
+    Collector collector(object, selection);
+    collector.add(object.vertexAttributes);
+    return collector.take(findings);
+}
+
 std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection, Findings& findings)
 {
     Collector collector(object, selection);

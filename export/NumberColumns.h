@@ -42,6 +42,9 @@ private:
 /// object outlives the columns.
 KPFORMATS_EXPORT std::vector<NumberColumn> numberColumns(const ModelObject& object, const ExportSelection& selection,
                                                          Findings& findings);
+/// Those of the vertices alone.
+KPFORMATS_EXPORT std::vector<NumberColumn> vertexColumns(const ModelObject& object, const ExportSelection& selection,
+                                                         Findings& findings);
 /// The same for the cells of a volume.
 KPFORMATS_EXPORT std::vector<NumberColumn> cellColumns(const ModelObject& object, const ExportSelection& selection,
                                                        Findings& findings);

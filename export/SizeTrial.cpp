@@ -37,6 +37,14 @@ qint64 widthOf(const AttributeColumn& column)
     return characters / count + 1;
 }
 
+qint64 mostRows(const std::vector<const ModelObject*>& objects)
+{
+    qint64 most = 0;
+    for (const ModelObject* object : objects)
+        most = std::max(most, object->rowCount());
+    return most;
+}
+
 } // namespace
 
 SizeTrial::SizeTrial(const Format& format, const ExportSelection& selection, const SettingsValue& settings)
@@ -57,11 +65,22 @@ qint64 SizeTrial::bytesOf(const PlannedFile& file)
         types.push_back(entry.first);
     auto rates = m_rates.find(types);
     if (rates == m_rates.end())
-        rates = m_rates.emplace(types, measure(file, objects)).first;
+        rates =
+            m_rates.emplace(types, measure(file, file.objects.size() == 1 ? largest(types.front()) : objects)).first;
     double bytes = rates->second.fixed;
     for (const auto& entry : objects)
         bytes += rates->second.slopes[entry.first] * guess(entry.second);
     return std::llround(std::max(0.0, bytes));
+}
+
+SizeTrial::ByType SizeTrial::largest(ObjectType type) const
+{
+    const ModelObject* most = nullptr;
+    for (const ModelObject* object : m_selection.objects) {
+        if (object->type == type && (!most || object->rowCount() > most->rowCount()))
+            most = object;
+    }
+    return {{type, {most}}};
 }
 
 SizeTrial::Rates SizeTrial::measure(const PlannedFile& file, const ByType& objects) const
@@ -99,7 +118,7 @@ SizeTrial::Sample SizeTrial::write(const PlannedFile& file, const ByType& object
         std::size_t count = std::min(sampleObjects, total);
         int vertices = std::max(sampleVertices / static_cast<int>(count), 2);
         if (reduced == entry.first && total < reduction)
-            vertices /= reduction;
+            vertices = std::min(vertices, static_cast<int>(mostRows(entry.second))) / reduction;
         else if (reduced == entry.first)
             count = std::max<std::size_t>(1, count / reduction);
         std::vector<const ModelObject*> ofType;

@@ -41,6 +41,8 @@ private:
         std::map<ObjectType, double> guesses;
     };
 
+    /// Of the files with one object each, the largest shows best what a row takes.
+    ByType largest(ObjectType type) const;
     Rates measure(const PlannedFile& file, const ByType& objects) const;
     Sample write(const PlannedFile& file, const ByType& objects, std::optional<ObjectType> reduced) const;
     double guess(const std::vector<const ModelObject*>& objects) const;

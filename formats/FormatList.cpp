@@ -8,6 +8,7 @@
 #include "formats/irap/IrapFormat.h"
 #include "formats/irap/IrapPointsFormat.h"
 #include "formats/kml/KmlFormat.h"
+#include "formats/las/LasFormat.h"
 #include "formats/obj/ObjFormat.h"
 #include "formats/off/OffFormat.h"
 #include "formats/ogr/FgbFormat.h"
@@ -71,6 +72,7 @@ Formats makeFormats()
     formats.push_back(std::make_unique<GmlFormat>());
     formats.push_back(std::make_unique<SqliteFormat>());
     formats.push_back(std::make_unique<PgDumpFormat>());
+    formats.push_back(std::make_unique<LasFormat>());
     return formats;
 }
 

@@ -31,16 +31,22 @@ void cutColumns(std::vector<AttributeColumn>& columns, int first, int count)
     }
 }
 
-/// Rings of holes stay with the ring that they lie in.
-int endOfParts(const ModelObject& object, int most, std::size_t& parts)
+/// Drops the parts behind so many vertices. A line is cut short there; a ring stays whole, with its holes.
+/// \returns the vertices that are left
+int cutParts(std::vector<Part>& parts, int most)
 {
     int end = 0;
-    for (parts = 0; parts < object.parts.size(); ++parts) {
-        const Part& part = object.parts[parts];
+    std::size_t kept = 0;
+    for (; kept < parts.size(); ++kept) {
+        Part& part = parts[kept];
         if (end >= most && !part.hole)
             break;
+        constexpr int fewest = 2;
+        if (!part.closed && !part.hole)
+            part.count = std::min(part.count, std::max(fewest, most - part.first));
         end = std::max(end, part.first + part.count);
     }
+    parts.resize(kept);
     return end;
 }
 
@@ -86,9 +92,7 @@ ModelObject sliceOf(const ModelObject& object, int mostVertices)
         slice.grid->originX = (*object.x)[static_cast<std::size_t>(first)];
         slice.grid->originY = (*object.y)[static_cast<std::size_t>(first)];
     } else if (!object.parts.empty()) {
-        std::size_t parts = 0;
-        count = endOfParts(object, mostVertices, parts);
-        slice.parts.resize(parts);
+        count = cutParts(slice.parts, mostVertices);
     }
     slice.x = cut(object.x, first, count);
     slice.y = cut(object.y, first, count);

@@ -2,6 +2,7 @@
 #include "readers/FileKind.h"
 
 #include "readers/IrapReader.h"
+#include "readers/LasWellReader.h"
 #include "readers/ZMapReader.h"
 
 #include <QFile>
@@ -57,6 +58,8 @@ FileKind fileKindOf(const QString& path)
         return FileKind::ZMap;
     if (isIrapGrid(path))
         return FileKind::IrapGrid;
+    if (isLasLog(path))
+        return FileKind::Las;
     const QByteArray begin = beginningOf(path);
     if (begin.startsWith("GOCAD "))
         return FileKind::Gocad;

@@ -22,6 +22,7 @@ enum class FileKind {
     Stl,
     Ply,
     Vtk,
+    Las,
     Table,
     Other
 };

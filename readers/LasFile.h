@@ -5,6 +5,8 @@
 #include "model/kpFormatsExport.h"
 #include "readers/LoadOptions.h"
 
+#include <QHash>
+
 #include <vector>
 
 namespace kpFormats
@@ -17,6 +19,8 @@ struct LasFile
     QString depthUnit;          ///< "m" or "ft"
     std::vector<double> depths; ///< from the top
     std::vector<AttributeColumn> curves;
+    QHash<QString, QString> header; ///< values of the well and of parameters, by mnemonic in capitals
+    QString index;                  ///< description of the depth
     LoadNotes notes;
 };
 

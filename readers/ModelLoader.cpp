@@ -9,6 +9,7 @@
 #include "readers/GrdeclReader.h"
 #include "readers/GridReader.h"
 #include "readers/IrapReader.h"
+#include "readers/LasWellReader.h"
 #include "readers/LoadError.h"
 #include "readers/ModelFile.h"
 #include "readers/ObjReader.h"
@@ -65,6 +66,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readIrapPolygons(model, path, options);
     case FileKind::IrapPoints:
         return readIrapPoints(model, path, options);
+    case FileKind::Las:
+        return readLasWell(model, path, options);
     case FileKind::Stl:
         return readStl(model, path, options);
     case FileKind::Ply:

@@ -2,8 +2,8 @@
 #include "formats/grdecl/GrdeclFile.h"
 
 #include "export/ExportError.h"
+#include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
-#include "formats/grdecl/GrdeclFindings.h"
 #include "formats/grdecl/GrdeclVerification.h"
 #include "formats/grdecl/GrdeclWriter.h"
 
@@ -12,14 +12,6 @@ namespace kpFormats
 
 namespace
 {
-
-void noteUnit(const ModelObject& object, const GrdeclExportSettings& settings, OutputUnit unit, Findings& findings)
-{
-    if (settings.lengthUnit == OutputUnit::Model && writtenUnit(object.lengthUnit, unit) != object.lengthUnit)
-        findings.note(grdeclFinding::lengthUnitChanged, object, 1,
-                      QStringLiteral("%1 is written in %2; GRDECL knows metres and feet")
-                          .arg(object.lengthUnit, writtenUnit(object.lengthUnit, unit)));
-}
 
 /// \throws ExportError when there are none
 const ModelObject& gridOf(const PlannedFile& file)
@@ -37,11 +29,11 @@ GrdeclFile::GrdeclFile(PlannedFile planned, const ExportSelection& selected, Grd
                        Findings& findings)
     : PreparedFile(std::move(planned), selected)
     , m_settings(std::move(settings))
-    , m_unit(grdeclUnit(gridOf(file()), m_settings, file().path))
+    , m_unit(metreOrFoot(gridOf(file()), m_settings.lengthUnit, QStringLiteral("GRDECL"), file().path))
 {
     const ModelObject& object = gridOf(file());
     noteMissingAttributes(file().objects, selection(), findings);
-    noteUnit(object, m_settings, m_unit, findings);
+    noteMetreOrFoot(object, m_settings.lengthUnit, m_unit, QStringLiteral("GRDECL"), findings);
     noteCornersWithoutDepth(object, file().path, findings);
     m_columns = cellColumns(object, selection(), findings);
 }

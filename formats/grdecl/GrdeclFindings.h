@@ -10,8 +10,6 @@ namespace kpFormats::grdeclFinding
 inline constexpr FindingKind cornerWithoutDepth("corner of an inactive cell without a depth written as 0",
                                                 "a corner of an inactive cell has no depth and was written as 0",
                                                 "%1 corners of inactive cells have no depth and were written as 0");
-inline constexpr FindingKind lengthUnitChanged("length unit changed", "the unit of length was changed",
-                                               "the units of length of %1 objects were changed");
 inline constexpr FindingKind missingValueOfActiveCell("missing value of an active cell written as",
                                                       "a missing value of an active cell was written as",
                                                       "%1 missing values of active cells were written as");

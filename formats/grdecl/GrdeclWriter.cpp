@@ -44,22 +44,6 @@ std::size_t cellOf(const CellGrid& grid, std::size_t corner)
 
 } // namespace
 
-OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file)
-{
-    switch (settings.lengthUnit) {
-    case OutputUnit::Metre:
-    case OutputUnit::Foot:
-        return settings.lengthUnit;
-    case OutputUnit::Model:
-        return object.lengthUnit.startsWith(QLatin1String("ft")) ? OutputUnit::Foot : OutputUnit::Metre;
-    case OutputUnit::UsSurveyFoot:
-    case OutputUnit::Kilometre:
-        break;
-    }
-    throw ExportError(file, QStringLiteral("GRDECL knows metres and feet only"),
-                      QStringLiteral("set lengthUnit to m or ft"));
-}
-
 void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Findings& findings)
 {
     const CellGrid& grid = *object.cells;

@@ -11,9 +11,6 @@
 namespace kpFormats
 {
 
-/// The unit that a grid is written in: metres or feet. \throws ExportError naming \a file for another one
-OutputUnit grdeclUnit(const ModelObject& object, const GrdeclExportSettings& settings, const QString& file);
-
 /// Notes corners of inactive cells that have no depth. \throws ExportError naming \a file when the geometry is not
 /// complete where a cell is active
 void noteCornersWithoutDepth(const ModelObject& object, const QString& file, Findings& findings);

@@ -119,6 +119,14 @@ QByteArray cells(int size, double shift)
     return text + "/\n";
 }
 
+QByteArray stations(int size)
+{
+    QByteArray text = "BHID,DEPTH,AZ,DIP\n";
+    for (int station = 0; station < size * size; ++station)
+        text += "W," + QByteArray::number(10 * station) + ',' + number(station % 720 / 2.0) + ",85\n";
+    return text;
+}
+
 } // namespace
 
 QStringList hostileNames()
@@ -138,10 +146,17 @@ QString writeFaultModel(const QString& folder, int size, double shift)
     writeFile(directory.filePath(QStringLiteral("grid.asc")), grid(size, shift));
     writeFile(directory.filePath(QStringLiteral("mesh.off")), mesh(size, shift));
     writeFile(directory.filePath(QStringLiteral("cells.grdecl")), cells(size, shift));
+    writeFile(directory.filePath(QStringLiteral("collar.csv")),
+              "BHID,X,Y,Z\nW," + number(east + shift + 3.7) + ',' + number(north + 2.3) + ",100\n");
+    writeFile(directory.filePath(QStringLiteral("survey.csv")), stations(size));
     QJsonArray objects;
     for (const char* name : {"points.csv", "lines.geojson", "rings.geojson", "grid.asc", "mesh.off", "cells.grdecl"})
         objects.append(QJsonObject{{QStringLiteral("file"), QLatin1String(name)},
                                    {QStringLiteral("crs"), QStringLiteral("EPSG:28350")}});
+    objects.append(QJsonObject{{QStringLiteral("file"), QStringLiteral("collar.csv")},
+                               {QStringLiteral("survey"), QStringLiteral("survey.csv")},
+                               {QStringLiteral("maxDepth"), 1e6},
+                               {QStringLiteral("crs"), QStringLiteral("EPSG:28350")}});
     const QJsonArray trace{QJsonArray{east + shift + 0.5, north + 0.5},
                            QJsonArray{east + shift + size - 1.5, north + size - 1.5}};
     const QJsonObject section{{QStringLiteral("name"), QStringLiteral("Section A")}, {QStringLiteral("trace"), trace}};

@@ -355,7 +355,11 @@ void FaultsTest::hostileObjectNames()
             const QString file = object.value(QStringLiteral("file")).toString();
             if (file.endsWith(QStringLiteral("json")))
                 continue;
-            object.insert(QStringLiteral("file"), QFileInfo(m_small).absoluteDir().filePath(file));
+            const QDir folder = QFileInfo(m_small).absoluteDir();
+            object.insert(QStringLiteral("file"), folder.filePath(file));
+            if (object.contains(QStringLiteral("survey")))
+                object.insert(QStringLiteral("survey"),
+                              folder.filePath(object.value(QStringLiteral("survey")).toString()));
             object.insert(QStringLiteral("name"), names[index]);
             object.insert(QStringLiteral("set"), names[names.size() - 1 - index]);
             named.append(object);

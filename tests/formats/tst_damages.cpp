@@ -27,6 +27,15 @@ ModelObject line()
     return object;
 }
 
+ModelObject hole()
+{
+    ModelObject object =
+        objectOf(ObjectType::Wells, QStringLiteral("W"), {{10, 20, 5}, {11, 21, -6.5}, {12, 22, none}}, "");
+    object.vertexAttributes = {columnOf(QStringLiteral("MD"), AttributeKind::Real, {0, 12.25, 31}),
+                               columnOf(QStringLiteral("GR"), AttributeKind::Real, {45.5, QVariant(), 47.75})};
+    return object;
+}
+
 ModelObject section()
 {
     ModelObject object = objectOf(ObjectType::CrossSections, QStringLiteral("A"), {{0, 0, 0}, {10, 0, 0}}, "");
@@ -48,6 +57,8 @@ std::vector<ModelObject> samplesOf(const QString& format)
 {
     if (format == QLatin1String("zmap") || format == QLatin1String("off") || format == QLatin1String("irap"))
         return {gridOf(QStringLiteral("G"), 3, {11.5, 12.5, none, 14.5, 15.5, 16.5}, 1000, 2000, 10)};
+    if (format == QLatin1String("las"))
+        return {hole()};
     if (format == QLatin1String("grdecl"))
         return {boxOf(cellsOf(2, 1, 2))};
     if (format == QLatin1String("opentec"))
@@ -135,6 +146,15 @@ void DamagesTest::texts_data()
          {"irap points end", "irappoints", "999.00000000 999.00000000 999.00000000\n", ""},
          {"irap points order", "irappoints", "117.75000000 -22.75000000", "-22.75000000 117.75000000"},
          {"irap points missing", "irappoints", "117.75000000 -22.75000000 50.50000000\n", ""},
+         {"las depth", "las", " 12.2500", " 12.2502"},
+         {"las position", "las", " 21.0000", " 21.0002"},
+         {"las height", "las", " -6.5000", "  6.5000"},
+         {"las value", "las", " 47.7500", " 47.7502"},
+         {"las null", "las", " -6.5000      -999.25", " -6.5000            0"},
+         {"las null of all", "las", "NULL.            -999.25 ", "NULL.            -999    "},
+         {"las curve", "las", "\nGR.", "\nSP."},
+         {"las well", "las", "W                        : well", "V                        : well"},
+         {"las unit", "las", "\nDEPT.M ", "\nDEPT.FT"},
          {"off position", "off", "1010.00000000 2000.00000000 12.5", "1010.00010000 2000.00000000 12.5"},
          {"off height", "off", "12.50000000", "12.50010000"},
          {"off corner", "off", "3 0 3 2", "3 0 3 4"},

@@ -21,7 +21,7 @@ except ImportError:
     print("no osgeo: skipped")
     sys.exit(77)
 
-# The extension and the reader of each format; opentec has none that compares.
+# The extension and the reader of each format; none for what no data set holds, sections and wells.
 OUTPUTS = {
     "ascii": ("csv", readers.table),
     "shp": ("shp", readers.vector),
@@ -55,6 +55,7 @@ OUTPUTS = {
     "sqlite": ("sqlite", readers.database),
     "pgdump": ("sql", readers.dump),
     "opentec": ("otl", None),
+    "las": ("las", None),
 }
 FORMATS = list(OUTPUTS)
 OUTPUT_READERS = {key: reader for key, (_, reader) in OUTPUTS.items() if reader}

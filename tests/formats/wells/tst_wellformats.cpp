@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+// Wells as LAS: whole texts, a LAS reader of a few lines that shares
+// nothing with the program, what is refused.
+#include "tests/support/SaverRun.h"
+#include "tests/support/TextRows.h"
+
+using namespace kpFormats;
+
+namespace
+{
+
+AttributeColumn depthsOf(const QVector<QVariant>& depths, const char* unit = "m")
+{
+    AttributeColumn column = columnOf(QStringLiteral("MD"), AttributeKind::Real, depths);
+    column.unit = QLatin1String(unit);
+    return column;
+}
+
+ModelObject well()
+{
+    ModelObject object = objectOf(ObjectType::Wells, QStringLiteral("Дол 7: B"),
+                                  {{100, 200, 50}, {100, 200, 40}, {103, 200, 31}, {110, 200, none}}, "EPSG:28350");
+    AttributeColumn gamma =
+        columnOf(QStringLiteral("GR cal.1"), AttributeKind::Real, {45.5, QVariant(), 0.00125, -999.25});
+    gamma.unit = QStringLiteral("g API");
+    object.vertexAttributes = {
+        depthsOf({0, 10, 20, 30}), gamma, columnOf(QStringLiteral("X"), AttributeKind::Integer, {1, 2, 3, QVariant()}),
+        columnOf(QStringLiteral("rock"), AttributeKind::Text, QVector<QVariant>(4, QStringLiteral("a")))};
+    object.objectAttributes = {{QStringLiteral("operator"), AttributeKind::Text, QString(), QStringLiteral("A: B\nC")}};
+    return object;
+}
+
+/// LAS 2.0 as its standard says: sections, "MNEM.UNIT VALUE : DESCRIPTION" with the last colon, rows of numbers.
+struct PlainLas
+{
+    QMap<QString, QString> head; ///< "W.STRT" is value, "W.STRT.unit" its unit
+    QStringList curves;
+    QVector<QVector<double>> rows;
+    bool good = true;
+
+    explicit PlainLas(const QByteArray& bytes)
+    {
+        QChar section;
+        for (const QString& line : QString::fromUtf8(bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (line[0] == QLatin1Char('~')) {
+                section = line[1];
+            } else if (section == QLatin1Char('A')) {
+                rows.append(QVector<double>());
+                for (const QString& word : line.simplified().split(QLatin1Char(' '))) {
+                    bool number = false;
+                    rows.back().append(word.toDouble(&number));
+                    good = good && number;
+                }
+            } else {
+                const int dot = line.indexOf(QLatin1Char('.'));
+                const QString name = line.left(dot).trimmed();
+                const QString rest = line.mid(dot + 1, line.lastIndexOf(QLatin1Char(':')) - dot - 1);
+                const QString unit = rest.section(QLatin1Char(' '), 0, 0);
+                head.insert(QString(section) + QLatin1Char('.') + name, rest.mid(unit.size()).trimmed());
+                head.insert(QString(section) + QLatin1Char('.') + name + QStringLiteral(".unit"), unit);
+                good = good && dot > 0 && line.contains(QLatin1Char(':')) && !name.contains(QLatin1Char(' '));
+                if (section == QLatin1Char('C'))
+                    curves.append(name);
+            }
+        }
+    }
+};
+
+} // namespace
+
+class WellFormatsTest : public SaverTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { emptyFolder(); }
+    void lasText();
+    void lasIndependently();
+    void lasRefused_data();
+    void lasRefused();
+    void lasOfRealWells();
+};
+
+void WellFormatsTest::lasText()
+{
+    SaverRun run("las", {well()}, path("w"), "decimals=2");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.files[0].path, path("w.las"));
+    QCOMPARE(QString::fromUtf8(run.bytes()),
+             QStringLiteral("~Version\n"
+                            "VERS.            2.0                      : CWLS log ASCII standard, version 2.0\n"
+                            "WRAP.            NO                       : one line per depth\n"
+                            "~Well\n"
+                            "STRT.M           0.00                     : first depth\n"
+                            "STOP.M           30.00                    : last depth\n"
+                            "STEP.M           10.00                    : step\n"
+                            "NULL.            -9999.25                 : no value\n"
+                            "COMP.                                     : company\n"
+                            "WELL.            Дол 7: B                 : well\n"
+                            "FLD.                                      : field\n"
+                            "LOC.                                      : location\n"
+                            "CTRY.                                     : country\n"
+                            "SRVC.                                     : service company\n"
+                            "DATE.                                     : date of the log\n"
+                            "UWI.                                      : unique well identifier\n"
+                            "~Curve\n"
+                            "DEPT.M                                    : measured depth\n"
+                            "X.M                                       : easting\n"
+                            "Y.M                                       : northing\n"
+                            "Z.M                                       : elevation, positive up\n"
+                            "GR_cal_1.g_API                            : GR cal.1\n"
+                            "X_2.                                      : X\n"
+                            "~Parameter\n"
+                            "X.M              100                      : easting of the first row\n"
+                            "Y.M              200                      : northing of the first row\n"
+                            "HZCS.            GDA94 / MGA zone 50 (EPSG:28350) : horizontal coordinate system\n"
+                            "EREF.M           50                       : elevation of depth 0\n"
+                            "operator.        A: B C                   : operator\n"
+                            "~ASCII\n"
+                            "         0.00       100.00       200.00        50.00        45.50         1.00\n"
+                            "        10.00       100.00       200.00        40.00     -9999.25         2.00\n"
+                            "        20.00       103.00       200.00        31.00         0.00         3.00\n"
+                            "        30.00       110.00       200.00     -9999.25      -999.25     -9999.25\n"));
+    QCOMPARE(run.findings(),
+             QStringLiteral("attribute that is not a number left out: 1, number rounded to 0: 1, renamed: 2, "
+                            "null value changed: 1, text beyond ASCII: 1"));
+    // Loaded, it is the well that it was.
+    const ModelObject read = loaded(run.files[0].path).front();
+    QCOMPARE(read.name, QStringLiteral("Дол 7: B"));
+    QVERIFY(read.type == ObjectType::Wells && std::isnan(read.z->back()) && read.x->at(2) == 103.0);
+    QCOMPARE(read.vertexAttributes[0].name, QStringLiteral("MD"));
+    QCOMPARE((*read.vertexAttributes[1].numbers)[3], -999.25);
+    QCOMPARE(int((*read.vertexAttributes[2].missing)[3]), 1);
+    // By vertical depth, without coordinates, in feet.
+    QVERIFY(run.again("index=tvd;coordinates=false;lengthUnit=ft;decimals=-1"));
+    QCOMPARE(run.fault(), QString());
+    QVERIFY(run.bytes().contains("STEP.FT          0.0000 "));
+    QCOMPARE(run.bytes().right(54), QByteArray("\n      62.3360      65.6168      0.00125       3.0000\n"));
+    QCOMPARE(run.countOf(QStringLiteral("row without a depth left out")), 1);
+}
+
+void WellFormatsTest::lasIndependently()
+{
+    const SaverRun run("las", {well()}, path("w.las"));
+    const PlainLas las(run.bytes());
+    QVERIFY(las.good);
+    for (const char* line : {"V.VERS", "V.WRAP", "W.STRT", "W.STOP", "W.STEP", "W.NULL", "W.COMP", "W.WELL", "W.FLD",
+                             "W.LOC", "W.CTRY", "W.SRVC", "W.DATE", "W.UWI"})
+        QVERIFY2(las.head.contains(QLatin1String(line)), line);
+    QCOMPARE(las.head[QStringLiteral("W.WELL")], QStringLiteral("Дол 7: B"));
+    QCOMPARE(las.head[QStringLiteral("P.operator")], QStringLiteral("A: B C"));
+    QCOMPARE(las.head[QStringLiteral("W.STRT.unit")], QStringLiteral("M"));
+    QCOMPARE(las.curves.join(QLatin1Char(' ')), QStringLiteral("DEPT X Y Z GR_cal_1 X_2"));
+    const double null = las.head[QStringLiteral("W.NULL")].toDouble();
+    QCOMPARE(las.rows, (QVector<QVector<double>>{{0, 100, 200, 50, 45.5, 1},
+                                                 {10, 100, 200, 40, null, 2},
+                                                 {20, 103, 200, 31, 0.0013, 3},
+                                                 {30, 110, 200, null, -999.25, null}}));
+}
+
+void WellFormatsTest::lasRefused_data()
+{
+    textRows({"what", "settings", "message"},
+             {{"repeated depth", "", "the measured depth of the well W does not increase at 10"},
+              {"upwards", "index=tvd", "the true vertical depth of the well W does not increase at 9"},
+              {"two paths", "", "the well W has 2 paths"},
+              {"no depth", "", "and none can be computed from a path in degrees"},
+              {"flat", "", "and none can be computed from a path with places or heights missing"},
+              {"unit", "lengthUnit=km", "LAS knows metres and feet only"}});
+}
+
+void WellFormatsTest::lasRefused()
+{
+    QFETCH(QString, what);
+    QFETCH(QString, settings);
+    QFETCH(QString, message);
+    const bool degrees = what == QLatin1String("no depth");
+    ModelObject object = objectOf(ObjectType::Wells, QStringLiteral("W"), {{1, 2, 0}, {1, 2, -10}, {2, 2, -9}},
+                                  degrees ? "EPSG:4326" : "");
+    if (!degrees && what != QLatin1String("flat"))
+        object.vertexAttributes = {depthsOf({0, 10, what.startsWith(QLatin1String("rep")) ? 10 : 12})};
+    if (what == QLatin1String("two paths"))
+        object.parts = {{0, 1, false, false}, {1, 2, false, false}};
+    object.hasZ = what != QLatin1String("flat");
+    const SaverRun run("las", {object}, path("w.las"), settings);
+    QVERIFY2(run.error().contains(message), qPrintable(run.error()));
+    QCOMPARE(listing(), QString());
+}
+
+void WellFormatsTest::lasOfRealWells()
+{
+    LoadOptions options;
+    options.survey = sample("survey.csv");
+    options.lengthUnit = QStringLiteral("ft");
+    options.maxDepth = 20000;
+    std::vector<ModelObject> wells = loaded(sample("collar.csv"), options);
+    QVERIFY(wells.size() > 300);
+    const SaverRun run("las", wells, path());
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.report.findings.toJson().size(), 0);
+    // Its curves are those of the hole that it is loaded with.
+    const ModelObject read = loaded(run.files[150].path).front();
+    QCOMPARE(read.name, wells[150].name);
+    QCOMPARE(read.lengthUnit, QStringLiteral("ft"));
+    for (std::size_t vertex = 0; vertex < read.x->size(); ++vertex)
+        QVERIFY(std::abs((*read.z)[vertex] - (*wells[150].z)[vertex]) <= 5.01e-5);
+}
+
+QTEST_GUILESS_MAIN(WellFormatsTest)
+#include "tst_wellformats.moc"

@@ -1,0 +1,16 @@
+~V
+VERS. 2.0:
+WRAP. NO:
+~W
+NULL. -999.25:
+WELL. W:
+X.FT 10:
+Y.FT 20:
+~P
+EREF.FT 100.5:
+~C
+DEPT.FT : depth
+GR.API:
+~A
+1 2
+2 -999.25
