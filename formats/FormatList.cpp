@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/Format.h"
 #include "formats/ascii/AsciiFormat.h"
+#include "formats/deviation/DeviationFormat.h"
 #include "formats/dxf/DxfFormat.h"
 #include "formats/gocad/GocadFormat.h"
 #include "formats/grdecl/GrdeclFormat.h"
@@ -73,6 +74,7 @@ Formats makeFormats()
     formats.push_back(std::make_unique<SqliteFormat>());
     formats.push_back(std::make_unique<PgDumpFormat>());
     formats.push_back(std::make_unique<LasFormat>());
+    formats.push_back(std::make_unique<DeviationFormat>());
     return formats;
 }
 

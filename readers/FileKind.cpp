@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "readers/FileKind.h"
 
+#include "readers/DeviationReader.h"
 #include "readers/IrapReader.h"
 #include "readers/LasWellReader.h"
 #include "readers/ZMapReader.h"
@@ -58,6 +59,8 @@ FileKind fileKindOf(const QString& path)
         return FileKind::ZMap;
     if (isIrapGrid(path))
         return FileKind::IrapGrid;
+    if (isDeviationTable(path))
+        return FileKind::Deviation;
     if (isLasLog(path))
         return FileKind::Las;
     const QByteArray begin = beginningOf(path);

@@ -22,6 +22,7 @@ enum class FileKind {
     Stl,
     Ply,
     Vtk,
+    Deviation,
     Las,
     Table,
     Other

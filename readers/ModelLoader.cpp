@@ -4,6 +4,7 @@
 #include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
 #include "geo/GdalWarnings.h"
+#include "readers/DeviationReader.h"
 #include "readers/FileKind.h"
 #include "readers/GocadReader.h"
 #include "readers/GrdeclReader.h"
@@ -68,6 +69,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readIrapPoints(model, path, options);
     case FileKind::Las:
         return readLasWell(model, path, options);
+    case FileKind::Deviation:
+        return readDeviation(model, path, options);
     case FileKind::Stl:
         return readStl(model, path, options);
     case FileKind::Ply:

@@ -17,7 +17,7 @@ ModelObject objectFor(const QString& format, bool large)
     std::vector<std::array<double, 3>> rows;
     for (int index = 0; index < (large ? (sanitized ? 40000 : 200000) : 2); ++index)
         rows.push_back({100.0 + index * 1e-5, -20.0 + (index % 1000) * 1e-4, index * 0.125});
-    if (format == QLatin1String("las"))
+    if (format == QLatin1String("las") || format == QLatin1String("deviation"))
         return objectOf(ObjectType::Wells, QStringLiteral("W"), rows, "");
     if (format != QLatin1String("opentec"))
         return objectOf(ObjectType::Polylines, QStringLiteral("L"), rows);
@@ -52,9 +52,26 @@ void SaverFailuresTest::formatRows()
         QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0)
                             << QString::fromLatin1(settings);
     };
-    for (const char* name :
-         {"dxf", "dxf lines", "gocad", "grdecl", "irap", "irapbinary", "irappoints lines", "kml lines", "las lines",
-          "obj", "off", "opentec lines", "ply", "stl", "vti", "vtp", "vtp lines", "vtu", "zmap"})
+    for (const char* name : {"dxf",
+                             "dxf lines",
+                             "gocad",
+                             "grdecl",
+                             "irap",
+                             "irapbinary",
+                             "irappoints lines",
+                             "kml lines",
+                             "las lines",
+                             "deviation lines",
+                             "obj",
+                             "off",
+                             "opentec lines",
+                             "ply",
+                             "stl",
+                             "vti",
+                             "vtp",
+                             "vtp lines",
+                             "vtu",
+                             "zmap"})
         row(name);
     row("dxf boundaries", "boundaries=true");
     row("kml zipped lines", "compress=true");

@@ -56,6 +56,7 @@ OUTPUTS = {
     "pgdump": ("sql", readers.dump),
     "opentec": ("otl", None),
     "las": ("las", None),
+    "deviation": ("dev", None),
 }
 FORMATS = list(OUTPUTS)
 OUTPUT_READERS = {key: reader for key, (_, reader) in OUTPUTS.items() if reader}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Wells as LAS: whole texts, a LAS reader of a few lines that shares
+// Wells as LAS and as deviation tables: whole texts, surveys there and back, a LAS reader of a few lines that shares
 // nothing with the program, what is refused.
+#include "readers/WellPath.h"
 #include "tests/support/SaverRun.h"
 #include "tests/support/TextRows.h"
 
@@ -79,6 +80,11 @@ private Q_SLOTS:
     void lasRefused_data();
     void lasRefused();
     void lasOfRealWells();
+    void deviationText();
+    void surveyComesBack_data();
+    void surveyComesBack();
+    void deviationOfOtherPaths();
+    void deviationRefused();
 };
 
 void WellFormatsTest::lasText()
@@ -204,6 +210,116 @@ void WellFormatsTest::lasOfRealWells()
     QCOMPARE(read.lengthUnit, QStringLiteral("ft"));
     for (std::size_t vertex = 0; vertex < read.x->size(); ++vertex)
         QVERIFY(std::abs((*read.z)[vertex] - (*wells[150].z)[vertex]) <= 5.01e-5);
+}
+
+void WellFormatsTest::deviationText()
+{
+    // A quarter of a circle of radius 100 towards the east, then straight on.
+    ModelObject object = objectOf(ObjectType::Wells, QStringLiteral("W 1"),
+                                  {{500, 600, 80}, {600, 600, -20}, {650, 600, -20}, {700, 600, none}}, "EPSG:28350");
+    object.vertexAttributes = {depthsOf({0, 50 * M_PI, 50 * M_PI + 50, 300})};
+    object.objectAttributes = {{QStringLiteral("kb"), AttributeKind::Real, QString(), 82.5}};
+    SaverRun run("deviation", {object}, path("w"), "decimals=2");
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.bytes(), QByteArray("# deviation survey, minimum curvature\n"
+                                     "# well: W 1\n"
+                                     "# lengths in m, angles in degrees\n"
+                                     "# datum: MD 0 and TVD 0 lie at the elevation 82.5 m\n"
+                                     "# azimuth: clockwise from grid north\n"
+                                     "# coordinate system: GDA94 / MGA zone 50 (EPSG:28350)\n"
+                                     "             MD            INC            AZI            TVD              X      "
+                                     "        Y              Z\n"
+                                     "           0.00       0.000000       0.000000           2.50         500.00      "
+                                     "   600.00          80.00\n"
+                                     "         157.08      90.000000      90.000000         102.50         600.00      "
+                                     "   600.00         -20.00\n"
+                                     "         207.08      90.000000      90.000000         102.50         650.00      "
+                                     "   600.00         -20.00\n"));
+    QCOMPARE(run.findings(),
+             QStringLiteral("row without a depth left out: 1, the format has no attributes; left out: 1"));
+    const ModelObject read = loaded(run.files[0].path).front();
+    QVERIFY(read.type == ObjectType::Wells && read.name == QLatin1String("W 1") && read.z->back() == -20.0);
+    // Damages.
+    for (const auto& [right, wrong] : std::vector<std::pair<const char*, const char*>>{
+             {"157.08", "157.18"},
+             {"         600.00         600.00", "         600.02         600.00"},
+             {"90.000000         102.50         600", "91.000000         102.50         600"},
+             {"           2.50", "           2.60"},
+             {"# lengths in m", "# lengths in ft"},
+             {"# well: W 1", "# well: W 2"}}) {
+        QVERIFY(run.again());
+        QVERIFY2(!run.damaged(right, wrong).fault().isEmpty(), right);
+    }
+}
+
+void WellFormatsTest::surveyComesBack_data()
+{
+    textRows({"settings", "unit"}, {{"", "m"}, {"", "ft"}, {"lengthUnit=ft", "m"}});
+}
+
+void WellFormatsTest::surveyComesBack()
+{
+    // Stations, the path that they give, and from its places the same stations again.
+    QFETCH(QString, settings);
+    QFETCH(QString, unit);
+    const std::vector<std::array<double, 3>> survey{{0, 0, 0},       {50, 2, 83},    {150, 2.7, 133}, {250, 1.7, 134},
+                                                    {350, 0.5, 266}, {450, 12, 296}, {550, 31, 303},  {620, 48, 20}};
+    std::vector<WellStation> stations;
+    for (const auto& row : survey)
+        stations.push_back({row[0], row[2] * M_PI / 180, (90 - row[1]) * M_PI / 180});
+    const WellPath hole(stations);
+    std::vector<std::array<double, 3>> places;
+    QVector<QVariant> depths;
+    for (const auto& row : survey) {
+        const auto moved = hole.at(row[0]);
+        places.push_back({500000 + moved[0], 7000000 + moved[1], 300 + moved[2]});
+        depths.append(row[0]);
+    }
+    ModelObject object = objectOf(ObjectType::Wells, QStringLiteral("W"), places, "");
+    object.lengthUnit = unit;
+    object.vertexAttributes = {depthsOf(depths, qPrintable(unit))};
+    const SaverRun run("deviation", {object}, path("w.dev"), settings);
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.findings(), QString());
+    const ModelObject read = loaded(run.files[0].path).front();
+    for (std::size_t row = 1; row < survey.size(); ++row) {
+        QVERIFY(std::abs((*read.vertexAttributes[1].numbers)[row] - survey[row][1]) < 1e-3);
+        QVERIFY(std::abs((*read.vertexAttributes[2].numbers)[row] - survey[row][2]) < 1e-2);
+    }
+}
+
+void WellFormatsTest::deviationOfOtherPaths()
+{
+    // A line with corners is no path of arcs: the distance is told, and the file verified with it.
+    ModelObject object = objectOf(ObjectType::Wells, QStringLiteral("W"),
+                                  {{0, 0, 0}, {0, 0, -100}, {100, 0, -100}, {100, 100, -100}, {100, 100, -200}}, "");
+    const SaverRun run("deviation", {object}, path("w.dev"));
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.countOf(QStringLiteral("measured depth computed")), 1);
+    QVERIFY(run.countOf(QStringLiteral("path that the angles give is another")) <= 1);
+    // Computed along a quarter of a circle, in three arcs, its length is that of the circle.
+    std::vector<std::array<double, 3>> circle;
+    for (int station = 0; station < 4; ++station)
+        circle.push_back({100 - 100 * std::cos(station * M_PI / 6), 0, -100 * std::sin(station * M_PI / 6)});
+    const SaverRun curved("deviation", {objectOf(ObjectType::Wells, QStringLiteral("C"), circle, "")}, path("c.dev"));
+    QCOMPARE(curved.fault(), QString());
+    QCOMPARE(curved.findings(), QStringLiteral("measured depth computed: 1"));
+    QVERIFY(curved.bytes().contains("\n       157.0796      90.000000      90.000000       100.0000 "));
+}
+
+void WellFormatsTest::deviationRefused()
+{
+    ModelObject degrees = objectOf(ObjectType::Wells, QStringLiteral("W"), {{1, 2, 0}, {1, 2, -10}});
+    degrees.vertexAttributes = {depthsOf({0, 10})};
+    QVERIFY(SaverRun("deviation", {degrees}, path("w.dev")).error().contains(QStringLiteral("lies in degrees")));
+    ModelObject upside = degrees;
+    upside.crs.clear();
+    upside.vertexAttributes = {depthsOf({10, 0})};
+    QVERIFY(SaverRun("deviation", {upside}, path("w.dev"))
+                .error()
+                .contains(QStringLiteral("does not increase at vertex 2")));
+    upside.vertexAttributes = {depthsOf({QVariant(), QVariant()})};
+    QVERIFY(SaverRun("deviation", {upside}, path("w.dev")).error().contains(QStringLiteral("has a depth and a place")));
 }
 
 QTEST_GUILESS_MAIN(WellFormatsTest)
