@@ -73,6 +73,11 @@ inline constexpr FindingKind rowWithoutDepth("row without a depth left out", "a 
                                              "%1 rows without a depth were left out");
 inline constexpr FindingKind lengthUnitChanged("length unit changed", "the unit of length was changed",
                                                "the units of length of %1 objects were changed");
+inline constexpr FindingKind cellWithoutPosition("cell without a position left out",
+                                                 "a cell was left out because a corner has no position",
+                                                 "%1 cells were left out because a corner has no position");
+inline constexpr FindingKind inactiveCellsLeftOut("inactive cells left out", "an inactive cell was left out",
+                                                  "%1 inactive cells were left out");
 inline constexpr FindingKind gridWithoutAnyValue("grid without any value", "the grid has no value at any node",
                                                  "%1 grids have no value at any node");
 inline constexpr FindingKind

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/Format.h"
 #include "formats/ascii/AsciiFormat.h"
+#include "formats/cellcenters/CellCentersFormat.h"
 #include "formats/deviation/DeviationFormat.h"
 #include "formats/dxf/DxfFormat.h"
 #include "formats/gocad/GocadFormat.h"
@@ -75,6 +76,7 @@ Formats makeFormats()
     formats.push_back(std::make_unique<PgDumpFormat>());
     formats.push_back(std::make_unique<LasFormat>());
     formats.push_back(std::make_unique<DeviationFormat>());
+    formats.push_back(std::make_unique<CellCentersFormat>());
     return formats;
 }
 

@@ -51,6 +51,22 @@ std::array<double, 3> cornerPosition(const CellGrid& grid, const CellIndex& cell
     return {place[0], place[1], depth};
 }
 
+std::array<double, 3> cellCentre(const CellGrid& grid, qint64 cell)
+{
+    const CellIndex at = cellIndex(grid, cell);
+    std::array<double, 3> sum{};
+    for (const int low : {0, 1}) {
+        for (const int back : {0, 1}) {
+            for (const int right : {0, 1}) {
+                const std::array<double, 3> corner = cornerPosition(grid, at, right, back, low);
+                for (std::size_t axis = 0; axis < sum.size(); ++axis)
+                    sum[axis] += corner[axis] / 8.0;
+            }
+        }
+    }
+    return sum;
+}
+
 bool rowsLieLeft(const CellGrid& grid)
 {
     double area = 0.0;

@@ -33,6 +33,9 @@ KPFORMATS_EXPORT std::array<double, 2> pillarPosition(const double* pillar, doub
 KPFORMATS_EXPORT std::array<double, 3> cornerPosition(const CellGrid& grid, const CellIndex& cell, int right, int back,
                                                       int low);
 
+/// x, y and depth of the middle of a cell: the mean of its corners.
+KPFORMATS_EXPORT std::array<double, 3> cellCentre(const CellGrid& grid, qint64 cell);
+
 /// Whether rows lie to the left of columns, as north does of east. Seen from above; told from the pillars.
 KPFORMATS_EXPORT bool rowsLieLeft(const CellGrid& grid);
 

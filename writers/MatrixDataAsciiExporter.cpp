@@ -2,6 +2,7 @@
 #include "writers/MatrixDataAsciiExporter.h"
 
 #include "host/data/AbstractProgress.h"
+#include "writers/QuotedText.h"
 #include "writers/VertexCheck.h"
 
 #include <algorithm>
@@ -140,14 +141,8 @@ QString MatrixDataAsciiExporter::quoted(const QString& text) const
 {
     if (quoting == Quoting::None || mode != FieldBased || (text.isEmpty() && quoting == Quoting::Needed))
         return text;
-    const QString between = QString::fromStdString(separatorText());
-    const bool needed = (!between.isEmpty() && text.contains(between)) || text.contains(QLatin1Char('"'))
-                        || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'));
-    if (!needed && quoting == Quoting::Needed)
-        return text;
-    QString doubled = text;
-    doubled.replace(QLatin1Char('"'), QLatin1String("\"\""));
-    return QLatin1Char('"') + doubled + QLatin1Char('"');
+    const bool needed = needsQuotes(text, QString::fromStdString(separatorText()));
+    return needed || quoting != Quoting::Needed ? inQuotes(text) : text;
 }
 
 std::string MatrixDataAsciiExporter::separatorText() const

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/vtk/VtkCells.h"
 
-#include "export/ExportError.h"
 #include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
+#include "export/WrittenCells.h"
 #include "formats/vtk/VtkColumns.h"
-#include "formats/vtk/VtkFindings.h"
 #include "formats/vtk/VtkObjects.h"
 
-#include <cmath>
 #include <memory>
 
 namespace kpFormats
@@ -20,21 +18,6 @@ namespace
 constexpr int cornersOfCell = 8;
 /// VTK_HEXAHEDRON
 constexpr int hexahedron = 12;
-
-bool hasPlace(const CellGrid& grid, qint64 cell)
-{
-    const CellIndex at = cellIndex(grid, cell);
-    for (const int low : {0, 1}) {
-        for (const int back : {0, 1}) {
-            for (const int right : {0, 1}) {
-                const std::array<double, 3> place = cornerPosition(grid, at, right, back, low);
-                if (!std::isfinite(place[0]) || !std::isfinite(place[1]) || !std::isfinite(place[2]))
-                    return false;
-            }
-        }
-    }
-    return true;
-}
 
 using Cells = std::shared_ptr<const std::vector<qint64>>;
 
@@ -70,37 +53,15 @@ std::vector<double> pillarsOf(const CellGrid& grid, const LengthFactors& by)
 
 } // namespace
 
-std::vector<qint64> vtkWrittenCells(const CellGrid& grid, const VtkExportSettings& settings)
-{
-    std::vector<qint64> cells;
-    const qint64 count = cellCount(grid);
-    for (qint64 cell = 0; cell < count; ++cell) {
-        if ((settings.inactiveCells || isActive(grid, cell)) && hasPlace(grid, cell))
-            cells.push_back(cell);
-    }
-    return cells;
-}
-
 VtkDocument vtkCells(const PlannedFile& file, const ExportSelection& selection, const VtkExportSettings& settings,
                      Findings& findings)
 {
     noteMissingAttributes(file.objects, selection, findings);
     const ModelObject& object = *file.objects.front();
-    if (!object.cells)
-        throw ExportError(file.path, QStringLiteral("the volume %1 has no cells").arg(object.name),
-                          QStringLiteral("choose a corner-point grid"));
+    const auto cells =
+        std::make_shared<const std::vector<qint64>>(writtenCells(object, settings.inactiveCells, file.path, findings));
     const CellGrid& grid = *object.cells;
-    const auto cells = std::make_shared<const std::vector<qint64>>(vtkWrittenCells(grid, settings));
     const auto count = static_cast<qint64>(cells->size());
-    qint64 inactive = 0;
-    for (qint64 cell = 0; !settings.inactiveCells && cell < cellCount(grid); ++cell)
-        inactive += isActive(grid, cell) ? 0 : 1;
-    findings.note(vtkFinding::inactiveCellsLeftOut, object, inactive, QStringLiteral("inactiveCells=true writes them"));
-    findings.note(vtkFinding::cellWithoutPosition, object, cellCount(grid) - inactive - count,
-                  QStringLiteral("a depth or a pillar is missing"));
-    if (cells->empty())
-        throw ExportError(file.path, QStringLiteral("the volume %1 has no cell to write").arg(object.name),
-                          QStringLiteral("choose a grid with depths, or inactiveCells=true"));
 
     const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
     // The face of the smaller z first.

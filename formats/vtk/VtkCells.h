@@ -11,9 +11,6 @@
 namespace kpFormats
 {
 
-/// The cells of a volume that go into a file: those whose corners all have a place, the active ones alone if so wanted.
-std::vector<qint64> vtkWrittenCells(const CellGrid& grid, const VtkExportSettings& settings);
-
 /// The volume of a file as a data set of type UnstructuredGrid: a hexahedron with eight points of its own for each cell,
 /// its column, row and layer, and whether it is active. The pillars are in the field data.
 /// \throws ExportError when it has no cell with a place

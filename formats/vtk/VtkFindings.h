@@ -20,10 +20,5 @@ inline constexpr FindingKind wholeNumberRounded("whole number rounded", "a whole
                                                 "%1 whole numbers were rounded to 53 bits");
 inline constexpr FindingKind textCut("text cut at a zero character", "a text was cut at a zero character",
                                      "%1 texts were cut at a zero character");
-inline constexpr FindingKind cellWithoutPosition("cell without a position left out",
-                                                 "a cell was left out because a corner has no position",
-                                                 "%1 cells were left out because a corner has no position");
-inline constexpr FindingKind inactiveCellsLeftOut("inactive cells left out", "an inactive cell was left out",
-                                                  "%1 inactive cells were left out");
 
 } // namespace kpFormats::vtkFinding

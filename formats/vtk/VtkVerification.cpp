@@ -2,6 +2,7 @@
 #include "formats/vtk/VtkVerification.h"
 
 #include "export/LengthFactors.h"
+#include "export/WrittenCells.h"
 #include "formats/vtk/VtkCells.h"
 #include "formats/vtk/VtkColumns.h"
 #include "formats/vtk/VtkImage.h"
@@ -340,7 +341,7 @@ void compareCells(FileCheck& check, const ExportSelection& selection, const VtkE
     const ModelObject& object = *check.objects().front();
     const CellGrid& grid = *object.cells;
     const LengthFactors by(object, settings.lengthUnit, settings.zIsElevation);
-    const std::vector<qint64> cells = vtkWrittenCells(grid, settings);
+    const std::vector<qint64> cells = writtenCells(grid, settings.inactiveCells);
     const std::array<CellCorner, 8> corners = hexahedronCorners(grid, settings.zIsElevation);
     if (!result.compareCount(object.name, QStringLiteral("cells"), static_cast<qint64>(cells.size()),
                              static_cast<qint64>(read.cells.size()))

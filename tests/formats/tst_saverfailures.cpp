@@ -10,7 +10,7 @@ namespace
 /// Small enough to be written on closing, or too large for any buffer.
 ModelObject objectFor(const QString& format, bool large)
 {
-    if (format == QLatin1String("grdecl") || format == QLatin1String("vtu"))
+    if (format == QLatin1String("grdecl") || format == QLatin1String("cellcenters") || format == QLatin1String("vtu"))
         return boxOf(large ? cellsOf(50, 50, sanitized ? 8 : 40) : cellsOf(1, 1, 1));
     if (!QByteArray(QTest::currentDataTag()).endsWith("lines"))
         return large ? gridOf(sanitized ? 200 : 1000, 300) : gridOf(3, 3);
@@ -52,8 +52,10 @@ void SaverFailuresTest::formatRows()
         QTest::newRow(name) << QString::fromLatin1(name).section(QLatin1Char(' '), 0, 0)
                             << QString::fromLatin1(settings);
     };
-    for (const char* name : {"dxf",
+    for (const char* name : {"cellcenters",
+                             "deviation lines",
                              "dxf lines",
+                             "dxf",
                              "gocad",
                              "grdecl",
                              "irap",
@@ -61,15 +63,14 @@ void SaverFailuresTest::formatRows()
                              "irappoints lines",
                              "kml lines",
                              "las lines",
-                             "deviation lines",
                              "obj",
                              "off",
                              "opentec lines",
                              "ply",
                              "stl",
                              "vti",
-                             "vtp",
                              "vtp lines",
+                             "vtp",
                              "vtu",
                              "zmap"})
         row(name);

@@ -11,8 +11,8 @@ import tempfile
 from pathlib import Path
 
 # folder -> folders that it may include directly; the closure is allowed too.
-FORMATS = ["ascii", "deviation", "dxf", "gocad", "grdecl", "irap", "kml", "las", "obj", "off", "ogr", "opentec",
-           "ply", "raster", "stl", "vtk", "zmap"]
+FORMATS = ["ascii", "cellcenters", "deviation", "dxf", "gocad", "grdecl", "irap", "kml", "las", "obj", "off", "ogr",
+           "opentec", "ply", "raster", "stl", "vtk", "zmap"]
 ARROWS = {
     "host/data": [],
     "host/ui": ["host/data"],

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Readers of data sets and of written files, independent of the program: GDAL/OGR, ezdxf and plain parsers."""
 import csv
+import itertools
 import math
 import re
 import sqlite3
@@ -19,6 +20,7 @@ class Facts:
     def __init__(self):
         self.positions = []
         self.values = {}
+        self.centres = []  # of cells
         self.system = None  # osr.SpatialReference
         self.per_feature = True  # values are those of features, not of vertices
 
@@ -319,8 +321,34 @@ def dxf(path):
     return facts
 
 
+def _deck_numbers(words, keyword):
+    """The numbers of a keyword, repeats written out."""
+    numbers = []
+    for word in words[words.index(keyword) + 1:]:
+        if word.startswith("/"):
+            break
+        count, _, value = word.rpartition("*")
+        numbers += [float(value)] * int(count or 1)
+    return numbers
+
+
+def _centres(size, pillars, depths):
+    """The means of the corners of each cell, heights up."""
+    columns, rows, layers = size
+    centres = []
+    for k, j, i in itertools.product(range(layers), range(rows), range(columns)):
+        corners = []
+        for low, back, right in itertools.product((0, 1), repeat=3):
+            depth = depths[((2 * k + low) * 2 * rows + 2 * j + back) * 2 * columns + 2 * i + right]
+            x0, y0, z0, x1, y1, z1 = pillars[6 * ((j + back) * (columns + 1) + i + right):][:6]
+            share = (depth - z0) / (z1 - z0) if z1 != z0 else 0.0
+            corners.append((x0 + share * (x1 - x0), y0 + share * (y1 - y0), -depth))
+        centres.append(tuple(sum(axis) / 8 for axis in zip(*corners)))
+    return centres
+
+
 def grdecl(path):
-    """The depths of corners as heights; where they are is left aside."""
+    """The depths of corners as heights; where they are is left aside. The centres of cells."""
     facts = Facts()
     words = []
     with open(path, encoding="latin-1") as lines:
@@ -328,11 +356,17 @@ def grdecl(path):
             words += line.split("--")[0].split()
     if "ZCORN" not in words:
         raise ValueError("no ZCORN")
-    for word in words[words.index("ZCORN") + 1:]:
-        if word.startswith("/"):
-            break
-        count, _, value = word.rpartition("*")
-        facts.positions += [(-float(value), 0.0, -float(value))] * int(count or 1)
+    depths = _deck_numbers(words, "ZCORN")
+    facts.positions = [(-depth, 0.0, -depth) for depth in depths]
+    size = next((words[words.index(key) + 1:][:3] for key in ("SPECGRID", "DIMENS") if key in words), None)
+    if size and "COORD" in words:
+        facts.centres = _centres([int(word) for word in size], _deck_numbers(words, "COORD"), depths)
+    if "MAPAXES" in words:
+        x2, y2, x0, y0, x1, y1 = _deck_numbers(words, "MAPAXES")
+        wide = math.hypot(x1 - x0, y1 - y0)
+        deep = math.hypot(x2 - x0, y2 - y0)
+        facts.centres = [(x0 + x * (x1 - x0) / wide + y * (x2 - x0) / deep,
+                          y0 + x * (y1 - y0) / wide + y * (y2 - y0) / deep, z) for x, y, z in facts.centres]
     return facts
 
 

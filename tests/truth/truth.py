@@ -57,6 +57,7 @@ OUTPUTS = {
     "opentec": ("otl", None),
     "las": ("las", None),
     "deviation": ("dev", None),
+    "cellcenters": ("csv", readers.table),
 }
 FORMATS = list(OUTPUTS)
 OUTPUT_READERS = {key: reader for key, (_, reader) in OUTPUTS.items() if reader}
@@ -146,7 +147,7 @@ def on_globe(facts):
 def differences(source, written, key, renamed):
     """The kinds of difference between a source and what was written, each with an example."""
     found = {}
-    places = source.positions
+    places = source.centres if key == "cellcenters" and source.centres else source.positions
     degrees = source.system is not None and source.system.IsGeographic()
     if key in ("kml", "geojson"):
         places = on_globe(source) if source.system is not None else places
