@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/kpFormatsExport.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -27,7 +29,7 @@ struct FormerSetting
 };
 
 /// One member of a settings struct: what the command line, job files, pages and docs know of it.
-struct Setting
+struct KPFORMATS_EXPORT Setting
 {
     enum Kind { Choice, Text, Boolean, Integer, Real };
 
@@ -42,13 +44,11 @@ struct Setting
     std::function<QString(const std::any&)> read;         ///< from the struct
     std::function<void(std::any&, const QString&)> write; ///< into the struct; takes values that are valid only
 
-    QStringList choiceKeys() const
-    {
-        QStringList keys;
-        for (const SettingChoice& choice : choices)
-            keys.append(choice.key);
-        return keys;
-    }
+    QStringList choiceKeys() const;
+    /// Whether it can be \a value.
+    bool allows(const QString& value) const;
+    /// What it can be, in words: "one of blank, tab", "a whole number from 0 to 17".
+    QString allowedText() const;
 };
 
 } // namespace kpFormats

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/SettingsValue.h"
 
+#include "export/Suggestion.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -17,8 +19,10 @@ const Setting& require(const SettingsTable& table, const QString& key)
     QStringList keys;
     for (const Setting& setting : table.all())
         keys.append(setting.key);
-    throw SettingsError(QStringLiteral("%1: there is no such setting (settings of this format: %2)")
-                            .arg(key, keys.join(QStringLiteral(", "))));
+    throw SettingsError(
+        QStringLiteral("%1: there is no such setting (%2)")
+            .arg(key, suggestionFor(key, keys,
+                                    QStringLiteral("settings of this format: ") + keys.join(QStringLiteral(", ")))));
 }
 
 /// A value as it is called now, where \a key is a former name of the setting.
@@ -29,36 +33,6 @@ QString presentValue(const Setting& setting, const QString& key, const QString& 
             return former.values.value(value, value);
     }
     return value;
-}
-
-/// What the setting can be, when it cannot be \a value; else empty.
-QString refusal(const Setting& setting, const QString& value)
-{
-    bool isNumber = false;
-    switch (setting.kind) {
-    case Setting::Choice: {
-        const QStringList keys = setting.choiceKeys();
-        return keys.contains(value) ? QString() : QStringLiteral("one of ") + keys.join(QStringLiteral(", "));
-    }
-    case Setting::Boolean:
-        return value == QLatin1String("true") || value == QLatin1String("false") ? QString()
-                                                                                 : QStringLiteral("true or false");
-    case Setting::Integer: {
-        const int number = value.toInt(&isNumber);
-        return isNumber && number >= setting.least && number <= setting.most
-                   ? QString()
-                   : QStringLiteral("a whole number from %1 to %2").arg(setting.least).arg(setting.most);
-    }
-    case Setting::Real: {
-        const double number = value.toDouble(&isNumber);
-        return isNumber && number >= setting.least && number <= setting.most
-                   ? QString()
-                   : QStringLiteral("a number from %1 to %2").arg(setting.least).arg(setting.most);
-    }
-    case Setting::Text:
-        break;
-    }
-    return {};
 }
 
 } // namespace
@@ -78,10 +52,11 @@ void SettingsValue::set(const QString& key, const QString& value)
 {
     const Setting& setting = require(*m_table, key);
     const QString present = presentValue(setting, key, value);
-    const QString allowed = refusal(setting, present);
-    if (!allowed.isEmpty())
+    if (!setting.allows(present))
         throw SettingsError(
-            QStringLiteral("%1: \"%2\" is not a value of this setting (give %3)").arg(key, value, allowed));
+            QStringLiteral("%1: \"%2\" is not a value of this setting (%3)")
+                .arg(key, value,
+                     suggestionFor(value, setting.choiceKeys(), QStringLiteral("give ") + setting.allowedText())));
     setting.write(m_value, present);
 }
 
