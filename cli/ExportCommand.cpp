@@ -2,6 +2,8 @@
 #include "cli/ExportCommand.h"
 
 #include "cli/CommandLine.h"
+#include "cli/FormatChoice.h"
+#include "cli/Refusal.h"
 #include "cli/ReportFile.h"
 #include "cli/RunReport.h"
 #include "cli/StartUp.h"
@@ -11,16 +13,15 @@
 #include "export/ExportPlan.h"
 #include "export/ExportRun.h"
 #include "export/SizeTrial.h"
+#include "export/Suggestion.h"
 #include "export/TargetPath.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
-#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace refhost
 {
@@ -41,36 +42,6 @@ bool matchesAny(const ModelObject& object, const QStringList& patterns)
             .match(object.name)
             .hasMatch();
     });
-}
-
-/// Why a run comes to no file.
-class Refusal : public std::runtime_error
-{
-public:
-    Refusal(int code, const QString& error)
-        : std::runtime_error(error.toStdString())
-        , m_code(code)
-    {
-    }
-
-    int code() const { return m_code; }
-
-private:
-    int m_code;
-};
-
-/// \throws Refusal when there is none of that key
-std::unique_ptr<const Format> findFormat(const QString& key)
-{
-    QStringList keys;
-    for (auto& format : makeFormats()) {
-        if (format->info().key == key)
-            return std::move(format);
-        keys.append(format->info().key);
-    }
-    throw Refusal(
-        WrongUse,
-        QStringLiteral("%1: there is no such format (formats: %2)").arg(key, keys.join(QStringLiteral(", "))));
 }
 
 /// The objects that the request names and the format takes; notes those that it does not take.
@@ -112,14 +83,10 @@ void checkRequest(const ExportRequest& request)
             "export: a layout names its attributes itself (leave out --layout or --attribute)");
     for (const QString& type : request.types) {
         if (!typeFromKey(type.toStdString()))
-            throw Refusal(WrongUse, QStringLiteral("%1: there is no such type (see kpexport formats)").arg(type));
+            throw Refusal(WrongUse, QStringLiteral("%1: there is no such type (%2)")
+                                        .arg(type, suggestionFor(type, allTypeKeys(),
+                                                                 QStringLiteral("kpexport formats lists them"))));
     }
-}
-
-/// A path of the command line. One that begins with a colon would be taken for something inside the program.
-QString pathOf(const QString& argument)
-{
-    return argument.startsWith(QLatin1Char(':')) ? QStringLiteral("./") + argument : argument;
 }
 
 /// The files of a run, and those that can belong to them.
@@ -327,48 +294,20 @@ int runRequest(const ExportRequest& request)
     }
 }
 
-int exportCommand(const QStringList& arguments)
+ExportRequest exportRequest(const CommandArguments& arguments)
 {
-    QCommandLineParser parser;
-    const auto value = [&parser](const char* name) {
-        parser.addOption({QString::fromLatin1(name), QString(), QStringLiteral("value")});
-    };
-    for (const char* name : {"format", "output", "object", "type", "attribute", "layout", "set", "report"})
-        value(name);
-    for (const char* name : {"overwrite", "no-overwrite", "strict", "quiet", "verify", "dry-run", "no-attributes",
-                             "allow-network", "allow-outside"})
-        parser.addOption({QString::fromLatin1(name), QString()});
-    const bool understood = parser.parse(QStringList(QStringLiteral("kpexport")) + arguments);
-    ExportRequest request;
-    for (const QString& model : parser.positionalArguments())
+    ExportRequest request = arguments.request();
+    for (const QString& model : arguments.words())
         request.models.append(pathOf(model));
-    request.format = parser.value(QStringLiteral("format"));
-    request.output = pathOf(parser.value(QStringLiteral("output")));
-    request.objects = parser.values(QStringLiteral("object"));
-    request.types = parser.values(QStringLiteral("type"));
-    request.attributes = parser.values(QStringLiteral("attribute"));
-    request.layout = pathOf(parser.value(QStringLiteral("layout")));
-    request.report = pathOf(parser.value(QStringLiteral("report")));
-    request.strict = parser.isSet(QStringLiteral("strict"));
-    request.quiet = parser.isSet(QStringLiteral("quiet"));
-    request.noAttributes = parser.isSet(QStringLiteral("no-attributes"));
-    request.verify = parser.isSet(QStringLiteral("verify"));
-    request.dryRun = parser.isSet(QStringLiteral("dry-run"));
-    request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
-    request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
-    request.overwrite = parser.isSet(QStringLiteral("overwrite"));
-    if (!understood)
-        return refuse(request, WrongUse, parser.errorText() + QStringLiteral(" (see kpexport --help)"));
-    if (request.overwrite && parser.isSet(QStringLiteral("no-overwrite")))
+    return request;
+}
+
+int exportCommand(const CommandArguments& arguments)
+{
+    const ExportRequest request = exportRequest(arguments);
+    if (request.overwrite && arguments.has("no-overwrite"))
         return refuse(request, WrongUse,
                       QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
-    for (const QString& setting : parser.values(QStringLiteral("set"))) {
-        const int equals = setting.indexOf(QLatin1Char('='));
-        if (equals < 1)
-            return refuse(request, WrongUse,
-                          QStringLiteral("--set %1: this is not a setting (write KEY=VALUE)").arg(setting));
-        request.settings.append({setting.left(equals), setting.mid(equals + 1)});
-    }
     return runRequest(request);
 }
 

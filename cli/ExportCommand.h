@@ -3,9 +3,7 @@
 
 #include "cli/refhost.h"
 
-#include "cli/ExportRequest.h"
-
-#include <QStringList>
+#include "cli/CommandArguments.h"
 
 namespace refhost
 {
@@ -16,7 +14,9 @@ int runRequest(const ExportRequest& request);
 /// Prints why a request is not carried out, and says so in the report that it asks for. \returns \a code
 int refuse(const ExportRequest& request, int code, const QString& error);
 
+/// The export that the arguments of a command describe.
+ExportRequest exportRequest(const CommandArguments& arguments);
 /// kpexport export. \returns the exit code
-int exportCommand(const QStringList& arguments);
+int exportCommand(const CommandArguments& arguments);
 
 } // namespace refhost

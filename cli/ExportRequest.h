@@ -11,6 +11,9 @@
 namespace refhost
 {
 
+/// Settings of a format and their values, in the order given.
+using SettingPairs = QVector<QPair<QString, QString>>;
+
 /// Everything that an export from the command line or from a job file is made of.
 struct ExportRequest
 {
@@ -22,7 +25,7 @@ struct ExportRequest
     QStringList attributes;    ///< all when empty
     bool noAttributes = false; ///< coordinates only
     QString layout;            ///< layout file of the ASCII format; none when empty
-    QVector<QPair<QString, QString>> settings;
+    SettingPairs settings;
     bool overwrite = false;
     bool strict = false;
     bool quiet = false;

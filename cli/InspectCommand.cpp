@@ -2,14 +2,13 @@
 #include "cli/InspectCommand.h"
 
 #include "cli/CommandLine.h"
+#include "cli/Refusal.h"
 #include "cli/StartUp.h"
 #include "cli/Terminal.h"
-#include "export/Format.h"
 #include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -125,32 +124,17 @@ QStringList fieldsOf(const QJsonObject& object)
             attributes.join(QStringLiteral(", "))};
 }
 
-bool parse(QCommandLineParser& parser, const QStringList& arguments)
-{
-    if (parser.parse(QStringList(QStringLiteral("kpexport")) + arguments))
-        return true;
-    printError(parser.errorText());
-    return false;
-}
-
 } // namespace
 
-int inspectCommand(const QStringList& arguments)
+int inspectCommand(const CommandArguments& arguments)
 {
-    QCommandLineParser parser;
-    for (const char* name : {"json", "allow-network", "allow-outside"})
-        parser.addOption({QString::fromLatin1(name), QString()});
-    if (!parse(parser, arguments))
-        return WrongUse;
-    limitLoading(parser.isSet(QStringLiteral("allow-network")), parser.isSet(QStringLiteral("allow-outside")));
-    if (parser.positionalArguments().isEmpty()) {
-        printError(QStringLiteral("inspect: no file is named (give one or more)"));
-        return WrongUse;
-    }
+    limitLoading(arguments.request().allowNetwork, arguments.request().allowOutside);
+    if (arguments.words().isEmpty())
+        throw Refusal(WrongUse, QStringLiteral("inspect: no file is named (give one or more)"));
     Model model;
     LoadNotes notes;
     try {
-        for (const QString& path : parser.positionalArguments())
+        for (const QString& path : arguments.words())
             notes += loadInto(model, path);
     } catch (const LoadError& error) {
         printError(QString::fromUtf8(error.what()));
@@ -162,57 +146,12 @@ int inspectCommand(const QStringList& arguments)
     QJsonArray objects;
     for (const ModelObject& object : model.objects())
         objects.append(objectJson(object));
-    if (parser.isSet(QStringLiteral("json"))) {
+    if (arguments.has("json")) {
         printJson(QJsonDocument(objects));
     } else {
         for (const QJsonValue& object : objects)
             printFields(fieldsOf(object.toObject()));
     }
-    return AllWritten;
-}
-
-int formatsCommand(const QStringList& arguments)
-{
-    QCommandLineParser parser;
-    parser.addOption({QStringLiteral("json"), QString()});
-    if (!parse(parser, arguments))
-        return WrongUse;
-    QJsonArray all;
-    for (const auto& format : makeFormats()) {
-        const FormatInfo info = format->info();
-        const SettingsValue defaults = format->defaults();
-        QStringList types;
-        for (const ObjectType type : info.types)
-            types.append(QString::fromStdString(typeKey(type)));
-        QJsonArray settings;
-        if (!parser.isSet(QStringLiteral("json")))
-            printFields({info.key, info.displayName, info.patterns, types.join(QStringLiteral(", "))});
-        for (const Setting& setting : defaults.settings()) {
-            static const char* const kinds[] = {"choice", "text", "boolean", "integer", "real"};
-            const QString allowed = setting.kind == Setting::Choice ? setting.choiceKeys().join(QStringLiteral(", "))
-                                                                    : QString::fromLatin1(kinds[setting.kind]);
-            settings.append(QJsonObject{{QStringLiteral("key"), setting.key},
-                                        {QStringLiteral("type"), QLatin1String(kinds[setting.kind])},
-                                        {QStringLiteral("choices"), QJsonArray::fromStringList(setting.choiceKeys())},
-                                        {QStringLiteral("default"), defaults.get(setting)},
-                                        {QStringLiteral("description"), setting.description}});
-            if (!parser.isSet(QStringLiteral("json")))
-                printFields({QStringLiteral("    %1 = %2").arg(setting.key, defaults.get(setting)),
-                             QStringLiteral("%1 (%2)").arg(setting.description, allowed)});
-        }
-        if (info.takesLayout && !parser.isSet(QStringLiteral("json")))
-            printFields({QStringLiteral("    --layout FILE"),
-                         QStringLiteral("fields, their order and columns, saved in the wizard (.klf, .fmt)")});
-        all.append(QJsonObject{{QStringLiteral("key"), info.key},
-                               {QStringLiteral("layout"), info.takesLayout},
-                               {QStringLiteral("name"), info.displayName},
-                               {QStringLiteral("extension"), info.defaultExtension},
-                               {QStringLiteral("patterns"), info.patterns},
-                               {QStringLiteral("types"), QJsonArray::fromStringList(types)},
-                               {QStringLiteral("settings"), settings}});
-    }
-    if (parser.isSet(QStringLiteral("json")))
-        printJson(QJsonDocument(all));
     return AllWritten;
 }
 

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/refhost.h"
-
-#include <QStringList>
+#include "cli/CommandArguments.h"
 
 namespace refhost
 {
 
 /// kpexport inspect. \returns the exit code
-int inspectCommand(const QStringList& arguments);
-/// kpexport formats. \returns the exit code
-int formatsCommand(const QStringList& arguments);
+int inspectCommand(const CommandArguments& arguments);
 
 } // namespace refhost

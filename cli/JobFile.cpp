@@ -2,10 +2,11 @@
 #include "cli/JobFile.h"
 
 #include "cli/CommandLine.h"
+#include "cli/CommandTable.h"
 #include "cli/ExportCommand.h"
-#include "cli/Terminal.h"
+#include "cli/Refusal.h"
+#include "export/Suggestion.h"
 
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -80,55 +81,53 @@ QString reportOf(const QString& path, const QJsonObject& job)
     return report.isString() ? inFolder(QFileInfo(path).absoluteDir(), report.toString()) : QString();
 }
 
+SettingPairs settingPairs(const QString& path, const QString& key, const QJsonValue& value)
+{
+    if (!value.isObject())
+        fail(path, QStringLiteral("\"%1\" is not an object { ... }").arg(key),
+             QStringLiteral("give the settings as its members"));
+    SettingPairs pairs;
+    const QJsonObject settings = value.toObject();
+    for (auto setting = settings.begin(); setting != settings.end(); ++setting)
+        pairs.append({setting.key(), settingText(path, setting.key(), setting.value())});
+    return pairs;
+}
+
+/// \throws std::invalid_argument when there is no such key
+const Option& optionOf(const QString& path, const QString& key)
+{
+    QStringList keys;
+    for (const Option& option : exportOptions()) {
+        const QString jobKey = QString::fromLatin1(option.jobKey);
+        if (!jobKey.isEmpty() && jobKey == key)
+            return option;
+        if (!jobKey.isEmpty())
+            keys.append(jobKey);
+    }
+    fail(path, QStringLiteral("\"%1\" is not known").arg(key),
+         suggestionFor(key, keys, QStringLiteral("keys: ") + keys.join(QStringLiteral(", "))));
+}
+
 ExportRequest requestOf(const QString& path, const QJsonObject& job)
 {
     const QDir folder = QFileInfo(path).absoluteDir();
     ExportRequest request;
     request.jobFile = path;
     request.report = reportOf(path, job);
-    for (auto member = job.begin(); member != job.end(); ++member) {
-        const QString key = member.key();
-        const QJsonValue value = member.value();
-        if (key == QLatin1String("models")) {
-            for (const QString& model : textList(path, key, value))
-                request.models.append(inFolder(folder, model));
-        } else if (key == QLatin1String("format")) {
-            request.format = text(path, key, value);
-        } else if (key == QLatin1String("output")) {
-            request.output = inFolder(folder, text(path, key, value));
-        } else if (key == QLatin1String("report")) {
-            text(path, key, value);
-        } else if (key == QLatin1String("layout")) {
-            request.layout = inFolder(folder, text(path, key, value));
-        } else if (key == QLatin1String("objects")) {
-            request.objects = textList(path, key, value);
-        } else if (key == QLatin1String("types")) {
-            request.types = textList(path, key, value);
-        } else if (key == QLatin1String("attributes")) {
-            request.attributes = textList(path, key, value);
-        } else if (key == QLatin1String("overwrite")) {
-            request.overwrite = truth(path, key, value);
-        } else if (key == QLatin1String("strict")) {
-            request.strict = truth(path, key, value);
-        } else if (key == QLatin1String("noAttributes")) {
-            request.noAttributes = truth(path, key, value);
-        } else if (key == QLatin1String("verify")) {
-            request.verify = truth(path, key, value);
-        } else if (key == QLatin1String("dryRun")) {
-            request.dryRun = truth(path, key, value);
-        } else if (key == QLatin1String("quiet")) {
-            request.quiet = truth(path, key, value);
-        } else if (key == QLatin1String("settings")) {
-            if (!value.isObject())
-                fail(path, QStringLiteral("\"settings\" is not an object { ... }"),
-                     QStringLiteral("give the settings as its members"));
-            const QJsonObject settings = value.toObject();
-            for (auto setting = settings.begin(); setting != settings.end(); ++setting)
-                request.settings.append({setting.key(), settingText(path, setting.key(), setting.value())});
-        } else {
-            fail(path, QStringLiteral("\"%1\" is not known").arg(key),
-                 QStringLiteral("keys: models, format, output, objects, types, attributes, noAttributes, layout, "
-                                "settings, overwrite, strict, verify, dryRun, quiet, report"));
+    for (auto entry = job.begin(); entry != job.end(); ++entry) {
+        const QString key = entry.key();
+        const QJsonValue value = entry.value();
+        const Option& option = optionOf(path, key);
+        const auto placed = [&](const QString& name) { return option.isPath() ? inFolder(folder, name) : name; };
+        if (const auto flag = std::get_if<bool ExportRequest::*>(&option.member)) {
+            request.*(*flag) = truth(path, key, value);
+        } else if (const auto word = std::get_if<QString ExportRequest::*>(&option.member)) {
+            request.*(*word) = placed(text(path, key, value));
+        } else if (const auto list = std::get_if<QStringList ExportRequest::*>(&option.member)) {
+            for (const QString& each : textList(path, key, value))
+                (request.*(*list)).append(placed(each));
+        } else if (const auto pairs = std::get_if<SettingPairs ExportRequest::*>(&option.member)) {
+            request.*(*pairs) = settingPairs(path, key, value);
         }
     }
     return request;
@@ -162,25 +161,20 @@ ExportRequest readJobFile(const QString& path)
     return requestOf(path, readJob(path));
 }
 
-int jobCommand(const QStringList& arguments)
+int jobCommand(const CommandArguments& arguments)
 {
-    QCommandLineParser parser;
-    for (const char* name : {"allow-network", "allow-outside"})
-        parser.addOption({QString::fromLatin1(name), QString()});
-    if (!parser.parse(QStringList(QStringLiteral("kpexport")) + arguments)
-        || parser.positionalArguments().size() != 1) {
-        printError(QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
-        return WrongUse;
-    }
+    const QStringList files = arguments.words();
+    if (files.size() != 1)
+        throw Refusal(WrongUse, QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
     ExportRequest request;
-    request.jobFile = parser.positionalArguments().first();
+    request.jobFile = files.first();
     try {
         const QJsonObject job = readJob(request.jobFile);
         request.report = reportOf(request.jobFile, job);
         request = requestOf(request.jobFile, job);
         // A file cannot allow itself more.
-        request.allowNetwork = parser.isSet(QStringLiteral("allow-network"));
-        request.allowOutside = parser.isSet(QStringLiteral("allow-outside"));
+        request.allowNetwork = arguments.request().allowNetwork;
+        request.allowOutside = arguments.request().allowOutside;
         return runRequest(request);
     } catch (const std::invalid_argument& error) {
         return refuse(request, WrongUse, QString::fromUtf8(error.what()));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/RequestText.h"
 
+#include "cli/CommandTable.h"
+
 #include <QJsonArray>
 #include <QRegularExpression>
 
@@ -29,72 +31,53 @@ QString commandLineOf(const ExportRequest& request)
     // A name that begins like an option is one of a file in this directory.
     for (const QString& model : request.models)
         words.append(quoted(model.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + model : model));
-    const auto option = [&words](const char* name, const QString& value) {
+    const auto add = [&words](const Option& option, const QString& value) {
         if (!value.isEmpty())
-            words << QLatin1String(name) << quoted(value);
+            words << QStringLiteral("--") + QLatin1String(option.name) << quoted(value);
     };
-    const auto options = [&option](const char* name, const QStringList& values) {
-        for (const QString& value : values)
-            option(name, value);
-    };
-    const auto flag = [&words](const char* name, bool on) {
-        if (on)
-            words << QLatin1String(name);
-    };
-    option("--format", request.format);
-    option("--output", request.output);
-    options("--object", request.objects);
-    options("--type", request.types);
-    options("--attribute", request.attributes);
-    flag("--no-attributes", request.noAttributes);
-    option("--layout", request.layout);
-    for (const auto& setting : request.settings)
-        option("--set", setting.first + QLatin1Char('=') + setting.second);
-    flag("--overwrite", request.overwrite);
-    flag("--strict", request.strict);
-    flag("--verify", request.verify);
-    flag("--dry-run", request.dryRun);
-    flag("--allow-network", request.allowNetwork);
-    flag("--allow-outside", request.allowOutside);
-    option("--report", request.report);
-    flag("--quiet", request.quiet);
+    for (const Option& option : exportOptions()) {
+        if (!*option.name)
+            continue;
+        if (const auto flag = std::get_if<bool ExportRequest::*>(&option.member)) {
+            if (request.*(*flag))
+                words << QStringLiteral("--") + QLatin1String(option.name);
+        } else if (const auto text = std::get_if<QString ExportRequest::*>(&option.member)) {
+            add(option, request.*(*text));
+        } else if (const auto list = std::get_if<QStringList ExportRequest::*>(&option.member)) {
+            for (const QString& value : request.*(*list))
+                add(option, value);
+        } else if (const auto pairs = std::get_if<SettingPairs ExportRequest::*>(&option.member)) {
+            for (const auto& pair : request.*(*pairs))
+                add(option, pair.first + QLatin1Char('=') + pair.second);
+        }
+    }
     return words.join(QLatin1Char(' '));
 }
 
 QJsonObject jobOf(const ExportRequest& request)
 {
-    QJsonObject job{{QStringLiteral("models"), QJsonArray::fromStringList(request.models)},
-                    {QStringLiteral("format"), request.format},
-                    {QStringLiteral("output"), request.output}};
-    const auto list = [&job](const char* key, const QStringList& values) {
-        if (!values.isEmpty())
-            job.insert(QLatin1String(key), QJsonArray::fromStringList(values));
-    };
-    const auto text = [&job](const char* key, const QString& value) {
-        if (!value.isEmpty())
-            job.insert(QLatin1String(key), value);
-    };
-    const auto flag = [&job](const char* key, bool on) {
-        if (on)
-            job.insert(QLatin1String(key), true);
-    };
-    list("objects", request.objects);
-    list("types", request.types);
-    list("attributes", request.attributes);
-    flag("noAttributes", request.noAttributes);
-    text("layout", request.layout);
-    if (!request.settings.isEmpty()) {
-        QJsonObject settings;
-        for (const auto& setting : request.settings)
-            settings.insert(setting.first, setting.second);
-        job.insert(QStringLiteral("settings"), settings);
+    QJsonObject job;
+    for (const Option& option : exportOptions()) {
+        const QLatin1String key(option.jobKey);
+        if (key.isEmpty())
+            continue;
+        if (const auto flag = std::get_if<bool ExportRequest::*>(&option.member)) {
+            if (request.*(*flag))
+                job.insert(key, true);
+        } else if (const auto text = std::get_if<QString ExportRequest::*>(&option.member)) {
+            if (!(request.*(*text)).isEmpty())
+                job.insert(key, request.*(*text));
+        } else if (const auto list = std::get_if<QStringList ExportRequest::*>(&option.member)) {
+            if (!(request.*(*list)).isEmpty())
+                job.insert(key, QJsonArray::fromStringList(request.*(*list)));
+        } else if (const auto pairs = std::get_if<SettingPairs ExportRequest::*>(&option.member)) {
+            QJsonObject settings;
+            for (const auto& pair : request.*(*pairs))
+                settings.insert(pair.first, pair.second);
+            if (!settings.isEmpty())
+                job.insert(key, settings);
+        }
     }
-    flag("overwrite", request.overwrite);
-    flag("strict", request.strict);
-    flag("verify", request.verify);
-    flag("dryRun", request.dryRun);
-    flag("quiet", request.quiet);
-    text("report", request.report);
     return job;
 }
 

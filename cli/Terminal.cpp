@@ -71,6 +71,11 @@ void printFields(const QStringList& fields)
     put(shown.join(QLatin1Char('\t')).toUtf8() + '\n');
 }
 
+void printText(const QString& text)
+{
+    put(text.toUtf8());
+}
+
 void printJson(const QJsonDocument& document)
 {
     // Characters below the blank are written as \u already, and the line ends between the members are JSON's own.

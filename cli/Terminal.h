@@ -22,6 +22,8 @@ void printError(const QString& text);
 void printNote(const QString& text);
 /// Prints a line on standard output, its fields set apart by tabs.
 void printFields(const QStringList& fields);
+/// Prints \a text of the program itself on standard output.
+void printText(const QString& text);
 /// Prints JSON on standard output.
 void printJson(const QJsonDocument& document);
 /// Writes what is left of standard output. False, after an error message, when it could not be written; a reader that

@@ -48,10 +48,10 @@ void holdStandardStreams()
 int main(int argc, char** argv)
 {
     holdStandardStreams();
-    if (argc > 1 && std::strcmp(argv[1], "--version") == 0)
+    if (argc > 1 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0))
         return std::puts("kpexport " KP_VERSION) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
     // The commands do without Widgets; only the window loads them.
-    const bool window = argc < 2 || std::strcmp(argv[1], "--model") == 0;
+    const bool window = argc < 2 || std::strcmp(argv[1], "--model") == 0 || std::strncmp(argv[1], "--model=", 8) == 0;
     const char* const entry = window ? "kpexportWindow" : "kpexportCommands";
     void* const module = openModule(std::string(entry) + KP_MODULE_SUFFIX);
     using Program = int (*)(int, char**);

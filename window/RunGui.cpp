@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "window/RunGui.h"
 
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "cli/CommandTable.h"
+#include "cli/HelpCommand.h"
+#include "cli/Terminal.h"
 #include "window/MainWindow.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QFileInfo>
 
 namespace refhost
@@ -13,14 +17,19 @@ namespace refhost
 int runGui(int& argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    const QString option = QStringLiteral("model");
-    parser.addOption({option, QString(), QStringLiteral("path")});
-    parser.process(application);
+    const CommandArguments arguments(commandTable().front(), QApplication::arguments().mid(1));
+    if (arguments.has("help")) {
+        printText(programHelp());
+        return finishOutput() ? AllWritten : NotAllWritten;
+    }
+    if (!arguments.error().isEmpty()) {
+        printError(arguments.error());
+        return WrongUse;
+    }
     HostContext context;
     MainWindow window(context);
     window.show();
-    QStringList models = parser.values(option);
+    QStringList models = arguments.request().models;
     if (models.isEmpty() && QFileInfo::exists(QStringLiteral(KP_SAMPLE_MODEL)))
         models.append(QStringLiteral(KP_SAMPLE_MODEL));
     for (const QString& path : qAsConst(models))

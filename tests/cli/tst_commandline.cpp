@@ -47,6 +47,8 @@ private Q_SLOTS:
     void findingsByType();
     void jobFile();
     void formatsAsJson();
+    void help_data();
+    void help();
     void interrupted();
     void sampleModel();
     void mixedSelection();
@@ -109,7 +111,7 @@ void CommandLineTest::wrongUse_data()
     };
     row("nonsense", 2, "nonsense: there is no such command");
     row("export", 2, "no file to export is named");
-    row("export points.csv --format xyz --output a", 2, "xyz: there is no such format (formats: ascii");
+    row("export points.csv --format qqq --output a", 2, "qqq: there is no such format (formats: ascii");
     row("export points.csv --format ascii", 2, "no output is given");
     row("export points.csv --format ascii --output a --set nothing=1", 2,
         "nothing: there is no such setting (settings of this format: mode");
@@ -125,6 +127,18 @@ void CommandLineTest::wrongUse_data()
     row("export missing.csv --format ascii --output a", 1, "missing.csv: there is no such file (check the path)");
     row("export points.csv --format ascii --output no/such/a.txt", 1, "does not exist (create it or choose another)");
     row("export points.csv --format ascii --output folder", 1, "folder: this is a directory (give the name of a file)");
+    row("exprot points.csv", 2, "exprot: there is no such command (did you mean export?)");
+    row("export points.csv --formt ascii", 2, "--formt: there is no such option (did you mean --format?)");
+    row("inspect points.csv --xyz", 2, "--xyz: there is no such option (see kpexport inspect --help)");
+    row("export points.csv --output", 2, "Missing value after '--output'");
+    row("export points.csv --format gpgk --output a", 2, "gpgk: there is no such format (did you mean gpkg?)");
+    row("export points.csv --format tif --output a", 2, "tif: there is no such format (did you mean geotiff or cog?)");
+    row("export points.csv --format ascii --output a --set Decimls=1", 2, "(did you mean decimals?)");
+    row("export points.csv --format ascii --output a --set separator=coma", 2, "(did you mean comma?)");
+    row("export points.csv --format ascii --output a --type wells", 2,
+        "wells: there is no such type (did you mean well?)");
+    row("formats asci", 2, "asci: there is no such format (did you mean ascii?)");
+    row("help fromats", 2, "fromats: there is no such command (did you mean formats?)");
     row("inspect", 2, "no file is named");
     row("run points.csv", 2, "points.csv: line 1:");
     row("inspect empty.csv", 1, "empty.csv: the file is empty");
@@ -371,7 +385,7 @@ void CommandLineTest::jobFile()
     write("jobs/b.json", "{\"model\":\"x\",\"report\":\"b-report.json\"}");
     const Result result = run({QStringLiteral("run"), QStringLiteral("jobs/b.json")});
     QCOMPARE(result.code, 2);
-    QVERIFY(result.error.contains(QStringLiteral("\"model\" is not known (keys: models")));
+    QVERIFY(result.error.contains(QStringLiteral("\"model\" is not known (did you mean models?)")));
     QVERIFY(read("jobs/b-report.json").contains("is not known"));
 }
 
@@ -385,6 +399,50 @@ void CommandLineTest::formatsAsJson()
     QCOMPARE(keys.join(QLatin1Char(' ')),
              QStringLiteral("mode separator customSeparator quoting header preset decimals missingZ writeNullValue "
                             "nullValue lineBreaks guardFormulas zIsElevation grouping"));
+    const QJsonObject decimals =
+        formats.first()[QStringLiteral("settings")].toArray()[keys.indexOf(QStringLiteral("decimals"))].toObject();
+    QCOMPARE(decimals[QStringLiteral("minimum")].toInt(), -1);
+    QCOMPARE(decimals[QStringLiteral("maximum")].toInt(), 17);
+}
+
+void CommandLineTest::help_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("begins");
+    QTest::addColumn<QString>("holds");
+    const auto row = [](const char* command, const char* begins, const char* holds) {
+        QTest::newRow(command) << QString::fromLatin1(command) << QString::fromLatin1(begins)
+                               << QString::fromLatin1(holds);
+    };
+    const char* const program = "kpexport writes geological objects to files.\n\nUsage:\n";
+    for (const char* command : {"--help", "-h", "help"})
+        row(command, program, "\n  5                     --strict, and something was lost\n");
+    for (const char* command : {"export --help", "export points.csv --nonsense -h", "help export"})
+        row(command, "kpexport export FILE... [OPTION]...\n",
+            "\n  --object NAME         only objects of that name; may be repeated\n");
+    row("formats --help", "kpexport formats [KEY]... [OPTION]...\n", "  --json ");
+    row("run -h", "kpexport run JOB.json [OPTION]...\n", "  --allow-network ");
+    row("-v", "kpexport ", ".");
+    row("formats ascii", "ascii\tASCII (delimited or fixed columns)\t",
+        "\n    decimals = -1\tdecimals of coordinates and real attributes; -1 for what each field needs "
+        "(a whole number from -1 to 17)\n");
+    row("formats off ascii", "off\tGeomview OFF\t*.off\t", "\nascii\tASCII");
+}
+
+void CommandLineTest::help()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, begins);
+    QFETCH(QString, holds);
+    const Result result = run(command.split(QLatin1Char(' ')));
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.error, QString());
+    QVERIFY2(result.out.startsWith(begins) && result.out.contains(holds), qPrintable(result.out));
+    QVERIFY(result.out.count(QLatin1String("\nkml\t")) == 0);
+    if (!result.out.contains(QLatin1Char('\t'))) {
+        for (const QString& line : result.out.split(QLatin1Char('\n')))
+            QVERIFY2(line.size() < 80, qPrintable(line));
+    }
 }
 
 void CommandLineTest::interrupted()
