@@ -35,6 +35,17 @@ const Option allowOutside{"allow-outside",
                           "A job file cannot allow it"};
 const Option json{"json", "", "", Option::Flag, {}, "prints JSON, for programs", ""};
 
+/// What an export has apart from its words and output, which are the words here.
+std::vector<Option> convertOptions()
+{
+    std::vector<Option> options;
+    for (const Option& option : exportOptions()) {
+        if (*option.name && option.kind != Option::Output)
+            options.push_back(option);
+    }
+    return options;
+}
+
 std::vector<Command> makeCommands()
 {
     return {
@@ -64,6 +75,9 @@ std::vector<Command> makeCommands()
          inspectCommand},
         {"export", "FILE...", Option::File, "writes objects of files in a format",
          "A file to load is a model file (`*.kpmodel`) or anything that one can name.", exportOptions(), exportCommand},
+        {"convert", "IN OUT", Option::File, "writes a file again in another format",
+         "The format is that of the extension of OUT; `kpexport export` does the same for several files.",
+         convertOptions(), convertCommand},
         {"run",
          "JOB.json",
          Option::File,
@@ -81,10 +95,14 @@ const std::vector<Option>& exportOptions()
 {
     static const std::vector<Option> options{
         {"", "FILE", "models", Option::File, &Request::models, "files to load", ""},
-        {"format", "KEY", "format", Option::FormatKey, &Request::format, "the format; needed",
-         "`kpexport formats` lists the keys"},
-        {"output", "PATH", "output", Option::Output, &Request::output, "a file; needed",
-         "An existing directory where the format writes several files"},
+        {"format", "KEY", "format", Option::FormatKey, &Request::format, "the format",
+         "`kpexport formats` lists the keys. When left out, that of the output's extension; one that several formats "
+         "have, such "
+         "as `.tif`, is an error that lists them"},
+        {"output", "PATH", "output", Option::Output, &Request::output, "the file or directory to write to; needed",
+         "In a directory, files are named after their object or set where the format or its `grouping` makes several, "
+         "else after "
+         "the first model"},
         {"object", "NAME", "objects", Option::Text, &Request::objects, "only objects of that name",
          "`*` and `?` stand for any letters and any letter; `id:N` is the object with that number in `inspect`"},
         {"type", "TYPE", "types", Option::TypeKey, &Request::types, "only objects of that type",
@@ -100,6 +118,8 @@ const std::vector<Option>& exportOptions()
         {"overwrite", "", "overwrite", Option::Flag, &Request::overwrite, "replaces files that exist",
          "Else one that exists is an error, also one that has come during the run, and a sidecar"},
         {"no-overwrite", "", "", Option::Flag, {}, "says in words that files that exist are an error", ""},
+        {"force", "", "force", Option::Flag, &Request::force, "writes a format under the extension of another",
+         "Without it `--format off --output keep.gpkg` is an error"},
         {"verify", "", "verify", Option::Flag, &Request::verify,
          "compares each file with the model before it is put into place",
          "Reads it again by another route. The line of the file says what was compared, and the worst difference "

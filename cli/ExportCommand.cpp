@@ -18,6 +18,7 @@
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -75,7 +76,6 @@ void checkRequest(const ExportRequest& request)
             throw Refusal(WrongUse, QString::fromLatin1(otherwise));
     };
     require(!request.models.isEmpty(), "export: no file to export is named (give one or more)");
-    require(!request.format.isEmpty(), "export: no format is given (add --format KEY)");
     require(!request.output.isEmpty(), "export: no output is given (add --output PATH)");
     require(!request.noAttributes || request.attributes.isEmpty(),
             "export: --attribute and --no-attributes exclude each other (give one)");
@@ -201,12 +201,50 @@ SettingsValue settingsOf(const ExportRequest& request, const Format& format)
     return settings;
 }
 
+/// The format of the request, which its output's extension names when it does not. \throws Refusal
+std::unique_ptr<const Format> formatOf(const ExportRequest& request)
+{
+    std::unique_ptr<const Format> format =
+        findFormat(request.format.isEmpty() ? formatOfOutput(request.output) : request.format);
+    const QString foreign = request.force ? QString() : foreignExtension(format->info(), request.output);
+    if (!foreign.isEmpty())
+        throw Refusal(WrongUse,
+                      QStringLiteral("%1, and %2 would be written (choose another name or format, or add --force)")
+                          .arg(foreign, format->info().key));
+    return format;
+}
+
+/// Where the output goes: a directory gets a file named after the first model, unless each file has an object's name.
+/// \throws Refusal when the directory is not there
+QString outputPath(const ExportRequest& request, const Format& format, const ExportSelection& selection,
+                   const SettingsValue& settings)
+{
+    const QFileInfo directory(request.output);
+    if (!directory.isDir()) {
+        if (request.output.endsWith(QLatin1Char('/')))
+            throw Refusal(
+                NotAllWritten,
+                QStringLiteral("%1: there is no such directory (create it or choose another)").arg(request.output));
+        return request.output;
+    }
+    const std::vector<PlannedFile> files = format.files(selection, settings);
+    const bool named = std::none_of(files.begin(), files.end(), [&](const PlannedFile& file) {
+        return QFileInfo(file.path).absoluteFilePath() == directory.absoluteFilePath() || QFileInfo(file.path).isDir();
+    });
+    if (named)
+        return request.output;
+    const QString name = QFileInfo(request.models.first()).completeBaseName();
+    const QString path = QDir(request.output).path() + QLatin1Char('/') + name;
+    // What follows a dot in the name is no extension.
+    return name.contains(QLatin1Char('.')) ? path + QLatin1Char('.') + format.info().defaultExtension : path;
+}
+
 /// Carries the request out. \throws Refusal and other exceptions before anything is written
 int run(const ExportRequest& request)
 {
     checkRequest(request);
     limitLoading(request.allowNetwork, request.allowOutside);
-    const std::unique_ptr<const Format> format = findFormat(request.format);
+    const std::unique_ptr<const Format> format = formatOf(request);
     SettingsValue settings = settingsOf(request, *format);
 
     TerminalProgress progress(request.quiet);
@@ -228,6 +266,7 @@ int run(const ExportRequest& request)
     if (selection.objects.empty())
         throw Refusal(NothingMatched, QStringLiteral("no object matches (kpexport inspect lists the names and types)"));
 
+    selection.path = outputPath(request, *format, selection, settings);
     selection.verify = request.verify;
     selection.overwrite = request.overwrite;
     QString told;
@@ -256,15 +295,23 @@ int run(const ExportRequest& request)
             printError(existing);
             code = NotAllWritten;
         }
-        outcome = plan.toJson(request.format);
+        outcome = plan.toJson(format->info().key);
     } else {
         const ExportReport report = runExport(prepared, &progress);
         progress.progressFinished();
         code = exitCode(report, request);
-        outcome = report.toJson(request.format);
+        outcome = report.toJson(format->info().key);
     }
     const bool reported = reportFile.write(runReport(outcome, prepared, request, code));
     return code == AllWritten && !reported ? NotAllWritten : code;
+}
+
+int runChecked(const ExportRequest& request, const CommandArguments& arguments)
+{
+    if (request.overwrite && arguments.has("no-overwrite"))
+        return refuse(request, WrongUse,
+                      QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
+    return runRequest(request);
 }
 
 } // namespace
@@ -304,11 +351,19 @@ ExportRequest exportRequest(const CommandArguments& arguments)
 
 int exportCommand(const CommandArguments& arguments)
 {
-    const ExportRequest request = exportRequest(arguments);
-    if (request.overwrite && arguments.has("no-overwrite"))
+    return runChecked(exportRequest(arguments), arguments);
+}
+
+int convertCommand(const CommandArguments& arguments)
+{
+    ExportRequest request = arguments.request();
+    const QStringList files = arguments.words();
+    if (files.size() != 2)
         return refuse(request, WrongUse,
-                      QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
-    return runRequest(request);
+                      QStringLiteral("convert: a file to read and one to write are wanted (kpexport convert IN OUT)"));
+    request.models = QStringList{pathOf(files[0])};
+    request.output = pathOf(files[1]);
+    return runChecked(request, arguments);
 }
 
 } // namespace refhost

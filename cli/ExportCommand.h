@@ -18,5 +18,7 @@ int refuse(const ExportRequest& request, int code, const QString& error);
 ExportRequest exportRequest(const CommandArguments& arguments);
 /// kpexport export. \returns the exit code
 int exportCommand(const CommandArguments& arguments);
+/// kpexport convert. \returns the exit code
+int convertCommand(const CommandArguments& arguments);
 
 } // namespace refhost

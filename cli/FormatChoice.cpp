@@ -5,8 +5,42 @@
 #include "cli/Refusal.h"
 #include "export/Suggestion.h"
 
+#include <QFileInfo>
+
 namespace refhost
 {
+
+namespace
+{
+
+/// The extension in small letters; empty for a directory.
+QString extensionOf(const QString& output)
+{
+    const QFileInfo info(output);
+    return info.isDir() ? QString() : info.suffix().toLower();
+}
+
+/// Every format that has files of that extension.
+std::vector<FormatInfo> formatsOfExtension(const QString& extension)
+{
+    std::vector<FormatInfo> infos;
+    for (const auto& format : makeFormats()) {
+        if (extensionsOf(format->info()).contains(extension))
+            infos.push_back(format->info());
+    }
+    return infos;
+}
+
+/// "geotiff (GeoTIFF) or cog (Cloud optimized GeoTIFF)"
+QString namesOf(const std::vector<FormatInfo>& infos)
+{
+    QStringList names;
+    for (const FormatInfo& info : infos)
+        names.append(QStringLiteral("%1 (%2)").arg(info.key, info.displayName));
+    return names.join(QStringLiteral(" or "));
+}
+
+} // namespace
 
 std::unique_ptr<const Format> findFormat(const QString& key)
 {
@@ -42,6 +76,34 @@ QStringList allTypeKeys()
         types.append(typeKeys(format->info()));
     types.removeDuplicates();
     return types;
+}
+
+QString formatOfOutput(const QString& output)
+{
+    const QString extension = extensionOf(output);
+    if (extension.isEmpty())
+        throw Refusal(WrongUse,
+                      QStringLiteral("export: no format is given (add --format KEY, or an extension to the output)"));
+    const std::vector<FormatInfo> infos = formatsOfExtension(extension);
+    if (infos.empty())
+        throw Refusal(WrongUse,
+                      QStringLiteral("%1: no format is given, and .%2 is the extension of none (add --format KEY)")
+                          .arg(output, extension));
+    if (infos.size() > 1)
+        throw Refusal(WrongUse,
+                      QStringLiteral("%1: no format is given, and .%2 is the extension of several (add --format "
+                                     "with one of them: %3)")
+                          .arg(output, extension, namesOf(infos)));
+    return infos.front().key;
+}
+
+QString foreignExtension(const FormatInfo& info, const QString& output)
+{
+    const QString extension = extensionOf(output);
+    const std::vector<FormatInfo> infos = formatsOfExtension(extension);
+    if (infos.empty() || extensionsOf(info).contains(extension))
+        return {};
+    return QStringLiteral("%1: .%2 is the extension of %3").arg(output, extension, namesOf(infos));
 }
 
 QStringList extensionsOf(const FormatInfo& info)

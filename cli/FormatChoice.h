@@ -18,6 +18,14 @@ QStringList typeKeys(const FormatInfo& info);
 /// The keys of the types that any format takes.
 QStringList allTypeKeys();
 
+/// The key of the format that the extension of the output stands for.
+/// \throws Refusal when it stands for none, or for several
+QString formatOfOutput(const QString& output);
+
+/// Where the output has an extension that is not one of this format's but another's: which file, and whose it is; else empty.
+/// Nobody who reads the file would expect this format in it.
+QString foreignExtension(const FormatInfo& info, const QString& output);
+
 /// The extensions of files of the format, without dots.
 QStringList extensionsOf(const FormatInfo& info);
 

@@ -7,6 +7,8 @@
 #include "cli/Terminal.h"
 #include "export/Suggestion.h"
 
+#include <QFileInfo>
+
 namespace refhost
 {
 
@@ -82,6 +84,11 @@ const Command& requireCommand(const QString& name)
 {
     if (const Command* command = name.isEmpty() ? nullptr : findCommand(name))
         return *command;
+    if (QFileInfo(name).isFile())
+        throw Refusal(WrongUse,
+                      QStringLiteral("%1: this is a file, no command (kpexport --model FILE opens it, kpexport convert "
+                                     "FILE OUT writes it in another format)")
+                          .arg(name));
     throw Refusal(WrongUse, QStringLiteral("%1: there is no such command (%2)")
                                 .arg(name, suggestionFor(name, commandNames(), QStringLiteral("see kpexport --help"))));
 }

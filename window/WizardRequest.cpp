@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/WizardRequest.h"
 
+#include "cli/FormatChoice.h"
 #include "export/AttributeNames.h"
 #include "pages/FormatSaver.h"
 #include "window/HostContext.h"
@@ -74,6 +75,7 @@ ExportRequest wizardRequest(const HostContext& context, const FormatSaver& saver
     }
     // A command that keeps nothing of earlier files must not come from a run that kept them all.
     request.overwrite = !saver.prepared()->selection().keepEarlier;
+    request.force = !foreignExtension(saver.setup().format->info(), request.output).isEmpty();
     request.verify = saver.verifies();
     const SettingsValue& settings = saver.setup().settings;
     for (const Setting& setting : settings.settings()) {

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void exportsALine();
     void wrongUse_data();
     void wrongUse();
+    void outputNames_data();
+    void outputNames();
     void overwriting();
     void dryRun_data();
     void dryRun();
@@ -126,7 +128,20 @@ void CommandLineTest::wrongUse_data()
     row("export points.csv --format ascii --output a --object nobody", 3, "no object matches");
     row("export missing.csv --format ascii --output a", 1, "missing.csv: there is no such file (check the path)");
     row("export points.csv --format ascii --output no/such/a.txt", 1, "does not exist (create it or choose another)");
-    row("export points.csv --format ascii --output folder", 1, "folder: this is a directory (give the name of a file)");
+    row("export points.csv --format ascii --output gone/", 1, "gone/: there is no such directory (create it");
+    row("export points.csv --output a.tif", 2,
+        "a.tif: no format is given, and .tif is the extension of several (add --format with one of them: geotiff "
+        "(GeoTIFF) or "
+        "cog (");
+    row("export points.csv --output a.xyzzy", 2, "no format is given, and .xyzzy is the extension of none");
+    row("export points.csv --output folder", 2, "no format is given (add --format KEY, or an extension");
+    row("export points.csv --format off --output keep.gpkg --overwrite", 2,
+        "keep.gpkg: .gpkg is the extension of gpkg (GeoPackage), and off would be written (choose another name or "
+        "format, or "
+        "add --force)");
+    row("convert points.csv", 2, "convert: a file to read and one to write are wanted (kpexport convert IN OUT)");
+    row("convert points.csv points.csv", 1, "points.csv: the file exists already (add --overwrite");
+    row("points.csv", 2, "points.csv: this is a file, no command (kpexport --model FILE opens it");
     row("exprot points.csv", 2, "exprot: there is no such command (did you mean export?)");
     row("export points.csv --formt ascii", 2, "--formt: there is no such option (did you mean --format?)");
     row("inspect points.csv --xyz", 2, "--xyz: there is no such option (see kpexport inspect --help)");
@@ -156,6 +171,7 @@ void CommandLineTest::wrongUse()
     QFETCH(int, code);
     QFETCH(QString, message);
     QDir(m_folder->path()).mkdir(QStringLiteral("folder"));
+    write("keep.gpkg", "mine");
     write("empty.csv", "");
     write("flat.csv", "a,b\n1,2\n");
     write("broken.gpkg", "SQLite format 3");
@@ -163,12 +179,52 @@ void CommandLineTest::wrongUse()
     write("unknown.kpmodel", "{ \"version\": 1, \"objects\": [ { \"file\": \"points.csv\", \"colour\": \"red\" } ] }");
     write("wide.csv", QByteArray(20000, ',').append("\n"));
     write("binary.csv", QByteArray(1000, '\0'));
-    const QStringList before = listing();
+    const auto kept = [this] { return qMakePair(listing(), read("keep.gpkg") + read("points.csv")); };
+    const auto before = kept();
     const Result result = run(command.split(QLatin1Char(' ')));
     QCOMPARE(result.code, code);
     QVERIFY2(result.error.startsWith(QStringLiteral("kpexport: error: ")) && result.error.contains(message),
              qPrintable(result.error));
-    QCOMPARE(listing(), before);
+    QCOMPARE(kept(), before);
+}
+
+void CommandLineTest::outputNames_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("begins");
+    const auto row = [](const char* command, const char* file, const char* begins) {
+        QTest::newRow(command) << QString::fromUtf8(command) << QString::fromUtf8(file) << QByteArray(begins);
+    };
+    row("export m.kpmodel --output a.geojson", "a.geojson", "{\n\"type\": \"FeatureCollection\"");
+    row("export points.csv --output A.DXF", "A.DXF", "  0\nSECTION\n");
+    row("convert points.csv a.vs", "a.vs", "GOCAD VSet");
+    row("convert points.csv a.txt --format ascii --attribute grade --set header=false", "a.txt",
+        "6789012.346,100.500,");
+    row("export points.csv --format gocad --output a.gpkg --force", "a.gpkg", "GOCAD VSet");
+    row("export points.csv --format ascii --output a.unknown", "a.unknown", "X,Y,Z");
+    row("export points.csv --format ascii --output folder/", "folder/points.csv", "X,Y,Z");
+    row("export points.csv --format gocad --output folder", "folder/points.vs", "GOCAD VSet");
+    row("export two.points.csv --format gpkg --output folder", "folder/two.points.gpkg", "SQLite format 3");
+    row("export two.points.csv --format ascii --output ./folder/", "folder/two.points.csv", "X,Y,Z");
+    row("export m.kpmodel --format ascii --output folder --set grouping=object", "folder/Грифон.csv", "X,Y,Z");
+    row("run job.json", "folder/points.csv", "X,Y,Z");
+}
+
+void CommandLineTest::outputNames()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, file);
+    QFETCH(QByteArray, begins);
+    QDir(m_folder->path()).mkdir(QStringLiteral("folder"));
+    write("two.points.csv", read("points.csv"));
+    write("m.kpmodel",
+          "{\"version\":1,\"objects\":[{\"file\":\"points.csv\",\"name\":\"Грифон\",\"crs\":\"EPSG:28350\"}]}");
+    write("job.json", "{\"models\":\"points.csv\",\"format\":\"ascii\",\"output\":\"folder/\"}");
+    const Result result = run(command.split(QLatin1Char(' ')));
+    QVERIFY2(result.code == 0, qPrintable(result.error));
+    QVERIFY2(result.out.section(QLatin1Char('\t'), 0, 0).endsWith(file), qPrintable(result.out));
+    QVERIFY2(contentOf(m_folder->filePath(file)).startsWith(begins), contentOf(m_folder->filePath(file)).left(80));
 }
 
 void CommandLineTest::overwriting()
