@@ -118,14 +118,21 @@ bool exportWithoutUser(const Model& model, const QDir& folder)
     return true;
 }
 
-/// Exports with every format that takes points, without the wizard. \returns how many files were written
-int exportEverything(const Model& model, const QDir& folder, kpBase::AbstractProgress* progress)
+struct Tally
 {
+    int tried = 0;
     int written = 0;
+};
+
+/// Exports with every format that takes points, without the wizard.
+Tally exportEverything(const Model& model, const QDir& folder, kpBase::AbstractProgress* progress)
+{
+    Tally formats;
     for (const auto& format : allFormats()) {
         const FormatInfo info = format->info();
         if (std::find(info.types.begin(), info.types.end(), ObjectType::VertexClouds) == info.types.end())
             continue;
+        ++formats.tried;
         ExportSelection selection;
         for (const ModelObject& object : model.objects())
             selection.objects.push_back(&object);
@@ -136,9 +143,9 @@ int exportEverything(const Model& model, const QDir& folder, kpBase::AbstractPro
             if (!file.written())
                 std::fprintf(stderr, "%s: %s\n", qPrintable(file.path), qPrintable(file.error));
         }
-        written += report.cancelled || report.anyFailed() ? 0 : 1;
+        formats.written += report.cancelled || report.anyFailed() ? 0 : 1;
     }
-    return written;
+    return formats;
 }
 
 } // namespace
@@ -161,11 +168,13 @@ int main(int argc, char** argv)
     const QDir folder(argc == 3 ? QString::fromLocal8Bit(argv[2]) : QString());
     if (command == "--export")
         return exportWithoutUser(model, folder) ? 0 : 1;
-    if (command == "--everything")
-        return exportEverything(model, folder, nullptr) == 9 ? 0 : 1;
+    if (command == "--everything") {
+        const Tally tally = exportEverything(model, folder, nullptr);
+        return tally.written == tally.tried ? 0 : 1;
+    }
     if (command == "--cancelled") {
         CancelSoon progress;
-        return exportEverything(model, folder, &progress) == 0 ? 0 : 1;
+        return exportEverything(model, folder, &progress).written == 0 ? 0 : 1;
     }
     FormatWizard wizard(model);
     wizard.startup();
