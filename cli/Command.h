@@ -16,7 +16,7 @@ struct Command
     const char* name;    ///< "export"; empty for the program without a command
     const char* words;   ///< "FILE...", what follows it
     Option::Kind word;   ///< what they are; Flag when there are none
-    const char* summary; ///< what it does, half a sentence
+    const char* summary; ///< what it does, half a sentence; empty for what users do not call
     const char* details; ///< sentences behind it, with `code`; may be empty
     std::vector<Option> options;
     int (*run)(const CommandArguments& arguments); ///< \returns the exit code

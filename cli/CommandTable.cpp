@@ -2,11 +2,13 @@
 #include "cli/CommandTable.h"
 
 #include "cli/CommandLine.h"
+#include "cli/Completion.h"
 #include "cli/ExportCommand.h"
 #include "cli/FormatsCommand.h"
 #include "cli/HelpCommand.h"
 #include "cli/InspectCommand.h"
 #include "cli/JobFile.h"
+#include "cli/ManualPage.h"
 
 #include <algorithm>
 
@@ -18,14 +20,15 @@ namespace
 
 using Request = ExportRequest;
 
-const Option allowNetwork{"allow-network",
-                          "",
-                          "",
-                          Option::Flag,
-                          &Request::allowNetwork,
-                          "files may name places in the network",
-                          "`\"crs\": \"http://...\"`, `/vsicurl/` in a `.vrt`, grids of PROJ. Off, nothing is called. "
-                          "A job file cannot allow it"};
+const Option allowNetwork{
+    "allow-network",
+    "",
+    "",
+    Option::Flag,
+    &Request::allowNetwork,
+    "files may name places in the network",
+    "`\"crs\": \"http://...\"`, `/vsicurl/` in a `.vrt`, grids of PROJ. Off, nothing is called. A job file "
+    "cannot allow it"};
 const Option allowOutside{"allow-outside",
                           "",
                           "",
@@ -61,22 +64,21 @@ std::vector<Command> makeCommands()
          "[KEY]...",
          Option::FormatKey,
          "lists the formats and their settings",
-         "All formats, or those of the keys: name, extensions, types of objects, and each setting with its default and "
-         "what "
-         "it can be.",
+         "All, or those of the keys: name, extensions, types of objects, each setting with its default and what "
+         "it can be",
          {json},
          formatsCommand},
         {"inspect",
          "FILE...",
          Option::File,
          "lists what files hold",
-         "Of each object its number, name, type, vertices, extent, coordinate system and attributes.",
+         "Of each object its number, name, type, vertices, extent, coordinate system and attributes",
          {json, allowNetwork, allowOutside},
          inspectCommand},
         {"export", "FILE...", Option::File, "writes objects of files in a format",
-         "A file to load is a model file (`*.kpmodel`) or anything that one can name.", exportOptions(), exportCommand},
+         "A file to load is a model file (`*.kpmodel`) or anything that one can name", exportOptions(), exportCommand},
         {"convert", "IN OUT", Option::File, "writes a file again in another format",
-         "The format is that of the extension of OUT; `kpexport export` does the same for several files.",
+         "The format is that of the extension of OUT; `kpexport export` does the same for several files",
          convertOptions(), convertCommand},
         {"run",
          "JOB.json",
@@ -85,6 +87,15 @@ std::vector<Command> makeCommands()
          "",
          {allowNetwork, allowOutside},
          jobCommand},
+        {"completion",
+         "SHELL",
+         Option::ShellName,
+         "prints what makes bash, zsh or fish complete its words",
+         "`source <(kpexport completion bash)`, also in a start-up file of the shell",
+         {},
+         completionCommand},
+        {"man", "", Option::Flag, "prints the manual page", "`kpexport man | man -l -`", {}, manualCommand},
+        {"complete", "WORD...", Option::Flag, "", "", {}, completeCommand},
         {"help", "[COMMAND]", Option::CommandName, "explains the program or a command", "", {}, helpCommand},
     };
 }
@@ -96,13 +107,11 @@ const std::vector<Option>& exportOptions()
     static const std::vector<Option> options{
         {"", "FILE", "models", Option::File, &Request::models, "files to load", ""},
         {"format", "KEY", "format", Option::FormatKey, &Request::format, "the format",
-         "`kpexport formats` lists the keys. When left out, that of the output's extension; one that several formats "
-         "have, such "
-         "as `.tif`, is an error that lists them"},
+         "`kpexport formats` lists the keys. When left out, that of the output's extension; one that several "
+         "formats have, such as `.tif`, is an error that lists them"},
         {"output", "PATH", "output", Option::Output, &Request::output, "the file or directory to write to; needed",
-         "In a directory, files are named after their object or set where the format or its `grouping` makes several, "
-         "else after "
-         "the first model"},
+         "In a directory, files are named after their object or set where the format or its `grouping` makes "
+         "several, else after the first model"},
         {"object", "NAME", "objects", Option::Text, &Request::objects, "only objects of that name",
          "`*` and `?` stand for any letters and any letter; `id:N` is the object with that number in `inspect`"},
         {"type", "TYPE", "types", Option::TypeKey, &Request::types, "only objects of that type",
@@ -123,18 +132,16 @@ const std::vector<Option>& exportOptions()
         {"verify", "", "verify", Option::Flag, &Request::verify,
          "compares each file with the model before it is put into place",
          "Reads it again by another route. The line of the file says what was compared, and the worst difference "
-         "beside the "
-         "one allowed. A device is noted as \"not verified\""},
+         "beside the one allowed. A device is noted as \"not verified\""},
         {"dry-run", "", "dryRun", Option::Flag, &Request::dryRun, "writes nothing and lists what would be written",
-         "New or overwrite, vertices, a rough size, sidecars that go with the file; what the run will refuse, and what "
-         "it "
-         "will report as lost. The exit code is the run's, as far as that can be told without writing"},
+         "New or overwrite, vertices, a rough size, sidecars that go with the file; what the run will refuse, and "
+         "what it will report as lost. The exit code is the run's, as far as that can be told [without "
+         "writing](#what-a-dry-run-knows)"},
         {"strict", "", "strict", Option::Flag, &Request::strict, "exit code 5 when something was lost or changed",
          "Any finding, \"not verified\" among them"},
         {"report", "FILE.json", "report", Option::File, &Request::report, "writes what was done as JSON",
-         "With `--dry-run` the plan. Never over a file that the run reads or writes, nor over anything that is not a "
-         "plain "
-         "file; over a file that is not a report only with `--overwrite`"},
+         "With `--dry-run` the plan. Never over a file that the run reads or writes, nor over anything that is "
+         "not a plain file; over a file that is not a report only with `--overwrite`"},
         {"quiet", "", "quiet", Option::Flag, &Request::quiet, "prints errors only", ""},
         allowNetwork,
         allowOutside,
@@ -160,7 +167,7 @@ QStringList commandNames()
 {
     QStringList names;
     for (const Command& command : commandTable()) {
-        if (*command.name)
+        if (*command.name && *command.summary)
             names.append(QString::fromLatin1(command.name));
     }
     return names;

@@ -55,8 +55,11 @@ QString exitCodes()
 QString programHelp()
 {
     QString text = QStringLiteral("kpexport writes geological objects to files.\n\nUsage:\n");
-    for (const Command& command : commandTable())
+    for (const Command& command : commandTable()) {
+        if (!*command.summary)
+            continue;
         text += optionLine(usageOf(command), QString::fromLatin1(command.summary));
+    }
     text += optionLine(QStringLiteral("kpexport --version"), QStringLiteral("prints the version"));
     text += QStringLiteral("\nkpexport COMMAND --help lists the options of a command.\n");
     return text + exitCodes();
@@ -67,10 +70,10 @@ QString commandHelp(const Command& command)
     if (!*command.name)
         return programHelp();
     QString text = QStringLiteral("%1 [OPTION]...\n\n").arg(usageOf(command));
-    text += paragraph(
-        QString(), 0,
-        QStringLiteral("kpexport %1 %2. %3")
-            .arg(QLatin1String(command.name), QLatin1String(command.summary), QLatin1String(command.details)));
+    QString what = QStringLiteral("kpexport %1 %2.").arg(QLatin1String(command.name), QLatin1String(command.summary));
+    if (*command.details)
+        what += QLatin1Char(' ') + QLatin1String(command.details) + QLatin1Char('.');
+    text += paragraph(QString(), 0, what);
     text += QStringLiteral("\nOptions:\n");
     for (const Option& option : command.options) {
         const QString repeats = option.repeats() ? QStringLiteral("; may be repeated") : QString();
