@@ -75,7 +75,8 @@ int formatsCommand(const CommandArguments& arguments)
             print(*format);
     }
     if (arguments.has("json"))
-        printJson(QJsonDocument(all));
+        printJson(QJsonDocument(QJsonObject{{QStringLiteral("schema"), QStringLiteral("kpexport-formats-1")},
+                                            {QStringLiteral("formats"), all}}));
     return AllWritten;
 }
 

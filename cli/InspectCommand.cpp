@@ -147,7 +147,8 @@ int inspectCommand(const CommandArguments& arguments)
     for (const ModelObject& object : model.objects())
         objects.append(objectJson(object));
     if (arguments.has("json")) {
-        printJson(QJsonDocument(objects));
+        printJson(QJsonDocument(QJsonObject{{QStringLiteral("schema"), QStringLiteral("kpexport-inspect-1")},
+                                            {QStringLiteral("objects"), objects}}));
     } else {
         for (const QJsonValue& object : objects)
             printFields(fieldsOf(object.toObject()));

@@ -117,6 +117,12 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
     for (auto entry = job.begin(); entry != job.end(); ++entry) {
         const QString key = entry.key();
         const QJsonValue value = entry.value();
+        if (key == QLatin1String("schema")) {
+            if (value != QLatin1String("kpexport-job-1"))
+                fail(path, QStringLiteral("\"schema\" names another kind of file"),
+                     QStringLiteral("write \"kpexport-job-1\", or leave it out"));
+            continue;
+        }
         const Option& option = optionOf(path, key);
         const auto placed = [&](const QString& name) { return option.isPath() ? inFolder(folder, name) : name; };
         if (const auto flag = std::get_if<bool ExportRequest::*>(&option.member)) {

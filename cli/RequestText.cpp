@@ -56,7 +56,7 @@ QString commandLineOf(const ExportRequest& request)
 
 QJsonObject jobOf(const ExportRequest& request)
 {
-    QJsonObject job;
+    QJsonObject job{{QStringLiteral("schema"), QStringLiteral("kpexport-job-1")}};
     for (const Option& option : exportOptions()) {
         const QLatin1String key(option.jobKey);
         if (key.isEmpty())

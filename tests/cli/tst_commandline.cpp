@@ -448,7 +448,9 @@ void CommandLineTest::jobFile()
 void CommandLineTest::formatsAsJson()
 {
     const QJsonArray formats =
-        QJsonDocument::fromJson(run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8()).array();
+        QJsonDocument::fromJson(
+            run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8())[QStringLiteral("formats")]
+            .toArray();
     QStringList keys;
     for (const QJsonValue& setting : formats.first().toObject().value(QStringLiteral("settings")).toArray())
         keys.append(setting.toObject().value(QStringLiteral("key")).toString());
@@ -533,8 +535,9 @@ void CommandLineTest::sampleModel()
 {
     const QString sample = QStringLiteral(KP_SOURCE_DIR "/examples/sample/sample.kpmodel");
     const QJsonArray objects =
-        QJsonDocument::fromJson(run({QStringLiteral("inspect"), sample, QStringLiteral("--json")}).out.toUtf8())
-            .array();
+        QJsonDocument::fromJson(
+            run({QStringLiteral("inspect"), sample, QStringLiteral("--json")}).out.toUtf8())[QStringLiteral("objects")]
+            .toArray();
     QMap<QString, int> types;
     for (const QJsonValue& object : objects)
         ++types[object.toObject().value(QStringLiteral("type")).toString()];

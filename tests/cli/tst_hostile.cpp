@@ -359,7 +359,10 @@ void HostileTest::controlCharacters()
     QCOMPARE(plain.out.section(QLatin1Char('\t'), 1, 1), shown);
     QCOMPARE(plain.out.count(QLatin1Char('\n')), 1);
     const Result json = run({QStringLiteral("inspect"), QStringLiteral("--json"), QStringLiteral("m.kpmodel")});
-    QCOMPARE(QJsonDocument::fromJson(json.out.toUtf8()).array().first()[QLatin1String("name")].toString(),
+    QCOMPARE(QJsonDocument::fromJson(json.out.toUtf8())[QLatin1String("objects")]
+                 .toArray()
+                 .first()[QLatin1String("name")]
+                 .toString(),
              QString::fromUtf8("a\x1b[31m\tb\nc\u202e"
                                "d\u009b"
                                "e"));

@@ -4,7 +4,8 @@
 #include "cli/CommandTable.h"
 #include "tests/support/ProgramTest.h"
 
-#include <QRegularExpression>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QStandardPaths>
 
 using refhost::Command;
@@ -118,6 +119,13 @@ void OptionTableTest::namesAreUnique()
         if (*option.jobKey)
             keys.append(text(option.jobKey));
     }
+    // Those of the schema are the same.
+    keys.append(QStringLiteral("schema"));
+    keys.sort();
+    const QJsonObject schema =
+        QJsonDocument::fromJson(contentOf(QStringLiteral(KP_SOURCE_DIR "/docs/schemas/kpexport-job-1.schema.json")))
+            .object();
+    QCOMPARE(schema[QStringLiteral("properties")].toObject().keys(), keys);
 }
 
 void OptionTableTest::documentation_data()

@@ -145,7 +145,8 @@ void EveryCallTest::formats()
     QProcess list;
     list.start(QStringLiteral(KP_PROGRAM), {QStringLiteral("formats"), QStringLiteral("--json")});
     QVERIFY(list.waitForFinished());
-    for (const QJsonValue& format : QJsonDocument::fromJson(list.readAllStandardOutput()).array()) {
+    for (const QJsonValue& format :
+         QJsonDocument::fromJson(list.readAllStandardOutput())[QLatin1String("formats")].toArray()) {
         const QString key = format[QLatin1String("key")].toString();
         QTest::newRow(qPrintable(key)) << key << format[QLatin1String("extension")].toString();
     }

@@ -116,7 +116,7 @@ void FaultsTest::initTestCase_data()
     const QByteArray list = run({QStringLiteral("formats"), QStringLiteral("--json")}).out.toUtf8();
     // QtTest has no way to choose among these rows.
     const QStringList wanted = qEnvironmentVariable("KP_FAULT_FORMATS").split(QLatin1Char(','), Qt::SkipEmptyParts);
-    for (const QJsonValue& format : QJsonDocument::fromJson(list).array()) {
+    for (const QJsonValue& format : QJsonDocument::fromJson(list)[QLatin1String("formats")].toArray()) {
         const QString key = format[QLatin1String("key")].toString();
         if (!wanted.isEmpty() && !wanted.contains(key))
             continue;
