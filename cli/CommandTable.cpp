@@ -126,6 +126,8 @@ const std::vector<Option>& exportOptions()
          "`kpexport formats KEY` lists them. Wins over the layout"},
         {"overwrite", "", "overwrite", Option::Flag, &Request::overwrite, "replaces files that exist",
          "Else one that exists is an error, also one that has come during the run, and a sidecar"},
+        {"keep-both", "", "keepBoth", Option::Flag, &Request::keepBoth, "keeps files that exist beside the new ones",
+         "The new ones take names that are free: `name_2.csv`. The lines of the run and of `--dry-run` tell them"},
         {"no-overwrite", "", "", Option::Flag, {}, "says in words that files that exist are an error", ""},
         {"force", "", "force", Option::Flag, &Request::force, "writes a format under the extension of another",
          "Without it `--format off --output keep.gpkg` is an error"},

@@ -79,6 +79,8 @@ void checkRequest(const ExportRequest& request)
     require(!request.output.isEmpty(), "export: no output is given (add --output PATH)");
     require(!request.noAttributes || request.attributes.isEmpty(),
             "export: --attribute and --no-attributes exclude each other (give one)");
+    require(!request.overwrite || !request.keepBoth,
+            "export: --overwrite and --keep-both exclude each other (give one)");
     require(request.layout.isEmpty() || (!request.noAttributes && request.attributes.isEmpty()),
             "export: a layout names its attributes itself (leave out --layout or --attribute)");
     for (const QString& type : request.types) {
@@ -139,7 +141,7 @@ QString protectedFile(const PreparedExport& prepared, const ExportRequest& reque
         });
     return request.overwrite || found == prepared.outputs().end()
                ? QString()
-               : QStringLiteral("%1: the file exists already (add --overwrite to replace it)").arg(found->planned.path);
+               : QStringLiteral("%1: the file exists already (add --overwrite to replace it, or --keep-both)").arg(found->planned.path);
 }
 
 /// What would be written. \returns the exit code that the run would have, as far as it can be told
@@ -269,6 +271,7 @@ int run(const ExportRequest& request)
     selection.path = outputPath(request, *format, selection, settings);
     selection.verify = request.verify;
     selection.overwrite = request.overwrite;
+    selection.keepEarlier = request.keepBoth;
     QString told;
     selection.waiting = [&told, &request](const QString& holder) {
         if (!request.quiet && told != holder)
@@ -308,9 +311,10 @@ int run(const ExportRequest& request)
 
 int runChecked(const ExportRequest& request, const CommandArguments& arguments)
 {
-    if (request.overwrite && arguments.has("no-overwrite"))
+    if ((request.overwrite || request.keepBoth) && arguments.has("no-overwrite"))
         return refuse(request, WrongUse,
-                      QStringLiteral("--overwrite and --no-overwrite exclude each other (give one)"));
+                      QStringLiteral("--no-overwrite and %1 exclude each other (give one)")
+                          .arg(request.overwrite ? QStringLiteral("--overwrite") : QStringLiteral("--keep-both")));
     return runRequest(request);
 }
 

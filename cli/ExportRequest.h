@@ -27,6 +27,7 @@ struct ExportRequest
     QString layout;            ///< layout file of the ASCII format; none when empty
     SettingPairs settings;
     bool overwrite = false;
+    bool keepBoth = false; ///< files take names that are free
     bool force = false; ///< also under an extension that means another format
     bool strict = false;
     bool quiet = false;

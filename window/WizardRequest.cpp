@@ -73,8 +73,8 @@ ExportRequest wizardRequest(const HostContext& context, const FormatSaver& saver
         request.noAttributes =
             selection.attributes && selection.attributes->isEmpty() && !attributeNames(selection.objects).isEmpty();
     }
-    // A command that keeps nothing of earlier files must not come from a run that kept them all.
-    request.overwrite = !saver.prepared()->selection().keepEarlier;
+    request.keepBoth = saver.prepared()->selection().keepEarlier;
+    request.overwrite = !request.keepBoth;
     request.force = !foreignExtension(saver.setup().format->info(), request.output).isEmpty();
     request.verify = saver.verifies();
     const SettingsValue& settings = saver.setup().settings;

@@ -237,9 +237,15 @@ void CommandLineTest::overwriting()
     QVERIFY2(refused.error.contains(QStringLiteral("out.csv: the file exists already (add --overwrite")),
              qPrintable(refused.error));
     QCOMPARE(read("out.csv"), QByteArray("earlier"));
+    QCOMPARE(run(command + QStringList{QStringLiteral("--keep-both")}).code, 0);
+    QCOMPARE(read("out.csv"), QByteArray("earlier"));
     QCOMPARE(run(command + QStringList{QStringLiteral("--overwrite")}).code, 0);
     QVERIFY(read("out.csv").startsWith("X,Y,Z,name"));
-    QCOMPARE(listing(), (QStringList{QStringLiteral("out.csv"), QStringLiteral("points.csv")}));
+    QCOMPARE(read("out_2.csv"), read("out.csv"));
+    QCOMPARE(listing(),
+             (QStringList{QStringLiteral("out.csv"), QStringLiteral("out_2.csv"), QStringLiteral("points.csv")}));
+    const QStringList all = command + QStringList{QStringLiteral("--overwrite"), QStringLiteral("--keep-both")};
+    QCOMPARE(run(all).code, 2);
 }
 
 void CommandLineTest::dryRun_data()
