@@ -107,7 +107,8 @@ const std::vector<Option>& exportOptions()
     static const std::vector<Option> options{
         {"", "FILE", "models", Option::File, &Request::models, "files to load", ""},
         {"format", "KEY", "format", Option::FormatKey, &Request::format, "the format",
-         "`kpexport formats` lists the keys. When left out, that of the output's extension; one that several "
+         "`kpexport formats` lists the keys. When left out, that of the output's extension, `ascii` for `.csv`; one "
+         "that several "
          "formats have, such as `.tif`, is an error that lists them"},
         {"output", "PATH", "output", Option::Output, &Request::output, "the file or directory to write to; needed",
          "In a directory, files are named after their object or set where the format or its `grouping` makes "

@@ -141,7 +141,8 @@ QString protectedFile(const PreparedExport& prepared, const ExportRequest& reque
         });
     return request.overwrite || found == prepared.outputs().end()
                ? QString()
-               : QStringLiteral("%1: the file exists already (add --overwrite to replace it, or --keep-both)").arg(found->planned.path);
+               : QStringLiteral("%1: the file exists already (add --overwrite to replace it, or --keep-both)")
+                     .arg(found->planned.path);
 }
 
 /// What would be written. \returns the exit code that the run would have, as far as it can be told

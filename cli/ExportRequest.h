@@ -28,7 +28,7 @@ struct ExportRequest
     SettingPairs settings;
     bool overwrite = false;
     bool keepBoth = false; ///< files take names that are free
-    bool force = false; ///< also under an extension that means another format
+    bool force = false;    ///< also under an extension that means another format
     bool strict = false;
     bool quiet = false;
     bool allowNetwork = false; ///< files may name places in the network

@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace refhost
 {
 
@@ -29,6 +31,15 @@ std::vector<FormatInfo> formatsOfExtension(const QString& extension)
             infos.push_back(format->info());
     }
     return infos;
+}
+
+/// Whether it is the usual extension of \a info, which takes more types of objects than the others.
+bool isGeneral(const FormatInfo& info, const std::vector<FormatInfo>& infos, const QString& extension)
+{
+    return info.defaultExtension == extension
+           && std::all_of(infos.begin(), infos.end(), [&info](const FormatInfo& other) {
+                  return other.key == info.key || other.types.size() < info.types.size();
+              });
 }
 
 /// "geotiff (GeoTIFF) or cog (Cloud optimized GeoTIFF)"
@@ -89,6 +100,10 @@ QString formatOfOutput(const QString& output)
         throw Refusal(WrongUse,
                       QStringLiteral("%1: no format is given, and .%2 is the extension of none (add --format KEY)")
                           .arg(output, extension));
+    const auto general = std::find_if(infos.begin(), infos.end(),
+                                      [&](const FormatInfo& info) { return isGeneral(info, infos, extension); });
+    if (general != infos.end())
+        return general->key;
     if (infos.size() > 1)
         throw Refusal(WrongUse,
                       QStringLiteral("%1: no format is given, and .%2 is the extension of several (add --format "
