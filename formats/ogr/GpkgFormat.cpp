@@ -2,6 +2,7 @@
 #include "formats/ogr/GpkgFormat.h"
 
 #include "export/WriteErrors.h"
+#include "formats/ogr/GpkgIndex.h"
 #include "formats/ogr/QgisStyle.h"
 #include "formats/ogr/SqliteFiles.h"
 #include "geo/CheckedWrites.h"
@@ -45,6 +46,12 @@ bool addRow(OGRLayer& table, const char* layer, const QByteArray& style)
     row->SetField("description", "colours of the objects");
     row->SetField("useAsDefault", 1);
     return table.CreateFeature(row.get()) == OGRERR_NONE;
+}
+
+GDALDatasetUniquePtr openToAdd(const QString& path)
+{
+    return GDALDatasetUniquePtr(
+        GDALDataset::Open(CheckedWrites::pathFor(path).toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
 }
 
 } // namespace
@@ -91,6 +98,7 @@ OgrTraits GpkgFormat::traits() const
     traits.utc = true;
     traits.mostFields = mostSqliteFields;
     traits.manyLayers = true;
+    traits.configuration = fastSqlite();
     return traits;
 }
 
@@ -99,18 +107,33 @@ void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrL
     requireRoomForJournal(file.path, traits().fileKind);
 }
 
-void GpkgFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings&,
+void GpkgFormat::tune(OgrOutput&, kpBaseExport::OGRExporterOptions& options, Findings&,
                       const kpBase::AbstractProgress*) const
 {
+    // Made by addIndex(): the driver inserts feature by feature.
+    options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
+}
+
+void GpkgFormat::addIndex(const OgrOutput& output, const kpBase::AbstractProgress* progress) const
+{
     if (!output.settings.spatialIndex)
-        options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
+        return;
+    const QuietGdal quiet;
+    const GDALDatasetUniquePtr dataset = openToAdd(output.path);
+    try {
+        for (int index = 0; dataset && index < dataset->GetLayerCount(); ++index)
+            addGpkgIndex(*dataset, *dataset->GetLayer(index), progress);
+    } catch (const std::exception& error) {
+        failIncomplete(output.file.path, QStringLiteral("its spatial index: %1").arg(QString::fromUtf8(error.what())));
+    }
+    if (!dataset)
+        failIncomplete(output.file.path, QStringLiteral("its spatial index: %1").arg(QuietGdal::lastMessage()));
 }
 
 void GpkgFormat::addStyle(const OgrOutput& output, Findings& findings) const
 {
     const QuietGdal quiet;
-    GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(CheckedWrites::pathFor(output.path).toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    GDALDatasetUniquePtr dataset = openToAdd(output.path);
     OGRLayer* const table = dataset ? makeStyleTable(*dataset) : nullptr;
     bool written = table != nullptr;
     for (int index = 0; written && index < static_cast<int>(output.layers.size()); ++index) {

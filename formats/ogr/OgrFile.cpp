@@ -242,6 +242,9 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     if (!written || !fault.isEmpty())
         failIncomplete(file().path, CheckedWrites::inOwnNames(fault));
     noteRefusals(exporter.refusals(), findings);
+    m_format.addIndex(m_output, &share);
+    if (share.isCancelled())
+        return features;
     if (m_settings.symbology)
         m_format.addStyle(m_output, findings);
     requireWritten(file().path, checked);

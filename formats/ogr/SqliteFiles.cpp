@@ -18,6 +18,12 @@ QStringList sqliteJournals(const QStringList& extensions)
     return journals;
 }
 
+QStringList fastSqlite()
+{
+    return {QStringLiteral("OGR_SQLITE_SYNCHRONOUS=OFF"), QStringLiteral("OGR_SQLITE_JOURNAL=MEMORY"),
+            QStringLiteral("OGR_SQLITE_CACHE=32")};
+}
+
 void requireRoomForJournal(const QString& path, const QString& fileKind)
 {
     // The journal has the name of the file and nine bytes more.

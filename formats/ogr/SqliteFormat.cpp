@@ -42,6 +42,7 @@ OgrTraits SqliteFormat::traits() const
     traits.utc = true;
     traits.mostFields = mostSqliteFields;
     traits.manyLayers = true;
+    traits.configuration = fastSqlite();
     return traits;
 }
 
