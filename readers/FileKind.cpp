@@ -42,19 +42,19 @@ QByteArray beginningOf(const QString& path)
 FileKind fileKindOf(const QString& path)
 {
     static const QHash<QString, FileKind> endings{
-        {QStringLiteral("tif"), FileKind::Grid},         {QStringLiteral("tiff"), FileKind::Grid},
-        {QStringLiteral("off"), FileKind::Off},          {QStringLiteral("obj"), FileKind::Obj},
-        {QStringLiteral("grdecl"), FileKind::Grdecl},    {QStringLiteral("data"), FileKind::Grdecl},
-        {QStringLiteral("ts"), FileKind::Gocad},         {QStringLiteral("pl"), FileKind::Gocad},
-        {QStringLiteral("vs"), FileKind::Gocad},         {QStringLiteral("gp"), FileKind::Gocad},
-        {QStringLiteral("gocad"), FileKind::Gocad},      {QStringLiteral("stl"), FileKind::Stl},
-        {QStringLiteral("pol"), FileKind::IrapPolygons}, {QStringLiteral("csv"), FileKind::Table},
-        {QStringLiteral("tsv"), FileKind::Table},        {QStringLiteral("txt"), FileKind::Table},
-        {QStringLiteral("dat"), FileKind::Table},        {QStringLiteral("prn"), FileKind::Table},
-        {QStringLiteral("poi"), FileKind::IrapPoints},   {QStringLiteral("ply"), FileKind::Ply},
-        {QStringLiteral("vtp"), FileKind::Vtk},          {QStringLiteral("vtu"), FileKind::Vtk},
-        {QStringLiteral("vti"), FileKind::Vtk},          {QStringLiteral("vts"), FileKind::Vtk},
-        {QStringLiteral("vtk"), FileKind::Vtk}};
+        {QStringLiteral("tif"), FileKind::Grid},      {QStringLiteral("tiff"), FileKind::Grid},
+        {QStringLiteral("off"), FileKind::Off},       {QStringLiteral("obj"), FileKind::Obj},
+        {QStringLiteral("grdecl"), FileKind::Grdecl}, {QStringLiteral("data"), FileKind::Grdecl},
+        {QStringLiteral("ts"), FileKind::Gocad},      {QStringLiteral("pl"), FileKind::Gocad},
+        {QStringLiteral("vs"), FileKind::Gocad},      {QStringLiteral("gp"), FileKind::Gocad},
+        {QStringLiteral("wl"), FileKind::Gocad},      {QStringLiteral("gocad"), FileKind::Gocad},
+        {QStringLiteral("stl"), FileKind::Stl},       {QStringLiteral("pol"), FileKind::IrapPolygons},
+        {QStringLiteral("csv"), FileKind::Table},     {QStringLiteral("tsv"), FileKind::Table},
+        {QStringLiteral("txt"), FileKind::Table},     {QStringLiteral("dat"), FileKind::Table},
+        {QStringLiteral("prn"), FileKind::Table},     {QStringLiteral("poi"), FileKind::IrapPoints},
+        {QStringLiteral("ply"), FileKind::Ply},       {QStringLiteral("vtp"), FileKind::Vtk},
+        {QStringLiteral("vtu"), FileKind::Vtk},       {QStringLiteral("vti"), FileKind::Vtk},
+        {QStringLiteral("vts"), FileKind::Vtk},       {QStringLiteral("vtk"), FileKind::Vtk}};
     if (isZMapGrid(path))
         return FileKind::ZMap;
     if (isIrapGrid(path))

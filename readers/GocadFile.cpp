@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "readers/GocadFile.h"
 
+#include "readers/GocadWellLines.h"
 #include "readers/TextScanner.h"
 
 #include <limits>
@@ -57,6 +58,10 @@ public:
         while (m_scanner.nextLine()) {
             if (!m_scanner.nextWord(word) || word.front() == '#')
                 continue;
+            if (m_groups > 0 && word == "END_MEMBERS") {
+                endGroup();
+                continue;
+            }
             if (word != "GOCAD")
                 m_scanner.fail(QStringLiteral("%1 stands where an object should begin").arg(quoted(word)),
                                QStringLiteral("give a GOCAD ASCII file"));
@@ -64,6 +69,10 @@ public:
             const QString type = hasType ? textOf(word) : QString();
             if (type == QLatin1String("VSet") || type == QLatin1String("PLine") || type == QLatin1String("TSurf"))
                 readObject(type);
+            else if (type == QLatin1String("Well"))
+                readWell();
+            else if (type.endsWith(QLatin1String("Group")))
+                beginGroup(type);
             else
                 passOver(type, others);
         }
@@ -78,6 +87,52 @@ private:
             if (m_scanner.rest() == "END")
                 return;
         }
+    }
+
+    void beginGroup(const QString& type)
+    {
+        while (m_scanner.nextLine()) {
+            if (m_scanner.rest() == "END")
+                return;
+            if (m_scanner.rest() == "BEGIN_MEMBERS") {
+                ++m_groups;
+                return;
+            }
+        }
+        m_scanner.failAtEnd(QStringLiteral("the %1 has no END").arg(type));
+    }
+
+    void endGroup()
+    {
+        --m_groups;
+        while (m_scanner.nextLine()) {
+            if (m_scanner.rest() == "END")
+                return;
+        }
+        m_scanner.failAtEnd(QStringLiteral("a group has no END"));
+    }
+
+    void readWell()
+    {
+        m_objects.emplace_back();
+        m_objects.back().type = QStringLiteral("Well");
+        GocadWellLines lines(m_scanner, m_objects.back());
+        std::string_view word;
+        while (m_scanner.nextLine()) {
+            if (!m_scanner.nextWord(word) || word.front() == '#')
+                continue;
+            if (word == "END") {
+                lines.finish();
+                return;
+            }
+            if (word == "HEADER" || word == "HEADER{")
+                readHeader(m_objects.back());
+            else if (word == "AXIS_UNIT" || word == "ZPOSITIVE")
+                readDescription(m_objects.back(), word);
+            else
+                lines.read(word);
+        }
+        m_scanner.failAtEnd(QStringLiteral("the well %1 has no END").arg(m_objects.back().name));
     }
 
     void readObject(const QString& type)
@@ -301,6 +356,7 @@ private:
     std::vector<GocadObject> m_objects;
     std::unordered_map<qint64, int> m_indices; ///< of the vertices by their number in the file
     std::vector<qint64> m_sizes;               ///< numbers per property
+    int m_groups = 0;                          ///< begun and not yet ended
 };
 
 } // namespace

@@ -88,6 +88,68 @@ void addProperties(ModelObject& object, GocadObject& source)
     }
 }
 
+/// Measured depths come before what was measured there.
+void addDepths(ModelObject& object, GocadObject& source)
+{
+    AttributeColumn column;
+    column.name = QStringLiteral("MD");
+    column.unit = source.depthUnit.isEmpty() ? source.unit : source.depthUnit;
+    std::vector<unsigned char> missing;
+    for (double& depth : source.depths) {
+        missing.push_back(std::isnan(depth) ? 1 : 0);
+        depth = std::isnan(depth) ? 0.0 : depth;
+    }
+    const auto unknown = std::count(missing.begin(), missing.end(), 1);
+    if (unknown == static_cast<std::ptrdiff_t>(missing.size()))
+        return;
+    column.numbers = std::make_shared<const std::vector<double>>(std::move(source.depths));
+    if (unknown > 0)
+        column.missing = std::make_shared<const std::vector<unsigned char>>(std::move(missing));
+    object.vertexAttributes.push_back(std::move(column));
+}
+
+ObjectType typeOf(const GocadObject& source)
+{
+    if (source.type == QLatin1String("PLine"))
+        return ObjectType::Polylines;
+    if (source.type == QLatin1String("TSurf"))
+        return ObjectType::MeshSurfaces;
+    return source.type == QLatin1String("Well") ? ObjectType::Wells : ObjectType::VertexClouds;
+}
+
+/// What was left out of all objects.
+struct LeftOut
+{
+    int borders = 0;
+    int marks = 0;
+    QStringList curves;
+    QStringList wells;
+
+    LoadNotes notes(const QString& path, QStringList others) const
+    {
+        LoadNotes notes;
+        const auto note = [&](int count, const QString& what) {
+            if (count > 0)
+                notes.append(QStringLiteral("%1: %2 %3").arg(path).arg(count).arg(what));
+        };
+        note(borders, QStringLiteral("marks of borders (BSTONE, BORDER) were left out; borders are those of the "
+                                     "triangles"));
+        note(marks, QStringLiteral("markers and zones of wells were left out"));
+        note(curves.size(), QStringLiteral("curves of wells were left out because their values stand in files of their "
+                                           "own or not at the depths of the path; the first is %1")
+                                .arg(curves.value(0)));
+        note(wells.size(),
+             QStringLiteral(
+                 "wells were left out because they have no PATH, VRTX or STATION (TVD_PATH and TVSS_PATH do not say "
+                 "which way they count); the first is %1")
+                 .arg(wells.value(0)));
+        const int count = others.size();
+        others.removeDuplicates();
+        note(count, QStringLiteral("objects of other types were left out: %1").arg(others.join(QStringLiteral(", "))));
+        return notes;
+    }
+};
+
 QColor colorOf(const QString& text)
 {
     const QStringList parts = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -106,15 +168,19 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
     QStringList others;
     std::vector<GocadObject> objects = readGocadObjects(path, others);
     if (objects.empty())
-        throw LoadError(path, QStringLiteral("there is no vertex set, line or surface in it"),
+        throw LoadError(path, QStringLiteral("there is no vertex set, line, surface or well in it"),
                         QStringLiteral("check the file"));
-    int borders = 0;
+    LeftOut leftOut;
     for (GocadObject& source : objects) {
-        borders += source.borders;
-        const bool line = source.type == QLatin1String("PLine");
-        const ObjectType type =
-            line ? ObjectType::Polylines
-                 : (source.type == QLatin1String("TSurf") ? ObjectType::MeshSurfaces : ObjectType::VertexClouds);
+        leftOut.borders += source.borders;
+        leftOut.marks += source.marks;
+        leftOut.curves += source.curvesLeftOut;
+        const ObjectType type = typeOf(source);
+        const bool well = type == ObjectType::Wells;
+        if (well && source.x.empty()) {
+            leftOut.wells.append(source.name);
+            continue;
+        }
         QString name = options.name.isEmpty() ? source.name : options.name;
         if (name.isEmpty())
             name = QFileInfo(path).completeBaseName();
@@ -124,7 +190,9 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
             object.color = color;
         if (source.zIsDepth)
             std::transform(source.z.begin(), source.z.end(), source.z.begin(), [](double depth) { return -depth; });
-        if (line) {
+        if (well)
+            object.parts.push_back({0, static_cast<int>(source.x.size()), false, false});
+        if (type == ObjectType::Polylines) {
             const Runs runs = runsOf(source);
             object.parts = runs.parts;
             for (std::vector<double>* numbers : {&source.x, &source.y, &source.z})
@@ -138,22 +206,15 @@ LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& option
             object.lengthUnit = source.unit;
         setCoordinates(object, std::move(source.x), std::move(source.y), std::move(source.z));
         object.triangles = std::move(source.triangles);
+        if (well)
+            addDepths(object, source);
         addProperties(object, source);
         model.add(std::move(object));
     }
-    LoadNotes notes;
-    if (borders > 0)
-        notes.append(QStringLiteral("%1: %2 marks of borders (BSTONE, BORDER) were left out; borders are those of the "
-                                    "triangles")
-                         .arg(path)
-                         .arg(borders));
-    if (!others.isEmpty()) {
-        const int count = others.size();
-        others.removeDuplicates();
-        notes.append(QStringLiteral("%1: %2 objects of other types were left out: %3")
-                         .arg(path, QString::number(count), others.join(QStringLiteral(", "))));
-    }
-    return notes;
+    if (leftOut.wells.size() == static_cast<int>(objects.size()))
+        throw LoadError(path, QStringLiteral("none of its wells has a PATH, VRTX or STATION"),
+                        QStringLiteral("give a file with the paths of its wells"));
+    return leftOut.notes(path, others);
 }
 
 } // namespace kpFormats

@@ -8,8 +8,8 @@
 namespace kpFormats
 {
 
-/// Reads the objects of a GOCAD ASCII file: vertex sets as clouds, lines, triangulated surfaces as meshes. Depths
-/// become elevations.
+/// Reads the objects of a GOCAD ASCII file: vertex sets as clouds, lines, triangulated surfaces as meshes, wells.
+/// Depths become elevations.
 /// \throws LoadError naming the line
 KPFORMATS_EXPORT LoadNotes readGocad(Model& model, const QString& path, const LoadOptions& options);
 

@@ -14,6 +14,7 @@ namespace kpFormats
 struct GocadExportSettings
 {
     enum class GridsAs { Surface, Points };
+    enum class WellsAs { Lines, Wells };
 
     FileGrouping grouping = FileGrouping::Single; ///< one file, a file per object, a file per set
     QString filePrefix;                           ///< of several files in a directory
@@ -23,6 +24,7 @@ struct GocadExportSettings
     int decimals = automaticDecimals;             ///< of coordinates; -1 for as many as they need
     double nullValue = -99999.0;                  ///< stands for a missing property value
     GridsAs gridsAs = GridsAs::Surface;           ///< grid surfaces as triangles or as points
+    WellsAs wellsAs = WellsAs::Lines;             ///< well paths as lines or as wells with curves
 };
 
 } // namespace kpFormats

@@ -9,10 +9,30 @@
 #include "model/ShareOfProgress.h"
 #include "model/SurfaceMesh.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kpFormats
 {
+
+namespace
+{
+
+GocadEntry entryOf(const ModelObject& object, const ExportSelection& selection, const GocadExportSettings& settings,
+                   Findings& findings)
+{
+    GocadEntry entry{&object, numberColumns(object, selection, findings), std::nullopt};
+    if (isGocadWell(object, settings))
+        entry.well = gocadWellOf(object, settings, findings);
+    if (entry.well && !entry.well->attribute.isEmpty()) {
+        // The path has them.
+        const auto isDepth = [&entry](const NumberColumn& column) { return column.name() == entry.well->attribute; };
+        entry.columns.erase(std::remove_if(entry.columns.begin(), entry.columns.end(), isDepth), entry.columns.end());
+    }
+    return entry;
+}
+
+} // namespace
 
 GocadFile::GocadFile(PlannedFile planned, const ExportSelection& selected, GocadExportSettings settings,
                      Findings& findings)
@@ -22,7 +42,7 @@ GocadFile::GocadFile(PlannedFile planned, const ExportSelection& selected, Gocad
     noteMissingAttributes(file().objects, selection(), findings);
     for (const ModelObject* object : file().objects) {
         if (hasAnyPosition(*object)) {
-            m_entries.push_back({object, numberColumns(*object, selection(), findings)});
+            m_entries.push_back(entryOf(*object, selection(), m_settings, findings));
             noteGocadForm(*object, m_settings, findings);
         } else {
             findings.note(finding::objectWithoutPosition, *object, 1, object->name);
@@ -34,7 +54,7 @@ GocadFile::GocadFile(PlannedFile planned, const ExportSelection& selected, Gocad
             QStringLiteral("none of its objects has a position, the first is %1").arg(file().objects.front()->name),
             QStringLiteral("choose objects with coordinates"));
     std::vector<const ModelObject*> written;
-    for (const Entry& entry : m_entries)
+    for (const GocadEntry& entry : m_entries)
         written.push_back(entry.object);
     m_settings.decimals = coordinateDecimals(written, m_settings.decimals, m_settings.lengthUnit, findings);
 }
@@ -45,11 +65,11 @@ qint64 GocadFile::write(const QString& path, Findings& findings, kpBase::Abstrac
     BlockWriter out(path, file().path);
     GocadWriter writer(out, m_settings, findings);
     qint64 rows = 0;
-    for (const Entry& entry : m_entries) {
+    for (const GocadEntry& entry : m_entries) {
         share.next(entry.object->weight());
         if (share.isCancelled())
             return rows;
-        rows += writer.write(*entry.object, entry.columns, &share);
+        rows += writer.write(entry, &share);
     }
     out.close();
     return rows;
@@ -57,7 +77,7 @@ qint64 GocadFile::write(const QString& path, Findings& findings, kpBase::Abstrac
 
 std::optional<Verification> GocadFile::verify(const QString& path) const
 {
-    return verifyGocad(file().objects, path, selection(), m_settings);
+    return verifyGocad(m_entries, path, m_settings);
 }
 
 } // namespace kpFormats

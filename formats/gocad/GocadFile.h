@@ -4,6 +4,7 @@
 #include "export/NumberColumns.h"
 #include "export/PreparedFile.h"
 #include "formats/gocad/GocadExportSettings.h"
+#include "formats/gocad/GocadWell.h"
 
 namespace kpFormats
 {
@@ -19,15 +20,8 @@ public:
     std::optional<Verification> verify(const QString& path) const override;
 
 private:
-    /// An object that goes into the file, with its properties.
-    struct Entry
-    {
-        const ModelObject* object;
-        std::vector<NumberColumn> columns;
-    };
-
     GocadExportSettings m_settings;
-    std::vector<Entry> m_entries;
+    std::vector<GocadEntry> m_entries;
 };
 
 } // namespace kpFormats

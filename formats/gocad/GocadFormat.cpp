@@ -3,6 +3,7 @@
 
 #include "export/CommonSettings.h"
 #include "formats/gocad/GocadFile.h"
+#include "formats/gocad/GocadWell.h"
 #include "formats/gocad/GocadWriter.h"
 
 #include <QFileInfo>
@@ -19,7 +20,9 @@ QString extensionOf(const std::vector<const ModelObject*>& objects, const GocadE
     static const QString extensions[] = {QStringLiteral("vs"), QStringLiteral("pl"), QStringLiteral("ts")};
     QString extension;
     for (const ModelObject* object : objects) {
-        const QString own = extensions[static_cast<int>(gocadKindOf(*object, settings))];
+        const QString own = isGocadWell(*object, settings)
+                                ? QStringLiteral("wl")
+                                : extensions[static_cast<int>(gocadKindOf(*object, settings))];
         if (!extension.isEmpty() && extension != own)
             return QStringLiteral("gp");
         extension = own;
@@ -57,6 +60,9 @@ SettingsTable GocadFormat::settings() const
         "gridsAs", &S::gridsAs, tr("Grids as"),
         {{QStringLiteral("surface"), tr("triangulated surfaces")}, {QStringLiteral("points"), tr("vertex sets")}},
         tr("grid surfaces as triangulated surfaces or as vertex sets"));
+    table.addChoice("wellsAs", &S::wellsAs, tr("Wells as"),
+                    {{QStringLiteral("lines"), tr("curves")}, {QStringLiteral("wells"), tr("wells")}},
+                    tr("well paths as lines (PLine) or as wells with their depths (Well)"));
     return table;
 }
 

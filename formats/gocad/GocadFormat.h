@@ -10,7 +10,7 @@ namespace kpFormats
 {
 
 /// GOCAD ASCII: points as vertex sets (VSet), lines, polygons and well paths as curves (PLine), meshes and grid
-/// surfaces as triangulated surfaces (TSurf), with their numeric attributes as properties. Which way z counts and the
+/// surfaces as triangulated surfaces (TSurf), well paths on request as wells (Well), with their numeric attributes as properties. Which way z counts and the
 /// length unit stand in each object's coordinate system.
 /// The format: http://www.t-surf.com/products/developmentkit_ascii.html and
 /// http://paulbourke.net/dataformats/gocad/gocad.pdf

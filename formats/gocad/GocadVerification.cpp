@@ -55,9 +55,14 @@ void expectLine(const ModelObject& object, const Part& part, Expected& expected)
         expected.segments.push_back({before, first});
 }
 
-Expected expectedOf(const ModelObject& object, GocadKind kind)
+Expected expectedOf(const GocadEntry& entry, GocadKind kind)
 {
+    const ModelObject& object = *entry.object;
     Expected expected;
+    if (entry.well) {
+        expected.vertices = entry.well->vertices;
+        return expected;
+    }
     if (kind == GocadKind::PLine) {
         for (const Part& part : object.parts)
             expectLine(object, part, expected);
@@ -73,18 +78,19 @@ Expected expectedOf(const ModelObject& object, GocadKind kind)
 class ObjectCheck
 {
 public:
-    ObjectCheck(const ModelObject& object, const GocadObject& read, const GocadExportSettings& settings,
+    ObjectCheck(const GocadEntry& entry, const GocadObject& read, const GocadExportSettings& settings,
                 Verification& result)
-        : m_object(object)
+        : m_entry(entry)
+        , m_object(*entry.object)
         , m_read(read)
         , m_settings(settings)
         , m_result(result)
-        , m_kind(gocadKindOf(object, settings))
-        , m_expected(expectedOf(object, m_kind))
+        , m_kind(entry.well ? GocadKind::Well : gocadKindOf(m_object, settings))
+        , m_expected(expectedOf(entry, m_kind))
     {
     }
 
-    void compare(const ExportSelection& selection)
+    void compare()
     {
         compareHead();
         if (!m_result.compareCount(m_object.name, QStringLiteral("vertices"),
@@ -93,14 +99,16 @@ public:
             return;
         comparePositions();
         compareConnections();
-        Findings told;
-        compareProperties(numberColumns(m_object, selection, told));
+        if (m_entry.well)
+            compareDepths(*m_entry.well);
+        compareProperties(m_entry.columns);
     }
 
 private:
     void compareHead()
     {
-        static const QString kinds[] = {QStringLiteral("VSet"), QStringLiteral("PLine"), QStringLiteral("TSurf")};
+        static const QString kinds[] = {QStringLiteral("VSet"), QStringLiteral("PLine"), QStringLiteral("TSurf"),
+                                        QStringLiteral("Well")};
         m_result.compareSame(QStringLiteral("kind"), m_object.name, kinds[static_cast<int>(m_kind)], m_read.type);
         m_result.compareSame(QStringLiteral("unit"), m_object.name,
                              writtenUnit(m_object.lengthUnit, m_settings.lengthUnit), m_read.unit);
@@ -111,7 +119,7 @@ private:
         if (!m_settings.header)
             return;
         m_result.compareSame(QStringLiteral("name"), m_object.name, gocadObjectName(m_object.name), m_read.name);
-        if (m_object.color.isValid())
+        if (m_object.color.isValid() && m_kind != GocadKind::Well)
             compareColour(m_read.color.simplified().split(QLatin1Char(' ')));
     }
 
@@ -141,6 +149,18 @@ private:
                 {(*m_object.x)[vertex] * factor, (*m_object.y)[vertex] * factor, (*m_object.z)[vertex] * up},
                 {m_read.x[index], m_read.y[index], m_read.z[index]}, [&] { return where(index); });
         }
+    }
+
+    void compareDepths(const GocadWell& well)
+    {
+        m_result.compareSame(QStringLiteral("unit of depths"), m_object.name,
+                             writtenUnit(m_object.lengthUnit, m_settings.lengthUnit), m_read.depthUnit);
+        if (!m_read.curvesLeftOut.isEmpty())
+            m_result.fail(QStringLiteral("%1: the curve %2 does not go with the path")
+                              .arg(m_object.name, m_read.curvesLeftOut.front()));
+        for (std::size_t index = 0; index < well.depths.size(); ++index)
+            m_result.compareValue(well.depths[index], m_read.depths[index], m_result.allowed().most,
+                                  [&] { return QStringLiteral("%1, depth").arg(where(index)); });
     }
 
     template <std::size_t corners>
@@ -188,10 +208,8 @@ private:
                                  m_read.properties.join(QLatin1Char(' ')));
         for (std::size_t property = 0; property < columns.size(); ++property) {
             const auto number = static_cast<int>(property);
-            const QString unit =
-                columns[property].unit().isEmpty() ? QStringLiteral("none") : gocadWord(columns[property].unit());
-            m_result.compareSame(QStringLiteral("units of properties"), m_object.name, unit,
-                                 m_read.units.value(number));
+            m_result.compareSame(QStringLiteral("units of properties"), m_object.name,
+                                 gocadUnit(columns[property].unit()), m_read.units.value(number));
             compareProperty(columns[property], property);
         }
     }
@@ -212,6 +230,7 @@ private:
         }
     }
 
+    const GocadEntry& m_entry;
     const ModelObject& m_object;
     const GocadObject& m_read;
     const GocadExportSettings& m_settings;
@@ -222,15 +241,12 @@ private:
 
 } // namespace
 
-Verification verifyGocad(const std::vector<const ModelObject*>& objects, const QString& path,
-                         const ExportSelection& selection, const GocadExportSettings& settings)
+Verification verifyGocad(const std::vector<GocadEntry>& entries, const QString& path,
+                         const GocadExportSettings& settings)
 {
     Verification result(
         QStringLiteral("the program's GOCAD reader"),
-        Allowance::ofDecimals(settings.decimals, writtenUnit(objects.front()->lengthUnit, settings.lengthUnit)));
-    std::vector<const ModelObject*> expected;
-    std::copy_if(objects.begin(), objects.end(), std::back_inserter(expected),
-                 [](const ModelObject* object) { return hasAnyPosition(*object); });
+        Allowance::ofDecimals(settings.decimals, writtenUnit(entries.front().object->lengthUnit, settings.lengthUnit)));
     QStringList others;
     std::vector<GocadObject> read;
     try {
@@ -240,11 +256,11 @@ Verification verifyGocad(const std::vector<const ModelObject*>& objects, const Q
         return result;
     }
     result.compareCount(QStringLiteral("file"), QStringLiteral("objects of other kinds"), 0, others.size());
-    if (!result.compareCount(QStringLiteral("file"), QStringLiteral("objects"), static_cast<qint64>(expected.size()),
+    if (!result.compareCount(QStringLiteral("file"), QStringLiteral("objects"), static_cast<qint64>(entries.size()),
                              static_cast<qint64>(read.size())))
         return result;
     for (std::size_t index = 0; index < read.size() && result.good(); ++index)
-        ObjectCheck(*expected[index], read[index], settings, result).compare(selection);
+        ObjectCheck(entries[index], read[index], settings, result).compare();
     return result;
 }
 

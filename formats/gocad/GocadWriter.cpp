@@ -6,6 +6,7 @@
 #include "formats/gocad/GocadFindings.h"
 #include "geo/CoordinateSystems.h"
 #include "model/SurfaceMesh.h"
+#include "readers/TextTable.h"
 #include "writers/FixedNumber.h"
 
 #include <cmath>
@@ -27,6 +28,8 @@ const char* typeName(GocadKind kind)
         return "PLine";
     case GocadKind::TSurf:
         return "TSurf";
+    case GocadKind::Well:
+        return "Well";
     }
     return "VSet";
 }
@@ -40,6 +43,8 @@ const char* colourKey(GocadKind kind)
         return "*line*color";
     case GocadKind::TSurf:
         return "*solid*color";
+    case GocadKind::Well:
+        break;
     }
     return "*atoms*color";
 }
@@ -84,6 +89,11 @@ QString gocadWord(const QString& name)
     return word;
 }
 
+QString gocadUnit(const QString& unit)
+{
+    return unit.isEmpty() ? QStringLiteral("none") : gocadWord(unit);
+}
+
 GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, Findings& findings)
     : m_out(out)
     , m_settings(settings)
@@ -92,17 +102,17 @@ GocadWriter::GocadWriter(BlockWriter& out, const GocadExportSettings& settings, 
     appendShortest(m_nullText, settings.nullValue);
 }
 
-qint64 GocadWriter::write(const ModelObject& object, const std::vector<NumberColumn>& columns,
-                          kpBase::AbstractProgress* progress)
+qint64 GocadWriter::write(const GocadEntry& entry, kpBase::AbstractProgress* progress)
 {
+    const ModelObject& object = *entry.object;
     m_object = &object;
-    m_columns = columns;
+    m_columns = entry.columns;
     m_factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
     m_zFactor = m_settings.zIsElevation ? m_factor : -m_factor;
     m_written = 0;
     m_withoutPosition = 0;
     m_equalToNull = 0;
-    const GocadKind kind = gocadKindOf(object, m_settings);
+    const GocadKind kind = entry.well ? GocadKind::Well : gocadKindOf(object, m_settings);
     m_whole = progress;
     m_progress = ProgressTicker(progress, object.vertexCount());
     writeHead(kind);
@@ -115,6 +125,9 @@ qint64 GocadWriter::write(const ModelObject& object, const std::vector<NumberCol
         break;
     case GocadKind::TSurf:
         writeSurface();
+        break;
+    case GocadKind::Well:
+        writeWell(*entry.well);
         break;
     }
     m_out.text() += "END\n";
@@ -148,7 +161,7 @@ void GocadWriter::writeHead(GocadKind kind)
     if (m_settings.header)
         writeHeader(kind);
     writeCoordinateSystem();
-    if (!m_columns.empty())
+    if (!m_columns.empty() && kind != GocadKind::Well)
         writePropertyLists();
 }
 
@@ -157,7 +170,7 @@ void GocadWriter::writeHeader(GocadKind kind)
     std::string& text = m_out.text();
     const QString name = gocadObjectName(m_object->name);
     text += "HEADER {\nname:" + name.toStdString() + '\n';
-    if (m_object->color.isValid()) {
+    if (m_object->color.isValid() && kind != GocadKind::Well) {
         text += colourKey(kind);
         const double channels[] = {m_object->color.redF(), m_object->color.greenF(), m_object->color.blueF()};
         char separator = ':';
@@ -189,9 +202,8 @@ void GocadWriter::writeCoordinateSystem()
     text += "END_ORIGINAL_COORDINATE_SYSTEM\n";
 }
 
-void GocadWriter::writePropertyLists()
+std::vector<std::string> GocadWriter::propertyNames()
 {
-    std::string& text = m_out.text();
     UniqueNames taken;
     std::vector<std::string> names;
     for (const NumberColumn& column : m_columns) {
@@ -201,15 +213,21 @@ void GocadWriter::writePropertyLists()
             m_findings.note(finding::renamed, *m_object, 1,
                             QStringLiteral("attribute %1 is written as %2").arg(column.name(), name));
     }
+    return names;
+}
+
+void GocadWriter::writePropertyLists()
+{
+    std::string& text = m_out.text();
+    const std::vector<std::string> names = propertyNames();
     std::size_t index = 0;
     const auto nextName = [&](const NumberColumn&) { return names[index++ % names.size()]; };
     appendList(text, "PROPERTIES", m_columns, nextName);
     appendList(text, "NO_DATA_VALUES", m_columns, [this](const NumberColumn&) { return m_nullText; });
     appendList(text, "PROPERTY_CLASSES", m_columns, nextName);
     appendList(text, "ESIZES", m_columns, [](const NumberColumn&) { return "1"; });
-    appendList(text, "UNITS", m_columns, [](const NumberColumn& column) {
-        return column.unit().isEmpty() ? std::string("none") : gocadWord(column.unit()).toStdString();
-    });
+    appendList(text, "UNITS", m_columns,
+               [](const NumberColumn& column) { return gocadUnit(column.unit()).toStdString(); });
 }
 
 void GocadWriter::appendVertex(qint64 id, int vertex)
@@ -225,18 +243,22 @@ void GocadWriter::appendVertex(qint64 id, int vertex)
     text += ' ';
     appendFixed(text, (*m_object->z)[index] * m_zFactor, m_settings.decimals);
     for (const NumberColumn& column : m_columns) {
-        const double value = column.at(vertex);
         text += ' ';
-        if (!std::isfinite(value)) {
-            text += m_nullText;
-            continue;
-        }
-        m_equalToNull += value == m_settings.nullValue ? 1 : 0;
-        appendShortest(text, value);
+        appendValue(column.at(vertex));
     }
     text += '\n';
     m_out.check();
     ++m_written;
+}
+
+void GocadWriter::appendValue(double value)
+{
+    if (!std::isfinite(value)) {
+        m_out.text() += m_nullText;
+        return;
+    }
+    m_equalToNull += value == m_settings.nullValue ? 1 : 0;
+    appendShortest(m_out.text(), value);
 }
 
 void GocadWriter::writePoints()
@@ -329,6 +351,70 @@ void GocadWriter::writeSurface()
         m_out.check();
         return m_progress.next();
     });
+}
+
+void GocadWriter::writeWell(const GocadWell& well)
+{
+    m_progress =
+        ProgressTicker(m_whole, static_cast<double>(well.vertices.size()) * static_cast<double>(1 + m_columns.size()));
+    for (int vertex = 0; vertex < m_object->vertexCount(); ++vertex)
+        m_withoutPosition += hasPosition(*m_object, vertex) ? 0 : 1;
+    writePath(well);
+    const std::vector<std::string> names = propertyNames();
+    for (std::size_t index = 0; index < names.size() && !m_progress.cancelled(); ++index)
+        writeCurve(well, m_columns[index], names[index]);
+}
+
+/// The path counts east and north from the reference as it stands in the file, so that nothing is rounded twice.
+void GocadWriter::writePath(const GocadWell& well)
+{
+    std::string& text = m_out.text();
+    text += "PATH_ZM_UNIT " + writtenUnit(m_object->lengthUnit, m_settings.lengthUnit).toStdString() + "\nWREF";
+    double reference[2] = {};
+    const auto top = static_cast<std::size_t>(well.vertices.front());
+    int axis = 0;
+    for (const Numbers& numbers : {m_object->x, m_object->y}) {
+        std::string written;
+        appendFixed(written, (*numbers)[top] * m_factor, m_settings.decimals);
+        reference[axis++] = numberOf(written).value_or(0.0);
+        text += ' ' + written;
+    }
+    text += ' ';
+    appendFixed(text, (*m_object->z)[top] * m_zFactor, m_settings.decimals);
+    text += '\n';
+    for (std::size_t station = 0; station < well.vertices.size(); ++station) {
+        const auto vertex = static_cast<std::size_t>(well.vertices[station]);
+        text += "PATH";
+        for (const double number :
+             {well.depths[station], (*m_object->z)[vertex] * m_zFactor,
+              (*m_object->x)[vertex] * m_factor - reference[0], (*m_object->y)[vertex] * m_factor - reference[1]}) {
+            text += ' ';
+            appendFixed(text, number, m_settings.decimals);
+        }
+        text += '\n';
+        m_out.check();
+        ++m_written;
+        if (!m_progress.next())
+            return;
+    }
+}
+
+void GocadWriter::writeCurve(const GocadWell& well, const NumberColumn& column, const std::string& name)
+{
+    std::string& text = m_out.text();
+    text += "WELL_CURVE\nPROPERTY " + name + "\nPROP_UNIT " + gocadUnit(column.unit()).toStdString();
+    text += "\nPROP_NO_DATA_VALUE " + m_nullText + '\n';
+    for (std::size_t station = 0; station < well.vertices.size(); ++station) {
+        text += "REC ";
+        appendFixed(text, well.depths[station], m_settings.decimals);
+        text += ' ';
+        appendValue(column.at(well.vertices[station]));
+        text += '\n';
+        m_out.check();
+        if (!m_progress.next())
+            return;
+    }
+    text += "END_CURVE\n";
 }
 
 } // namespace kpFormats

@@ -3,21 +3,23 @@
 
 #include "export/BlockWriter.h"
 #include "export/Findings.h"
-#include "export/NumberColumns.h"
-#include "formats/gocad/GocadExportSettings.h"
+#include "formats/gocad/GocadWell.h"
 #include "model/ProgressTicker.h"
 
 namespace kpFormats
 {
 
 /// The kinds of GOCAD object that a model object becomes.
-enum class GocadKind { VSet, PLine, TSurf };
+enum class GocadKind { VSet, PLine, TSurf, Well };
 
+/// Of an object that is not written as a well.
 GocadKind gocadKindOf(const ModelObject& object, const GocadExportSettings& settings);
 /// The name in one line without the characters that end a header.
 QString gocadObjectName(const QString& name);
 /// The name as one word of a list: blanks and quotes become "_".
 QString gocadWord(const QString& name);
+/// The unit as one word, "none" where there is none.
+QString gocadUnit(const QString& unit);
 
 /// Notes what the form of the file and the settings leave out of any object.
 void noteGocadForm(const ModelObject& object, const GocadExportSettings& settings, Findings& findings);
@@ -28,10 +30,8 @@ class GocadWriter
 public:
     GocadWriter(BlockWriter& out, const GocadExportSettings& settings, Findings& findings);
 
-    /// \a columns are the object's properties.
     /// \returns the number of vertices written. Stops early when the user cancels. \throws ExportError
-    qint64 write(const ModelObject& object, const std::vector<NumberColumn>& columns,
-                 kpBase::AbstractProgress* progress);
+    qint64 write(const GocadEntry& entry, kpBase::AbstractProgress* progress);
 
 private:
     void writeHead(GocadKind kind);
@@ -42,6 +42,11 @@ private:
     void writeLines();
     void writeLine(const Part& part);
     void writeSurface();
+    void writeWell(const GocadWell& well);
+    void writePath(const GocadWell& well);
+    void writeCurve(const GocadWell& well, const NumberColumn& column, const std::string& name);
+    std::vector<std::string> propertyNames();
+    void appendValue(double value);
     void appendVertex(qint64 id, int vertex);
     void noteLosses();
 

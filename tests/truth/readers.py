@@ -254,6 +254,12 @@ def gocad(path):
                 facts.positions.append((place[0], place[1], sign * place[2]))
                 values = [float(word) for word in words[5:5 + len(names)]]
                 facts.add_row(names, [None if i < len(nulls) and v == nulls[i] else v for i, v in enumerate(values)])
+            elif words[0] == "WREF":
+                reference = [float(word) for word in words[1:3]]
+            elif words[0] == "PATH":
+                depth, height, east, north = [float(word) for word in words[1:5]]
+                facts.positions.append((reference[0] + east, reference[1] + north, sign * height))
+                facts.add_row(["MD"], [depth])
     facts.per_feature = False
     return facts
 
