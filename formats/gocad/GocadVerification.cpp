@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gocad/GocadVerification.h"
 
+#include "export/LengthFactors.h"
 #include "export/NumberColumns.h"
 #include "export/SafeNames.h"
 #include "formats/gocad/GocadWriter.h"
@@ -141,13 +142,12 @@ private:
 
     void comparePositions()
     {
-        const double factor = unitFactor(m_object.lengthUnit, m_settings.lengthUnit);
-        const double up = m_settings.zIsElevation ? factor : -factor;
+        const LengthFactors factors(m_object, m_settings.lengthUnit, m_settings.zIsElevation);
         for (std::size_t index = 0; index < m_expected.vertices.size(); ++index) {
             const auto vertex = static_cast<std::size_t>(m_expected.vertices[index]);
-            m_result.comparePosition(
-                {(*m_object.x)[vertex] * factor, (*m_object.y)[vertex] * factor, (*m_object.z)[vertex] * up},
-                {m_read.x[index], m_read.y[index], m_read.z[index]}, [&] { return where(index); });
+            m_result.comparePosition({(*m_object.x)[vertex] * factors.flat, (*m_object.y)[vertex] * factors.flat,
+                                      (*m_object.z)[vertex] * factors.height},
+                                     {m_read.x[index], m_read.y[index], m_read.z[index]}, [&] { return where(index); });
         }
     }
 

@@ -2,6 +2,7 @@
 #include "formats/gocad/GocadWriter.h"
 
 #include "export/CommonFindings.h"
+#include "export/LengthFactors.h"
 #include "export/SafeNames.h"
 #include "formats/gocad/GocadFindings.h"
 #include "geo/CoordinateSystems.h"
@@ -107,8 +108,9 @@ qint64 GocadWriter::write(const GocadEntry& entry, kpBase::AbstractProgress* pro
     const ModelObject& object = *entry.object;
     m_object = &object;
     m_columns = entry.columns;
-    m_factor = unitFactor(object.lengthUnit, m_settings.lengthUnit);
-    m_zFactor = m_settings.zIsElevation ? m_factor : -m_factor;
+    const LengthFactors factors(object, m_settings.lengthUnit, m_settings.zIsElevation);
+    m_factor = factors.flat;
+    m_zFactor = factors.height;
     m_written = 0;
     m_withoutPosition = 0;
     m_equalToNull = 0;
@@ -189,7 +191,8 @@ void GocadWriter::writeHeader(GocadKind kind)
 
 void GocadWriter::writeCoordinateSystem()
 {
-    const std::string unit = writtenUnit(m_object->lengthUnit, m_settings.lengthUnit).toStdString();
+    const LengthFactors factors(*m_object, m_settings.lengthUnit, m_settings.zIsElevation);
+    const std::string flat = factors.flatUnit.toStdString();
     QString projection = crsName(m_object->crs);
     projection.replace(QLatin1Char('"'), QLatin1Char('\''));
     std::string& text = m_out.text();
@@ -197,7 +200,7 @@ void GocadWriter::writeCoordinateSystem()
     text +=
         "PROJECTION " + (projection.isEmpty() ? std::string("Unknown") : '"' + projection.toStdString() + '"') + '\n';
     text += "DATUM Unknown\nAXIS_NAME \"X\" \"Y\" \"Z\"\n";
-    text += "AXIS_UNIT \"" + unit + "\" \"" + unit + "\" \"" + unit + "\"\n";
+    text += "AXIS_UNIT \"" + flat + "\" \"" + flat + "\" \"" + factors.heightUnit.toStdString() + "\"\n";
     text += m_settings.zIsElevation ? "ZPOSITIVE Elevation\n" : "ZPOSITIVE Depth\n";
     text += "END_ORIGINAL_COORDINATE_SYSTEM\n";
 }

@@ -122,10 +122,10 @@ void DamagesTest::texts_data()
          {"gocad depths", "gocad",
           "GOCAD PLine 1\nHEADER {\nname:L\n*line*color:0.000000 0.498039 1.000000 1\n}\n"
           "GOCAD_ORIGINAL_COORDINATE_SYSTEM\nNAME Default\nPROJECTION \"WGS 84 (EPSG:4326)\"\nDATUM Unknown\n"
-          "AXIS_NAME \"X\" \"Y\" \"Z\"\nAXIS_UNIT \"m\" \"m\" \"m\"\nZPOSITIVE Elevation",
+          "AXIS_NAME \"X\" \"Y\" \"Z\"\nAXIS_UNIT \"degrees\" \"degrees\" \"m\"\nZPOSITIVE Elevation",
           "GOCAD PLine 1\nHEADER {\nname:L\n*line*color:0.000000 0.498039 1.000000 1\n}\n"
           "GOCAD_ORIGINAL_COORDINATE_SYSTEM\nNAME Default\nPROJECTION \"WGS 84 (EPSG:4326)\"\nDATUM Unknown\n"
-          "AXIS_NAME \"X\" \"Y\" \"Z\"\nAXIS_UNIT \"m\" \"m\" \"m\"\nZPOSITIVE Depth"},
+          "AXIS_NAME \"X\" \"Y\" \"Z\"\nAXIS_UNIT \"degrees\" \"degrees\" \"m\"\nZPOSITIVE Depth"},
          {"grdecl position", "grdecl", "\n 1010.000 20.000 10.000", "\n 1010.000 20.002 10.000"},
          {"grdecl depth", "grdecl", "16*1005.000", "15*1005.000 1006.000"},
          {"grdecl value", "grdecl", "4*0.25", "3*0.25 0.26"},

@@ -147,6 +147,12 @@ void GocadTest::names()
     QCOMPARE(run.fault(), QString());
     QVERIFY(run.bytes().contains(QByteArray("\nname:Ярус _A_ B\n")));
     QVERIFY(run.bytes().contains("\nPROJECTION \"GDA94 / MGA zone 50 (EPSG:28350)\"\n"));
+    // Degrees are no lengths: they stay, and only heights are converted.
+    cloud.crs = wktOf(QStringLiteral("EPSG:4326"));
+    const SaverRun degrees("gocad", {cloud}, path("d.vs"), "lengthUnit=km;decimals=4");
+    QCOMPARE(degrees.fault(), QString());
+    QVERIFY(degrees.bytes().contains("\nAXIS_UNIT \"degrees\" \"degrees\" \"km\"\n")
+            && degrees.bytes().contains("VRTX 1 1.0000 2.0000 0.0030\n"));
 }
 
 void GocadTest::files_data()
