@@ -4,6 +4,7 @@
 #include "readers/DeviationReader.h"
 #include "readers/IrapReader.h"
 #include "readers/LasWellReader.h"
+#include "readers/RmsWellReader.h"
 #include "readers/ZMapReader.h"
 
 #include <QFile>
@@ -61,6 +62,8 @@ FileKind fileKindOf(const QString& path)
         return FileKind::IrapGrid;
     if (isDeviationTable(path))
         return FileKind::Deviation;
+    if (isRmsWell(path))
+        return FileKind::RmsWell;
     if (isLasLog(path))
         return FileKind::Las;
     const QByteArray begin = beginningOf(path);

@@ -23,6 +23,7 @@ enum class FileKind {
     Ply,
     Vtk,
     Deviation,
+    RmsWell,
     Las,
     Table,
     Other

@@ -18,6 +18,7 @@
 #include "readers/OffReader.h"
 #include "readers/OpenDataset.h"
 #include "readers/PlyReader.h"
+#include "readers/RmsWellReader.h"
 #include "readers/StlReader.h"
 #include "readers/TableReader.h"
 #include "readers/VectorReader.h"
@@ -71,6 +72,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readLasWell(model, path, options);
     case FileKind::Deviation:
         return readDeviation(model, path, options);
+    case FileKind::RmsWell:
+        return readRmsWell(model, path, options);
     case FileKind::Stl:
         return readStl(model, path, options);
     case FileKind::Ply:

@@ -22,6 +22,9 @@ private Q_SLOTS:
     void lengthUnits();
     void intervals();
     void las();
+    void rmsWell();
+    void rmsRefused_data();
+    void rmsRefused();
 
 private:
     QString file(const char* name, const QByteArray& text) const
@@ -167,6 +170,67 @@ void WellsTest::las()
                 .contains(QStringLiteral("line 8: the line has not a value for each")));
     QVERIFY(refused("~V\nVERS. 3.0:\n").contains(QStringLiteral("line 2: this is LAS 3.0")));
     QVERIFY(refused("~V\nVERS. 2.0:\n~C\nETIM.S:\nA.:\n~A\n1 2\n").contains(QStringLiteral("is not a depth")));
+}
+
+void WellsTest::rmsWell()
+{
+    // A name of two words, the second a number, with and without the height of the rotary table; missing values; codes.
+    const auto text = [](const QByteArray& head) {
+        return "1.0\nUndefined\n" + head
+               + "\n3\nMD 1 lin\nFacies DISC 0 shale 1 sand\nPoro param CONT\n"
+                 "500.5 600.25 -25 0 0 0.25\n501 601 75 100.5 1 -999\n502 602 85 110 7 0.5\n"
+                 "503 603 95 120 -999 nan\n";
+    };
+    Model model;
+    QVERIFY(loadInto(model, file("a.w", text("W 7 500.5 600.25 25"))).isEmpty());
+    const LoadNotes notes = loadInto(model, file("b.txt", text("W 7 500 600")));
+    const ModelObject& well = model.objects()[0];
+    QVERIFY(well.type == ObjectType::Wells && well.name == QLatin1String("W 7"));
+    QCOMPARE(model.objects()[1].name, QStringLiteral("W 7"));
+    QCOMPARE(*well.z, (std::vector<double>{25, -75, -85, -95}));
+    QCOMPARE(well.objectAttributes.front().value.toDouble(), 25.0);
+    QVERIFY(model.objects()[1].objectAttributes.empty());
+    QVERIFY2(notes.join(QString()).contains(
+                 QStringLiteral("the heads of 1 wells are not where their paths begin and were left "
+                                "out; the first is W 7 at 500.000 600.000")),
+             qPrintable(notes.join(QString())));
+    QStringList names;
+    for (const AttributeColumn& column : well.vertexAttributes)
+        names.append(column.name);
+    QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("MD Facies Facies_name Poro"));
+    QCOMPARE(well.vertexAttributes[1].values, (QVector<QVariant>{0, 1, 7, QVariant()}));
+    QCOMPARE(well.vertexAttributes[2].values,
+             (QVector<QVariant>{QStringLiteral("shale"), QStringLiteral("sand"), QVariant(), QVariant()}));
+    QCOMPARE(*well.vertexAttributes[3].missing, (std::vector<unsigned char>{0, 1, 0, 1}));
+}
+
+void WellsTest::rmsRefused_data()
+{
+    QTest::addColumn<QByteArray>("rows");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* rows, const char* message) {
+        QTest::newRow(message) << QByteArray(rows) << QString::fromLatin1(message);
+    };
+    row("F DISC 0 a\n1 2 3 0\n1 2 3\n", "line 7: the row has fewer than 4 numbers");
+    row("F DISC 0 a\n1 2 3 0\n1 2 3 0 5\n", "line 7: the row has more than 4 numbers");
+    row("F DISC 0 a\n1 2 3 0\n1 2 3 0.5\n", "line 7: the discrete log F has the value \"0.5\"");
+    row("F DISC 0 a\n1 2 3 0\n1.0\nU\nV 1 2\n0\n", "the file ends after line 10: the well has no row");
+    row("F DISC 0 a\n1 2 3 0\n\n1.0\nUndefined\nV 1 2\n", "the file ends after line 10: the head");
+    row("F DISC 0 a 1\n1 2 3 0\n", "line 5: the code \"1\" has no name");
+    row("F DISC 0 a\n1 2 3 0\n1 x 3 0\n", "line 7: \"x\" is not a number");
+}
+
+void WellsTest::rmsRefused()
+{
+    QFETCH(QByteArray, rows);
+    QFETCH(QString, message);
+    try {
+        Model model;
+        loadInto(model, file("c.w", "1.0\nUndefined\nW 1 2\n1\n" + rows));
+        QFAIL("it was read");
+    } catch (const LoadError& error) {
+        QVERIFY2(QString::fromUtf8(error.what()).contains(message), error.what());
+    }
 }
 
 QTEST_GUILESS_MAIN(WellsTest)

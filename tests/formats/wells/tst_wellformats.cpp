@@ -80,6 +80,7 @@ private Q_SLOTS:
     void lasRefused_data();
     void lasRefused();
     void lasOfRealWells();
+    void lasOfRmsWells();
     void deviationText();
     void surveyComesBack_data();
     void surveyComesBack();
@@ -210,6 +211,34 @@ void WellFormatsTest::lasOfRealWells()
     QCOMPARE(read.lengthUnit, QStringLiteral("ft"));
     for (std::size_t vertex = 0; vertex < read.x->size(); ++vertex)
         QVERIFY(std::abs((*read.z)[vertex] - (*wells[150].z)[vertex]) <= 5.01e-5);
+}
+
+void WellFormatsTest::lasOfRmsWells()
+{
+    const QString blocked = shared("data/inputs/valysar_bw.w");
+    const QString survey = shared("data/reek/OP_6.w");
+    if (blocked.isEmpty() || survey.isEmpty())
+        QSKIP("the data is not here");
+    std::vector<ModelObject> wells = loaded(blocked);
+    QCOMPARE(wells.size(), std::size_t(9));
+    QCOMPARE(wells[0].name, QStringLiteral("55_33-A-6"));
+    QCOMPARE(wells[0].z->front(), -1693.960205);
+    QCOMPARE(wells[0].vertexAttributes[4].values[11].toString(), QStringLiteral("Crevasse"));
+    QCOMPARE(int((*wells[0].vertexAttributes[5].missing)[14]), 1);
+    const ModelObject path = loaded(survey).front();
+    QCOMPARE(path.vertexCount(), 1766);
+    QCOMPARE(path.objectAttributes.front().value.toDouble(), 0.0);
+    QCOMPARE(path.vertexAttributes[0].numbers->back(), 3528.72658498);
+    QCOMPARE(path.x->back(), 464433.141);
+    // All of it goes through LAS: depths along the blocked wells are computed.
+    wells.push_back(path);
+    const SaverRun run("las", wells, this->path());
+    QCOMPARE(run.fault(), QString());
+    QCOMPARE(run.countOf(QStringLiteral("measured depth computed")), 9);
+    qint64 rows = 0;
+    for (const auto& file : run.report.files())
+        rows += file.rows;
+    QCOMPARE(rows, qint64(193 + 1766));
 }
 
 void WellFormatsTest::deviationText()
