@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <limits>
 
 namespace kpFormats
 {
@@ -92,29 +92,80 @@ WellLogs::WellLogs(const LoadOptions& options)
     }
 }
 
+/// Which row holds each of the depths, as an index of \a rows; none where no row does. At a boundary it is the lower one,
+/// in an overlap the one that begins deepest, of several that begin together the shortest. A depth at which a hole's
+/// intervals end is held by the one that ends there.
+std::vector<std::optional<std::size_t>> WellLogs::heldAt(const Rows& rows, const std::vector<double>& depths)
+{
+    const Log& log = *rows.log;
+    double bottom = std::numeric_limits<double>::lowest();
+    for (const std::size_t row : rows.rows)
+        bottom = std::max(bottom, log.to[row]);
+    std::vector<std::optional<std::size_t>> held;
+    std::vector<std::size_t> open; // begun and not known to have ended, the last one to begin behind
+    std::size_t next = 0;
+    for (const double depth : depths) {
+        while (next < rows.rows.size() && log.from[rows.rows[next]] <= depth)
+            open.push_back(next++);
+        const auto ended = [&](std::size_t index) {
+            const double to = log.to[rows.rows[index]];
+            return to < depth || (to == depth && to < bottom);
+        };
+        while (!open.empty() && ended(open.back()))
+            open.pop_back();
+        held.push_back(open.empty() ? std::nullopt : std::optional<std::size_t>(open.back()));
+    }
+    return held;
+}
+
 void WellLogs::add(const QString& path, std::shared_ptr<const Log> log, const QStringList& holes)
 {
     QHash<QString, Rows> rows;
     for (std::size_t row = 0; row < log->from.size(); ++row)
         rows[holes[static_cast<int>(row)]].rows.push_back(row);
     int overlaps = 0;
+    int hidden = 0;
     QString firstOverlap;
+    QString firstHidden;
+    const auto place = [&log](const QString& hole, std::size_t row) {
+        return QStringLiteral("%1 at %2").arg(hole).arg(log->from[row]);
+    };
     for (auto hole = rows.begin(); hole != rows.end(); ++hole) {
         Rows& list = hole.value();
         list.log = log;
-        std::stable_sort(list.rows.begin(), list.rows.end(),
-                         [&log](std::size_t a, std::size_t b) { return log->from[a] < log->from[b]; });
-        for (std::size_t index = 1; log->intervals && index < list.rows.size(); ++index) {
-            if (log->from[list.rows[index]] < log->to[list.rows[index - 1]] && overlaps++ == 0)
-                firstOverlap = QStringLiteral("%1 at %2").arg(hole.key()).arg(log->from[list.rows[index]]);
+        std::stable_sort(list.rows.begin(), list.rows.end(), [&log](std::size_t a, std::size_t b) {
+            const bool together = log->intervals && log->from[a] == log->from[b];
+            return together ? log->to[a] > log->to[b] : log->from[a] < log->from[b];
+        });
+        if (log->intervals) {
+            double end = std::numeric_limits<double>::lowest();
+            for (const std::size_t row : list.rows) {
+                if (log->from[row] < end && overlaps++ == 0)
+                    firstOverlap = place(hole.key(), row);
+                end = std::max(end, log->to[row]);
+            }
+            std::vector<bool> seen(list.rows.size(), false);
+            std::vector<double> depths = depthsOf(list);
+            std::sort(depths.begin(), depths.end());
+            for (const auto& index : heldAt(list, depths)) {
+                if (index)
+                    seen[*index] = true;
+            }
+            for (std::size_t index = 0; index < seen.size(); ++index) {
+                if (!seen[index] && hidden++ == 0)
+                    firstHidden = place(hole.key(), list.rows[index]);
+            }
         }
         m_byHole[hole.key()].push_back(list);
     }
     if (overlaps > 0)
+        m_notes.append(QStringLiteral("%1: %2 intervals overlap one before them; where they do, the one that begins "
+                                      "deepest counts; the first is in hole %3")
+                           .arg(path, QString::number(overlaps), firstOverlap));
+    if (hidden > 0)
         m_notes.append(
-            QStringLiteral("%1: %2 intervals overlap the one before them and count from where they begin; the "
-                           "first is in hole %3")
-                .arg(path, QString::number(overlaps), firstOverlap));
+            QStringLiteral("%1: %2 intervals lie wholly under others and were left out; the first is in hole %3")
+                .arg(path, QString::number(hidden), firstHidden));
 }
 
 void WellLogs::readIntervals(const QString& path, const LoadOptions& options)
@@ -187,17 +238,67 @@ void WellLogs::readLas(const QString& path, const LoadOptions& options)
     add(path, log, holes);
 }
 
+std::vector<double> WellLogs::depthsOf(const Rows& rows)
+{
+    std::vector<double> depths;
+    for (const std::size_t row : rows.rows) {
+        depths.push_back(rows.log->from[row]);
+        if (rows.log->intervals)
+            depths.push_back(rows.log->to[row]);
+    }
+    return depths;
+}
+
 std::vector<double> WellLogs::depths(const QString& hole) const
 {
     std::vector<double> depths;
     for (const Rows& rows : m_byHole.value(hole)) {
-        for (const std::size_t row : rows.rows) {
-            depths.push_back(rows.log->from[row]);
-            if (rows.log->intervals)
-                depths.push_back(rows.log->to[row]);
-        }
+        const std::vector<double> own = depthsOf(rows);
+        depths.insert(depths.end(), own.begin(), own.end());
     }
     return depths;
+}
+
+AttributeColumn WellLogs::valuesOfIntervals(const AttributeColumn& source, const Rows& rows,
+                                            const std::vector<std::optional<std::size_t>>& held)
+{
+    Picker picker(source);
+    for (const auto& index : held) {
+        if (index)
+            picker.add(source, rows.rows[*index]);
+        else
+            picker.addMissing();
+    }
+    return picker.take();
+}
+
+AttributeColumn WellLogs::valuesOfCurve(const AttributeColumn& source, const Rows& rows,
+                                        const std::vector<double>& depths)
+{
+    const Log& log = *rows.log;
+    Picker picker(source);
+    std::size_t next = 0; // the first row below the depth
+    for (const double depth : depths) {
+        while (next < rows.rows.size() && log.from[rows.rows[next]] <= depth)
+            ++next;
+        if (next == 0) {
+            picker.addMissing();
+            continue;
+        }
+        const std::size_t row = rows.rows[next - 1];
+        const bool last = next == rows.rows.size();
+        if (depth == log.from[row] || (!last && source.kind != AttributeKind::Real)) {
+            picker.add(source, row);
+        } else if (last || isMissing(source, row) || isMissing(source, rows.rows[next])) {
+            picker.addMissing();
+        } else {
+            const std::size_t below = rows.rows[next];
+            const double share = (depth - log.from[row]) / (log.from[below] - log.from[row]);
+            const double above = (*source.numbers)[row];
+            picker.addNumber(above + share * ((*source.numbers)[below] - above));
+        }
+    }
+    return picker.take();
 }
 
 std::vector<AttributeColumn> WellLogs::at(const QString& hole, const std::vector<double>& depths) const
@@ -205,38 +306,12 @@ std::vector<AttributeColumn> WellLogs::at(const QString& hole, const std::vector
     std::vector<AttributeColumn> columns;
     const auto logs = m_byHole.value(hole);
     for (const Rows& rows : logs) {
-        const Log& log = *rows.log;
-        for (const AttributeColumn& source : log.columns) {
-            Picker picker(source);
-            std::size_t next = 0; // the first row below the depth
-            for (const double depth : depths) {
-                while (next < rows.rows.size() && log.from[rows.rows[next]] <= depth)
-                    ++next;
-                if (next == 0) {
-                    picker.addMissing();
-                    continue;
-                }
-                const std::size_t row = rows.rows[next - 1];
-                const bool last = next == rows.rows.size();
-                if (log.intervals) {
-                    const bool within = depth < log.to[row] || (depth == log.to[row] && last);
-                    if (within)
-                        picker.add(source, row);
-                    else
-                        picker.addMissing();
-                } else if (depth == log.from[row] || (!last && source.kind != AttributeKind::Real)) {
-                    picker.add(source, row);
-                } else if (last || isMissing(source, row) || isMissing(source, rows.rows[next])) {
-                    picker.addMissing();
-                } else {
-                    const std::size_t below = rows.rows[next];
-                    const double share = (depth - log.from[row]) / (log.from[below] - log.from[row]);
-                    const double above = (*source.numbers)[row];
-                    picker.addNumber(above + share * ((*source.numbers)[below] - above));
-                }
-            }
-            columns.push_back(picker.take());
-        }
+        std::vector<std::optional<std::size_t>> held;
+        if (rows.log->intervals)
+            held = heldAt(rows, depths);
+        for (const AttributeColumn& source : rows.log->columns)
+            columns.push_back(rows.log->intervals ? valuesOfIntervals(source, rows, held)
+                                                  : valuesOfCurve(source, rows, depths));
     }
     return columns;
 }

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void collarWithoutHeight();
     void lengthUnits();
     void intervals();
+    void overlaps();
     void las();
     void rmsWell();
     void rmsRefused_data();
@@ -137,6 +138,27 @@ void WellsTest::intervals()
     QVERIFY2(said.contains(QStringLiteral("1 holes of the logs have no collar and were left out; one is Z"))
                  && said.contains(QStringLiteral("1 intervals do not go down")),
              qPrintable(said));
+}
+
+void WellsTest::overlaps()
+{
+    // One within another, one that begins before the other ends, two of the same depths, a gap.
+    LoadOptions options;
+    options.survey = file("survey.csv", "BHID,AT,AZ,DIP\nA,0,0,90\n");
+    options.logs.append(file("assay.csv", "BHID,FROM,TO,AU\nA,0,40,1.5\nA,10,20,2\nA,30,50,3\nA,60,70,4\n"
+                                          "A,60,70,5\nB,0,5,6\nA,60,65,7\n"));
+    Model model;
+    const QString said =
+        loadInto(model, file("collar.csv", "BHID,X,Y,Z\nA,0,0,100\n"), options).join(QLatin1Char('\n'));
+    const ModelObject& well = model.objects().front();
+    QCOMPARE(*well.vertexAttributes[0].numbers, (std::vector<double>{0, 10, 20, 30, 40, 50, 60, 65, 70}));
+    QCOMPARE(*well.vertexAttributes[1].numbers, (std::vector<double>{1.5, 2, 1.5, 3, 3, 0, 7, 5, 5}));
+    QCOMPARE(*well.vertexAttributes[1].missing, (std::vector<unsigned char>{0, 0, 0, 0, 0, 1, 0, 0, 0}));
+    for (const char* part : {"4 intervals overlap one before them; where they do, the one that begins deepest counts; "
+                             "the first is in hole A at 10",
+                             "1 intervals lie wholly under others and were left out; the first is in hole A at 60",
+                             "1 holes of the logs have no collar"})
+        QVERIFY2(said.contains(QLatin1String(part)), qPrintable(said));
 }
 
 void WellsTest::las()
