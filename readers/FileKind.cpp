@@ -38,6 +38,17 @@ QByteArray beginningOf(const QString& path)
     return begin;
 }
 
+/// Whether a grid in GXF stands behind the remarks, whatever the file is called.
+bool isGxfGrid(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        return false;
+    constexpr qint64 enough = 65536;
+    const QByteArray begin = file.read(enough);
+    return begin.contains("\n#GRID") && begin.contains("#POINTS") && begin.contains("#ROWS");
+}
+
 } // namespace
 
 FileKind fileKindOf(const QString& path)
@@ -67,6 +78,8 @@ FileKind fileKindOf(const QString& path)
     if (isLasLog(path))
         return FileKind::Las;
     const QByteArray begin = beginningOf(path);
+    if (isGxfGrid(path))
+        return FileKind::Gxf;
     if (begin.startsWith("GOCAD "))
         return FileKind::Gocad;
     if (begin.startsWith("SPECGRID") || begin.startsWith("RUNSPEC") || begin.startsWith("GRID\n"))

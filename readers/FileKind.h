@@ -8,7 +8,7 @@
 namespace kpFormats
 {
 
-/// Which reader takes a file. Other: GDAL decides.
+/// Which reader takes a file. Gxf: GDAL, which does not take all of them. Other: GDAL decides.
 enum class FileKind {
     Grid,
     ZMap,
@@ -25,6 +25,7 @@ enum class FileKind {
     Deviation,
     RmsWell,
     Las,
+    Gxf,
     Table,
     Other
 };

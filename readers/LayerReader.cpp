@@ -108,9 +108,10 @@ void LayerReader::readFeature(const OGRFeature& feature)
         return;
     }
     m_measured += geometry->IsMeasured() ? 1 : 0;
-    if (geometry->hasCurveGeometry(TRUE)) {
+    if (geometry->hasCurveGeometry(FALSE)) {
+        // Curves of straight pieces stay as they are.
         const std::unique_ptr<OGRGeometry> linear(geometry->getLinearGeometry());
-        ++m_curves;
+        m_curves += geometry->hasCurveGeometry(TRUE) ? 1 : 0;
         readGeometry(feature, *linear);
         return;
     }

@@ -49,7 +49,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
 {
     if (!options.survey.isEmpty() || !options.logs.isEmpty())
         return readWells(model, path, options);
-    switch (fileKindOf(path)) {
+    const FileKind kind = fileKindOf(path);
+    switch (kind) {
     case FileKind::Grid:
         return readGrid(model, path, options);
     case FileKind::ZMap:
@@ -82,12 +83,16 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readVtk(model, path, options);
     case FileKind::Table:
         return readTable(model, path, options);
+    case FileKind::Gxf:
     case FileKind::Other:
         break;
     }
     try {
         return isRaster(path) ? readGrid(model, path, options) : readVectors(model, path, options);
     } catch (const LoadError&) {
+        if (kind == FileKind::Gxf)
+            throw LoadError(path, QStringLiteral("this is a grid in GXF that GDAL does not read"),
+                            QStringLiteral("write it as ZMap+, Irap classic or another grid at its source"));
         // Points of text go by any name.
         if (!isPointTable(path, options))
             throw;

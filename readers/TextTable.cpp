@@ -102,6 +102,10 @@ TextTable::TextTable(const QString& path, const QString& encoding)
         throw LoadError(path, QStringLiteral("this is a binary file, not delimited text"),
                         QStringLiteral("give the file its proper extension"));
     m_text = toUtf8(path, std::move(bytes), encoding, guessed).toStdString();
+    // Lines may end in carriage returns alone, and the last one as lines do elsewhere.
+    if (std::count(m_text.begin(), m_text.end(), '\r') > 1 && m_text.find("\r\n") == std::string::npos
+        && std::count(m_text.begin(), m_text.end(), '\n') <= 1)
+        std::replace(m_text.begin(), m_text.end(), '\r', '\n');
     if (!guessed.isEmpty())
         m_notes.append(
             QStringLiteral("its text is not UTF-8 and is taken for %1 (say \"encoding\" in a model file where "

@@ -77,7 +77,9 @@ void GeometriesTest::kinds()
                                   "POLYHEDRALSURFACE Z(((0 0 0,1 0 0,1 1 0,0 1 0,0 0 0)))",
                                   "GEOMETRYCOLLECTION(POINT(5 5),LINESTRING(0 0,1 1))",
                                   "LINESTRING M(0 0 7,1 1 8)",
-                                  "TRIANGLE((0 0,1 0,0 1,0 0))"};
+                                  "TRIANGLE((0 0,1 0,0 1,0 0))",
+                                  "COMPOUNDCURVE((0 0,1 1,2 0))",
+                                  "CURVEPOLYGON((0 0,1 0,0 1,0 0))"};
     QByteArray text = "WKT,n\n";
     int number = 0;
     for (const char* shape : shapes)
@@ -93,7 +95,7 @@ void GeometriesTest::kinds()
     QCOMPARE(
         found.join(QStringLiteral(", ")),
         QStringLiteral("polyline 46/0, polygon 92/0, mesh_surface 4/2, mesh_surface 4/2, polyline 2/0, polyline 2/0, "
-                       "mesh_surface 3/1, vertex_cloud 1/0"));
+                       "mesh_surface 3/1, polyline 3/0, polygon 4/0, vertex_cloud 1/0"));
     const QString said = notes.join(QLatin1Char('\n'));
     for (const char* part : {"2 of layer k had curves", "1 of layer k had measures", "1 of layer k were collections",
                              "3 of layer k were surfaces"})

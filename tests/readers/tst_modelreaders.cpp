@@ -382,7 +382,9 @@ void ModelReadersTest::hostile_data()
         "line 5: a PLine has no such line");
     row("gocad, a line without runs", "a.pl", "GOCAD PLine 1\nHEADER {name:x}\nVRTX 1 0 0 0\nVRTX 2 1 0 0\nEND\n",
         "line 5: the line x has vertices but neither ILINE nor SEG");
-    row("gocad, only a volume", "a.ts", "GOCAD Voxet 1\nEND\n", "there is no vertex set, line or surface");
+    row("gocad, only a volume", "a.ts", "GOCAD Voxet 1\nEND\n", "there is no vertex set, line, surface or well");
+    row("gxf, numbers in quotes", "a.dat", "! x\n#POINTS\n\"2\"\n#ROWS\n\"2\"\n#GRID\n1 2 3 4\n",
+        "this is a grid in GXF that GDAL does not read");
     row("grdecl, nothing", "a.grdecl", "NOECHO\n", "there is no corner-point grid");
     row("grdecl, size lies", "a.grdecl", "SPECGRID\n 100000 100000 100000 1 F /\n",
         "line 2: the grid would have 1000000000000000 cells");

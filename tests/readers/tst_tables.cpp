@@ -71,6 +71,7 @@ void TablesTest::shapes_data()
     row("rows of other lengths", "t.csv", "x,y,a\n1,2\n3,4,5,6\n", "3 4 0 a", 1);
     row("separator at the end", "t.csv", "x,y,a,\n1,2,5,\n", "1 2 0 a column 4", 0);
     row("no numbers in a row", "t.csv", "x,y\n1,2\nn/a,3\n", "1 2 0", 1);
+    row("carriage returns alone", "t.csv", "x,y,Au\r1,2,3\r4,5,6\n", "4 5 0 Au", 0);
     row("points called otherwise", "t.points", "1.5 2.5 3.5\n4.5 5.5 6.5\n7.5 8.25 9.5\n", "7.5 8.25 9.5", 1);
 }
 
