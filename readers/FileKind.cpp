@@ -4,6 +4,7 @@
 #include "readers/DeviationReader.h"
 #include "readers/IrapReader.h"
 #include "readers/LasWellReader.h"
+#include "readers/OpenTecSectionReader.h"
 #include "readers/RmsWellReader.h"
 #include "readers/ZMapReader.h"
 
@@ -75,6 +76,8 @@ FileKind fileKindOf(const QString& path)
         return FileKind::Deviation;
     if (isRmsWell(path))
         return FileKind::RmsWell;
+    if (isOpenTecSection(path))
+        return FileKind::OpenTec;
     if (isLasLog(path))
         return FileKind::Las;
     const QByteArray begin = beginningOf(path);

@@ -26,6 +26,7 @@ enum class FileKind {
     RmsWell,
     Las,
     Gxf,
+    OpenTec,
     Table,
     Other
 };

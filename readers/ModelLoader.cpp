@@ -17,6 +17,7 @@
 #include "readers/ObjectUnits.h"
 #include "readers/OffReader.h"
 #include "readers/OpenDataset.h"
+#include "readers/OpenTecSectionReader.h"
 #include "readers/PlyReader.h"
 #include "readers/RmsWellReader.h"
 #include "readers/StlReader.h"
@@ -73,6 +74,8 @@ LoadNotes readAny(Model& model, const QString& path, const LoadOptions& options)
         return readLasWell(model, path, options);
     case FileKind::Deviation:
         return readDeviation(model, path, options);
+    case FileKind::OpenTec:
+        return readOpenTecSection(model, path, options);
     case FileKind::RmsWell:
         return readRmsWell(model, path, options);
     case FileKind::Stl:

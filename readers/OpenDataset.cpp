@@ -4,6 +4,7 @@
 #include "geo/LoadLimits.h"
 #include "geo/VirtualSources.h"
 #include "readers/LoadError.h"
+#include "readers/PgDumpReader.h"
 
 #include <QFileInfo>
 
@@ -79,8 +80,11 @@ GDALDatasetUniquePtr openDataset(const QString& path, unsigned flags, const char
     for (const char* const* option = options; option && *option; ++option)
         open.AddString(*option);
     open.SetNameValue("WRITE_GFS", "NO");
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(
-        path.toUtf8().constData(), flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, open.List()));
+    GDALDatasetUniquePtr dataset =
+        isPgDump(path)
+            ? readPgDump(path)
+            : GDALDatasetUniquePtr(GDALDataset::Open(
+                path.toUtf8().constData(), flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, open.List()));
     if (!dataset && info.isDir())
         throw LoadError(path, QStringLiteral("this is a directory that GDAL does not know as a data set"),
                         QStringLiteral("name a file in it"));

@@ -3,7 +3,7 @@
 
 #include "export/CommonFindings.h"
 #include "export/WriteErrors.h"
-#include "formats/ogr/PgDumpReader.h"
+#include "readers/PgDumpReader.h"
 #include "geo/CoordinateSystems.h"
 
 #include <QFile>

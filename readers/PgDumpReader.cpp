@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "formats/ogr/PgDumpReader.h"
+#include "readers/PgDumpReader.h"
 
 #include "geo/GdalSession.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QtEndian>
@@ -233,6 +234,16 @@ private:
 };
 
 } // namespace
+
+bool isPgDump(const QString& path)
+{
+    QFile file(path);
+    constexpr qint64 enough = 4096;
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray begin = file.read(enough);
+    return begin.startsWith("SET standard_conforming_strings") && begin.contains("\nCREATE TABLE ");
+}
 
 GDALDatasetUniquePtr readPgDump(const QString& path)
 {
