@@ -5,6 +5,7 @@
 
 #include <ogr_feature.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace kpFormats
@@ -35,11 +36,13 @@ void setNumbers(AttributeColumn& column, const QVector<QVariant>& values)
 
 } // namespace
 
-FeatureFields::FeatureFields(const OGRFeatureDefn& definition)
+FeatureFields::FeatureFields(const OGRFeatureDefn& definition, const std::vector<int>& others)
 {
     for (int index = 0; index < definition.GetFieldCount(); ++index) {
         const OGRFieldDefn& defined = *definition.GetFieldDefn(index);
         m_names.append(QString::fromUtf8(defined.GetNameRef()));
+        if (std::find(others.begin(), others.end(), index) != others.end())
+            continue;
         Field field;
         field.index = index;
         switch (defined.GetType()) {

@@ -18,7 +18,8 @@ namespace kpFormats
 class FeatureFields
 {
 public:
-    explicit FeatureFields(const OGRFeatureDefn& definition);
+    /// \a others are the places of fields that are something else than attributes.
+    explicit FeatureFields(const OGRFeatureDefn& definition, const std::vector<int>& others = {});
 
     /// All of the layer's, also those that are left out.
     const QStringList& names() const { return m_names; }

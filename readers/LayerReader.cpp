@@ -4,6 +4,7 @@
 #include "geo/CoordinateSystems.h"
 #include "readers/LoadError.h"
 #include "readers/PolygonTriangles.h"
+#include "readers/TextTable.h"
 
 #include <ogrsf_frmts.h>
 
@@ -15,6 +16,29 @@
 
 namespace kpFormats
 {
+
+namespace
+{
+
+/// The columns of a table without geometries that hold coordinates; nothing when there are none.
+std::optional<CoordinateColumns> coordinatesOf(const OGRLayer& layer, const LoadOptions& options)
+{
+    const OGRFeatureDefn& definition = *const_cast<OGRLayer&>(layer).GetLayerDefn();
+    if (definition.GetGeomFieldCount() > 0)
+        return std::nullopt;
+    QStringList names;
+    for (int index = 0; index < definition.GetFieldCount(); ++index)
+        names.append(QString::fromUtf8(definition.GetFieldDefn(index)->GetNameRef()));
+    const CoordinateColumns columns(names, options);
+    return columns.hasPositions() ? std::optional<CoordinateColumns>(columns) : std::nullopt;
+}
+
+std::vector<int> placesOf(const std::optional<CoordinateColumns>& columns)
+{
+    return columns ? std::vector<int>{columns->x, columns->y, columns->z} : std::vector<int>();
+}
+
+} // namespace
 
 int LayerReader::Faces::vertexAt(const OGRPoint& point)
 {
@@ -34,7 +58,8 @@ LayerReader::LayerReader(Model& model, OGRLayer& layer, const QString& path, con
     , m_path(path)
     , m_options(options)
     , m_name(QString::fromUtf8(layer.GetName()))
-    , m_fields(*layer.GetLayerDefn())
+    , m_columns(coordinatesOf(layer, options))
+    , m_fields(*layer.GetLayerDefn(), placesOf(m_columns))
 {
     m_nameField = m_fields.names().indexOf(options.nameField);
     if (!options.nameField.isEmpty() && m_nameField < 0) {
@@ -42,6 +67,9 @@ LayerReader::LayerReader(Model& model, OGRLayer& layer, const QString& path, con
             path, QStringLiteral("layer %1 has no field \"%2\" to name its objects").arg(m_name, options.nameField),
             QStringLiteral("it has: %1").arg(m_fields.names().join(QStringLiteral(", "))));
     }
+    if (m_columns && m_columns->z < 0 && !options.z.isEmpty())
+        throw LoadError(path, QStringLiteral("layer %1 has no field \"%2\"").arg(m_name, options.z),
+                        QStringLiteral("it has: %1").arg(m_fields.names().join(QStringLiteral(", "))));
     m_subClasses = m_fields.names().indexOf(QStringLiteral("SubClasses"));
     m_drawingLayer = m_fields.names().indexOf(QStringLiteral("Layer"));
     m_crs = options.crs.isEmpty() ? wktOf(layer.GetSpatialRef()) : wktOf(options.crs);
@@ -50,8 +78,21 @@ LayerReader::LayerReader(Model& model, OGRLayer& layer, const QString& path, con
 int LayerReader::read(LoadNotes& notes)
 {
     const std::size_t before = m_model.objects().size();
-    for (const auto& feature : m_layer)
-        readFeature(*feature);
+    for (const auto& feature : m_layer) {
+        if (!m_columns)
+            readFeature(*feature);
+        else if (const auto point = pointOf(*feature))
+            readGeometry(*feature, *point);
+        else
+            ++m_withoutNumbers;
+    }
+    if (m_columns && m_options.crs.isEmpty() && !m_cloud.x.empty()) {
+        LoadNotes own;
+        m_crs =
+            systemOfColumns(m_fields.names()[m_columns->x], m_fields.names()[m_columns->y], m_cloud.x, m_cloud.y, own);
+        for (const QString& said : qAsConst(own))
+            notes.append(QStringLiteral("%1: %2").arg(m_path, said));
+    }
     for (auto& [name, faces] : m_drawn)
         addMesh(name, faces, {});
     if (!m_cloud.x.empty())
@@ -68,6 +109,7 @@ void LayerReader::appendNotes(LoadNotes& notes) const
                              .arg(m_path, QString::number(count), m_name, QString::fromUtf8(what)));
     };
     note(m_withoutGeometry, "had no geometry and were left out");
+    note(m_withoutNumbers, "have no numbers for x and y and were left out");
     note(m_emptyPoints, "were points without a position and were left out");
     note(m_unknown, "had a geometry that is not a point, line, area or surface and were left out");
     note(m_flatPoints, "are points without a height among others that have one; they have none in the cloud either");
@@ -98,6 +140,25 @@ QString LayerReader::featureName(const OGRFeature& feature) const
             return name;
     }
     return QStringLiteral("%1 %2").arg(m_options.name.isEmpty() ? m_name : m_options.name).arg(m_number);
+}
+
+/// The row as a point; nothing where it has no numbers for x and y.
+std::unique_ptr<OGRPoint> LayerReader::pointOf(const OGRFeature& feature) const
+{
+    const auto numberAt = [&feature](int column) {
+        if (column < 0 || !feature.IsFieldSetAndNotNull(column))
+            return std::numeric_limits<double>::quiet_NaN();
+        const std::string text = feature.GetFieldAsString(column);
+        const bool isText = feature.GetFieldDefnRef(column)->GetType() == OFTString;
+        return isText ? numberOf(text).value_or(std::numeric_limits<double>::quiet_NaN())
+                      : feature.GetFieldAsDouble(column);
+    };
+    const double x = numberAt(m_columns->x);
+    const double y = numberAt(m_columns->y);
+    const double z = numberAt(m_columns->z);
+    if (!std::isfinite(x) || !std::isfinite(y))
+        return nullptr;
+    return std::isfinite(z) ? std::make_unique<OGRPoint>(x, y, z) : std::make_unique<OGRPoint>(x, y);
 }
 
 void LayerReader::readFeature(const OGRFeature& feature)

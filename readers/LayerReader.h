@@ -2,11 +2,14 @@
 #pragma once
 
 #include "model/Model.h"
+#include "readers/CoordinateColumns.h"
 #include "readers/FeatureFields.h"
 #include "readers/LoadOptions.h"
 #include "readers/MeshBuilder.h"
 
 #include <map>
+#include <memory>
+#include <optional>
 
 class OGRFeature;
 class OGRGeometry;
@@ -21,7 +24,8 @@ namespace kpFormats
 {
 
 /// Reads one layer into objects. Curves become lines, triangulated and polyhedral surfaces meshes, collections are taken
-/// apart; the faces of a drawing become a mesh per drawing layer.
+/// apart; the faces of a drawing become a mesh per drawing layer. Rows of a table without geometries, such as the sheet of
+/// a spreadsheet, become points where it has columns of coordinates.
 class LayerReader
 {
 public:
@@ -41,6 +45,7 @@ private:
         int vertexAt(const OGRPoint& point);
     };
 
+    std::unique_ptr<OGRPoint> pointOf(const OGRFeature& feature) const;
     ModelObject makeObject(ObjectType type, const QString& name) const;
     QString featureName(const OGRFeature& feature) const;
     void readFeature(const OGRFeature& feature);
@@ -61,6 +66,7 @@ private:
     QString m_path;
     const LoadOptions& m_options;
     QString m_name;
+    std::optional<CoordinateColumns> m_columns; ///< of a table without geometries
     FeatureFields m_fields;
     int m_nameField = -1;
     int m_subClasses = -1; ///< fields of a drawing
@@ -75,6 +81,7 @@ private:
     int m_number = 0;
     int m_flatPoints = 0;
     int m_withoutGeometry = 0;
+    int m_withoutNumbers = 0;
     int m_emptyPoints = 0;
     int m_curves = 0;
     int m_measured = 0;

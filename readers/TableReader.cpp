@@ -2,6 +2,7 @@
 #include "readers/TableReader.h"
 
 #include "geo/CoordinateSystems.h"
+#include "readers/CoordinateColumns.h"
 #include "readers/LoadError.h"
 #include "readers/MeshBuilder.h"
 #include "readers/TableColumn.h"
@@ -20,14 +21,6 @@ namespace kpFormats
 namespace
 {
 
-const QStringList& usualNames(char axis)
-{
-    static const QStringList x = QStringLiteral("x,easting,east,xcollar,lon,long,longitude").split(QLatin1Char(','));
-    static const QStringList y = QStringLiteral("y,northing,north,ycollar,lat,latitude").split(QLatin1Char(','));
-    static const QStringList z = QStringLiteral("z,elevation,elev,zcollar,altitude").split(QLatin1Char(','));
-    return axis == 'x' ? x : (axis == 'y' ? y : z);
-}
-
 class PointTable
 {
 public:
@@ -35,14 +28,12 @@ public:
         : m_table(path, options.encoding)
         , m_options(options)
         , m_notes(m_table.notes())
-        , m_x(axis('x', options.x))
-        , m_y(axis('y', options.y))
-        , m_z(axis('z', options.z))
+        , m_axes(m_table.columns(), options)
         , m_name(QFileInfo(path).completeBaseName())
     {
     }
 
-    bool hasPositions() const { return m_x >= 0 && m_y >= 0; }
+    bool hasPositions() const { return m_axes.hasPositions(); }
     bool hasGeometries() const { return !hasPositions() && m_table.columnNamed({QStringLiteral("WKT")}) >= 0; }
 
     LoadNotes read(Model& model)
@@ -63,11 +54,6 @@ public:
     }
 
 private:
-    int axis(char letter, const QString& chosen) const
-    {
-        return m_table.columnNamed(chosen.isEmpty() ? usualNames(letter) : QStringList{chosen});
-    }
-
     QString columnList() const
     {
         constexpr int mostShown = 20;
@@ -105,8 +91,8 @@ private:
         int flat = 0;
         int firstFlat = 0;
         for (int row = 0; row < m_table.rowCount(); ++row) {
-            const auto x = m_table.number(row, m_x);
-            const auto y = m_table.number(row, m_y);
+            const auto x = m_table.number(row, m_axes.x);
+            const auto y = m_table.number(row, m_axes.y);
             if (!x || !y || !std::isfinite(*x) || !std::isfinite(*y)) {
                 if (without++ == 0)
                     firstWithout = m_table.line(row);
@@ -115,7 +101,7 @@ private:
             m_rows.push_back(row);
             m_xs.push_back(*x);
             m_ys.push_back(*y);
-            const auto z = m_z < 0 ? std::optional<double>() : m_table.number(row, m_z);
+            const auto z = m_axes.z < 0 ? std::optional<double>() : m_table.number(row, m_axes.z);
             const bool has = z && std::isfinite(*z);
             m_zs.push_back(has ? *z : std::numeric_limits<double>::quiet_NaN());
             m_hasZ = m_hasZ || has;
@@ -129,7 +115,7 @@ private:
             m_notes.append(QStringLiteral("%1 rows have no numbers for x and y and were left out; the first is line %2")
                                .arg(without)
                                .arg(firstWithout));
-        if (m_z >= 0 && flat > 0)
+        if (m_axes.z >= 0 && flat > 0)
             m_notes.append(QStringLiteral("%1 rows have no number for z and so no height; the first is line %2")
                                .arg(flat)
                                .arg(firstFlat));
@@ -137,27 +123,15 @@ private:
             std::fill(m_zs.begin(), m_zs.end(), 0.0);
     }
 
-    /// Longitudes and latitudes by their names and values are WGS 84.
     QString ownSystem()
     {
-        const QString x = m_table.columns()[m_x].toLower();
-        const QString y = m_table.columns()[m_y].toLower();
-        const auto within = [](const std::vector<double>& numbers, double limit) {
-            return std::all_of(numbers.begin(), numbers.end(), [limit](double n) { return std::abs(n) <= limit; });
-        };
-        if (!x.startsWith(QLatin1String("lon")) || !y.startsWith(QLatin1String("lat")) || !within(m_xs, 360.0)
-            || !within(m_ys, 90.0))
-            return {};
-        m_notes.append(QStringLiteral("its columns %1 and %2 are taken as degrees of EPSG:4326 (name the coordinate "
-                                      "system where it is another)")
-                           .arg(m_table.columns()[m_x], m_table.columns()[m_y]));
-        return wktOf(QStringLiteral("EPSG:4326"));
+        return systemOfColumns(m_table.columns()[m_axes.x], m_table.columns()[m_axes.y], m_xs, m_ys, m_notes);
     }
 
     void readColumns()
     {
         for (int column = 0; column < m_table.columns().size(); ++column) {
-            if (column == m_x || column == m_y || column == m_z)
+            if (column == m_axes.x || column == m_axes.y || column == m_axes.z)
                 continue;
             QString type;
             for (auto asked = m_options.columnTypes.begin(); asked != m_options.columnTypes.end(); ++asked) {
@@ -211,9 +185,7 @@ private:
     TextTable m_table;
     const LoadOptions& m_options;
     QStringList m_notes;
-    int m_x;
-    int m_y;
-    int m_z;
+    CoordinateColumns m_axes;
     QString m_name;
     std::vector<int> m_rows;
     std::vector<double> m_xs;

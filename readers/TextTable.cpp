@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "readers/TextTable.h"
 
+#include "readers/CoordinateColumns.h"
 #include "readers/LoadError.h"
 #include "readers/TextEncoding.h"
 
@@ -366,13 +367,7 @@ std::optional<double> TextTable::number(int row, int column) const
 
 int TextTable::columnNamed(const QStringList& names) const
 {
-    for (const QString& name : names) {
-        for (int column = 0; column < m_columns.size(); ++column) {
-            if (m_columns[column].compare(name, Qt::CaseInsensitive) == 0)
-                return column;
-        }
-    }
-    return -1;
+    return kpFormats::columnNamed(m_columns, names);
 }
 
 } // namespace kpFormats

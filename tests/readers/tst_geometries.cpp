@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Geometries and rasters of every kind that GDAL gives: kept, changed and told, or left out and told.
+#include "geo/CoordinateSystems.h"
 #include "geo/GdalSession.h"
 #include "model/Model.h"
 #include "readers/LoadError.h"
 #include "readers/ModelLoader.h"
 #include "tests/support/FileContent.h"
+#include "tests/support/ForeignReader.h"
 
+#include <gdal_utils.h>
 #include <ogrsf_frmts.h>
 
 #include <QDir>
@@ -26,6 +29,7 @@ private Q_SLOTS:
     void unsoundObject();
     void heights();
     void kinds();
+    void sheets();
     void fields();
     void warnings();
     void drawing();
@@ -100,6 +104,51 @@ void GeometriesTest::kinds()
     for (const char* part : {"2 of layer k had curves", "1 of layer k had measures", "1 of layer k were collections",
                              "3 of layer k were surfaces"})
         QVERIFY2(said.contains(QLatin1String(part)), qPrintable(said));
+}
+
+void GeometriesTest::sheets()
+{
+    // Written by another library, and the same as OpenDocument by GDAL: rows are points by their columns.
+    const QString excel = path("t.xlsx");
+    if (foreignReader("../readers/write_sheets.py", {excel}) == QLatin1String("absent"))
+        QSKIP("python3-openpyxl is not here");
+    registerGdalDrivers();
+    const QString open = path("t.ods");
+    const char* const arguments[] = {"-f", "ODS", nullptr};
+    GDALVectorTranslateOptions* const options = GDALVectorTranslateOptionsNew(const_cast<char**>(arguments), nullptr);
+    const GDALDatasetUniquePtr source(GDALDataset::Open(excel.toUtf8().constData(), GDAL_OF_VECTOR));
+    GDALDatasetH from = GDALDataset::ToHandle(source.get());
+    GDALClose(GDALVectorTranslate(open.toUtf8().constData(), nullptr, 1, &from, options, nullptr));
+    GDALVectorTranslateOptionsFree(options);
+    for (const QString& file : {excel, open}) {
+        Model model;
+        const QString said = loadInto(model, file).join(QLatin1Char('\n'));
+        QCOMPARE(model.objects().size(), std::size_t(2));
+        const ModelObject& holes = model.objects()[0];
+        QCOMPARE(holes.name, QStringLiteral("Holes"));
+        QCOMPARE(*holes.x, (std::vector<double>{500000.25, 500010.25}));
+        QVERIFY(holes.z->at(0) == 12.5 && std::isnan(holes.z->at(1)) && holes.crs.isEmpty());
+        QStringList values;
+        for (const AttributeColumn& column : holes.vertexAttributes)
+            values.append(column.name);
+        QCOMPARE(values.join(QLatin1Char(' ')), QStringLiteral("hole Au when"));
+        QCOMPARE(holes.vertexAttributes[0].values, (QVector<QVariant>{QStringLiteral("007"), QString::fromUtf8("Ж")}));
+        QCOMPARE(*holes.vertexAttributes[1].missing, (std::vector<unsigned char>{0, 1}));
+        QCOMPARE(holes.vertexAttributes[2].values[0].toString(), QStringLiteral("2024-02-29"));
+        QCOMPARE(model.objects()[1].crs, wktOf(QStringLiteral("EPSG:4326")));
+        QVERIFY2(said.contains(QStringLiteral("1 of layer Holes have no numbers for x and y and were left out"))
+                     && said.contains(QStringLiteral("are taken as degrees of EPSG:4326")),
+                 qPrintable(said));
+    }
+    LoadOptions named;
+    named.layer = QStringLiteral("Holes");
+    named.x = QStringLiteral("Northing");
+    named.y = QStringLiteral("Easting");
+    Model model;
+    loadInto(model, excel, named);
+    QCOMPARE(model.objects().front().y->at(0), 500000.25);
+    named.z = QStringLiteral("depth");
+    QVERIFY_EXCEPTION_THROWN(loadInto(model, excel, named), LoadError);
 }
 
 void GeometriesTest::fields()
