@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
+#include <mutex>
 #include <utility>
+#include <vector>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace kpFormats
@@ -18,7 +18,18 @@ namespace kpFormats
 namespace
 {
 
-constexpr std::size_t blockSize = 64 * 1024;
+/// Those that are open; a process may export in several threads.
+std::mutex& listMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
+std::vector<CheckedFile*>& openFiles()
+{
+    static std::vector<CheckedFile*> list;
+    return list;
+}
 
 } // namespace
 
@@ -26,9 +37,12 @@ CheckedFile::CheckedFile(const QByteArray& path, int descriptor, bool append)
     : m_path(path)
     , m_descriptor(descriptor)
     , m_append(append)
+    , m_pages(descriptor)
 {
     if (m_append)
-        m_position = size();
+        m_position = m_pages.size();
+    const std::lock_guard<std::mutex> lock(listMutex());
+    openFiles().push_back(this);
 }
 
 CheckedFile::~CheckedFile()
@@ -42,39 +56,11 @@ void CheckedFile::fail(const char* action)
     CheckedWrites::note(m_path, action, errno);
 }
 
-vsi_l_offset CheckedFile::size()
-{
-    struct stat status = {};
-    const vsi_l_offset onDisk =
-        ::fstat(m_descriptor, &status) == 0 ? static_cast<vsi_l_offset>(status.st_size) : vsi_l_offset(0);
-    return m_gathered.empty() ? onDisk : std::max(onDisk, m_gatheredAt + m_gathered.size());
-}
-
-bool CheckedFile::put(const char* bytes, std::size_t size, const char* action)
-{
-    vsi_l_offset place = m_gatheredAt;
-    while (size > 0) {
-        const ssize_t written = ::pwrite(m_descriptor, bytes, size, static_cast<off_t>(place));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0) {
-            if (written == 0)
-                errno = EIO;
-            fail(action);
-            return false;
-        }
-        bytes += written;
-        size -= static_cast<std::size_t>(written);
-        place += static_cast<vsi_l_offset>(written);
-    }
-    return true;
-}
-
 bool CheckedFile::writeOut(const char* action)
 {
-    // Gone in any case, as with a stream of the C library: the failure is kept.
-    const bool written = m_gathered.empty() || put(m_gathered.data(), m_gathered.size(), action);
-    m_gathered.clear();
+    const bool written = m_pages.writeOut();
+    if (!written)
+        fail(action);
     return written;
 }
 
@@ -84,25 +70,18 @@ int CheckedFile::Seek(vsi_l_offset offset, int whence)
     if (whence == SEEK_CUR)
         m_position += offset;
     else
-        m_position = whence == SEEK_END ? size() + offset : offset;
+        m_position = whence == SEEK_END ? m_pages.size() + offset : offset;
     return 0;
 }
 
 std::size_t CheckedFile::Read(void* buffer, std::size_t size, std::size_t count)
 {
-    if (size == 0 || count == 0 || !writeOut("write"))
+    if (size == 0 || count == 0)
         return 0;
-    auto* to = static_cast<char*>(buffer);
     const std::size_t wanted = size * count;
     std::size_t done = 0;
-    while (done < wanted) {
-        const ssize_t read = ::pread(m_descriptor, to + done, wanted - done, static_cast<off_t>(m_position + done));
-        if (read < 0 && errno == EINTR)
-            continue;
-        if (read <= 0)
-            break;
-        done += static_cast<std::size_t>(read);
-    }
+    if (!m_pages.read(m_position, static_cast<char*>(buffer), wanted, done))
+        fail("write");
     m_end = done < wanted;
     m_position += done;
     return done / size;
@@ -114,23 +93,10 @@ std::size_t CheckedFile::Write(const void* buffer, std::size_t size, std::size_t
     if (bytes == 0)
         return 0;
     if (m_append)
-        m_position = this->size();
-    const vsi_l_offset behind = m_gatheredAt + m_gathered.size();
-    const bool joins = !m_gathered.empty() && m_position >= m_gatheredAt && m_position <= behind;
-    if (!joins || m_gathered.size() + bytes > blockSize) {
-        if (!writeOut("write"))
-            return 0;
-        m_gatheredAt = m_position;
-    }
-    const auto* from = static_cast<const char*>(buffer);
-    if (bytes >= blockSize) {
-        if (!put(from, bytes, "write"))
-            return 0;
-    } else {
-        const auto begin = static_cast<std::size_t>(m_position - m_gatheredAt);
-        if (m_gathered.size() < begin + bytes)
-            m_gathered.resize(begin + bytes);
-        std::memcpy(m_gathered.data() + begin, from, bytes);
+        m_position = m_pages.size();
+    if (!m_pages.write(m_position, static_cast<const char*>(buffer), bytes)) {
+        fail("write");
+        return 0;
     }
     m_position += bytes;
     return count;
@@ -138,11 +104,25 @@ std::size_t CheckedFile::Write(const void* buffer, std::size_t size, std::size_t
 
 int CheckedFile::Flush()
 {
-    return writeOut("flush") ? 0 : -1;
+    // Some drivers do it for each feature. Whoever wants to see the file meanwhile calls writeOutAll().
+    return 0;
+}
+
+void CheckedFile::writeOutAll(const QByteArray& path)
+{
+    const std::lock_guard<std::mutex> lock(listMutex());
+    for (CheckedFile* file : openFiles()) {
+        if (file->m_path == path)
+            file->writeOut("write");
+    }
 }
 
 int CheckedFile::Close()
 {
+    {
+        const std::lock_guard<std::mutex> lock(listMutex());
+        openFiles().erase(std::find(openFiles().begin(), openFiles().end(), this));
+    }
     const bool written = writeOut("close");
     const int descriptor = std::exchange(m_descriptor, -1);
     if (::close(descriptor) == 0)

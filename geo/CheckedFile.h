@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "geo/FilePages.h"
+
 #include <QByteArray>
 
 #include <cpl_vsi_virtual.h>
 
-#include <vector>
-
 namespace kpFormats
 {
 
-/// A file that GDAL reads and writes through CheckedFileSystem. What is written one after the other is gathered and
-/// goes out in blocks; each failure is noted where it happens, so no later call can cover it.
+/// A file that GDAL reads and writes through CheckedFileSystem, by pages in memory; each failure is noted where it
+/// happens, so no later call can cover it.
 class CheckedFile : public VSIVirtualHandle
 {
 public:
@@ -28,20 +28,20 @@ public:
     int Close() override;
     int Truncate(vsi_l_offset size) override;
 
+    /// Before the file of that name is opened anew or looked at otherwise.
+    static void writeOutAll(const QByteArray& path);
+
 private:
-    /// Writes what has been gathered. False when that fails.
+    /// False when that fails, which is noted.
     bool writeOut(const char* action);
-    bool put(const char* bytes, std::size_t size, const char* action);
     void fail(const char* action);
-    vsi_l_offset size();
 
     QByteArray m_path;
     int m_descriptor;
     bool m_append;
     bool m_end = false;
     vsi_l_offset m_position = 0;
-    vsi_l_offset m_gatheredAt = 0; ///< the place in the file of what has been gathered
-    std::vector<char> m_gathered;
+    FilePages m_pages;
 };
 
 } // namespace kpFormats

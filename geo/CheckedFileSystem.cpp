@@ -31,7 +31,8 @@ int flagsOf(const char* access)
     case 'r':
         return both ? O_RDWR : O_RDONLY;
     case 'w':
-        return (both ? O_RDWR : O_WRONLY) | O_CREAT | O_TRUNC;
+        // Pages are completed from what is in the file.
+        return O_RDWR | O_CREAT | O_TRUNC;
     case 'a':
         return O_RDWR | O_CREAT;
     default:
@@ -54,6 +55,7 @@ void CheckedFileSystem::install()
 VSIVirtualHandle* CheckedFileSystem::Open(const char* name, const char* access, bool setError, CSLConstList)
 {
     const QByteArray path = own(name);
+    CheckedFile::writeOutAll(path);
     const int flags = flagsOf(access);
     constexpr int mode = 0666; // less the user's mask
     const int descriptor = flags < 0 ? -1 : ::open(path.constData(), flags | O_CLOEXEC, mode);
@@ -71,7 +73,9 @@ VSIVirtualHandle* CheckedFileSystem::Open(const char* name, const char* access, 
 
 int CheckedFileSystem::Stat(const char* name, VSIStatBufL* status, int flags)
 {
-    return VSIStatExL(own(name).constData(), status, flags);
+    const QByteArray path = own(name);
+    CheckedFile::writeOutAll(path);
+    return VSIStatExL(path.constData(), status, flags);
 }
 
 int CheckedFileSystem::Unlink(const char* name)
@@ -100,6 +104,7 @@ char** CheckedFileSystem::ReadDirEx(const char* name, int most)
 
 int CheckedFileSystem::Rename(const char* from, const char* to)
 {
+    CheckedFile::writeOutAll(own(from));
     const int result = VSIRename(own(from).constData(), own(to).constData());
     if (result != 0)
         CheckedWrites::note(own(from), "rename", errno);
