@@ -110,11 +110,11 @@ void GpkgFormat::requireHoldable(const PlannedFile& file, const std::vector<OgrL
 void GpkgFormat::tune(OgrOutput&, kpBaseExport::OGRExporterOptions& options, Findings&,
                       const kpBase::AbstractProgress*) const
 {
-    // Made by addIndex(): the driver inserts feature by feature.
+    // Made by complete(): the driver inserts feature by feature.
     options.layerOptions.append(QStringLiteral("SPATIAL_INDEX=NO"));
 }
 
-void GpkgFormat::addIndex(const OgrOutput& output, const kpBase::AbstractProgress* progress) const
+void GpkgFormat::complete(const OgrOutput& output, const kpBase::AbstractProgress* progress) const
 {
     if (!output.settings.spatialIndex)
         return;

@@ -22,7 +22,7 @@ public:
     void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
     QString noSystem() const override;
-    void addIndex(const OgrOutput& output, const kpBase::AbstractProgress* progress) const override;
+    void complete(const OgrOutput& output, const kpBase::AbstractProgress* progress) const override;
     void addStyle(const OgrOutput& output, Findings& findings) const override;
 };
 

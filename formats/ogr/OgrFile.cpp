@@ -242,7 +242,7 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     if (!written || !fault.isEmpty())
         failIncomplete(file().path, CheckedWrites::inOwnNames(fault));
     noteRefusals(exporter.refusals(), findings);
-    m_format.addIndex(m_output, &share);
+    m_format.complete(m_output, &share);
     if (share.isCancelled())
         return features;
     if (m_settings.symbology)

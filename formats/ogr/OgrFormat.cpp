@@ -174,11 +174,21 @@ void OgrFormat::openAndCount(const OgrOutput& output, Findings& findings) const
         OGRLayer* const layer = dataset->GetLayer(index);
         const qint64 wanted = output.features[static_cast<std::size_t>(index)];
         // Not forced: some drivers would read every feature.
-        const qint64 quick = layer->GetFeatureCount(FALSE);
-        const qint64 found = quick >= 0 ? quick : layer->GetFeatureCount(TRUE);
+        qint64 found = layer->GetFeatureCount(FALSE);
+        OGRFeatureUniquePtr last;
+        if (found < 0 && layer->TestCapability(OLCRandomRead) == 0) {
+            // Counting and going to the last one would each read all of them.
+            found = 0;
+            for (auto& feature : *layer) {
+                ++found;
+                last = std::move(feature);
+            }
+        } else {
+            found = found >= 0 ? found : layer->GetFeatureCount(TRUE);
+            last.reset(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));
+        }
         if (found != wanted)
             failIncomplete(output.file.path, QStringLiteral("%1 of %2 features are there").arg(found).arg(wanted));
-        const OGRFeatureUniquePtr last(wanted == 0 ? nullptr : layer->GetFeature(traits().firstId + wanted - 1));
         if (wanted > 0 && (!last || !last->GetGeometryRef()))
             failIncomplete(output.file.path, QStringLiteral("the last feature is not there"));
         const OGRSpatialReference* system = layer->GetSpatialRef();

@@ -50,9 +50,9 @@ public:
     /// Whether all that was written is there: GDAL closes files without a word when the disk is full.
     /// \throws ExportError
     virtual void check(const OgrOutput& output, Findings& findings) const;
-    /// Adds an index of places that the format builds better than its driver. Stops early when the user cancels.
+    /// Adds what the format makes better than its driver, such as an index of places. Stops early when the user cancels.
     /// \throws ExportError
-    virtual void addIndex(const OgrOutput&, const kpBase::AbstractProgress*) const {}
+    virtual void complete(const OgrOutput&, const kpBase::AbstractProgress*) const {}
     /// Adds the style that goes with the file. \throws ExportError
     virtual void addStyle(const OgrOutput& output, Findings& findings) const;
 

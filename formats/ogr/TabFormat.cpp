@@ -5,6 +5,7 @@
 #include "export/WriteErrors.h"
 #include "formats/ogr/OgrFindings.h"
 #include "formats/ogr/TabSystem.h"
+#include "geo/CheckedWrites.h"
 #include "geo/CoordinateSystems.h"
 #include "host/data/AbstractProgress.h"
 #include "model/OutputUnit.h"
@@ -14,6 +15,7 @@
 #include <QTextCodec>
 #include <QtEndian>
 
+#include <cpl_vsi.h>
 #include <ogr_spatialref.h>
 
 #include <algorithm>
@@ -192,6 +194,9 @@ void TabFormat::tune(OgrOutput& output, OGRExporterOptions& options, Findings& f
     QString characters;
     for (const OgrTable& table : output.tables)
         characters += table.foreignTexts;
+    // The driver converts each text on its own; where none needs it, the table is only told, in complete().
+    if (characters.isEmpty())
+        return;
     const QString encoding = encodingOf(characters);
     options.layerOptions.append(QStringLiteral("ENCODING=")
                                 + (encoding.isEmpty() ? QStringLiteral("UTF-8") : encoding));
@@ -226,6 +231,24 @@ WrittenSystem TabFormat::writtenSystem(OgrOutput& output, Findings& findings) co
                           .arg(crsName(target))
                           .arg(system.off, 0, 'g', 2));
     return system;
+}
+
+void TabFormat::complete(const OgrOutput& output, const kpBase::AbstractProgress*) const
+{
+    const bool onlyLatin = std::all_of(output.tables.begin(), output.tables.end(),
+                                       [](const OgrTable& table) { return table.foreignTexts.isEmpty(); });
+    if (!onlyLatin)
+        return;
+    QFile file(output.path);
+    QByteArray definition = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    file.close();
+    definition.replace("!charset Neutral", "!charset WindowsLatin1");
+    definition.replace("Type NATIVE Charset \"Neutral\"", "Type NATIVE Charset \"WindowsLatin1\"");
+    VSILFILE* const written = VSIFOpenL(CheckedWrites::pathFor(output.path).toUtf8().constData(), "wb");
+    if (!written)
+        return; // and what hinders it is noted
+    VSIFWriteL(definition.constData(), 1, static_cast<std::size_t>(definition.size()), written);
+    VSIFCloseL(written);
 }
 
 void TabFormat::addStyle(const OgrOutput& output, Findings& findings) const

@@ -22,6 +22,7 @@ public:
     void tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& options, Findings& findings,
               const kpBase::AbstractProgress* progress) const override;
     WrittenSystem writtenSystem(OgrOutput& output, Findings& findings) const override;
+    void complete(const OgrOutput& output, const kpBase::AbstractProgress* progress) const override;
     void addStyle(const OgrOutput& output, Findings& findings) const override;
     void check(const OgrOutput& output, Findings& findings) const override;
 };
