@@ -81,10 +81,12 @@ std::vector<Command> makeCommands()
          "The format is that of the extension of OUT; `kpexport export` does the same for several files",
          convertOptions(), convertCommand},
         {"run",
-         "JOB.json",
+         "JOB.json...",
          Option::File,
-         "carries out an export described in a file",
-         "",
+         "carries out exports described in files",
+         "`-` stands for standard input with a job a line, whose paths are relative to the current directory. With "
+         "several jobs each leaves a line with its exit code, one that fails does not stop the others, and the exit "
+         "code is the worst: 4, 1, 2, 3, 5, 0",
          {allowNetwork, allowOutside},
          jobCommand},
         {"completion",

@@ -242,6 +242,28 @@ QString outputPath(const ExportRequest& request, const Format& format, const Exp
     return name.contains(QLatin1Char('.')) ? path + QLatin1Char('.') + format.info().defaultExtension : path;
 }
 
+/// Takes what says how to reach a database, its password too, out of the request. \returns what is wrong with such a
+/// request, or nothing
+QString withoutDatabases(ExportRequest& request)
+{
+    const auto isDatabase = [](const QString& name) { return TargetPath::isDatabase(name); };
+    const bool written = isDatabase(request.output) || isDatabase(request.report);
+    const bool read =
+        std::any_of(request.models.begin(), request.models.end(), isDatabase) || isDatabase(request.layout);
+    const QString database = QStringLiteral("(a database)");
+    for (QString* name : {&request.output, &request.report, &request.layout}) {
+        if (isDatabase(*name))
+            *name = name == &request.report ? QString() : database;
+    }
+    std::replace_if(request.models.begin(), request.models.end(), isDatabase, database);
+    if (written)
+        return QStringLiteral("the output names a database, and none is written to (write --format pgdump, and load "
+                              "that with psql)");
+    return read ? QStringLiteral("a file to load names a database, and none is read (save its tables as a GeoPackage, "
+                                 "and name that)")
+                : QString();
+}
+
 /// Carries the request out. \throws Refusal and other exceptions before anything is written
 int run(const ExportRequest& request)
 {
@@ -321,8 +343,10 @@ int runChecked(const ExportRequest& request, const CommandArguments& arguments)
 
 } // namespace
 
-int refuse(const ExportRequest& request, int code, const QString& error)
+int refuse(const ExportRequest& given, int code, const QString& error)
 {
+    ExportRequest request = given;
+    withoutDatabases(request);
     printError(error);
     const ReportFile file(request);
     const QString noReport = file.refusalWithoutRun();
@@ -333,8 +357,12 @@ int refuse(const ExportRequest& request, int code, const QString& error)
     return code;
 }
 
-int runRequest(const ExportRequest& request)
+int runRequest(const ExportRequest& given)
 {
+    ExportRequest request = given;
+    const QString database = withoutDatabases(request);
+    if (!database.isEmpty())
+        return refuse(request, WrongUse, database);
     try {
         return run(request);
     } catch (const Refusal& refusal) {

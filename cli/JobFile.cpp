@@ -5,7 +5,9 @@
 #include "cli/CommandTable.h"
 #include "cli/ExportCommand.h"
 #include "cli/Refusal.h"
+#include "cli/Terminal.h"
 #include "export/Suggestion.h"
+#include "export/TargetPath.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,6 +16,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
 #include <stdexcept>
 
 namespace refhost
@@ -68,17 +73,20 @@ QString settingText(const QString& path, const QString& key, const QJsonValue& v
     return value.toVariant().toString();
 }
 
-/// A path as the job's folder sees it. Never the name of anything else: "http://..." is a file in a folder "http:".
+/// A path as the job's folder sees it. Never the name of anything else: "http://..." is a file in a folder "http:". A
+/// database stays what it is, and is refused.
 QString inFolder(const QDir& folder, const QString& name)
 {
-    return name.isEmpty() || name.startsWith(QLatin1Char('/')) ? name : folder.path() + QLatin1Char('/') + name;
+    return name.isEmpty() || TargetPath::isDatabase(name) || name.startsWith(QLatin1Char('/'))
+               ? name
+               : folder.path() + QLatin1Char('/') + name;
 }
 
 /// Where the report of a job goes, whatever else stands in it.
-QString reportOf(const QString& path, const QJsonObject& job)
+QString reportOf(const QDir& folder, const QJsonObject& job)
 {
     const QJsonValue report = job.value(QLatin1String("report"));
-    return report.isString() ? inFolder(QFileInfo(path).absoluteDir(), report.toString()) : QString();
+    return report.isString() ? inFolder(folder, report.toString()) : QString();
 }
 
 SettingPairs settingPairs(const QString& path, const QString& key, const QJsonValue& value)
@@ -108,12 +116,11 @@ const Option& optionOf(const QString& path, const QString& key)
          suggestionFor(key, keys, QStringLiteral("keys: ") + keys.join(QStringLiteral(", "))));
 }
 
-ExportRequest requestOf(const QString& path, const QJsonObject& job)
+/// \a path is what messages call the job.
+ExportRequest requestOf(const QString& path, const QDir& folder, const QJsonObject& job)
 {
-    const QDir folder = QFileInfo(path).absoluteDir();
     ExportRequest request;
-    request.jobFile = path;
-    request.report = reportOf(path, job);
+    request.report = reportOf(folder, job);
     for (auto entry = job.begin(); entry != job.end(); ++entry) {
         const QString key = entry.key();
         const QJsonValue value = entry.value();
@@ -139,7 +146,7 @@ ExportRequest requestOf(const QString& path, const QJsonObject& job)
     return request;
 }
 
-QJsonObject readJob(const QString& path)
+QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
@@ -151,6 +158,11 @@ QJsonObject readJob(const QString& path)
         if (content.size() > largestJobFile)
             fail(path, QStringLiteral("the file is larger than a job file can be"), QStringLiteral("check the path"));
     }
+    return content;
+}
+
+QJsonObject jobIn(const QString& path, const QByteArray& content)
+{
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(content, &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
@@ -160,31 +172,115 @@ QJsonObject readJob(const QString& path)
     return document.object();
 }
 
+/// Runs the jobs of a command one after the other.
+class JobRun
+{
+public:
+    /// \a given is what the command allows beyond the jobs.
+    JobRun(const ExportRequest& given, bool several)
+        : m_given(given)
+        , m_several(several)
+    {
+    }
+
+    void runFile(const QString& path)
+    {
+        ExportRequest request;
+        request.jobFile = path;
+        run(path, QFileInfo(path).absoluteDir(), request, [&path] { return contentOf(path); });
+    }
+
+    /// A job a line; its paths are relative to the current directory.
+    void runLines()
+    {
+        QFile input;
+        if (!input.open(stdin, QIODevice::ReadOnly))
+            throw Refusal(NotAllWritten,
+                          QStringLiteral("standard input: it cannot be read (give it a file or a pipe)"));
+        int number = 0;
+        for (QByteArray line = input.readLine(largestJobFile); !line.isEmpty() && !cancelled();
+             line = input.readLine(largestJobFile)) {
+            ++number;
+            if (!line.trimmed().isEmpty())
+                run(QStringLiteral("line %1").arg(number), QDir::current(), {}, [&line] { return line; });
+        }
+    }
+
+    bool cancelled() const { return m_worst == Cancelled; }
+    int worst() const { return m_worst; }
+
+private:
+    template <typename Content>
+    void run(const QString& name, const QDir& folder, ExportRequest request, const Content& content)
+    {
+        int code = AllWritten;
+        const QString file = request.jobFile;
+        try {
+            const QJsonObject job = jobIn(name, content());
+            request.report = reportOf(folder, job);
+            request = requestOf(name, folder, job);
+            request.jobFile = file;
+            // A file cannot allow itself more.
+            request.allowNetwork = m_given.allowNetwork;
+            request.allowOutside = m_given.allowOutside;
+            code = runRequest(request);
+        } catch (const std::invalid_argument& error) {
+            code = refuse(request, WrongUse, QString::fromUtf8(error.what()));
+        }
+        if (m_several)
+            printFields({name, QStringLiteral("exit code %1").arg(code), meaningOf(code)});
+        m_worst = worse(m_worst, code);
+    }
+
+    static QString meaningOf(int code)
+    {
+        for (const ExitMeaning& exit : exitMeanings()) {
+            if (exit.code == code)
+                return QString::fromLatin1(exit.text);
+        }
+        return {};
+    }
+
+    static int worse(int one, int other)
+    {
+        const auto rank = [](int code) {
+            static const std::array<int, 6> order{AllWritten, SomethingLost, NothingMatched,
+                                                  WrongUse,   NotAllWritten, Cancelled};
+            return std::find(order.begin(), order.end(), code) - order.begin();
+        };
+        return rank(one) >= rank(other) ? one : other;
+    }
+
+    const ExportRequest& m_given;
+    bool m_several;
+    int m_worst = AllWritten;
+};
+
 } // namespace
 
 ExportRequest readJobFile(const QString& path)
 {
-    return requestOf(path, readJob(path));
+    ExportRequest request = requestOf(path, QFileInfo(path).absoluteDir(), jobIn(path, contentOf(path)));
+    request.jobFile = path;
+    return request;
 }
 
 int jobCommand(const CommandArguments& arguments)
 {
-    const QStringList files = arguments.words();
-    if (files.size() != 1)
-        throw Refusal(WrongUse, QStringLiteral("run: one job file is wanted (kpexport run JOB.json)"));
-    ExportRequest request;
-    request.jobFile = files.first();
-    try {
-        const QJsonObject job = readJob(request.jobFile);
-        request.report = reportOf(request.jobFile, job);
-        request = requestOf(request.jobFile, job);
-        // A file cannot allow itself more.
-        request.allowNetwork = arguments.request().allowNetwork;
-        request.allowOutside = arguments.request().allowOutside;
-        return runRequest(request);
-    } catch (const std::invalid_argument& error) {
-        return refuse(request, WrongUse, QString::fromUtf8(error.what()));
+    const QStringList words = arguments.words();
+    if (words.isEmpty())
+        throw Refusal(WrongUse, QStringLiteral("run: a job file is wanted (kpexport run JOB.json...)"));
+    const QString lines = QStringLiteral("-");
+    JobRun run(arguments.request(), words.size() > 1 || words.first() == lines);
+    for (const QString& word : words) {
+        if (word == lines)
+            run.runLines();
+        else
+            run.runFile(pathOf(word));
+        if (run.cancelled())
+            break;
     }
+    return run.worst();
 }
 
 } // namespace refhost

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace kpFormats
 {
 
@@ -45,6 +47,15 @@ TargetPath::TargetPath(const QString& given)
         m_resolved = path;
     else
         m_resolved = info.exists() && info.isSymLink() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+
+bool TargetPath::isDatabase(const QString& given)
+{
+    static const QStringList beginnings{
+        QStringLiteral("PG:"),    QStringLiteral("postgresql:"), QStringLiteral("postgres:"), QStringLiteral("MySQL:"),
+        QStringLiteral("MSSQL:"), QStringLiteral("OCI:"),        QStringLiteral("ODBC:")};
+    return std::any_of(beginnings.begin(), beginnings.end(),
+                       [&given](const QString& beginning) { return given.startsWith(beginning, Qt::CaseInsensitive); });
 }
 
 void TargetPath::requireWritable() const

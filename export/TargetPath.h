@@ -14,6 +14,9 @@ class KPFORMATS_EXPORT TargetPath
 public:
     explicit TargetPath(const QString& given);
 
+    /// Whether the text says how to reach a database, such as "PG:host=... password=...". No message may repeat it.
+    static bool isDatabase(const QString& given);
+
     /// The file that a link leads to.
     const QString& resolved() const { return m_resolved; }
     /// Whether it is written to as it is, without an end and without a way back: a device, a pipe, or what the process

@@ -48,6 +48,9 @@ private Q_SLOTS:
     void reportsOfRefusals();
     void findingsByType();
     void jobFile();
+    void severalJobs();
+    void databases_data();
+    void databases();
     void formatsAsJson();
     void help_data();
     void help();
@@ -451,6 +454,69 @@ void CommandLineTest::jobFile()
     QVERIFY(read("jobs/b-report.json").contains("is not known"));
 }
 
+void CommandLineTest::severalJobs()
+{
+    write("a.json", "{\"models\":\"points.csv\",\"format\":\"ascii\",\"output\":\"a.txt\"}");
+    write("b.json", "{\"models\":\"missing.csv\",\"format\":\"ascii\",\"output\":\"b.txt\"}");
+    const Result files = run({QStringLiteral("run"), QStringLiteral("b.json"), QStringLiteral("a.json")});
+    QCOMPARE(files.code, 1);
+    QVERIFY(files.out.startsWith(QStringLiteral("b.json\texit code 1\tsomething could not be read")));
+    QVERIFY(files.out.endsWith(QStringLiteral("a.json\texit code 0\tall written (also with notes)\n")));
+    const QByteArray written = read("a.txt");
+    QVERIFY(!written.isEmpty());
+
+    QProcess process;
+    process.setWorkingDirectory(m_folder->path());
+    process.start(QStringLiteral(KP_PROGRAM), {QStringLiteral("run"), QStringLiteral("-")});
+    process.write("{\"models\":\"points.csv\",\"output\":\"c.txt\",\"format\":\"ascii\"}\n\nnonsense\n"
+                  "{\"models\":\"points.csv\",\"output\":\"d.txt\",\"format\":\"ascii\",\"objects\":\"nobody\"}");
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitCode(), 2);
+    QStringList told;
+    for (const QString& line : QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("line ")))
+            told.append(line.section(QLatin1Char('\t'), 0, 1));
+    }
+    QCOMPARE(told.join(QStringLiteral(", ")),
+             QStringLiteral("line 1\texit code 0, line 3\texit code 2, line 4\texit code 3"));
+    QCOMPARE(read("c.txt"), written);
+}
+
+void CommandLineTest::databases_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QString database = QStringLiteral("PG:host=h user=kp password=secret");
+    const QStringList tail{QStringLiteral("--format"), QStringLiteral("ascii"), QStringLiteral("--report"),
+                           QStringLiteral("r.json")};
+    QTest::newRow("output") << QStringList{QStringLiteral("export"), QStringLiteral("points.csv"),
+                                           QStringLiteral("--output"), database}
+                                   + tail;
+    QTest::newRow("model") << QStringList{QStringLiteral("export"), database, QStringLiteral("--output"),
+                                          QStringLiteral("o.txt")}
+                                  + tail;
+    QTest::newRow("no format") << QStringList{QStringLiteral("convert"), QStringLiteral("points.csv"),
+                                              QStringLiteral("postgresql://kp:secret@h/db"), QStringLiteral("--report"),
+                                              QStringLiteral("r.json")};
+    QTest::newRow("another mistake") << QStringList{QStringLiteral("export"),      QStringLiteral("points.csv"),
+                                                    QStringLiteral("--output"),    database,
+                                                    QStringLiteral("--overwrite"), QStringLiteral("--no-overwrite")}
+                                            + tail;
+    QTest::newRow("job") << QStringList{QStringLiteral("run"), QStringLiteral("job.json")};
+}
+
+void CommandLineTest::databases()
+{
+    QFETCH(QStringList, arguments);
+    write("job.json", "{\"models\":\"points.csv\",\"output\":\"PG:password=secret\",\"report\":\"r.json\"}");
+    const QStringList before = listing();
+    const Result result = run(arguments);
+    QCOMPARE(result.code, 2);
+    QVERIFY(!(result.out + result.error).contains(QStringLiteral("secret")));
+    QVERIFY(!read("r.json").isEmpty() && !read("r.json").contains("secret"));
+    QCOMPARE(listing(), QStringList(before) << QStringLiteral("r.json"));
+}
+
 void CommandLineTest::formatsAsJson()
 {
     const QJsonArray formats =
@@ -485,7 +551,7 @@ void CommandLineTest::help_data()
         row(command, "kpexport export FILE... [OPTION]...\n",
             "\n  --object NAME         only objects of that name; may be repeated\n");
     row("formats --help", "kpexport formats [KEY]... [OPTION]...\n", "  --json ");
-    row("run -h", "kpexport run JOB.json [OPTION]...\n", "  --allow-network ");
+    row("run -h", "kpexport run JOB.json... [OPTION]...\n", "  --allow-network ");
     row("-v", "kpexport ", ".");
     row("formats ascii", "ascii\tASCII (delimited or fixed columns)\t",
         "\n    decimals = -1\tdecimals of coordinates and real attributes; -1 for what each field needs "
