@@ -3,6 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/FormatChoice.h"
+#include "cli/LoadingStop.h"
 #include "cli/Refusal.h"
 #include "cli/ReportFile.h"
 #include "cli/RunReport.h"
@@ -23,6 +24,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <memory>
 
 namespace refhost
 {
@@ -170,11 +172,16 @@ int showPlan(const ExportPlan& plan, const ExportRequest& request)
     return codeOf(plan.foreseen, request);
 }
 
+QString cancelledText(const ExportRequest& request)
+{
+    return QStringLiteral("%1: the export was cancelled; earlier files are as they were (start it again)")
+        .arg(request.output);
+}
+
 int exitCode(const ExportReport& report, const ExportRequest& request)
 {
     if (report.cancelled) {
-        printError(QStringLiteral("%1: the export was cancelled; earlier files are as they were (start it again)")
-                       .arg(request.output));
+        printError(cancelledText(request));
         return Cancelled;
     }
     for (const FileOutcome& file : report.files()) {
@@ -273,6 +280,8 @@ int run(const ExportRequest& request)
     SettingsValue settings = settingsOf(request, *format);
 
     TerminalProgress progress(request.quiet);
+    auto stop =
+        std::make_unique<LoadingStop>(progress, [&request] { refuse(request, Cancelled, cancelledText(request)); });
     Model model;
     LoadNotes notes;
     for (const QString& path : request.models)
@@ -312,6 +321,7 @@ int run(const ExportRequest& request)
     const QString existing = protectedFile(prepared, request);
     if (!request.dryRun && !existing.isEmpty())
         throw Refusal(NotAllWritten, existing);
+    stop.reset();
     int code = AllWritten;
     QJsonObject outcome;
     if (request.dryRun) {
