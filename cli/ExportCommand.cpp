@@ -324,6 +324,8 @@ int run(const ExportRequest& request)
     stop.reset();
     int code = AllWritten;
     QJsonObject outcome;
+    // It names each object, which takes its time where these are many.
+    const bool reported = !request.report.isEmpty();
     if (request.dryRun) {
         const ExportPlan plan = planOf(prepared);
         code = showPlan(plan, request);
@@ -331,15 +333,17 @@ int run(const ExportRequest& request)
             printError(existing);
             code = NotAllWritten;
         }
-        outcome = plan.toJson(format->info().key);
+        if (reported)
+            outcome = plan.toJson(format->info().key);
     } else {
         const ExportReport report = runExport(prepared, &progress);
         progress.progressFinished();
         code = exitCode(report, request);
-        outcome = report.toJson(format->info().key);
+        if (reported)
+            outcome = report.toJson(format->info().key);
     }
-    const bool reported = reportFile.write(runReport(outcome, prepared, request, code));
-    return code == AllWritten && !reported ? NotAllWritten : code;
+    const bool lost = reported && !reportFile.write(runReport(outcome, prepared, request, code));
+    return code == AllWritten && lost ? NotAllWritten : code;
 }
 
 int runChecked(const ExportRequest& request, const CommandArguments& arguments)

@@ -5,6 +5,7 @@
 #include "geo/CoordinateSystems.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QJsonArray>
 
 namespace refhost
@@ -28,11 +29,16 @@ QJsonObject runReport(QJsonObject outcome, const PreparedExport& prepared, const
 {
     addOrigin(outcome, request, exitCode);
     QJsonArray objects;
+    // Finding a system's name takes longer than all the rest.
+    QHash<QString, QString> systems;
     for (const ModelObject* object : prepared.selection().objects) {
+        auto system = systems.find(object->crs);
+        if (system == systems.end())
+            system = systems.insert(object->crs, crsName(object->crs));
         objects.append(QJsonObject{{QStringLiteral("id"), object->id},
                                    {QStringLiteral("name"), object->name},
                                    {QStringLiteral("source"), object->source},
-                                   {QStringLiteral("system"), crsName(object->crs)},
+                                   {QStringLiteral("system"), system.value()},
                                    {QStringLiteral("unit"), object->lengthUnit}});
     }
     outcome.insert(QStringLiteral("objects"), objects);
