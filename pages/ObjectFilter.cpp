@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ObjectFilter.h"
 
-#include <algorithm>
-
 namespace kpFormats
 {
 
 void ObjectFilter::setSearch(const QString& text)
 {
-    m_words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    m_words = SearchWords(text);
     invalidateFilter();
 }
 
@@ -28,10 +26,7 @@ bool ObjectFilter::filterAcceptsRow(int row, const QModelIndex& parent) const
     QStringList texts;
     for (int column = 0; column < rows.columnCount(parent); ++column)
         texts.append(rows.index(row, column, parent).data().toString());
-    return std::all_of(m_words.begin(), m_words.end(), [&texts](const QString& word) {
-        return std::any_of(texts.begin(), texts.end(),
-                           [&word](const QString& text) { return text.contains(word, Qt::CaseInsensitive); });
-    });
+    return m_words.areIn(texts);
 }
 
 } // namespace kpFormats

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/SearchWords.h"
 #include "pages/kpFormatsUiExport.h"
 
 #include <QSortFilterProxyModel>
-#include <QStringList>
 
 namespace kpFormats
 {
@@ -24,7 +24,7 @@ protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
 private:
-    QStringList m_words;
+    SearchWords m_words;
     bool m_checkedOnly = false;
 };
 

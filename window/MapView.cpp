@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "window/MapView.h"
 
+#include "window/MapPainter.h"
+#include "window/MapPick.h"
+
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPushButton>
+#include <QRubberBand>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <vector>
 
 namespace refhost
 {
@@ -21,15 +24,17 @@ constexpr int margin = 24;
 constexpr double wheelFactor = 1.2;
 constexpr int keyStep = 60; // pixels
 constexpr int invitationMargin = 24;
-// Vertices nearer than this on the screen are drawn as one.
-constexpr double leastStep = 0.7;
-const QColor selectionColour(255, 140, 0);
+constexpr double reach = 5.0; ///< pixels from a click to what it means
+constexpr int levels = 4;
 
-QColor shaded(const QColor& base, double share)
+/// Surfaces lie below, then areas, then lines and points.
+int levelOf(const ModelObject& object)
 {
-    // From a dark to a light tone of the object's colour.
-    return QColor::fromHsvF(std::max(base.hsvHueF(), 0.0), base.hsvSaturationF() * (1.0 - 0.6 * share),
-                            0.35 + 0.6 * share);
+    if (object.grid)
+        return 0;
+    if (object.type == ObjectType::Polygons)
+        return 1;
+    return object.parts.empty() ? 3 : 2;
 }
 
 } // namespace
@@ -37,12 +42,41 @@ QColor shaded(const QColor& base, double share)
 MapView::MapView(const Model& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
+    , m_scene(model)
+    , m_band(new QRubberBand(QRubberBand::Rectangle, this))
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setToolTip(tr("Wheel or + and -: zoom. Drag or arrow keys: move. Double click: zoom in."));
+    setToolTip(tr("Click: select, with Ctrl in addition. Shift and drag: select a rectangle.\n"
+                  "Wheel or + and -: zoom. Drag or arrow keys: move. Double click: zoom in."));
     setMinimumSize(240, 180);
     setAccessibleName(tr("Map"));
+}
+
+void MapView::updateScene()
+{
+    m_scene.update();
+    if (m_frame >= static_cast<int>(m_scene.frames().size()))
+        m_frame = 0;
+    placeSample();
+    changed();
+}
+
+void MapView::offerSample(const std::function<void()>& open)
+{
+    m_sample = new QPushButton(tr("Open the Sample"), this);
+    m_sample->setObjectName(QStringLiteral("openSample"));
+    m_sample->adjustSize();
+    connect(m_sample, &QPushButton::clicked, this, open);
+    placeSample();
+}
+
+void MapView::placeSample()
+{
+    if (!m_sample)
+        return;
+    m_sample->move(rect().center() - m_sample->rect().center() + QPoint(0, height() / 6));
+    m_sample->setVisible(m_model.objects().empty());
 }
 
 void MapView::setVisibleIds(const std::set<int>& ids)
@@ -57,67 +91,51 @@ void MapView::setSelectedIds(const std::set<int>& ids)
     changed();
 }
 
-QRectF MapView::extentOf(const ModelObject& object) const
+void MapView::enterFrame(int frame)
 {
-    const auto known = m_extents.find(object.id);
-    if (known != m_extents.end())
-        return known->second;
-    double west = INFINITY;
-    double east = -INFINITY;
-    double south = INFINITY;
-    double north = -INFINITY;
-    for (std::size_t index = 0; index < object.x->size(); ++index) {
-        west = std::min(west, (*object.x)[index]);
-        east = std::max(east, (*object.x)[index]);
-        south = std::min(south, (*object.y)[index]);
-        north = std::max(north, (*object.y)[index]);
-    }
-    const QRectF extent = west > east ? QRectF() : QRectF(QPointF(west, south), QPointF(east, north));
-    m_extents[object.id] = extent;
-    return extent;
+    if (m_frame == frame)
+        return;
+    m_frame = frame;
+    Q_EMIT frameShown(frame);
+}
+
+void MapView::showFrame(int frame)
+{
+    enterFrame(frame);
+    zoomTo();
 }
 
 void MapView::zoomTo(const std::vector<int>& ids)
 {
-    bool any = false;
-    double west = 0;
-    double east = 0;
-    double south = 0;
-    double north = 0;
-    for (const ModelObject& object : m_model.objects()) {
-        const bool wanted =
-            ids.empty() ? m_visible.count(object.id) != 0 : std::find(ids.begin(), ids.end(), object.id) != ids.end();
-        if (!wanted || object.vertexCount() == 0)
+    const std::set<int> wanted(ids.begin(), ids.end());
+    std::optional<QRectF> whole;
+    for (std::size_t index = 0; index < m_scene.places().size(); ++index) {
+        const PlacedObject& place = m_scene.places()[index];
+        const int id = m_model.objects()[index].id;
+        if (!place.extent || (ids.empty() ? !isShown(index) : wanted.count(id) == 0))
             continue;
-        const QRectF extent = extentOf(object);
-        west = any ? std::min(west, extent.left()) : extent.left();
-        east = any ? std::max(east, extent.right()) : extent.right();
-        south = any ? std::min(south, extent.top()) : extent.top();
-        north = any ? std::max(north, extent.bottom()) : extent.bottom();
-        any = true;
+        if (!whole && !ids.empty())
+            enterFrame(place.frame);
+        if (place.frame != m_frame)
+            continue;
+        // QRectF's own union leaves out points.
+        whole = !whole ? *place.extent
+                       : QRectF(QPointF(std::min(whole->left(), place.extent->left()),
+                                        std::min(whole->top(), place.extent->top())),
+                                QPointF(std::max(whole->right(), place.extent->right()),
+                                        std::max(whole->bottom(), place.extent->bottom())));
     }
-    if (!any)
-        return;
-    m_centreX = (west + east) / 2;
-    m_centreY = (south + north) / 2;
-    const double least = 1e-6;
-    m_scale = std::min(std::max(width() - 2 * margin, 10) / std::max(east - west, least),
-                       std::max(height() - 2 * margin, 10) / std::max(north - south, least));
-    m_scale = std::min(m_scale, 1e6);
+    if (!whole)
+        return changed();
+    constexpr double least = 1e-6;
+    constexpr double largestScale = 1e6;
+    m_viewport.centreX = whole->center().x();
+    m_viewport.centreY = whole->center().y();
+    m_viewport.scale = std::min({std::max(width() - 2 * margin, 10) / std::max(whole->width(), least),
+                                 std::max(height() - 2 * margin, 10) / std::max(whole->height(), least), largestScale});
     m_fitted = true;
     m_fittedIds = ids;
     changed();
-}
-
-QPointF MapView::toScreen(double x, double y) const
-{
-    return {width() / 2.0 + (x - m_centreX) * m_scale, height() / 2.0 - (y - m_centreY) * m_scale};
-}
-
-QPointF MapView::toMap(const QPointF& position) const
-{
-    return {m_centreX + (position.x() - width() / 2.0) / m_scale,
-            m_centreY - (position.y() - height() / 2.0) / m_scale};
 }
 
 void MapView::changed()
@@ -126,12 +144,17 @@ void MapView::changed()
     update();
 }
 
+bool MapView::isShown(std::size_t index) const
+{
+    return m_scene.places()[index].frame == m_frame && m_visible.count(m_model.objects()[index].id) != 0;
+}
+
 void MapView::paintEvent(QPaintEvent*)
 {
     if (m_picture.isNull())
         render();
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(250, 250, 247));
+    painter.fillRect(rect(), MapPainter::paper());
     painter.drawPixmap(m_dragOffset, m_picture);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight));
@@ -141,8 +164,10 @@ void MapView::paintEvent(QPaintEvent*)
 
 void MapView::resizeEvent(QResizeEvent*)
 {
+    m_viewport.size = size();
     if (m_fitted)
         zoomTo(std::vector<int>(m_fittedIds));
+    placeSample();
     changed();
 }
 
@@ -158,19 +183,19 @@ void MapView::zoomBy(double factor)
 
 void MapView::zoomAbout(const QPointF& position, double factor)
 {
-    const QPointF fixed = toMap(position);
-    m_scale = std::clamp(m_scale * factor, 1e-9, 1e9);
-    const QPointF now = toMap(position);
-    m_centreX += fixed.x() - now.x();
-    m_centreY += fixed.y() - now.y();
+    const QPointF fixed = m_viewport.toMap(position);
+    m_viewport.scale = std::clamp(m_viewport.scale * factor, 1e-9, 1e9);
+    const QPointF now = m_viewport.toMap(position);
+    m_viewport.centreX += fixed.x() - now.x();
+    m_viewport.centreY += fixed.y() - now.y();
     m_fitted = false;
     changed();
 }
 
 void MapView::moveBy(const QPointF& pixels)
 {
-    m_centreX += pixels.x() / m_scale;
-    m_centreY -= pixels.y() / m_scale;
+    m_viewport.centreX += pixels.x() / m_viewport.scale;
+    m_viewport.centreY -= pixels.y() / m_viewport.scale;
     m_fitted = false;
     changed();
 }
@@ -204,196 +229,126 @@ void MapView::keyPressEvent(QKeyEvent* event)
 
 void MapView::mousePressEvent(QMouseEvent* event)
 {
+    if (event->button() == Qt::RightButton) {
+        // The menu is about what it opens on.
+        const int id = topmostAt(event->localPos());
+        if (id > 0 && m_selected.count(id) == 0)
+            Q_EMIT selectionChosen({id});
+        return;
+    }
     if (event->button() != Qt::LeftButton)
         return;
-    m_dragging = true;
     m_dragFrom = event->pos();
-    setCursor(Qt::ClosedHandCursor);
+    if ((event->modifiers() & Qt::ShiftModifier) != 0) {
+        m_band->setGeometry(QRect(m_dragFrom, QSize()));
+        m_band->show();
+        return;
+    }
+    m_dragging = true;
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF position = toMap(event->pos() - m_dragOffset);
+    const QPointF position = m_viewport.toMap(QPointF(event->pos() - m_dragOffset));
     Q_EMIT cursorMoved(position.x(), position.y());
-    if (!m_dragging)
+    if (m_band->isVisible()) {
+        m_band->setGeometry(QRect(m_dragFrom, event->pos()).normalized());
         return;
-    m_dragOffset = event->pos() - m_dragFrom;
+    }
+    const QPoint moved = event->pos() - m_dragFrom;
+    if (!m_dragging || (m_dragOffset.isNull() && moved.manhattanLength() < QApplication::startDragDistance()))
+        return;
+    setCursor(Qt::ClosedHandCursor);
+    m_dragOffset = moved;
     update();
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton || !m_dragging)
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool add = (event->modifiers() & Qt::ControlModifier) != 0;
+    if (m_band->isVisible()) {
+        m_band->hide();
+        selectBox(m_band->geometry(), add);
+        return;
+    }
+    if (!m_dragging)
         return;
     m_dragging = false;
     unsetCursor();
     if (m_dragOffset.isNull())
-        return;
+        return clicked(event->pos(), add);
     const QPoint moved = m_dragOffset;
     m_dragOffset = QPoint();
     moveBy(-moved);
 }
 
-void MapView::drawGrid(QPainter& painter, const ModelObject& object) const
+/// The id of what is drawn on top of all others there; 0 when nothing is.
+int MapView::topmostAt(const QPointF& position) const
 {
-    const GridGeometry& grid = *object.grid;
-    double least = INFINITY;
-    double most = -INFINITY;
-    for (const double z : *object.z) {
-        if (std::isfinite(z)) {
-            least = std::min(least, z);
-            most = std::max(most, z);
-        }
+    const QPointF point = m_viewport.toMap(position);
+    int found = 0;
+    int level = 0;
+    for (std::size_t index = 0; index < m_scene.places().size(); ++index) {
+        const ModelObject& object = m_model.objects()[index];
+        if (!isShown(index) || levelOf(object) < level
+            || !isHit(object, m_scene.places()[index], point, reach / m_viewport.scale))
+            continue;
+        found = object.id;
+        level = levelOf(object);
     }
-    // As many pixels as the screen can show at most.
-    const int every = std::max(1, std::max(grid.columns, grid.rows) / 1500);
-    QImage image(grid.columns / every + 1, grid.rows / every + 1, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    for (int row = 0; row < grid.rows; row += every) {
-        for (int column = 0; column < grid.columns; column += every) {
-            const auto node = static_cast<std::size_t>(row) * grid.columns + column;
-            const double z = (*object.z)[node];
-            if (!std::isfinite(z))
-                continue;
-            double light = most > least ? (z - least) / (most - least) : 0.5;
-            // A light from the north-west shows the relief.
-            if (column > 0 && row + 1 < grid.rows) {
-                const double slope = (*object.z)[node] - (*object.z)[node + grid.columns - 1];
-                if (std::isfinite(slope))
-                    light = std::clamp(
-                        light + std::clamp(slope / std::hypot(grid.stepX, grid.stepY) * 2.0, -0.25, 0.25), 0.0, 1.0);
-            }
-            image.setPixelColor(column / every, image.height() - 1 - row / every, shaded(object.color, light));
-        }
-    }
-    painter.save();
-    painter.translate(toScreen(grid.originX, grid.originY));
-    painter.rotate(-grid.rotation);
-    const double pixelWidth = grid.stepX * every * m_scale;
-    const double pixelHeight = grid.stepY * every * m_scale;
-    painter.drawImage(QRectF(-pixelWidth / 2, -pixelHeight * (image.height() - 0.5), pixelWidth * image.width(),
-                             pixelHeight * image.height()),
-                      image);
-    if (m_selected.count(object.id) != 0) {
-        painter.setPen(QPen(selectionColour, 3));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(0, -pixelHeight * (image.height() - 1), pixelWidth * (image.width() - 1),
-                                pixelHeight * (image.height() - 1)));
-    }
-    painter.restore();
+    return found;
 }
 
-void MapView::drawObject(QPainter& painter, const ModelObject& object, const QRectF& shown) const
+void MapView::clicked(const QPoint& position, bool add)
 {
-    if (object.vertexCount() == 0 || !extentOf(object).adjusted(-1e-9, -1e-9, 1e-9, 1e-9).intersects(shown))
-        return;
-    const bool selected = m_selected.count(object.id) != 0;
-    if (object.grid) {
-        drawGrid(painter, object);
-        return;
-    }
-    const QColor colour = selected ? selectionColour : object.color;
-    if (object.parts.empty()) {
-        painter.setPen(QPen(colour.darker(140), 1));
-        painter.setBrush(colour);
-        const double radius = selected ? 4 : 3;
-        // A cloud has more points than the map has pixels: what is drawn already is not drawn again.
-        const QRect canvas = rect().adjusted(-4, -4, 4, 4);
-        std::vector<bool> drawn(static_cast<std::size_t>(canvas.width()) * canvas.height());
-        for (std::size_t index = 0; index < object.x->size(); ++index) {
-            const QPointF place = toScreen((*object.x)[index], (*object.y)[index]);
-            if (!QRectF(canvas).contains(place))
-                continue;
-            const QPoint pixel(static_cast<int>(place.x()) - canvas.left(), static_cast<int>(place.y()) - canvas.top());
-            const auto at = static_cast<std::size_t>(std::clamp(pixel.y(), 0, canvas.height() - 1)) * canvas.width()
-                            + std::clamp(pixel.x(), 0, canvas.width() - 1);
-            if (drawn[at])
-                continue;
-            drawn[at] = true;
-            painter.drawEllipse(place, radius, radius);
-        }
-        return;
-    }
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
-    bool area = object.type == ObjectType::Polygons;
-    for (const Part& part : object.parts) {
-        QPointF last;
-        for (int index = part.first; index < part.first + part.count; ++index) {
-            const QPointF point = toScreen((*object.x)[index], (*object.y)[index]);
-            if (index == part.first)
-                path.moveTo(point);
-            else if ((point - last).manhattanLength() >= leastStep || index + 1 == part.first + part.count)
-                path.lineTo(point);
-            else
-                continue;
-            last = point;
-        }
-    }
-    QColor fill = colour;
-    fill.setAlpha(110);
-    painter.setPen(QPen(area ? colour.darker(150) : colour, selected ? 3 : (area ? 1 : 2)));
-    painter.setBrush(area ? QBrush(fill) : QBrush(Qt::NoBrush));
-    painter.drawPath(path);
-    if (object.type == ObjectType::Wells) {
-        painter.setBrush(colour);
-        painter.drawEllipse(toScreen(object.x->front(), object.y->front()), 3, 3);
-    }
+    const int id = topmostAt(position);
+    std::set<int> chosen = add ? m_selected : std::set<int>();
+    if (id > 0 && add && m_selected.count(id) != 0)
+        chosen.erase(id);
+    else if (id > 0)
+        chosen.insert(id);
+    if (chosen != m_selected)
+        Q_EMIT selectionChosen(chosen);
 }
 
-void MapView::drawScaleBar(QPainter& painter) const
+void MapView::selectBox(const QRect& box, bool add)
 {
-    const double longest = 160.0 / m_scale;
-    double length = std::pow(10.0, std::floor(std::log10(longest)));
-    for (const double factor : {5.0, 2.0}) {
-        if (length * factor <= longest) {
-            length *= factor;
-            break;
-        }
+    const QRectF within = m_viewport.toMap(QRectF(box));
+    std::set<int> chosen = add ? m_selected : std::set<int>();
+    for (std::size_t index = 0; index < m_scene.places().size(); ++index) {
+        const ModelObject& object = m_model.objects()[index];
+        if (isShown(index) && isTouched(object, m_scene.places()[index], within))
+            chosen.insert(object.id);
     }
-    const QRectF bar(16, height() - 22, length * m_scale, 6);
-    const QString text = QString::number(length, 'g', 6);
-    // A light plate keeps it readable on every map.
-    const double plateWidth = std::max<double>(bar.width(), painter.fontMetrics().horizontalAdvance(text)) + 12;
-    const double plateTop = bar.top() - painter.fontMetrics().height() - 6;
-    painter.fillRect(QRectF(bar.left() - 6, plateTop, plateWidth, bar.bottom() + 6 - plateTop),
-                     QColor(255, 255, 255, 190));
-    painter.setPen(Qt::black);
-    painter.setBrush(Qt::white);
-    painter.drawRect(bar);
-    painter.fillRect(QRectF(bar.left(), bar.top(), bar.width() / 2, bar.height()), Qt::black);
-    painter.drawText(QPointF(bar.left(), bar.top() - 4), text);
+    if (chosen != m_selected)
+        Q_EMIT selectionChosen(chosen);
 }
 
 void MapView::render()
 {
     m_picture = QPixmap(size() * devicePixelRatioF());
     m_picture.setDevicePixelRatio(devicePixelRatioF());
-    m_picture.fill(QColor(250, 250, 247));
+    m_picture.fill(MapPainter::paper());
     QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_model.objects().empty()) {
         drawInvitation(painter);
         return;
     }
-    const QPointF southWest = toMap(QPointF(-8, height() + 8));
-    const QPointF northEast = toMap(QPointF(width() + 8, -8));
-    const QRectF shown(southWest, northEast);
-    // Surfaces below, then areas, then lines and points.
-    const auto level = [](const ModelObject& object) {
-        if (object.grid)
-            return 0;
-        if (object.type == ObjectType::Polygons)
-            return 1;
-        return object.parts.empty() ? 3 : 2;
-    };
-    for (int current = 0; current < 4; ++current) {
-        for (const ModelObject& object : m_model.objects()) {
-            if (level(object) == current && m_visible.count(object.id) != 0)
-                drawObject(painter, object, shown);
+    const QRectF shown = m_viewport.toMap(QRectF(rect()).adjusted(-8, -8, 8, 8));
+    MapPainter map(painter, m_viewport);
+    for (int level = 0; level < levels; ++level) {
+        for (std::size_t index = 0; index < m_scene.places().size(); ++index) {
+            const ModelObject& object = m_model.objects()[index];
+            const PlacedObject& place = m_scene.places()[index];
+            if (levelOf(object) == level && isShown(index) && place.extent
+                && place.extent->adjusted(-1e-9, -1e-9, 1e-9, 1e-9).intersects(shown))
+                map.draw(object, place, m_selected.count(object.id) != 0);
         }
     }
-    drawScaleBar(painter);
+    map.drawScaleBar(m_scene.frames().empty() ? QString() : m_scene.frames()[static_cast<std::size_t>(m_frame)].unit);
 }
 
 void MapView::drawInvitation(QPainter& painter) const

@@ -29,11 +29,10 @@ int runGui(int& argc, char** argv)
     HostContext context;
     MainWindow window(context);
     window.show();
-    QStringList models = arguments.request().models;
-    if (models.isEmpty() && QFileInfo::exists(QStringLiteral(KP_SAMPLE_MODEL)))
-        models.append(QStringLiteral(KP_SAMPLE_MODEL));
-    for (const QString& path : qAsConst(models))
-        window.openModel(path);
+    if (QFileInfo::exists(QStringLiteral(KP_SAMPLE_MODEL)))
+        window.offerSample(QStringLiteral(KP_SAMPLE_MODEL));
+    if (!arguments.request().models.isEmpty())
+        window.openModels(arguments.request().models);
     return QApplication::exec();
 }
 
