@@ -332,6 +332,16 @@ LoadNotes GrdeclFile::notes() const
             QStringLiteral("%1: GDORIENT says that an axis of the grid runs backwards; cells keep their order and "
                            "places")
                 .arg(m_path));
+    static const std::vector<double> straight{0, 1, 0, 0, 1, 0};
+    std::vector<double> axes = m_mapAxes;
+    // A point on an axis may be any.
+    if (axes.size() == straight.size() && axes[1] > 0.0 && axes[4] > 0.0)
+        axes[1] = axes[4] = 1.0;
+    if (m_onMap && !m_mapAxes.empty() && axes != straight)
+        notes.append(
+            QStringLiteral("%1: MAPAXES moves or turns the grid, but GRIDUNIT says that it is on the map: it was "
+                           "left where it is")
+                .arg(m_path));
     QStringList names = m_passedOver;
     names.removeDuplicates();
     if (names.isEmpty())

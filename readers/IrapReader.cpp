@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace kpFormats
 {
@@ -49,6 +50,24 @@ RegularGrid gridOf(const std::array<double, headNumbers>& head, const QString& p
     grid.geometry.stepY = head[StepY];
     grid.geometry.rotation = head[Rotation];
     return grid;
+}
+
+/// What the head says twice and not the same way.
+LoadNotes contradictions(const std::array<double, headNumbers>& head, const QString& path)
+{
+    constexpr double roundings = 1e-6; // of single precision, of the whole extent
+    LoadNotes notes;
+    const auto compare = [&](const char* axis, Head first, Head last, double steps, double step) {
+        const double end = head[first] + steps * step;
+        if (std::abs(head[last] - end) > roundings * (std::abs(head[first]) + steps * step) + 1e-8 * steps)
+            notes.append(QStringLiteral("%1: its head says that %2 ends at %3, its steps lead to %4")
+                             .arg(path, QLatin1String(axis))
+                             .arg(head[last], 0, 'f', 3)
+                             .arg(end, 0, 'f', 3));
+    };
+    compare("x", West, East, head[Columns] - 1.0, head[StepX]);
+    compare("y", South, North, head[Rows] - 1.0, head[StepY]);
+    return notes;
 }
 
 double heightOf(double value)
@@ -111,7 +130,7 @@ private:
     int m_count = 0;
 };
 
-RegularGrid readBinary(const QString& path)
+RegularGrid readBinary(const QString& path, LoadNotes& notes)
 {
     Records records(path);
     std::array<double, headNumbers> head{};
@@ -128,6 +147,7 @@ RegularGrid readBinary(const QString& path)
     head[AboutY] = records.real(3);
     records.need(7);
     RegularGrid grid = gridOf(head, path);
+    notes = contradictions(head, path);
     const std::size_t count =
         static_cast<std::size_t>(grid.geometry.columns) * static_cast<std::size_t>(grid.geometry.rows);
     while (grid.z.size() < count && records.next()) {
@@ -140,7 +160,7 @@ RegularGrid readBinary(const QString& path)
     return grid;
 }
 
-RegularGrid readText(const QString& path)
+RegularGrid readText(const QString& path, LoadNotes& notes)
 {
     TextScanner scanner(path);
     std::string_view word;
@@ -158,6 +178,7 @@ RegularGrid readText(const QString& path)
         number = scanner.number(word);
     }
     RegularGrid grid = gridOf(head, path);
+    notes = contradictions(head, path);
     const std::size_t count =
         static_cast<std::size_t>(grid.geometry.columns) * static_cast<std::size_t>(grid.geometry.rows);
     while (grid.z.size() < count) {
@@ -224,7 +245,9 @@ LoadNotes readIrapGrid(Model& model, const QString& path, const LoadOptions& opt
 {
     QFile file(path);
     const bool binary = file.open(QIODevice::ReadOnly) && file.read(1).startsWith('\0');
-    return addGrid(model, path, options, binary ? readBinary(path) : readText(path));
+    LoadNotes notes;
+    RegularGrid grid = binary ? readBinary(path, notes) : readText(path, notes);
+    return notes + addGrid(model, path, options, std::move(grid));
 }
 
 LoadNotes readIrapPolygons(Model& model, const QString& path, const LoadOptions& options)

@@ -74,18 +74,24 @@ StlFacets facetsOf(QFile& file, const QString& path, qint64 count)
         if (file.read(bytes, facetSize) != facetSize)
             throw LoadError(path, QStringLiteral("reading facet %1 failed").arg(facet + 1),
                             QStringLiteral("copy the file again from its source"));
-        for (std::size_t corner = 0; corner < 3; ++corner) {
-            std::array<double, 3> position{};
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                const quint32 bits = qFromLittleEndian<quint32>(bytes + 12 + 12 * corner + 4 * axis);
+        const auto numbersAt = [&bytes](std::size_t place) {
+            std::array<double, 3> numbers{};
+            for (double& number : numbers) {
+                const quint32 bits = qFromLittleEndian<quint32>(bytes + place);
                 float value = 0;
                 std::memcpy(&value, &bits, sizeof value);
-                if (!std::isfinite(value))
-                    throw LoadError(path, QStringLiteral("facet %1 has a corner that is not a number").arg(facet + 1),
-                                    QStringLiteral("repair it at its source"));
-                position[axis] = static_cast<double>(value);
+                number = static_cast<double>(value);
+                place += sizeof bits;
             }
-            facets.corners.push_back(position);
+            return numbers;
+        };
+        facets.normals.push_back(numbersAt(0));
+        for (std::size_t corner = 1; corner <= 3; ++corner) {
+            facets.corners.push_back(numbersAt(corner * 12));
+            const std::array<double, 3>& position = facets.corners.back();
+            if (!std::all_of(position.begin(), position.end(), [](double number) { return std::isfinite(number); }))
+                throw LoadError(path, QStringLiteral("facet %1 has a corner that is not a number").arg(facet + 1),
+                                QStringLiteral("repair it at its source"));
         }
     }
     return facets;

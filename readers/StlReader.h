@@ -13,6 +13,7 @@ struct StlFacets
 {
     std::string title;
     std::vector<std::array<double, 3>> corners;
+    std::vector<std::array<double, 3>> normals; ///< one per facet; as the file says, whatever it is
 };
 
 /// \throws LoadError when it is no binary STL file

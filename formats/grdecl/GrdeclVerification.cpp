@@ -139,7 +139,9 @@ Verification verifyGrdecl(const ModelObject& object, const QString& path, const 
                         Allowance::ofDecimals(settings.decimals, unitName));
     Model model;
     try {
-        readGrdecl(model, path, LoadOptions());
+        const LoadNotes notes = readGrdecl(model, path, LoadOptions());
+        if (!notes.isEmpty())
+            result.fail(notes.front());
     } catch (const std::exception& error) {
         result.fail(QString::fromUtf8(error.what()));
         return result;

@@ -10,6 +10,32 @@
 namespace kpFormats
 {
 
+namespace
+{
+
+/// The normal of a facet has length 1 and stands on its sides, to the side from which its corners run counter-clockwise.
+void compareNormal(const std::array<WrittenSurface::Place, 3>& corners, const std::array<double, 3>& normal,
+                   const QString& name, std::size_t facet, Verification& result)
+{
+    constexpr double rounding = 1e-6; // of single precision
+    WrittenSurface::Place a{};
+    WrittenSurface::Place b{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        a[axis] = corners[1][axis] - corners[0][axis];
+        b[axis] = corners[2][axis] - corners[0][axis];
+    }
+    const WrittenSurface::Place upright{a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
+                                        a[0] * b[1] - a[1] * b[0]};
+    const double length = std::hypot(upright[0], upright[1], upright[2]);
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const double wanted = length > 0.0 ? upright[axis] / length : 0.0;
+        if (!(std::abs(normal[axis] - wanted) <= rounding))
+            return result.fail(QStringLiteral("%1, facet %2: its normal is not upright on it").arg(name).arg(facet));
+    }
+}
+
+} // namespace
+
 Verification verifyStl(const ModelObject& object, const QString& path, const StlExportSettings& settings,
                        const MapOffset& offset)
 {
@@ -42,8 +68,10 @@ Verification verifyStl(const ModelObject& object, const QString& path, const Stl
                     .arg((next - 1) % 3 + 1);
             });
         }
+        compareNormal(corners, read.normals[next / 3 - 1], object.name, next / 3, result);
         return true;
     });
+    result.alsoCompared(QStringLiteral("normals"));
     return result;
 }
 

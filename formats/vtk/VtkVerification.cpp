@@ -405,6 +405,9 @@ void compareImage(FileCheck& check, const ExportSelection& selection, const VtkE
     if (!result.compareCount(object.name, QStringLiteral("columns"), object.grid->columns, read.size[0])
         || !result.compareCount(object.name, QStringLiteral("rows"), object.grid->rows, read.size[1]))
         return;
+    // A flat image lies at height 0, where it is drawn.
+    if (read.size[2] != 1 || read.origin[2] != 0.0 || read.spacing[2] != 1.0 || std::abs(read.direction[8]) != 1.0)
+        return result.fail(QStringLiteral("%1: the image is not flat at height 0").arg(object.name));
     std::vector<Row> rows;
     for (int node = 0; node < object.vertexCount(); ++node) {
         rows.push_back({0, node});

@@ -319,6 +319,8 @@ void SurfacesTest::damages_data()
     row("stl position", "stl", singles({0.25, 0.5}), singles({0.26, 0.5}));
     row("stl count", "stl", bytesOf<int, quint32>(1) + singles({-1.0 / std::sqrt(3.0)}),
         bytesOf<int, quint32>(2) + singles({-1.0 / std::sqrt(3.0)}));
+    row("stl normal", "stl", bytesOf<int, quint32>(1) + singles({-1.0 / std::sqrt(3.0)}),
+        bytesOf<int, quint32>(1) + singles({1.0 / std::sqrt(3.0)}));
     row("stl offset", "stl", "add: 500001", "add: 500002");
     row("stl direction", "stl", "z up", "z down");
 }

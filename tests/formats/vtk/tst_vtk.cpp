@@ -477,6 +477,8 @@ void VtkTest::damages_data()
     row("height", "vti", real(305), real(305.5));
     row("origin", "vti", "Origin=\"1000", "Origin=\"1001");
     row("spacing", "vti", "Spacing=\"10", "Spacing=\"11");
+    row("height of the image", "vti", " 0\" Spacing=\"10 10 1", " 1\" Spacing=\"10 10 1");
+    row("spacing upwards", "vti", "Spacing=\"10 10 1", "Spacing=\"10 10 2");
     row("direction of axes", "vti", "Direction=\"1 0", "Direction=\"-1 0");
 }
 
