@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/JobFile.h"
 #include "cli/RequestText.h"
+#include "export/TargetPath.h"
 #include "tests/fuzz/FuzzFile.h"
 
 #include <QJsonDocument>
@@ -18,10 +19,11 @@ QByteArray bytesOf(const ExportRequest& request)
     return QJsonDocument(jobOf(request)).toJson();
 }
 
-/// A name of the file system, whatever stands in the job: nothing inside the program, no address in the network.
+/// A name of the file system, whatever stands in the job: nothing inside the program, no address in the network. What says
+/// how to reach a database stays as it is, and is refused before anything is opened.
 bool isPath(const QString& name)
 {
-    return name.isEmpty() || name.startsWith(QLatin1Char('/'));
+    return name.isEmpty() || name.startsWith(QLatin1Char('/')) || kpFormats::TargetPath::isDatabase(name);
 }
 
 } // namespace
