@@ -3,8 +3,8 @@
 
 #include "export/CommonFindings.h"
 #include "export/WriteErrors.h"
-#include "readers/PgDumpReader.h"
 #include "geo/CoordinateSystems.h"
+#include "readers/PgDumpReader.h"
 
 #include <QFile>
 
