@@ -38,6 +38,7 @@ struct KPFORMATS_EXPORT Setting
     QString description; ///< what it does, in a few words
     Kind kind = Text;
     std::vector<SettingChoice> choices; ///< of a Choice
+    bool isOutputSystem = false;        ///< a Text that names the system into which positions are brought
     double least = 0;                   ///< of an Integer or Real
     double most = 0;
     std::vector<FormerSetting> former;

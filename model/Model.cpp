@@ -37,4 +37,14 @@ const ModelObject* Model::find(int id) const
     return found == m_index.end() ? nullptr : &m_objects[found->second];
 }
 
+std::vector<const ModelObject*> Model::find(const std::vector<int>& ids) const
+{
+    std::vector<const ModelObject*> found;
+    for (const int id : ids) {
+        if (const ModelObject* object = find(id))
+            found.push_back(object);
+    }
+    return found;
+}
+
 } // namespace kpFormats

@@ -26,6 +26,8 @@ public:
     const std::vector<ModelObject>& objects() const;
     /// The object with that id, or null. Valid until the next add().
     const ModelObject* find(int id) const;
+    /// Those of the objects that there are, in the order of \a ids.
+    std::vector<const ModelObject*> find(const std::vector<int>& ids) const;
 
     /// The files that were read for it, those that others name included.
     const QStringList& sources() const { return m_sources; }

@@ -291,11 +291,7 @@ void AsciiSheet::activate()
 {
     const std::vector<int> ids = m_wizard ? m_wizard->selectedGeoIds() : std::vector<int>();
     const bool others = ids != m_shownFor;
-    m_objects.clear();
-    for (const int id : ids) {
-        if (const ModelObject* object = m_model.find(id))
-            m_objects.push_back(object);
-    }
+    m_objects = m_model.find(ids);
     m_layout->setObjects(m_objects);
     {
         const QScopedValueRollback<bool> ours(m_filling, true);

@@ -75,10 +75,7 @@ void FormatSaver::set_selection(const QString& path, const std::vector<int>& geo
     selection.path = path;
     selection.sources = m_model.sources();
     selection.keepEarlier = m_keepEarlier;
-    for (const int id : geoIds) {
-        if (const ModelObject* object = m_model.find(id))
-            selection.objects.push_back(object);
-    }
+    selection.objects = m_model.find(geoIds);
     // An empty list is a choice only where there was one; else everything goes out.
     if (offersAttributes()) {
         QStringList chosen;

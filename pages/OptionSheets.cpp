@@ -82,7 +82,7 @@ kpBaseExport::QExportAbstractOptionSheet* makeOptionSheet(FormatSetup& setup, co
         if (setup.format->info().key == QLatin1String(page.key))
             return page.make(setup, model);
     }
-    return new SettingsSheet(setup);
+    return new SettingsSheet(setup, model);
 }
 
 } // namespace kpFormats

@@ -138,7 +138,7 @@ SettingControl makeSettingControl(SettingsValue& settings, const Setting& settin
     } else if (setting.kind == Setting::Real) {
         control = realBox(settings, setting, parent, changed);
     } else {
-        auto* field = setting.key == crsKey ? new CrsField(parent) : nullptr;
+        auto* field = setting.key == crsKey ? new CrsField(setting.isOutputSystem, parent) : nullptr;
         auto* edit = field ? field->edit() : new QLineEdit(parent);
         QObject::connect(edit, &QLineEdit::textChanged, edit,
                          [&settings, key = setting.key, changed](const QString& text) {

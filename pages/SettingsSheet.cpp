@@ -13,10 +13,11 @@
 namespace kpFormats
 {
 
-SettingsSheet::SettingsSheet(FormatSetup& setup)
+SettingsSheet::SettingsSheet(FormatSetup& setup, const Model& model)
     : QWidget(nullptr)
     , QExportAbstractOptionSheet(nullptr)
     , m_setup(setup)
+    , m_model(model)
 {
 }
 
@@ -41,8 +42,10 @@ void SettingsSheet::activate()
 {
     // Coming back with the same objects keeps what the user has checked.
     const std::vector<int> ids = m_wizard ? m_wizard->selectedGeoIds() : std::vector<int>();
-    if (ids != m_shownFor)
+    if (ids != m_shownFor) {
         m_attributes.refill();
+        showObjects(*this, m_model.find(ids));
+    }
     m_shownFor = ids;
 }
 

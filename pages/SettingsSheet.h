@@ -3,6 +3,7 @@
 
 #include "core/saver/AttributeNamesSheet.h"
 #include "core/saver/QExportAbstractOptionSheet.h"
+#include "model/Model.h"
 #include "pages/AttributeChoice.h"
 #include "pages/FormatSetup.h"
 #include "pages/kpFormatsUiExport.h"
@@ -21,7 +22,8 @@ class KPFORMATSUI_EXPORT SettingsSheet : public QWidget,
     Q_OBJECT
 
 public:
-    explicit SettingsSheet(FormatSetup& setup);
+    /// Both outlive the page.
+    SettingsSheet(FormatSetup& setup, const Model& model);
 
     using QExportAbstractOptionSheet::initialize;
     void initialize(const QString& text) override;
@@ -34,6 +36,7 @@ public:
 
 private:
     FormatSetup& m_setup;
+    const Model& m_model;
     AttributeChoice m_attributes;
     std::vector<int> m_shownFor; ///< objects whose attributes are listed
 };

@@ -139,11 +139,8 @@ bool SheetBinding::objectsChanged()
         return false;
     m_entered = true;
     m_ids = ids;
-    m_objects.clear();
-    for (const int id : ids) {
-        if (const ModelObject* object = m_model.find(id))
-            m_objects.push_back(object);
-    }
+    m_objects = m_model.find(ids);
+    showObjects(*m_page, m_objects);
     return true;
 }
 

@@ -86,11 +86,7 @@ void ObjectProperties::addRow(const QString& name, const QString& value)
 
 void ObjectProperties::show(const std::set<int>& ids)
 {
-    std::vector<const ModelObject*> objects;
-    for (const int id : ids) {
-        if (const ModelObject* object = m_model.find(id))
-            objects.push_back(object);
-    }
+    const std::vector<const ModelObject*> objects = m_model.find({ids.begin(), ids.end()});
     m_figures->clear();
     m_attributes->clear();
     m_vertices->setObject(objects.empty() ? 0 : objects.front()->id);

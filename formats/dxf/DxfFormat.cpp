@@ -44,7 +44,8 @@ SettingsTable DxfFormat::settings() const
     table.addText("filePrefix", &S::filePrefix, filePrefixLabel(),
                   tr("front of the names of several files in a directory"));
     addLengthUnit(table, &S::lengthUnit, tr("unit of the coordinates"));
-    table.addText("crs", &S::crs, tr("CRS"), tr("coordinate system to write; objects of another are transformed"));
+    table.addText("crs", &S::crs, tr("CRS"), tr("coordinate system to write; objects of another are transformed"))
+        .isOutputSystem = true;
     table.addReal("textHeight", &S::textHeight, 0, 1e9, tr("Text height"),
                   tr("height of names; 0 fits it to the drawing"));
     return table;
