@@ -8,6 +8,7 @@
 #include "spec/QESSpecificationTableWidget.h"
 #include "tests/spec/MouseDrag.h"
 #include "tests/spec/SpecificationEditor.h"
+#include "tests/support/Animations.h"
 #include "tests/support/BoxAnswer.h"
 #include "tests/support/SaverRun.h"
 #include "tests/support/TestSettings.h"
@@ -105,7 +106,7 @@ class AsciiPageTest : public SaverTest
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
+    void cleanup() { letAnimationsEnd(); }
     void fromTheMouseToTheFile();
     void columnsAsOnTheCommandLine();
     void everythingIsLaidOutAtFirst();
@@ -155,13 +156,6 @@ void AsciiPageTest::init()
     // The settings live as long as the program.
     FormatSetup& ascii = *m_context->formats.find("ascii");
     ascii.settings = ascii.format->defaults();
-}
-
-void AsciiPageTest::cleanup()
-{
-    // Animations of controls that are gone end with the next tick, and go.
-    QTest::qWait(50);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void AsciiPageTest::fromTheMouseToTheFile()

@@ -2,6 +2,7 @@
 // Finding a coordinate system by name, code or place, and what the field of a page says of it.
 #include "pages/CrsField.h"
 #include "pages/SystemDialog.h"
+#include "tests/support/Animations.h"
 #include "tests/support/TestObjects.h"
 #include "tests/support/TestSettings.h"
 #include "tests/support/TextRows.h"
@@ -23,6 +24,7 @@ class SystemsTest : public QObject
 private Q_SLOTS:
     void initTestCase() { useTestSettings(m_folder.path()); }
     void init() { QSettings().clear(); }
+    void cleanup() { letAnimationsEnd(); }
     void areas();
     void found_data();
     void found();
