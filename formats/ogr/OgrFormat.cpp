@@ -56,8 +56,7 @@ SettingsTable OgrFormat::commonSettings()
 {
     using S = OgrExportSettings;
     SettingsTable table;
-    table.addText("crs", &S::crs, tr("CRS"),
-                  tr("coordinate system, EPSG:n or WKT; empty for that of the first object"))
+    table.addText("crs", &S::crs, tr("CRS"), tr("coordinate system, EPSG:n or WKT; empty for that of the first object"))
         .isOutputSystem = true;
     table.addBoolean("attributes", &S::attributes, tr("Attributes"), tr("attributes as fields"));
     table.addBoolean("symbology", &S::symbology, tr("Symbology"), tr("colours as a style that goes with the file"));
