@@ -127,7 +127,9 @@ void GeoJsonFormat::tune(OgrOutput& output, kpBaseExport::OGRExporterOptions& op
                          : degrees                     ? geoJsonDegreeDecimals
                                                        : geoJsonLengthDecimals;
     options.layerOptions.append(output.settings.rfc7946 ? QStringLiteral("RFC7946=YES") : QStringLiteral("RFC7946=NO"));
-    options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals));
+    // After a run of zeros the driver takes the last two digits for noise: it gets two that are zero.
+    output.decimals = decimals;
+    options.layerOptions.append(QStringLiteral("COORDINATE_PRECISION=%1").arg(decimals + 2));
     // With 17, which is its own choice, the driver takes more of the last digits of a number for noise.
     options.layerOptions.append(QStringLiteral("SIGNIFICANT_FIGURES=18"));
     if (decimals < (degrees ? fewDegreeDecimals : fewLengthDecimals))

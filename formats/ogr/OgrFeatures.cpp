@@ -13,10 +13,24 @@ namespace kpFormats
 
 using kpBaseExport::OGRFeatureDetails;
 
-OgrFeatures::OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, Findings& findings)
+namespace
+{
+
+/// Nearest multiple of a step, \a steps of them in a unit; what has no digits as small stays.
+double rounded(double value, double steps)
+{
+    constexpr double wholeUpTo = 9007199254740992.0; // 2^53
+    return steps > 0.0 && std::abs(value) * steps < wholeUpTo ? std::nearbyint(value * steps) / steps : value;
+}
+
+} // namespace
+
+OgrFeatures::OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, int decimals,
+                         Findings& findings)
     : m_layer(layer)
     , m_table(table)
     , m_vertices(systems)
+    , m_steps(decimals < 0 ? 0.0 : std::pow(10.0, decimals))
     , m_findings(findings)
     , m_sources(table.columns.size())
 {
@@ -117,13 +131,14 @@ bool OgrFeatures::addVertex(std::size_t vertex, OGRFeatureDetails& details)
         return false;
     }
     if (!m_layer.hasZ) {
-        details.append_point(OGRPoint(position[0], position[1]));
+        details.append_point(OGRPoint(rounded(position[0], m_steps), rounded(position[1], m_steps)));
         return true;
     }
     const bool known = std::isfinite(position[2]);
     if (!known)
         ++m_withoutHeight;
-    details.append_point(OGRPoint(position[0], position[1], known ? position[2] : 0.0));
+    details.append_point(OGRPoint(rounded(position[0], m_steps), rounded(position[1], m_steps),
+                                  known ? rounded(position[2], m_steps) : 0.0));
     return true;
 }
 

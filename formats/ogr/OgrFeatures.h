@@ -14,8 +14,9 @@ namespace kpFormats
 class OgrFeatures : public kpBaseExport::OGRFeatureSource
 {
 public:
-    /// All are used for as long as features are made.
-    OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, Findings& findings);
+    /// Positions are rounded to \a decimals, when these are not negative. All else is used for as long as features are
+    /// made.
+    OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystems& systems, int decimals, Findings& findings);
 
     int count() const override;
     bool next(int index, kpBaseExport::OGRFeatureDetails& details) override;
@@ -49,6 +50,7 @@ private:
     const OgrLayer& m_layer;
     const OgrTable& m_table;
     OgrVertices m_vertices;
+    double m_steps; ///< of positions in a unit; 0 when they are not rounded
     Findings& m_findings;
     std::vector<Source> m_sources;
     std::size_t m_object = 0; ///< the current one

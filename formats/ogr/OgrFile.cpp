@@ -213,7 +213,8 @@ qint64 OgrFile::write(const QString& path, Findings& findings, kpBase::AbstractP
     std::vector<std::shared_ptr<OgrFeatures>> sources;
     for (std::size_t index = 0; index < m_output.layers.size(); ++index) {
         const OgrLayer& layer = m_output.layers[index];
-        sources.push_back(std::make_shared<OgrFeatures>(layer, m_output.tables[index], m_output.systems, findings));
+        sources.push_back(std::make_shared<OgrFeatures>(layer, m_output.tables[index], m_output.systems,
+                                                        m_output.decimals, findings));
         OGRLayerInfo info(m_output.names[static_cast<int>(index)], {}, m_output.tables[index].fields(), QString());
         info.source(sources.back(), layer.type());
         layers.append(info);

@@ -20,6 +20,7 @@ struct OgrOutput
     OgrSystems systems;
     std::vector<OgrTable> tables;
     WrittenSystem written = {};
+    int decimals = -1;                 ///< that positions are rounded to; below 0 for none
     QString path = {};                 ///< where it is written
     std::vector<qint64> features = {}; ///< made per layer
 };

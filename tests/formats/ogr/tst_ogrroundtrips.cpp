@@ -221,6 +221,12 @@ void OgrRoundTripsTest::geoJsonOnTheGlobe()
     const SaverRun feet("geojson", {object}, path("feet"), "crs=EPSG:4326");
     QCOMPARE(feet.countOf(QStringLiteral("vertex without a position left out")), 1);
     QVERIFY(std::abs(runsIn(path("feet.geojson"))[0][0][2] - 30.48) < 1e-9);
+
+    // Zeros before the last digits, which the driver would take for noise.
+    const ModelObject zeros =
+        objectOf(QStringLiteral("Z"), ObjectType::VertexClouds, {117.00000009727}, {-21.500000001}, {0});
+    const SaverRun close("geojson", {zeros}, path("zeros"), "crs=EPSG:4326");
+    QVERIFY2(close.bytes().contains("[ 117.000000097, -21.500000001, 0.0 ]"), close.bytes().constData());
 }
 
 void OgrRoundTripsTest::transformed()
