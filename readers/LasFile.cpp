@@ -110,9 +110,9 @@ private:
                 // Version 1.2 has the value where version 2.0 has the description.
                 m_las.well = m_version < 2 && !line.description.isEmpty() ? line.description : line.data;
             }
-            m_las.header.insert(name, line.data);
+            m_las.wellSection.insert(name, line.data);
         } else if (section == 'P') {
-            m_las.header.insert(name, line.data);
+            m_las.parameters.insert(name, line.data);
         } else if (section == 'C') {
             if (!m_values.empty())
                 fail(QStringLiteral("a curve is described behind the data"));

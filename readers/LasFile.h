@@ -19,8 +19,9 @@ struct LasFile
     QString depthUnit;          ///< "m" or "ft"
     std::vector<double> depths; ///< from the top
     std::vector<AttributeColumn> curves;
-    QHash<QString, QString> header; ///< values of the well and of parameters, by mnemonic in capitals
-    QString index;                  ///< description of the depth
+    QHash<QString, QString> wellSection; ///< values by mnemonic in capitals
+    QHash<QString, QString> parameters;  ///< the same
+    QString index;                       ///< description of the depth
     LoadNotes notes;
 };
 

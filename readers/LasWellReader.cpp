@@ -22,7 +22,7 @@ namespace
 std::optional<double> headerNumber(const LasFile& las, const char* names)
 {
     for (const QString& name : QString::fromLatin1(names).split(QLatin1Char(' '))) {
-        const std::string text = las.header.value(name).toStdString();
+        const std::string text = las.parameters.value(name, las.wellSection.value(name)).toStdString();
         const auto number = numberOf(text);
         if (number && std::isfinite(*number))
             return number;

@@ -6,6 +6,8 @@
 #include "readers/DeviationReader.h"
 #include "readers/WellPath.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cmath>
 
@@ -25,12 +27,29 @@ NumberColumn columnOf(const ModelObject& read, const char* name)
     throw std::runtime_error(std::string("the column ") + name + " is missing");
 }
 
+/// The number behind "elevation" in the remarks; NaN where none is.
+double writtenReference(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nan("");
+    const QByteArray remark = "# datum: MD 0 and TVD 0 lie at the elevation ";
+    for (QByteArray line = file.readLine(); line.startsWith('#'); line = file.readLine()) {
+        const int end = line.indexOf(' ', remark.size());
+        if (line.startsWith(remark) && end > 0)
+            return line.mid(remark.size(), end - remark.size()).toDouble();
+    }
+    return std::nan("");
+}
+
 void compareRows(const ModelObject& object, const ModelObject& read, const DeviationExportSettings& settings,
-                 OutputUnit unit, double distance, Verification& result)
+                 OutputUnit unit, double distance, double reference, Verification& result)
 {
     Findings told;
     const WellDepths depths(object, unit, QString(), told);
     const double half = 0.5 * std::pow(10.0, -settings.decimals);
+    result.compareValue(depths.reference(), reference, 0.0,
+                        [&] { return QStringLiteral("%1, elevation of the datum").arg(object.name); });
     const NumberColumn measured = columnOf(read, "MD");
     const NumberColumn vertical = columnOf(read, "TVD");
     const NumberColumn inclination = columnOf(read, "INC");
@@ -87,7 +106,7 @@ Verification verifyDeviation(const ModelObject& object, const QString& path, con
         const ModelObject& read = model.objects().front();
         result.compareSame(QStringLiteral("well"), object.name, object.name.simplified(), read.name);
         result.compareSame(QStringLiteral("unit"), object.name, written, read.lengthUnit);
-        compareRows(object, read, settings, unit, distance, result);
+        compareRows(object, read, settings, unit, distance, writtenReference(path), result);
     } catch (const std::exception& error) {
         result.fail(QString::fromUtf8(error.what()));
     }

@@ -3,9 +3,12 @@
 
 #include "export/AutomaticDecimals.h"
 #include "export/NumberColumns.h"
+#include "export/SafeNames.h"
 #include "export/WellDepths.h"
 #include "formats/las/LasTable.h"
+#include "geo/CoordinateSystems.h"
 #include "readers/LasFile.h"
+#include "readers/TextTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,6 +46,7 @@ public:
                                    static_cast<qint64>(m_read.depths.size())))
             return;
         const double half = halfOf([this](std::size_t vertex) { return depthOf(vertex); });
+        compareHead(half, selection);
         for (std::size_t row = 0; row < m_rows.size(); ++row)
             m_result.compareValue(depthOf(m_rows[row]), m_read.depths[row], half,
                                   [&] { return where(row, QStringLiteral("depth")); });
@@ -79,6 +83,46 @@ private:
     QString where(std::size_t row, const QString& curve) const
     {
         return QStringLiteral("%1, vertex %2, %3").arg(m_object.name).arg(m_rows[row] + 1).arg(curve);
+    }
+
+    void compareHead(double half, const ExportSelection& selection)
+    {
+        if (m_rows.empty())
+            return;
+        compareHeadNumber(m_read.wellSection, QStringLiteral("STRT"), depthOf(m_rows.front()), half);
+        compareHeadNumber(m_read.wellSection, QStringLiteral("STOP"), depthOf(m_rows.back()), half);
+        const std::size_t top = m_rows.front();
+        const double x = (*m_object.x)[top] * m_factors.flat;
+        const double y = (*m_object.y)[top] * m_factors.flat;
+        UniqueNames names;
+        if (std::isfinite(x) && std::isfinite(y)) {
+            compareHeadNumber(m_read.parameters, names.take(QStringLiteral("X")), x, 0.0);
+            compareHeadNumber(m_read.parameters, names.take(QStringLiteral("Y")), y, 0.0);
+        }
+        if (!m_object.crs.isEmpty())
+            compareHeadText(names.take(QStringLiteral("HZCS")), crsName(m_object.crs));
+        if (std::isfinite(m_depths.reference()))
+            compareHeadNumber(m_read.parameters, names.take(QStringLiteral("EREF")), m_depths.reference(), 0.0);
+        for (const ObjectAttribute& attribute : m_object.objectAttributes) {
+            if (!selection.wantsAttribute(attribute.name) || attribute.value.isNull())
+                continue;
+            const QString name = names.take(lasWord(attribute.name));
+            if (attribute.kind == AttributeKind::Real || attribute.kind == AttributeKind::Integer)
+                compareHeadNumber(m_read.parameters, name, attribute.value.toDouble(), 0.0);
+            else
+                compareHeadText(name, attribute.value.toString());
+        }
+    }
+    void compareHeadNumber(const QHash<QString, QString>& section, const QString& name, double wanted, double allowed)
+    {
+        const auto read = numberOf(section.value(name.toUpper()).toStdString());
+        m_result.compareValue(wanted, read ? *read : std::nan(""), allowed,
+                              [&] { return QStringLiteral("%1, %2 in the head").arg(m_object.name, name); });
+    }
+    void compareHeadText(const QString& name, const QString& wanted)
+    {
+        m_result.compareText(lasText(wanted), m_read.parameters.value(name.toUpper()),
+                             [&] { return QStringLiteral("%1, %2 in the head").arg(m_object.name, name); });
     }
 
     const AttributeColumn* nextCurve(const QString& name)

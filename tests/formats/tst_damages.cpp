@@ -33,6 +33,8 @@ ModelObject hole()
         objectOf(ObjectType::Wells, QStringLiteral("W"), {{10, 20, 5}, {11, 21, -6.5}, {12, 22, none}}, "");
     object.vertexAttributes = {columnOf(QStringLiteral("MD"), AttributeKind::Real, {0, 12.25, 31}),
                                columnOf(QStringLiteral("GR"), AttributeKind::Real, {45.5, QVariant(), 47.75})};
+    object.objectAttributes.push_back(
+        {QStringLiteral("operator"), AttributeKind::Text, QString(), QStringLiteral("ABC")});
     return object;
 }
 
@@ -157,6 +159,11 @@ void DamagesTest::texts_data()
          {"las curve", "las", "\nGR.", "\nSP."},
          {"las well", "las", "W                        : well", "V                        : well"},
          {"las unit", "las", "\nDEPT.M ", "\nDEPT.FT"},
+         {"las start", "las", "STRT.M           0.0000", "STRT.M           1.0000"},
+         {"las stop", "las", "STOP.M           31.0000", "STOP.M           31.0002"},
+         {"las place", "las", "X.M              10 ", "X.M              11 "},
+         {"las reference", "las", "EREF.M           5 ", "EREF.M           6 "},
+         {"las attribute", "las", "operator.        ABC", "operator.        ABD"},
          {"off position", "off", "1010.00000000 2000.00000000 12.5", "1010.00010000 2000.00000000 12.5"},
          {"off height", "off", "12.50000000", "12.50010000"},
          {"off corner", "off", "3 0 3 2", "3 0 3 4"},

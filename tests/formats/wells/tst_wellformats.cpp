@@ -275,6 +275,7 @@ void WellFormatsTest::deviationText()
              {"90.000000         102.50         600", "91.000000         102.50         600"},
              {"           2.50", "           2.60"},
              {"# lengths in m", "# lengths in ft"},
+             {"elevation 82.5 m", "elevation 82 m"},
              {"# well: W 1", "# well: W 2"}}) {
         QVERIFY(run.again());
         QVERIFY2(!run.damaged(right, wrong).fault().isEmpty(), right);
