@@ -31,6 +31,7 @@ OgrFeatures::OgrFeatures(const OgrLayer& layer, const OgrTable& table, OgrSystem
     , m_table(table)
     , m_vertices(systems)
     , m_steps(decimals < 0 ? 0.0 : std::pow(10.0, decimals))
+    , m_heightSteps(systems.isOnGlobe() ? 0.0 : m_steps)
     , m_findings(findings)
     , m_sources(table.columns.size())
 {
@@ -138,7 +139,7 @@ bool OgrFeatures::addVertex(std::size_t vertex, OGRFeatureDetails& details)
     if (!known)
         ++m_withoutHeight;
     details.append_point(OGRPoint(rounded(position[0], m_steps), rounded(position[1], m_steps),
-                                  known ? rounded(position[2], m_steps) : 0.0));
+                                  known ? rounded(position[2], m_heightSteps) : 0.0));
     return true;
 }
 

@@ -50,7 +50,8 @@ private:
     const OgrLayer& m_layer;
     const OgrTable& m_table;
     OgrVertices m_vertices;
-    double m_steps; ///< of positions in a unit; 0 when they are not rounded
+    double m_steps;       ///< of positions in a unit; 0 when they are not rounded
+    double m_heightSteps; ///< the same of heights
     Findings& m_findings;
     std::vector<Source> m_sources;
     std::size_t m_object = 0; ///< the current one

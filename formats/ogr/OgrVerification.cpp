@@ -84,14 +84,6 @@ double digitsAllowance(OgrFileExpectation& file, std::size_t first, std::size_t 
     return 5.0 * std::pow(10.0, -file.traits.positionDigits) * largest;
 }
 
-/// The driver takes a last decimal behind five zeros or nines for noise and rounds it off.
-Allowance geoJsonAllowance(int decimals, const QString& unit)
-{
-    constexpr int noiseDecimals = 6;
-    return decimals < noiseDecimals ? Allowance::ofDecimals(decimals, unit)
-                                    : Allowance(std::pow(10.0, 1 - decimals), unit);
-}
-
 Verification emptyVerification(OgrFileExpectation& file)
 {
     const ModelObject& first = *file.layers.front().objects.front();
@@ -111,8 +103,8 @@ Verification emptyVerification(OgrFileExpectation& file)
     const int decimals = file.settings.decimals >= 0 ? file.settings.decimals : usual;
     // Under RFC 7946 the driver keeps millimetres of heights, whatever is asked of it.
     constexpr int globeHeightDecimals = 3;
-    return Verification(reader, geoJsonAllowance(decimals, unit),
-                        geoJsonAllowance(file.settings.rfc7946 ? globeHeightDecimals : decimals, heights.unit));
+    return Verification(reader, Allowance::ofDecimals(decimals, unit),
+                        Allowance::ofDecimals(file.settings.rfc7946 ? globeHeightDecimals : decimals, heights.unit));
 }
 
 class LayerCheck

@@ -227,6 +227,11 @@ void OgrRoundTripsTest::geoJsonOnTheGlobe()
         objectOf(QStringLiteral("Z"), ObjectType::VertexClouds, {117.00000009727}, {-21.500000001}, {0});
     const SaverRun close("geojson", {zeros}, path("zeros"), "crs=EPSG:4326");
     QVERIFY2(close.bytes().contains("[ 117.000000097, -21.500000001, 0.0 ]"), close.bytes().constData());
+    // Decimals are those of degrees; heights keep their millimetres.
+    const ModelObject high = objectOf(QStringLiteral("H"), ObjectType::VertexClouds, {117.25}, {-21.5}, {12.345});
+    const SaverRun few("geojson", {high}, path("few"), "crs=EPSG:4326;decimals=1");
+    QCOMPARE(few.fault(), QString());
+    QVERIFY2(few.bytes().contains("-21.5, 12.345 ]"), few.bytes().constData());
 }
 
 void OgrRoundTripsTest::transformed()
